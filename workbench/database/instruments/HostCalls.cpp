@@ -1,0 +1,190 @@
+// See HostCalls.h. Everything runs on the host's one thread, so the state is plain.
+
+#include "HostCalls.h"
+
+#include <map>
+#include <sstream>
+
+namespace instruments {
+
+bool g_watching = false;
+
+namespace {
+
+struct Fault {
+    std::string operation; // empty: any operation that can fail
+    int remaining;
+    Vorn::ErrorStatus status;
+};
+
+struct Entry {
+    std::string what;
+    int count;
+};
+
+struct Watch {
+    std::vector<std::string> lines;
+    std::vector<Fault> faults;
+    bool struck = false;
+    std::map<const void*, Entry> entries;
+    // Lines of calls that began before a clearTrace() must not be written to afterwards.
+    std::uint64_t generation = 0;
+};
+
+Watch& theWatch() {
+    static Watch instance;
+    return instance;
+}
+
+void appendUtf8(std::string& out, char32_t character) {
+    const auto put = [&out](char32_t value) { out += static_cast<char>(static_cast<unsigned char>(value)); };
+    if (character < 0x80) {
+        put(character);
+    } else if (character < 0x800) {
+        put(0xC0 | (character >> 6));
+        put(0x80 | (character & 0x3F));
+    } else if (character < 0x10000) {
+        put(0xE0 | (character >> 12));
+        put(0x80 | ((character >> 6) & 0x3F));
+        put(0x80 | (character & 0x3F));
+    } else {
+        put(0xF0 | (character >> 18));
+        put(0x80 | ((character >> 12) & 0x3F));
+        put(0x80 | ((character >> 6) & 0x3F));
+        put(0x80 | (character & 0x3F));
+    }
+}
+
+std::string quoted(std::wstring_view text) {
+    std::string out = "\"";
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        auto character = static_cast<char32_t>(text[i]);
+        const bool high = character >= 0xD800 && character < 0xDC00 && i + 1 < text.size();
+        if (high && static_cast<char32_t>(text[i + 1]) >= 0xDC00 && static_cast<char32_t>(text[i + 1]) < 0xE000)
+            character = 0x10000 + ((character - 0xD800) << 10) + (static_cast<char32_t>(text[++i]) - 0xDC00);
+        if (character == U'"' || character == U'\\')
+            out += '\\';
+        appendUtf8(out, character);
+    }
+    return out + '"';
+}
+
+} // namespace
+
+void watch(bool on) {
+    g_watching = on;
+    const std::uint64_t generation = theWatch().generation + 1;
+    theWatch() = {};
+    theWatch().generation = generation;
+}
+
+std::string describe(const wchar_t* text) {
+    return text ? quoted(text) : "null";
+}
+std::string describe(const std::wstring& text) {
+    return quoted(text);
+}
+std::string describe(const KelString& text) {
+    return quoted(text.kwszPtr());
+}
+
+std::string describe(KelDbObjectId id) {
+    if (id.isNull())
+        return "null";
+    std::ostringstream out;
+    out << '#' << std::hex << std::uppercase << id.handle().value();
+    return out.str();
+}
+
+std::string describe(const KelCmColor& color) {
+    if (color.isByPCI())
+        return "color " + std::to_string(color.colorIndex());
+    return "rgb " + std::to_string(color.red()) + "," + std::to_string(color.green()) + "," +
+           std::to_string(color.blue());
+}
+
+std::string describe(double value) {
+    std::ostringstream out;
+    out << value;
+    return out.str();
+}
+
+std::vector<std::string> trace() {
+    return theWatch().lines;
+}
+
+void clearTrace() {
+    theWatch().lines.clear();
+    ++theWatch().generation;
+}
+
+void failCall(std::string_view operation, int nth, Vorn::ErrorStatus status) {
+    theWatch().faults.push_back({std::string(operation), nth, status});
+    theWatch().struck = false;
+}
+
+void failAnyCall(int nth, Vorn::ErrorStatus status) {
+    failCall({}, nth, status);
+}
+
+bool faultStruck() {
+    return theWatch().struck;
+}
+
+void clearFaults() {
+    theWatch().faults.clear();
+}
+
+void entrust(const void* key, std::string what) {
+    if (!g_watching)
+        return;
+    Entry& entry = theWatch().entries[key];
+    entry.what = std::move(what);
+    ++entry.count;
+}
+
+bool giveBack(const void* key) {
+    if (!g_watching)
+        return true;
+    auto& entries = theWatch().entries;
+    const auto found = entries.find(key);
+    if (found == entries.end())
+        return false;
+    if (--found->second.count == 0)
+        entries.erase(found);
+    return true;
+}
+
+std::vector<std::string> ledger() {
+    std::vector<std::string> lines;
+    for (const auto& [key, entry] : theWatch().entries)
+        lines.push_back(entry.count == 1 ? entry.what : entry.what + " (" + std::to_string(entry.count) + " times)");
+    return lines;
+}
+
+void HostCall::begin(const char* operation, std::string line) {
+    m_operation = operation;
+    m_index = static_cast<std::ptrdiff_t>(theWatch().lines.size());
+    m_generation = theWatch().generation;
+    theWatch().lines.push_back(std::move(line));
+}
+
+std::optional<Vorn::ErrorStatus> HostCall::plannedFault() {
+    std::optional<Vorn::ErrorStatus> status;
+    for (Fault& fault : theWatch().faults) {
+        if (!fault.operation.empty() && fault.operation != m_operation)
+            continue;
+        if (fault.remaining > 0 && --fault.remaining == 0)
+            status = fault.status;
+    }
+    if (status)
+        theWatch().struck = true;
+    return status;
+}
+
+void HostCall::end() {
+    if (m_generation == theWatch().generation)
+        theWatch().lines[static_cast<std::size_t>(m_index)] += m_answer + m_outs;
+}
+
+} // namespace instruments

@@ -1,0 +1,112 @@
+// The three instruments at the host's boundary: the trace of calls, the faults that a test plans, and the ledger of
+// what is open or handed out. All of them are off until a test turns them on; a call then costs one branch.
+#pragma once
+
+#include "KelCmColor.h"
+#include "KelDbObjectId.h"
+#include "KelExport.h"
+#include "KelString.h"
+#include "VornStatus.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <vector>
+
+namespace instruments {
+
+KELDB_API extern bool g_watching;
+
+/// Turns all three on, with an empty trace, no faults and an empty ledger; off again drops everything.
+KELDB_API void watch(bool on);
+
+/// How a value stands in a line of the trace: texts quoted, ids as #handle in hexadecimal, null as null.
+KELDB_API std::string describe(const wchar_t* text);
+KELDB_API std::string describe(const std::wstring& text);
+KELDB_API std::string describe(const KelString& text);
+KELDB_API std::string describe(KelDbObjectId id);
+KELDB_API std::string describe(const KelCmColor& color);
+KELDB_API std::string describe(double value);
+inline std::string describe(bool value) {
+    return value ? "true" : "false";
+}
+template <class T>
+requires(std::is_integral_v<T> || std::is_enum_v<T>) std::string describe(T value) {
+    return std::to_string(static_cast<std::int64_t>(value));
+}
+/// Pointers to objects are told apart only by whether they are null; their addresses differ from run to run.
+inline std::string describe(const void* pointer) {
+    return pointer ? "object" : "null";
+}
+
+/// The trace: one line a call, in the order in which the calls began, as `operation(arguments) = answer, name=value`.
+KELDB_API std::vector<std::string> trace();
+KELDB_API void clearTrace();
+
+/// Makes the `nth` call (from 1) of `operation`, counted from now, fail with `status`; null and false where the
+/// operation answers a pointer or a bool.
+KELDB_API void failCall(std::string_view operation, int nth, Vorn::ErrorStatus status = Vorn::eInvalidInput);
+/// Makes the `nth` call (from 1) of any operation that can fail, counted from now, fail.
+KELDB_API void failAnyCall(int nth, Vorn::ErrorStatus status = Vorn::eInvalidInput);
+/// Whether a planned fault has struck since it was planned.
+KELDB_API bool faultStruck();
+KELDB_API void clearFaults();
+
+/// The ledger: `what` was opened or handed out under `key`, an address; it may be entered more than once.
+KELDB_API void entrust(const void* key, std::string what);
+/// Takes one entry of `key` back; false when there is none, which is an error of the caller's.
+KELDB_API bool giveBack(const void* key);
+/// What is still open or not given back, a line each.
+KELDB_API std::vector<std::string> ledger();
+
+/// One call across the boundary. A host operation makes one at its start, asks whether it is to fail, and hands its
+/// answer through answer().
+class KELDB_API HostCall {
+  public:
+    template <class... Args> explicit HostCall(const char* operation, const Args&... args) {
+        if (!g_watching) [[likely]]
+            return;
+        std::string line = operation;
+        line += '(';
+        [[maybe_unused]] const char* separator = "";
+        ((line += separator, line += describe(args), separator = ", "), ...);
+        line += ')';
+        begin(operation, std::move(line));
+    }
+    ~HostCall() {
+        if (m_index >= 0)
+            end();
+    }
+    HostCall(const HostCall&) = delete;
+    HostCall& operator=(const HostCall&) = delete;
+
+    /// The planned failure of this call, if any. Operations that can't fail don't ask and aren't counted by
+    /// failAnyCall.
+    std::optional<Vorn::ErrorStatus> fault() { return g_watching && m_index >= 0 ? plannedFault() : std::nullopt; }
+    /// Writes the answer into the trace and hands it on.
+    template <class T> T answer(T value) {
+        if (g_watching && m_index >= 0)
+            m_answer = " = " + describe(value);
+        return value;
+    }
+    /// An out argument, for the trace; stands behind the answer whatever the order.
+    template <class T> void out(const char* name, const T& value) {
+        if (g_watching && m_index >= 0)
+            m_outs += std::string(", ") + name + "=" + describe(value);
+    }
+
+  private:
+    void begin(const char* operation, std::string line);
+    std::optional<Vorn::ErrorStatus> plannedFault();
+    void end();
+
+    std::string m_operation;
+    std::string m_answer;
+    std::string m_outs;
+    std::ptrdiff_t m_index = -1;
+    std::uint64_t m_generation = 0;
+};
+
+} // namespace instruments

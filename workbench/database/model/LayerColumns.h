@@ -1,0 +1,39 @@
+// The ten properties of a set of layers, column-wise. The drawing's layers and every layer state have this form, so
+// that saving a state shares columns, comparing is a comparison of memory, and restoring is a copy of memory.
+#pragma once
+
+#include "Column.h"
+#include "NameTable.h"
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace zdr {
+
+/// Bits of the flags column. Their values are those of the layer state mask where a property has one bit, so that a
+/// mask can be applied without a table; frozen in the current viewport has no room in the byte's first five and takes
+/// bit 5.
+enum LayerFlag : std::uint8_t {
+    kLayerOn = 1,
+    kLayerFrozen = 2,
+    kLayerLocked = 4,
+    kLayerPlot = 8,
+    kLayerNewViewportFrozen = 16,
+    kLayerViewportFrozen = 32, ///< in a state that was saved with a viewport; never in the drawing's own columns
+};
+
+/// The names of a set of layers, in order; shared by all states that hold the same layers.
+struct LayerSet {
+    std::vector<NameId> names;
+};
+
+struct LayerColumns {
+    Column<std::uint8_t> flags;
+    Column<std::uint32_t> colors;     ///< KelCmColor::packed()
+    Column<NameId> linetypes;         ///< names in the drawing's name table
+    Column<std::int16_t> lineWeights; ///< hundredths of a millimetre, -1 to -3
+    Column<NameId> plotStyles;        ///< names in the drawing's name table
+};
+
+} // namespace zdr
