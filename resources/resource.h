@@ -1,0 +1,70 @@
+// Every id of the resource module, named. Read by the resource compiler and by the module's sources; the numbers are
+// settled for good, since translated resource modules are made and shipped on their own.
+#pragma once
+
+// Dialog templates.
+#define IDD_LSTATE_RES 201
+
+// Controls of IDD_LSTATE_RES, the layer states manager.
+#define IDC_LSTATE_RES_LIST 1002
+#define IDC_LSTATE_RES_NEW 1003
+#define IDC_LSTATE_RES_DELETE 1004
+#define IDC_LSTATE_RES_IMPORT 1005
+#define IDC_LSTATE_RES_EXPORT 1006
+#define IDC_LSTATE_RES_PANEL 1007
+#define IDC_LSTATE_RES_ON 1008
+#define IDC_LSTATE_RES_FROZEN 1009
+#define IDC_LSTATE_RES_LOCKED 1010
+#define IDC_LSTATE_RES_PLOT 1011
+#define IDC_LSTATE_RES_VPFROZEN 1012
+#define IDC_LSTATE_RES_NEWVP 1013
+#define IDC_LSTATE_RES_COLOR 1014
+#define IDC_LSTATE_RES_LINETYPE 1015
+#define IDC_LSTATE_RES_LINEWEIGHT 1016
+#define IDC_LSTATE_RES_PLOTSTYLE 1017
+#define IDC_LSTATE_RES_SELECTALL 1018
+#define IDC_LSTATE_RES_CLEARALL 1019
+#define IDC_LSTATE_RES_LAYERNOTFOUND 1020
+#define IDC_LSTATE_RES_RESTORE 1021
+#define IDC_LSTATE_RES_CLOSE 1022
+#define IDC_LSTATE_RES_UPDATE 1023
+#define IDC_LSTATE_RES_HIDEXREFS 1024
+#define IDC_LSTATE_RES_RENAME 1026
+#define IDC_LSTATE_RES_EDIT 1027
+#define IDC_LSTATE_RES_OVERRIDES 1028
+#define IDC_LSTATE_RES_CURRENT 1039
+#define IDC_LSTATE_RES_EXPAND 1325
+
+// The box that opens over a cell of the list of states.
+#define IDC_LSTATE_INPLACE_EDIT 1973
+
+// The platform's own help command; its header names it too, where that is included first.
+#ifndef ID_HELP
+#define ID_HELP 57670
+#endif
+
+// Restoring: what the user is told when a restore did only what it could.
+#define IDS_LSTATE_STYLE_MISSING 110
+#define IDS_LSTATE_REFERENCE_UNRESOLVED 111
+#define IDS_LSTATE_CURRENT_LAYER_FROZEN 125
+
+// The list of states: headings, and words of its cells.
+#define IDS_LSTATE_COLUMN_NAME 114
+#define IDS_LSTATE_COLUMN_SPACE 115
+#define IDS_LSTATE_COLUMN_DESCRIPTION 116
+#define IDS_LSTATE_COLUMN_SAME 132
+#define IDS_LSTATE_YES 162
+#define IDS_LSTATE_NO 163
+#define IDS_LSTATE_SPACE_VIEWPORT 188
+#define IDS_LSTATE_SPACE_REFERENCE 189
+
+// Texts of the expand button, which name what a click does.
+#define IDS_LSTATE_EXPAND 119
+#define IDS_LSTATE_CONTRACT 131
+
+// The translated name of the command LAYERSTATE.
+#define IDS_LSTATE_COMMAND 120
+
+// The current-state line: its format, with one %s, and what stands there when no state is current.
+#define IDS_LSTATE_CURRENT_STATE 165
+#define IDS_LSTATE_NONE 186
