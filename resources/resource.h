@@ -46,7 +46,7 @@
 // Restoring: what the user is told when a restore did only what it could.
 #define IDS_LSTATE_STYLE_MISSING 110
 #define IDS_LSTATE_REFERENCE_UNRESOLVED 111
-#define IDS_LSTATE_CURRENT_LAYER_FROZEN 125
+#define IDS_LSTATE_CURRENT_LAYER_NO_FREEZE 125
 
 // The list of states: headings, and words of its cells.
 #define IDS_LSTATE_COLUMN_NAME 114
