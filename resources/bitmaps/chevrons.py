@@ -10,10 +10,10 @@ import struct
 import sys
 
 SIZE = 32
-STROKE = 2.6
+STROKE = 3.0
 INK = (0x40, 0x40, 0x40)  # red, green, blue: dark grey, as text-like symbols have on a light button
 # Two right-pointing chevrons, as points in a 32 by 32 square.
-CHEVRONS = [[(8, 8), (16, 16), (8, 24)], [(17, 8), (25, 16), (17, 24)]]
+CHEVRONS = [[(5.5, 6), (15.5, 16), (5.5, 26)], [(16.5, 6), (26.5, 16), (16.5, 26)]]
 
 
 def distance(point, start, end):
