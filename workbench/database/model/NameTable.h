@@ -2,6 +2,8 @@
 // spelling kept is the one that came first.
 #pragma once
 
+#include "KelExport.h"
+
 #include <cstdint>
 #include <deque>
 #include <string>
@@ -15,9 +17,9 @@ using NameId = std::uint32_t;
 inline constexpr NameId kNoName = 0;
 
 /// `text` folded for comparison: simple upper-case mapping, character by character, the same on every system.
-std::wstring foldCase(std::wstring_view text);
+KELDB_API std::wstring foldCase(std::wstring_view text);
 
-class NameTable {
+class KELDB_API NameTable {
   public:
     NameTable();
     /// The id of a name, entered if it is new.

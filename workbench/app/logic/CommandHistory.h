@@ -1,0 +1,32 @@
+// The lines that were run, for recall with the arrow keys.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace workbench {
+
+class CommandHistory {
+  public:
+    /// @param limit the oldest lines beyond this many are forgotten
+    explicit CommandHistory(std::size_t limit = 200) : m_limit(limit) {}
+
+    /// Enters a line that was run; the recall starts from the end again. An empty line, or the line that was run last,
+    /// is not entered twice.
+    void add(const std::wstring& line);
+    /// The line before the one recalled; at the oldest, the oldest again. `typed` is kept for the way back.
+    /// Empty history answers `typed`.
+    std::wstring previous(const std::wstring& typed);
+    /// The line after the one recalled; beyond the newest, what was being typed before the recall.
+    std::wstring next(const std::wstring& typed);
+    /// Ends a recall without running anything.
+    void rewind() { m_position = m_lines.size(); }
+
+  private:
+    std::vector<std::wstring> m_lines;
+    std::wstring m_typed;
+    std::size_t m_position = 0; // m_lines.size(): nothing recalled
+    std::size_t m_limit;
+};
+
+} // namespace workbench

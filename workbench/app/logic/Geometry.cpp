@@ -1,0 +1,98 @@
+// See Geometry.h.
+
+#include "Geometry.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace workbench {
+
+namespace {
+
+constexpr double kSmallestScale = 1e-9;
+constexpr double kLargestScale = 1e6;
+
+} // namespace
+
+void Rect::add(Point point) {
+    if (!std::isfinite(point.x) || !std::isfinite(point.y))
+        return;
+    if (isEmpty()) {
+        *this = {point.x, point.y, point.x, point.y};
+        return;
+    }
+    left = std::min(left, point.x);
+    right = std::max(right, point.x);
+    bottom = std::min(bottom, point.y);
+    top = std::max(top, point.y);
+}
+
+void Rect::add(const Rect& other) {
+    if (other.isEmpty())
+        return;
+    add(Point{other.left, other.bottom});
+    add(Point{other.right, other.top});
+}
+
+Rect Rect::intersectedWith(const Rect& other) const {
+    return {std::max(left, other.left), std::max(bottom, other.bottom), std::min(right, other.right),
+            std::min(top, other.top)};
+}
+
+std::optional<std::pair<double, double>> clipSegment(Point from, Point to, const Rect& rect) {
+    double enter = 0;
+    double leave = 1;
+    // One boundary: the segment runs with slope `along` and starts `inside` within it.
+    const auto keep = [&enter, &leave](double along, double inside) {
+        if (along == 0)
+            return inside >= 0;
+        const double at = inside / along;
+        if (along < 0)
+            enter = std::max(enter, at);
+        else
+            leave = std::min(leave, at);
+        return enter <= leave;
+    };
+    const double dx = to.x - from.x;
+    const double dy = to.y - from.y;
+    const bool hits = keep(-dx, from.x - rect.left) && keep(dx, rect.right - from.x) &&
+                      keep(-dy, from.y - rect.bottom) && keep(dy, rect.top - from.y);
+    if (!hits || !std::isfinite(dx) || !std::isfinite(dy))
+        return std::nullopt;
+    return std::pair{enter, leave};
+}
+
+ViewTransform ViewTransform::fitting(const Rect& extents, double width, double height, double margin) {
+    const Point middle{width / 2, height / 2};
+    if (extents.isEmpty())
+        return {{0, 0}, 1, middle};
+    const double roomX = std::max(width - 2 * margin, 1.0);
+    const double roomY = std::max(height - 2 * margin, 1.0);
+    // A single point, or one straight line along an axis, leaves one of the two undecided.
+    const double scaleX = extents.width() > 0 ? roomX / extents.width() : kLargestScale;
+    const double scaleY = extents.height() > 0 ? roomY / extents.height() : kLargestScale;
+    const bool isPoint = extents.width() <= 0 && extents.height() <= 0;
+    const double scale = isPoint ? 1 : std::clamp(std::min(scaleX, scaleY), kSmallestScale, kLargestScale);
+    return {extents.center(), scale, middle};
+}
+
+void ViewTransform::pan(double dx, double dy) {
+    m_center.x -= dx / m_scale;
+    m_center.y += dy / m_scale;
+}
+
+void ViewTransform::zoom(double factor, Point pixel) {
+    const double scale = std::clamp(m_scale * factor, kSmallestScale, kLargestScale);
+    const Point held = toPlane(pixel);
+    m_scale = scale;
+    const Point moved = toPlane(pixel);
+    m_center.x += held.x - moved.x;
+    m_center.y += held.y - moved.y;
+}
+
+void ViewTransform::resize(double dx, double dy) {
+    m_origin.x += dx / 2;
+    m_origin.y += dy / 2;
+}
+
+} // namespace workbench

@@ -1,0 +1,108 @@
+// See LayerLook.h.
+
+#include "LayerLook.h"
+
+#include "LayerStateMask.h"
+
+#include <algorithm>
+#include <cwctype>
+#include <string>
+#include <unordered_map>
+
+namespace workbench {
+
+namespace {
+
+constexpr std::uint32_t kByBlock = 0;
+constexpr std::uint32_t kByLayer = 256;
+constexpr std::uint32_t kForeground = 7;
+constexpr int kLineWeightByLayer = -1;
+
+const std::vector<double>* patternOf(const zdr::Drawing& drawing, zdr::NameId linetype) {
+    const auto found = std::find_if(drawing.linetypes.begin(), drawing.linetypes.end(),
+                                    [linetype](const zdr::Linetype& candidate) { return candidate.name == linetype; });
+    return found == drawing.linetypes.end() || found->pattern.empty() ? nullptr : &found->pattern;
+}
+
+// A layer itself can't be by layer or by block; files may still say so.
+std::uint32_t plainColor(std::uint32_t packed) {
+    return packed == kByBlock || packed == kByLayer ? kForeground : packed;
+}
+
+int plainWeight(const zdr::Drawing& drawing, int weight) {
+    return weight < 0 ? drawing.defaultLineWeight : weight;
+}
+
+LayerLook ownLook(const zdr::Drawing& drawing, std::size_t layer) {
+    const zdr::LayerColumns& columns = drawing.columns;
+    LayerLook look;
+    const unsigned flags = columns.flags[layer];
+    look.visible = (flags & zdr::kLayerOn) && !(flags & zdr::kLayerFrozen);
+    look.color = plainColor(columns.colors[layer]);
+    look.pattern = patternOf(drawing, columns.linetypes[layer]);
+    look.lineWeight = plainWeight(drawing, columns.lineWeights[layer]);
+    return look;
+}
+
+void apply(const zdr::Drawing& drawing, const zdr::ViewportOverride& own, LayerLook& look) {
+    if (own.mask & MaskColor)
+        look.color = plainColor(own.color);
+    if (own.mask & MaskLinetype)
+        look.pattern = patternOf(drawing, own.linetype);
+    if (own.mask & MaskLineWeight)
+        look.lineWeight = plainWeight(drawing, own.lineWeight);
+}
+
+std::wstring folded(std::wstring_view name) {
+    std::wstring out(name);
+    std::transform(out.begin(), out.end(), out.begin(),
+                   [](wchar_t letter) { return static_cast<wchar_t>(std::towupper(static_cast<wint_t>(letter))); });
+    return out;
+}
+
+} // namespace
+
+std::vector<LayerLook> layerLooks(const zdr::Drawing& drawing, const zdr::Viewport* viewport) {
+    std::vector<LayerLook> looks;
+    looks.reserve(drawing.layers.size());
+    for (std::size_t layer = 0; layer < drawing.layers.size(); ++layer)
+        looks.push_back(ownLook(drawing, layer));
+    if (!viewport)
+        return looks;
+    for (std::size_t layer = 0; layer < std::min(looks.size(), viewport->frozen.size()); ++layer)
+        looks[layer].visible = looks[layer].visible && !viewport->frozen[layer];
+    for (const zdr::ViewportOverride& own : viewport->overrides)
+        if (own.layer < looks.size())
+            apply(drawing, own, looks[own.layer]);
+    return looks;
+}
+
+std::vector<LayerLook> referencedLooks(const zdr::Drawing& drawing, const std::vector<LayerLook>& looks,
+                                       std::size_t reference) {
+    const zdr::Drawing& shown = *drawing.references[reference].drawing;
+    std::unordered_map<std::wstring, std::size_t> known;
+    for (std::size_t layer = 0; layer < drawing.layers.size(); ++layer)
+        if (drawing.layers[layer].reference == reference)
+            known.emplace(folded(drawing.names.text(drawing.layers[layer].name)), layer);
+    const std::wstring prefix = folded(drawing.references[reference].name) + L"!";
+    std::vector<LayerLook> out = layerLooks(shown, nullptr);
+    for (std::size_t layer = 0; layer < out.size(); ++layer) {
+        const auto found = known.find(prefix + folded(shown.names.text(shown.layers[layer].name)));
+        if (found != known.end())
+            out[layer] = looks[found->second];
+    }
+    return out;
+}
+
+LayerLook entityLook(const zdr::Drawing& drawing, const zdr::Entity& entity, const LayerLook& layer) {
+    LayerLook look = layer;
+    if (entity.color && *entity.color != kByLayer)
+        look.color = plainColor(*entity.color);
+    if (entity.linetype != zdr::kNoName)
+        look.pattern = patternOf(drawing, entity.linetype);
+    if (entity.lineWeight != kLineWeightByLayer)
+        look.lineWeight = plainWeight(drawing, entity.lineWeight);
+    return look;
+}
+
+} // namespace workbench

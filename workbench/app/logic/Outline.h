@@ -1,0 +1,17 @@
+// The points along an entity's geometry.
+#pragma once
+
+#include "model/Drawing.h"
+
+#include <vector>
+
+namespace workbench {
+
+using Geometry = std::variant<zdr::Line, zdr::Polyline, zdr::Circle, zdr::Arc, zdr::Text>;
+
+/// Appends the corners of the entity in its own space; curves come as chords, a text as the corners of the box that
+/// its letters are estimated to fill.
+/// @param scale pixels for a unit, by which the number of chords is chosen
+void outline(const Geometry& geometry, double scale, std::vector<zdr::Point>& points);
+
+} // namespace workbench

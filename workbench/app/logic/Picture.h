@@ -1,0 +1,61 @@
+// A drawing as it is put on the screen: strokes and texts in pixels, in the parts of the window that they belong to.
+#pragma once
+
+#include "Strokes.h"
+
+#include <optional>
+#include <string>
+
+namespace workbench {
+
+struct Label {
+    Point position;      ///< left end of the base line, pixels
+    double height = 0;   ///< of a capital, pixels
+    double rotation = 0; ///< radians, counter-clockwise as seen
+    std::uint32_t rgb = 0;
+    std::wstring text;
+};
+
+/// What is drawn within one rectangle of the window.
+struct PicturePart {
+    Rect clip; ///< pixels; bottom is the smaller y
+    Strokes strokes;
+    std::vector<Label> labels;
+};
+
+/// The outline of a viewport.
+struct PictureFrame {
+    Rect box; ///< pixels
+    bool current = false;
+};
+
+struct Picture {
+    std::optional<Rect> paper; ///< the sheet, in pixels, when a layout is shown
+    std::vector<PicturePart> parts;
+    std::vector<PictureFrame> frames;
+};
+
+/// What the screen brings in.
+struct Screen {
+    double width = 0, height = 0; ///< pixels
+    double pixelsPerMillimetre = 96 / 25.4;
+    std::uint32_t modelForeground = 0xFFFFFF; ///< colour 7 on the model tab
+    std::uint32_t paperForeground = 0x000000; ///< colour 7 on paper
+    /// RGB of a palette index from 1 to 255 but 7, red in the low byte.
+    std::uint32_t (*paletteRgb)(int index) = nullptr;
+};
+
+/// The model tab through a view.
+Picture modelPicture(const zdr::Drawing& drawing, const ViewTransform& view, const Screen& screen);
+/// A sheet through a view of its paper.
+Picture layoutPicture(const zdr::Drawing& drawing, const zdr::Layout& layout, const ViewTransform& view,
+                      const Screen& screen);
+
+/// What all entities of model space, those of references among them, reach over.
+Rect modelExtents(const zdr::Drawing& drawing);
+/// The sheet with what is drawn on it.
+Rect layoutExtents(const zdr::Layout& layout);
+/// The viewport that is on under a point of the paper, the topmost first; null when there is none.
+const zdr::Viewport* viewportAt(const zdr::Layout& layout, Point paper);
+
+} // namespace workbench
