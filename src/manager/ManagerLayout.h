@@ -1,0 +1,37 @@
+// The manager's measures: the columns of its list, the width of its property panel, the row that it opens on.
+#pragma once
+
+#include "resource.h"
+
+/// One column of the list of states: its heading, and its share of the list's width.
+struct ListColumn {
+    unsigned int headingId;
+    double fraction;
+};
+
+/// In the order of the columns.
+inline constexpr ListColumn managerColumns[] = {
+    {IDS_LSTATE_COLUMN_NAME, 0.4},
+    {IDS_LSTATE_COLUMN_SPACE, 0.14},
+    {IDS_LSTATE_COLUMN_SAME, 0.1},
+    {IDS_LSTATE_COLUMN_DESCRIPTION, 0.35},
+};
+
+/// A column's width in pixels, cut towards zero, in a list of that width.
+constexpr int columnWidth(int listWidth, double fraction) {
+    return static_cast<int>(static_cast<double>(listWidth) * fraction);
+}
+
+/// How far the property panel stands out beyond the dialog's other controls, in pixels: what the dialog narrows by when
+/// the panel is closed. Taken from the right edges of the panel's frame and of the button New.
+constexpr int panelWidthFrom(int panelFrameRight, int newButtonRight) {
+    return panelFrameRight - newButtonRight;
+}
+
+/// The row that the manager selects: the one found for a name, or else the first; -1 when there are no rows.
+/// @param found row of the name, -1 when no row bears it
+constexpr int rowToSelect(int rowCount, int found) {
+    if (rowCount <= 0)
+        return -1;
+    return found >= 0 ? found : 0;
+}

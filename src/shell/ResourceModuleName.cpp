@@ -1,0 +1,15 @@
+// The name of the resource module.
+#include "ResourceModuleName.h"
+
+#include <algorithm>
+
+std::wstring resourceModuleName(std::wstring_view modulePath) {
+    constexpr std::wstring_view extension = L".xmod";
+    constexpr std::wstring_view suffix = L"Res.dll";
+    // The dot isn't searched for: a module file is told by its place of installation, and its extension has one length.
+    const std::size_t extensionLength = std::min(extension.size(), modulePath.size());
+    std::wstring name(modulePath.substr(0, modulePath.size() - extensionLength));
+    name += suffix;
+    const std::size_t backslash = name.find_last_of(L'\\');
+    return backslash == std::wstring::npos ? name : name.substr(backslash + 1);
+}
