@@ -14,7 +14,7 @@ RestoreReport restoreReport(unsigned int status) {
     case Vorn::eOk:
         return {RestoreReport::Form::none, 0};
     case Vorn::eCannotFreezeCurrentLayer:
-        return {RestoreReport::Form::message, IDS_LSTATE_CURRENT_LAYER_FROZEN};
+        return {RestoreReport::Form::message, IDS_LSTATE_CURRENT_LAYER_NO_FREEZE};
     case Vorn::eStyleMissing:
         return {RestoreReport::Form::message, IDS_LSTATE_STYLE_MISSING};
     case Vorn::eLayerUnresolved:
