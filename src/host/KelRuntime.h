@@ -33,6 +33,7 @@ class KELDB_API KelRtDictionary : public KelRtObject {
   private:
     struct Entries;
     Entries* m_entries;
+    friend struct KelRtDictionaryAccess;
 };
 
 /// The dictionary under which the host keeps its own dictionaries and services, by the names below.

@@ -1,0 +1,57 @@
+// See CommandLineOutput.h.
+
+#include "CommandLineOutput.h"
+
+#include "instruments/HostCalls.h"
+#include "KelRuntime.h"
+#include "ResultBuffer.h"
+#include "WideFormat.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+using instruments::HostCall;
+
+namespace {
+
+runtime::OutputSink g_sink;
+runtime::AbortHandler g_abortHandler;
+
+} // namespace
+
+int kelutPrintf(const wchar_t* format, ...) {
+    std::va_list arguments;
+    va_start(arguments, format);
+    const std::wstring text = runtime::formatWide(format, arguments);
+    va_end(arguments);
+    HostCall call("kelutPrintf", text);
+    if (call.fault())
+        return call.answer(kResultError);
+    if (g_sink)
+        g_sink(text);
+    return call.answer(kResultNormal);
+}
+
+void kelrt_abort(const wchar_t* format, ...) {
+    std::va_list arguments;
+    va_start(arguments, format);
+    const std::wstring text = runtime::formatWide(format, arguments);
+    va_end(arguments);
+    HostCall call("kelrt_abort", text);
+    if (g_abortHandler)
+        g_abortHandler(text);
+    std::fprintf(stderr, "%ls\n", text.c_str());
+    std::abort();
+}
+
+namespace runtime {
+
+void setOutputSink(OutputSink sink) {
+    g_sink = std::move(sink);
+}
+
+void setAbortHandler(AbortHandler handler) {
+    g_abortHandler = std::move(handler);
+}
+
+} // namespace runtime

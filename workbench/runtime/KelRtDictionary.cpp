@@ -1,0 +1,72 @@
+// A dictionary of the host's runtime.
+
+#include "DictionaryAccess.h"
+#include "instruments/HostCalls.h"
+#include "RtClass.h"
+
+#include <map>
+#include <string>
+
+using instruments::HostCall;
+
+KELRT_DEFINE_CLASS(KelRtDictionary, KelRtObject)
+
+struct KelRtDictionary::Entries {
+    std::map<std::wstring, KelRtObject*> objects;
+};
+
+namespace {
+
+// The records of classes are static; every other object that stands in a dictionary belongs to it.
+void drop(KelRtObject* object) {
+    if (object && !object->isKindOf(KelRtClass::desc()))
+        delete object;
+}
+
+const wchar_t* orEmpty(const wchar_t* text) {
+    return text ? text : L"";
+}
+
+} // namespace
+
+KelRtObject* KelRtDictionaryAccess::find(const KelRtDictionary& dictionary, const wchar_t* name) {
+    const auto& objects = dictionary.m_entries->objects;
+    const auto found = objects.find(orEmpty(name));
+    return found == objects.end() ? nullptr : found->second;
+}
+
+void KelRtDictionaryAccess::put(KelRtDictionary& dictionary, const wchar_t* name, KelRtObject* object) {
+    KelRtObject*& place = dictionary.m_entries->objects[orEmpty(name)];
+    if (place != object)
+        drop(place);
+    place = object;
+}
+
+KelRtDictionary::KelRtDictionary() : m_entries(new Entries) {}
+
+KelRtDictionary::~KelRtDictionary() {
+    for (const auto& [name, object] : m_entries->objects)
+        drop(object);
+    delete m_entries;
+}
+
+KelRtObject* KelRtDictionary::at(const wchar_t* name) const {
+    HostCall call("at", name);
+    return call.answer(call.fault() ? nullptr : KelRtDictionaryAccess::find(*this, name));
+}
+
+void KelRtDictionary::atPut(const wchar_t* name, KelRtObject* object) {
+    HostCall call("atPut", name, object);
+    KelRtDictionaryAccess::put(*this, name, object);
+}
+
+KelRtObject* KelRtDictionary::remove(const wchar_t* name) {
+    HostCall call("remove", name);
+    const auto found = m_entries->objects.find(orEmpty(name));
+    KelRtObject* object = nullptr;
+    if (!call.fault() && found != m_entries->objects.end()) {
+        object = found->second;
+        m_entries->objects.erase(found);
+    }
+    return call.answer(object);
+}

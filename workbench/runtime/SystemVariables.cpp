@@ -1,0 +1,176 @@
+// See SystemVariables.h.
+
+#include "SystemVariables.h"
+
+#include "Documents.h"
+#include "RuntimeParts.h"
+#include "instruments/HostCalls.h"
+#include "model/Drawing.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cwchar>
+#include <iterator>
+#include <map>
+#include <optional>
+
+using instruments::HostCall;
+
+namespace runtime {
+
+namespace {
+
+/// What the readers of the table read from.
+struct Facts {
+    const zdr::Drawing& drawing;
+    const std::wstring& path; ///< empty for a drawing that was never saved
+};
+
+const zdr::Layout* activeLayout(const zdr::Drawing& drawing) {
+    return drawing.activeLayout ? &drawing.layouts[*drawing.activeLayout] : nullptr;
+}
+
+VariableValue currentLayer(const Facts& facts) {
+    return facts.drawing.names.text(facts.drawing.layers[facts.drawing.currentLayer].name);
+}
+
+VariableValue currentTab(const Facts& facts) {
+    const zdr::Layout* layout = activeLayout(facts.drawing);
+    return layout ? layout->name : std::wstring(keldbGetReservedString(10, true));
+}
+
+VariableValue currentViewport(const Facts& facts) {
+    std::int16_t number = 0;
+    if (const zdr::Layout* layout = activeLayout(facts.drawing))
+        for (const zdr::Viewport& viewport : layout->viewports)
+            if (facts.drawing.currentViewport == viewport.handle)
+                number = viewport.number;
+    return number;
+}
+
+VariableValue fileName(const Facts& facts) {
+    return facts.path.substr(facts.path.find_last_of(L"\\/") + 1);
+}
+
+VariableValue filePrefix(const Facts& facts) {
+    return facts.path.substr(0, facts.path.find_last_of(L"\\/") + 1);
+}
+
+struct Variable {
+    const wchar_t* name;
+    ResultType type;
+    VariableValue initial;               ///< of a variable that the application keeps
+    VariableValue (*read)(const Facts&); ///< null: the application keeps it
+};
+
+// Alphabetical. The drawing's ones fail while no drawing is open.
+const Variable kVariables[] = {
+    {L"CLAYER", kVariableString, {}, currentLayer},
+    {L"CPROFILE", kVariableString, std::wstring(L"Default"), nullptr},
+    {L"CTAB", kVariableString, {}, currentTab},
+    {L"CVPORT", kVariableInt16, {}, currentViewport},
+    {L"LAYERCOUNT",
+     kVariableInt32,
+     {},
+     [](const Facts& facts) -> VariableValue { return static_cast<std::int32_t>(facts.drawing.layers.size()); }},
+    {L"LTSCALE", kVariableReal, 1.0, nullptr},
+    {L"LWDEFAULT",
+     kVariableInt16,
+     {},
+     [](const Facts& facts) -> VariableValue { return facts.drawing.defaultLineWeight; }},
+    {L"PLOTSTYLEMODE",
+     kVariableInt16,
+     {},
+     [](const Facts& facts) -> VariableValue { return std::int16_t{facts.drawing.colorDependentPlotStyles}; }},
+    {L"TILEMODE",
+     kVariableInt16,
+     {},
+     [](const Facts& facts) -> VariableValue { return std::int16_t{!facts.drawing.activeLayout}; }},
+    {L"VIEWTWIST", kVariableAngle, 0.0, nullptr},
+    {L"ZDRNAME", kVariableString, {}, fileName},
+    {L"ZDRPREFIX", kVariableString, {}, filePrefix},
+};
+
+/// The values that were set, by variable.
+std::map<const Variable*, VariableValue>& setValues() {
+    static std::map<const Variable*, VariableValue> values;
+    return values;
+}
+
+const Variable* findVariable(const wchar_t* name) {
+    if (!name)
+        return nullptr;
+    const std::wstring folded = zdr::foldCase(name);
+    const auto* found = std::find_if(std::begin(kVariables), std::end(kVariables),
+                                     [&folded](const Variable& variable) { return folded == variable.name; });
+    return found == std::end(kVariables) ? nullptr : found;
+}
+
+std::optional<VariableValue> valueOf(const Variable& variable) {
+    if (variable.read) {
+        const Document* document = currentDocument();
+        if (!document)
+            return std::nullopt;
+        return variable.read({drawingOf(document->data()), document->path()});
+    }
+    const auto own = setValues().find(&variable);
+    return own == setValues().end() ? variable.initial : own->second;
+}
+
+// The receiver frees the string with vorn_free.
+wchar_t* newString(const std::wstring& text) {
+    auto* copy = static_cast<wchar_t*>(std::malloc((text.size() + 1) * sizeof(wchar_t)));
+    if (copy)
+        std::wmemcpy(copy, text.c_str(), text.size() + 1);
+    return copy;
+}
+
+struct Filler {
+    ResultBuffer& result;
+    bool operator()(std::int16_t value) const { return result.value.int16 = value, true; }
+    bool operator()(std::int32_t value) const { return result.value.int32 = value, true; }
+    bool operator()(double value) const { return result.value.real = value, true; }
+    bool operator()(const std::wstring& value) const {
+        result.value.string = newString(value);
+        return result.value.string != nullptr;
+    }
+};
+
+} // namespace
+
+Vorn::ErrorStatus setSystemVariable(const wchar_t* name, VariableValue value) {
+    const Variable* variable = findVariable(name);
+    if (!variable)
+        return Vorn::eKeyNotFound;
+    if (variable->read)
+        return Vorn::eNotApplicable;
+    if (value.index() != variable->initial.index())
+        return Vorn::eInvalidInput;
+    setValues()[variable] = std::move(value);
+    return Vorn::eOk;
+}
+
+std::vector<std::wstring> systemVariableNames() {
+    std::vector<std::wstring> names;
+    for (const Variable& variable : kVariables)
+        names.emplace_back(variable.name);
+    return names;
+}
+
+void resetSystemVariables() {
+    setValues().clear();
+}
+
+} // namespace runtime
+
+int keledGetVar(const wchar_t* name, ResultBuffer* result) {
+    HostCall call("keledGetVar", name);
+    const runtime::Variable* variable = runtime::findVariable(name);
+    if (call.fault() || !result || !variable)
+        return call.answer(kResultError);
+    const auto value = runtime::valueOf(*variable);
+    if (!value)
+        return call.answer(kResultError);
+    result->type = variable->type;
+    return call.answer(std::visit(runtime::Filler{*result}, *value) ? kResultNormal : kResultError);
+}
