@@ -1,6 +1,6 @@
 """The ground floor: hall with the stairs, WC, utility, kitchen, living and dining, terrace."""
 import symbols
-from storeys import (DEPTH, INNER, SHELL, WIDTH, Windows, boards, draw_walls, grid, measure, room, shell, tiles)
+from storeys import (DEPTH, INNER, SHELL, Windows, boards, draw_walls, grid, measure, room, shell, tiles)
 from walls import Wall
 
 SPINE = (4700, 4940)  # the loadbearing wall, in y

@@ -1,7 +1,7 @@
 """The site plan that the house attaches: the plot and its neighbours, trees, drive and street."""
 import math
 
-from drawing import FROZEN, ON, PLOT, Drawing, Place, rgb
+from drawing import FROZEN, ON, PLOT, Drawing, rgb
 from layers import LINETYPES, PLOT_STYLES
 
 SHOWN = ON | PLOT
