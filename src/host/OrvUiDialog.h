@@ -1,4 +1,8 @@
 // The host's dialog base classes. Windows tier.
+//
+// A dialog sets itself up in this order: SetDialogName, the base OnInitDialog, SetControlProperty,
+// SetContextHelpPrefix, SetContextHelpFileName, SetUseTips(2), its own filling of controls, GetColumnSizes,
+// SetPersistency(1).
 #pragma once
 
 #include "KelExport.h"
@@ -19,8 +23,12 @@ inline constexpr unsigned int kOrvUiResizeStretch = 48;
 /// Modal loop, tips and context help.
 class KELUI_API COrvUiBaseDialog : public CDialog {
   public:
+    /// @param resources module that holds the template; null is the resource module that is current when it is loaded
     COrvUiBaseDialog(UINT templateId, CWnd* parent, HINSTANCE resources);
     ~COrvUiBaseDialog() override;
+
+    /// A dialog whose template can't be loaded ends at once, as if cancelled.
+    INT_PTR DoModal() override;
 
     /// Where the tips of the dialog's controls come from; both texts are copied.
     void SetContextHelpPrefix(const wchar_t* prefix);
@@ -34,12 +42,18 @@ class KELUI_API COrvUiBaseDialog : public CDialog {
     virtual void OnDialogHelp();
 
   protected:
+    /// The common help handler, for the message maps of dialogs that have help: calls OnDialogHelp.
+    afx_msg void onHelpCommand();
+    /// The name under which the dialog's tips stand in the tip file; the base has none, and so no tips.
+    virtual CString tipScope() const;
+
     DECLARE_MESSAGE_MAP()
     afx_msg void OnDestroy();
 
   private:
     struct Tips;
     Tips* m_tips;
+    HINSTANCE m_templateModule;
     CString m_contextHelpPrefix;
     CString m_contextHelpFileName;
 };
@@ -56,16 +70,20 @@ class KELUI_API COrvUiDialog : public COrvUiBaseDialog {
     void SetPersistency(int on);
     /// Non-zero if the value exists; a missing one leaves `value` as it was.
     BOOL GetDialogData(const wchar_t* key, unsigned long& value);
+    /// Non-zero if the value was stored.
     BOOL SetDialogData(const wchar_t* key, unsigned long value);
     /// Applies widths saved under the dialog's name; with nothing saved the widths stand.
     void GetColumnSizes(CListCtrl* list);
     void SaveColumnSizes(CListCtrl* list);
-    /// Registers a resize table; the rows are copied.
+    /// Registers a resize table in the place of an earlier one; the rows are copied. Rows of absent controls do
+    /// nothing.
     void SetControlProperty(_dlgControlTag* rows, unsigned long count);
 
     BOOL OnInitDialog() override;
 
   protected:
+    CString tipScope() const override;
+
     DECLARE_MESSAGE_MAP()
     afx_msg void OnDestroy();
     afx_msg void OnSize(UINT type, int width, int height);
