@@ -1,0 +1,170 @@
+// See Input.h.
+
+#include "Input.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <vector>
+
+namespace ui {
+
+namespace {
+
+struct HeldKey {
+    Held flag;
+    WORD key;
+};
+constexpr HeldKey heldKeys[] = {{holdShift, VK_SHIFT}, {holdControl, VK_CONTROL}, {holdAlt, VK_MENU}};
+
+// Where the pointer is to be, and since when it is there.
+POINT g_target;
+DWORD g_arrival;
+constexpr DWORD restTime = 30;
+
+// The last click, so that the next one isn't taken for its second half.
+POINT g_lastClick;
+DWORD g_lastClickTime;
+bool g_clicked = false;
+
+class Batch {
+  public:
+    void key(WORD code, bool down) {
+        INPUT input{};
+        input.type = INPUT_KEYBOARD;
+        input.ki.wVk = code;
+        input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(code, MAPVK_VK_TO_VSC));
+        input.ki.dwFlags = (down ? 0 : KEYEVENTF_KEYUP) | (isExtended(code) ? KEYEVENTF_EXTENDEDKEY : 0);
+        m_inputs.push_back(input);
+    }
+    void unicode(wchar_t character, bool down) {
+        INPUT input{};
+        input.type = INPUT_KEYBOARD;
+        input.ki.wScan = character;
+        input.ki.dwFlags = KEYEVENTF_UNICODE | (down ? 0 : KEYEVENTF_KEYUP);
+        m_inputs.push_back(input);
+    }
+    void holdAll(unsigned held, bool down) {
+        for (const HeldKey& each : heldKeys)
+            if (held & each.flag)
+                key(each.key, down);
+    }
+    void mouse(DWORD flags, POINT point = {}) {
+        INPUT input{};
+        input.type = INPUT_MOUSE;
+        input.mi.dx = normalised(point.x, GetSystemMetrics(SM_CXSCREEN));
+        input.mi.dy = normalised(point.y, GetSystemMetrics(SM_CYSCREEN));
+        input.mi.dwFlags = flags;
+        m_inputs.push_back(input);
+    }
+    void move(POINT point) { mouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, point); }
+    void send() {
+        SendInput(static_cast<UINT>(m_inputs.size()), m_inputs.data(), sizeof(INPUT));
+        m_inputs.clear();
+    }
+
+  private:
+    // Absolute moves count 65536 steps across the screen; rounded up, so that the way back gives the same pixel.
+    static LONG normalised(LONG pixel, int extent) {
+        return static_cast<LONG>((pixel * 65536LL + extent - 1) / extent);
+    }
+    static bool isExtended(WORD code) {
+        constexpr WORD extended[] = {VK_LEFT, VK_RIGHT, VK_UP,   VK_DOWN,   VK_HOME,
+                                     VK_END,  VK_PRIOR, VK_NEXT, VK_INSERT, VK_DELETE};
+        return std::find(std::begin(extended), std::end(extended), code) != std::end(extended);
+    }
+    std::vector<INPUT> m_inputs;
+};
+
+void waitOutDoubleClick(POINT point) {
+    const bool sameSpot = std::abs(point.x - g_lastClick.x) <= GetSystemMetrics(SM_CXDOUBLECLK) &&
+                          std::abs(point.y - g_lastClick.y) <= GetSystemMetrics(SM_CYDOUBLECLK);
+    if (!g_clicked || !sameSpot)
+        return;
+    const DWORD since = GetTickCount() - g_lastClickTime;
+    const DWORD span = GetDoubleClickTime() + 10;
+    if (since < span)
+        Sleep(span - since);
+}
+
+} // namespace
+
+bool pointerRestsAt(POINT point) {
+    POINT now{};
+    GetCursorPos(&now);
+    const bool there = now.x == point.x && now.y == point.y;
+    if (!there) {
+        Batch batch;
+        batch.move(point);
+        batch.send();
+    }
+    const bool resting = there && g_target.x == point.x && g_target.y == point.y;
+    if (!resting)
+        g_arrival = GetTickCount();
+    g_target = point;
+    return resting && GetTickCount() - g_arrival >= restTime;
+}
+
+void click(int times, unsigned held) {
+    waitOutDoubleClick(g_target);
+    Batch batch;
+    batch.holdAll(held, true);
+    for (int i = 0; i < times; ++i) {
+        batch.mouse(MOUSEEVENTF_LEFTDOWN);
+        batch.mouse(MOUSEEVENTF_LEFTUP);
+    }
+    batch.holdAll(held, false);
+    batch.send();
+    g_clicked = true;
+    g_lastClick = g_target;
+    g_lastClickTime = GetTickCount();
+}
+
+void pressButton() {
+    waitOutDoubleClick(g_target);
+    Batch batch;
+    batch.mouse(MOUSEEVENTF_LEFTDOWN);
+    batch.send();
+}
+
+void releaseButton() {
+    Batch batch;
+    batch.mouse(MOUSEEVENTF_LEFTUP);
+    batch.send();
+}
+
+void pressKey(WORD key, unsigned held) {
+    Batch batch;
+    batch.holdAll(held, true);
+    batch.key(key, true);
+    batch.key(key, false);
+    batch.holdAll(held, false);
+    batch.send();
+}
+
+bool pressCharacter(wchar_t character, unsigned held) {
+    const SHORT found = VkKeyScanW(character);
+    if (found == -1)
+        return false;
+    const unsigned state = HIBYTE(found);
+    const unsigned needed =
+        ((state & 1) ? holdShift : 0u) | ((state & 2) ? holdControl : 0u) | ((state & 4) ? holdAlt : 0u);
+    pressKey(LOBYTE(found), held | needed);
+    return true;
+}
+
+void typeText(std::wstring_view text) {
+    for (const wchar_t character : text) {
+        if (pressCharacter(character))
+            continue;
+        Batch batch;
+        batch.unicode(character, true);
+        batch.unicode(character, false);
+        batch.send();
+    }
+}
+
+POINT middleOf(const RECT& rect) {
+    return {rect.left + (rect.right - rect.left) / 2, rect.top + (rect.bottom - rect.top) / 2};
+}
+
+} // namespace ui

@@ -1,0 +1,202 @@
+// See Script.h.
+
+#include "Script.h"
+
+#include <algorithm>
+
+namespace ui {
+
+namespace {
+
+constexpr const char* pointerUnderWay = "the pointer doesn't come to rest there";
+
+std::string named(int control) {
+    return "control " + std::to_string(control);
+}
+
+std::string cellName(int row, int column) {
+    return "the cell in row " + std::to_string(row) + ", column " + std::to_string(column);
+}
+
+Obstacle clickWhenEnabled(HWND control, const std::string& name) {
+    if (!control)
+        return "there is no " + name;
+    if (!IsWindowVisible(control))
+        return name + " isn't shown";
+    if (!IsWindowEnabled(control))
+        return name + " is disabled";
+    if (!pointerRestsAt(middleOf(View(control).rect())))
+        return pointerUnderWay;
+    ui::click();
+    return std::nullopt;
+}
+
+Obstacle clickCellTimes(const View& view, int list, int row, int column, int times, unsigned held) {
+    const std::optional<RECT> cell = view.cellRect(list, row, column);
+    if (!cell)
+        return "there is no such cell";
+    if (!view.isRowInView(list, row))
+        return "the row isn't in view";
+    if (!pointerRestsAt(middleOf(*cell)))
+        return pointerUnderWay;
+    ui::click(times, held);
+    return std::nullopt;
+}
+
+Obstacle clickSpaceTimes(const View& view, int list, int times) {
+    const std::optional<POINT> point = view.emptySpace(list);
+    if (!point)
+        return "the list has no empty space";
+    if (!pointerRestsAt(*point))
+        return pointerUnderWay;
+    ui::click(times);
+    return std::nullopt;
+}
+
+} // namespace
+
+Script& Script::step(std::string what, std::function<Obstacle(const View&)> act, std::chrono::milliseconds bound,
+                     Where where) {
+    m_steps.push_back({std::move(what), std::move(act), bound, where});
+    return *this;
+}
+
+Script& Script::click(int control, Where where) {
+    return step(
+        "click " + named(control),
+        [control](const View& view) { return clickWhenEnabled(view.control(control), named(control)); },
+        std::chrono::seconds(5), where);
+}
+
+Script& Script::clickDisabled(int control, Where where) {
+    return step(
+        "click " + named(control) + " as it stands",
+        [control](const View& view) -> Obstacle {
+            if (!view.isVisible(control))
+                return named(control) + " isn't shown";
+            if (!pointerRestsAt(middleOf(view.rect(control))))
+                return pointerUnderWay;
+            ui::click();
+            return std::nullopt;
+        },
+        std::chrono::seconds(5), where);
+}
+
+Script& Script::clickText(std::wstring text, Where where) {
+    const std::string name = "the control with the text \"" + narrow(text) + "\"";
+    return step(
+        "click " + name, [text, name](const View& view) { return clickWhenEnabled(view.controlWithText(text), name); },
+        std::chrono::seconds(5), where);
+}
+
+Script& Script::clickCell(int list, int row, int column, unsigned held, Where where) {
+    return step(
+        "click " + cellName(row, column),
+        [=](const View& view) { return clickCellTimes(view, list, row, column, 1, held); }, std::chrono::seconds(5),
+        where);
+}
+
+Script& Script::doubleClickCell(int list, int row, int column, Where where) {
+    return step(
+        "double click " + cellName(row, column),
+        [=](const View& view) { return clickCellTimes(view, list, row, column, 2, holdNothing); },
+        std::chrono::seconds(5), where);
+}
+
+Script& Script::clickEmptySpace(int list, Where where) {
+    return step(
+        "click the empty space of the list", [list](const View& view) { return clickSpaceTimes(view, list, 1); },
+        std::chrono::seconds(5), where);
+}
+
+Script& Script::doubleClickEmptySpace(int list, Where where) {
+    return step(
+        "double click the empty space of the list", [list](const View& view) { return clickSpaceTimes(view, list, 2); },
+        std::chrono::seconds(5), where);
+}
+
+Script& Script::press(WORD key, unsigned held, Where where) {
+    return step(
+        "press the key with code " + std::to_string(key),
+        [key, held](const View&) -> Obstacle {
+            pressKey(key, held);
+            return std::nullopt;
+        },
+        std::chrono::seconds(5), where);
+}
+
+Script& Script::pressAlt(wchar_t character, Where where) {
+    return step(
+        "press Alt and " + narrow(std::wstring(1, character)),
+        [character](const View&) -> Obstacle {
+            if (!pressCharacter(character, holdAlt))
+                return "the keyboard has no such character";
+            return std::nullopt;
+        },
+        std::chrono::seconds(5), where);
+}
+
+Script& Script::type(std::wstring text, Where where) {
+    return step(
+        "type \"" + narrow(text) + "\"",
+        [text](const View&) -> Obstacle {
+            typeText(text);
+            return std::nullopt;
+        },
+        std::chrono::seconds(5), where);
+}
+
+Script& Script::look(std::string what, std::function<void(const View&)> see, Where where) {
+    return step(
+        std::move(what),
+        [see = std::move(see)](const View& view) -> Obstacle {
+            see(view);
+            return std::nullopt;
+        },
+        std::chrono::seconds(5), where);
+}
+
+Script& Script::waitUntil(std::string what, std::function<bool(const View&)> seen, std::chrono::milliseconds bound,
+                          Where where) {
+    return step(
+        "wait until " + what,
+        [seen = std::move(seen)](const View& view) -> Obstacle {
+            if (!seen(view))
+                return "it hasn't come to that";
+            return std::nullopt;
+        },
+        bound, where);
+}
+
+Script& Script::waitForText(std::wstring text, Where where) {
+    return step(
+        "wait for a window with the text \"" + narrow(text) + "\"",
+        [text](const View& view) -> Obstacle {
+            const std::vector<std::wstring> texts = view.texts();
+            if (std::find(texts.begin(), texts.end(), text) != texts.end())
+                return std::nullopt;
+            std::string seen;
+            for (const std::wstring& each : texts)
+                seen += "\n  " + narrow(each);
+            return "the window \"" + narrow(view.title()) + "\" shows:" + seen;
+        },
+        std::chrono::seconds(5), where);
+}
+
+Script& Script::waitForControl(int control, Where where) {
+    return step(
+        "wait for a window with " + named(control),
+        [control](const View& view) -> Obstacle {
+            if (!view.has(control))
+                return "the window \"" + narrow(view.title()) + "\" has none";
+            return std::nullopt;
+        },
+        std::chrono::seconds(5), where);
+}
+
+Script& Script::then(const Script& other) {
+    m_steps.insert(m_steps.end(), other.m_steps.begin(), other.m_steps.end());
+    return *this;
+}
+
+} // namespace ui

@@ -1,0 +1,73 @@
+// What a test wants a person to do and to look at, step by step, written down before the dialog opens. Each step waits,
+// within a bound, until it can be done, as a person would: until the control is there, shown and enabled.
+#pragma once
+
+#include "Input.h"
+#include "View.h"
+
+#include <chrono>
+#include <deque>
+#include <functional>
+#include <optional>
+#include <source_location>
+#include <string>
+
+namespace ui {
+
+/// Why a step can't be done yet; none when it is done.
+using Obstacle = std::optional<std::string>;
+using Where = std::source_location;
+
+struct Step {
+    std::string what;
+    std::function<Obstacle(const View&)> act;
+    std::chrono::milliseconds bound;
+    Where where;
+};
+
+class Script {
+  public:
+    /// @name Doing
+    /// @{
+    /// Clicks the middle of a control, once it is enabled.
+    Script& click(int control, Where where = Where::current());
+    /// Clicks the middle of a control as it stands, also a disabled one.
+    Script& clickDisabled(int control, Where where = Where::current());
+    /// Clicks the control with that text; for the buttons of task dialogs.
+    Script& clickText(std::wstring text, Where where = Where::current());
+    Script& clickCell(int list, int row, int column, unsigned held = holdNothing, Where where = Where::current());
+    Script& doubleClickCell(int list, int row, int column, Where where = Where::current());
+    Script& clickEmptySpace(int list, Where where = Where::current());
+    Script& doubleClickEmptySpace(int list, Where where = Where::current());
+    Script& press(WORD key, unsigned held = holdNothing, Where where = Where::current());
+    /// Alt and the character: a control's mnemonic, or a short cut of the dialog.
+    Script& pressAlt(wchar_t character, Where where = Where::current());
+    Script& type(std::wstring text, Where where = Where::current());
+    /// @}
+
+    /// @name Seeing
+    /// @{
+    /// Assertions; they run once. A fatal one ends the script.
+    Script& look(std::string what, std::function<void(const View&)> see, Where where = Where::current());
+    /// Waits until `seen` answers true.
+    Script& waitUntil(std::string what, std::function<bool(const View&)> seen,
+                      std::chrono::milliseconds bound = std::chrono::seconds(5), Where where = Where::current());
+    /// Waits for a window that shows `text` among its texts: a message box, or a task dialog.
+    Script& waitForText(std::wstring text, Where where = Where::current());
+    /// Waits for a window with that control.
+    Script& waitForControl(int control, Where where = Where::current());
+    /// @}
+
+    /// Any other step.
+    Script& step(std::string what, std::function<Obstacle(const View&)> act,
+                 std::chrono::milliseconds bound = std::chrono::seconds(5), Where where = Where::current());
+    /// Appends the steps of another script.
+    Script& then(const Script& other);
+
+    std::deque<Step>& steps() { return m_steps; }
+
+  private:
+    std::deque<Step> m_steps;
+};
+
+} // namespace ui
