@@ -103,6 +103,11 @@ struct AFX_CMDHANDLERINFO {
     AFX_PMSG pmf;
 };
 
+/// The one number under which the WM_CTLCOLOR... messages stand in a map.
+#ifndef WM_CTLCOLOR
+#define WM_CTLCOLOR 0x0019
+#endif
+
 constexpr UINT CN_COMMAND = 0;
 constexpr int CN_UPDATE_COMMAND_UI = -1;
 /// Added to a message that a parent hands back to the control that sent it.

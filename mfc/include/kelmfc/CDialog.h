@@ -59,7 +59,6 @@ class AFXMFC_API CDialog : public CWnd {
     BOOL CreateDlgIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd, HINSTANCE hInst);
     BOOL CreateFromParent(LPCDLGTEMPLATE lpDialogTemplate, HWND hWndParent, HINSTANCE hInst);
     void RunCreated(LPCDLGTEMPLATE lpDialogTemplate, HWND hWndParent, HINSTANCE hInst);
-    bool StandsWhereTemplateSays() const;
 
     HWND m_hWndTop = nullptr;
     bool m_centers = false;

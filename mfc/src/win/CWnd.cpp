@@ -1,0 +1,270 @@
+// CWnd: handles and their objects, the window procedure, creation, subclassing and the end of a window.
+
+#include "ThreadState.h"
+
+#include <memory>
+#include <unordered_map>
+
+IMPLEMENT_DYNCREATE(CWnd, CCmdTarget)
+
+namespace {
+
+struct WindowMap {
+    std::unordered_map<HWND, CWnd*> permanent;
+    std::unordered_map<HWND, std::unique_ptr<CWnd>> temporary;
+};
+
+WindowMap& windowMap() {
+    // Never destroyed: windows and static objects may outlive it.
+    static auto* const map = new WindowMap;
+    return *map;
+}
+
+/// Puts the outer message back when the inner one has been handled, also when a handler throws.
+class MessageScope {
+  public:
+    MessageScope(HWND window, UINT message, WPARAM wParam, LPARAM lParam) : m_outer(kelmfc::theState().lastSent) {
+        MSG& last = kelmfc::theState().lastSent;
+        last.hwnd = window;
+        last.message = message;
+        last.wParam = wParam;
+        last.lParam = lParam;
+    }
+    ~MessageScope() { kelmfc::theState().lastSent = m_outer; }
+    MessageScope(const MessageScope&) = delete;
+    MessageScope& operator=(const MessageScope&) = delete;
+
+  private:
+    MSG m_outer;
+};
+
+LRESULT answerException(CException* exception) {
+    const MSG message = kelmfc::theState().lastSent;
+    if (CWinThread* const thread = AfxGetThread())
+        return thread->ProcessWndProcException(exception, &message);
+    return 0;
+}
+
+CString textOf(const std::exception& exception) {
+    return CString(exception.what());
+}
+
+} // namespace
+
+const CWnd CWnd::wndTop(HWND_TOP);
+const CWnd CWnd::wndBottom(HWND_BOTTOM);
+const CWnd CWnd::wndTopMost(HWND_TOPMOST);
+const CWnd CWnd::wndNoTopMost(HWND_NOTOPMOST);
+
+CWnd::CWnd() = default;
+
+CWnd::~CWnd() {
+    // A temporary object has given its handle up before it comes here.
+    if (m_hWnd && FromHandlePermanent(m_hWnd) == this)
+        DestroyWindow();
+}
+
+CWnd* CWnd::FromHandle(HWND hWnd) {
+    if (!hWnd)
+        return nullptr;
+    if (CWnd* const permanent = FromHandlePermanent(hWnd))
+        return permanent;
+    std::unique_ptr<CWnd>& temporary = windowMap().temporary[hWnd];
+    if (!temporary) {
+        temporary = std::make_unique<CWnd>();
+        temporary->m_hWnd = hWnd;
+    }
+    return temporary.get();
+}
+
+CWnd* CWnd::FromHandlePermanent(HWND hWnd) {
+    const auto& permanent = windowMap().permanent;
+    const auto found = permanent.find(hWnd);
+    return found == permanent.end() ? nullptr : found->second;
+}
+
+void CWnd::DeleteTempMap() {
+    for (auto& [handle, window] : windowMap().temporary)
+        window->m_hWnd = nullptr;
+    windowMap().temporary.clear();
+}
+
+BOOL CWnd::Attach(HWND hWndNew) {
+    if (!hWndNew || m_hWnd || FromHandlePermanent(hWndNew))
+        return FALSE;
+    m_hWnd = hWndNew;
+    windowMap().permanent[hWndNew] = this;
+    return TRUE;
+}
+
+HWND CWnd::Detach() {
+    const HWND handle = m_hWnd;
+    if (handle && FromHandlePermanent(handle) == this)
+        windowMap().permanent.erase(handle);
+    m_hWnd = nullptr;
+    return handle;
+}
+
+BOOL CWnd::SubclassWindow(HWND hWnd) {
+    if (!Attach(hWnd))
+        return FALSE;
+    PreSubclassWindow();
+    const auto before =
+        reinterpret_cast<WNDPROC>(::SetWindowLongPtr(hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&AfxWndProc)));
+    if (before != &AfxWndProc && !*GetSuperWndProcAddr())
+        *GetSuperWndProcAddr() = before;
+    return TRUE;
+}
+
+BOOL CWnd::SubclassDlgItem(UINT nID, CWnd* pParent) {
+    const HWND control = ::GetDlgItem(pParent->m_hWnd, static_cast<int>(nID));
+    return control && SubclassWindow(control);
+}
+
+HWND CWnd::UnsubclassWindow() {
+    WNDPROC& super = *GetSuperWndProcAddr();
+    if (super) {
+        ::SetWindowLongPtr(m_hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(super));
+        super = nullptr;
+    }
+    return Detach();
+}
+
+BOOL CWnd::PreCreateWindow(CREATESTRUCT& cs) {
+    if (!cs.lpszClass)
+        cs.lpszClass = AfxRegisterWndClass(CS_DBLCLKS, ::LoadCursor(nullptr, IDC_ARROW),
+                                           reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1), nullptr);
+    return TRUE;
+}
+
+BOOL CWnd::Create(LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd,
+                  UINT nID, void* pContext) {
+    return CreateEx(0, lpszClassName, lpszWindowName, dwStyle | WS_CHILD, rect, pParentWnd, nID, pContext);
+}
+
+BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle, const RECT& rect,
+                    CWnd* pParentWnd, UINT nID, LPVOID lpParam) {
+    return CreateEx(dwExStyle, lpszClassName, lpszWindowName, dwStyle, rect.left, rect.top, rect.right - rect.left,
+                    rect.bottom - rect.top, pParentWnd ? pParentWnd->m_hWnd : nullptr,
+                    reinterpret_cast<HMENU>(static_cast<UINT_PTR>(nID)), lpParam);
+}
+
+BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle, int x, int y,
+                    int nWidth, int nHeight, HWND hWndParent, HMENU nIDorHMenu, LPVOID lpParam) {
+    CREATESTRUCT cs{};
+    cs.dwExStyle = dwExStyle;
+    cs.lpszClass = lpszClassName;
+    cs.lpszName = lpszWindowName;
+    cs.style = static_cast<LONG>(dwStyle);
+    cs.x = x;
+    cs.y = y;
+    cs.cx = nWidth;
+    cs.cy = nHeight;
+    cs.hwndParent = hWndParent;
+    cs.hMenu = nIDorHMenu;
+    cs.hInstance = AfxGetInstanceHandle();
+    cs.lpCreateParams = lpParam;
+    if (!PreCreateWindow(cs)) {
+        PostNcDestroy();
+        return FALSE;
+    }
+    kelmfc::hookWindowCreation(this);
+    const HWND created = ::CreateWindowEx(cs.dwExStyle, cs.lpszClass, cs.lpszName, static_cast<DWORD>(cs.style), cs.x,
+                                          cs.y, cs.cx, cs.cy, cs.hwndParent, cs.hMenu, cs.hInstance, cs.lpCreateParams);
+    // A window that was made and destroyed again has told its object already.
+    if (!kelmfc::unhookWindowCreation())
+        PostNcDestroy();
+    return created != nullptr;
+}
+
+BOOL CWnd::DestroyWindow() {
+    if (!m_hWnd)
+        return FALSE;
+    const HWND handle = m_hWnd;
+    const bool wasPermanent = FromHandlePermanent(handle) == this;
+    const BOOL destroyed = ::DestroyWindow(handle);
+    // A window without our procedure (Attach) doesn't tell its object of its end. PostNcDestroy may have deleted the
+    // object otherwise, so only the map is asked.
+    if (destroyed && wasPermanent && FromHandlePermanent(handle) == this)
+        Detach();
+    return destroyed;
+}
+
+LRESULT CALLBACK AfxWndProc(HWND hWnd, UINT nMsg, WPARAM wParam, LPARAM lParam) {
+    CWnd* const window = CWnd::FromHandlePermanent(hWnd);
+    if (!window || window->m_hWnd != hWnd)
+        return ::DefWindowProc(hWnd, nMsg, wParam, lParam);
+    return AfxCallWndProc(window, hWnd, nMsg, wParam, lParam);
+}
+
+void CWndInternals::adopt(CWnd* window, HWND handle) {
+    window->Attach(handle);
+    window->PreSubclassWindow();
+    const auto before =
+        reinterpret_cast<WNDPROC>(::SetWindowLongPtr(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&AfxWndProc)));
+    if (before != &AfxWndProc)
+        *window->GetSuperWndProcAddr() = before;
+}
+
+LRESULT CWndInternals::call(CWnd* window, UINT message, WPARAM wParam, LPARAM lParam) {
+    return window->WindowProc(message, wParam, lParam);
+}
+
+LRESULT AfxCallWndProc(CWnd* pWnd, HWND hWnd, UINT nMsg, WPARAM wParam, LPARAM lParam) {
+    const MessageScope scope(hWnd, nMsg, wParam, lParam);
+    // Windows is on the stack below: an exception must not unwind through it.
+    try {
+        return CWndInternals::call(pWnd, nMsg, wParam, lParam);
+    } catch (CException* exception) {
+        const LRESULT result = answerException(exception);
+        exception->Delete();
+        return result;
+    } catch (const std::exception& exception) {
+        CSimpleException told(textOf(exception), FALSE);
+        return answerException(&told);
+    } catch (...) {
+        CSimpleException told(CString(), FALSE);
+        return answerException(&told);
+    }
+}
+
+LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    LRESULT result = 0;
+    if (!OnWndMsg(message, wParam, lParam, &result))
+        result = DefWindowProc(message, wParam, lParam);
+    return result;
+}
+
+LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    const WNDPROC super = *GetSuperWndProcAddr();
+    return super ? ::CallWindowProc(super, m_hWnd, message, wParam, lParam)
+                 : ::DefWindowProc(m_hWnd, message, wParam, lParam);
+}
+
+LRESULT CWnd::Default() {
+    const MSG& last = kelmfc::theState().lastSent;
+    return DefWindowProc(last.message, last.wParam, last.lParam);
+}
+
+const MSG* CWnd::GetCurrentMessage() {
+    return &kelmfc::theState().lastSent;
+}
+
+void CWnd::OnNcDestroy() {
+    if (CWinThread* const thread = AfxGetThread()) {
+        if (thread->m_pMainWnd == this) {
+            thread->m_pMainWnd = nullptr;
+            AfxPostQuitMessage(0);
+        }
+        if (thread->m_pActiveWnd == this)
+            thread->m_pActiveWnd = nullptr;
+    }
+    Default();
+    WNDPROC& super = *GetSuperWndProcAddr();
+    const auto current = reinterpret_cast<WNDPROC>(::GetWindowLongPtr(m_hWnd, GWLP_WNDPROC));
+    if (current == &AfxWndProc && super)
+        ::SetWindowLongPtr(m_hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(super));
+    super = nullptr;
+    Detach();
+    PostNcDestroy();
+}

@@ -1,0 +1,81 @@
+// See ThreadState.h. The creation hook is a WH_CBT hook: it sees a window before the window's first message, so that a
+// C++ object misses none.
+
+#include "ThreadState.h"
+
+namespace kelmfc {
+
+namespace {
+
+// Windows that the system makes on its own account in between.
+bool isInputMethodWindow(HWND window) {
+    wchar_t name[32] = {};
+    ::GetClassName(window, name, 32);
+    return _wcsicmp(name, L"IME") == 0 || _wcsicmp(name, L"MSCTFIME UI") == 0;
+}
+
+LRESULT CALLBACK creationHook(int code, WPARAM wParam, LPARAM lParam) {
+    ThreadState& state = theState();
+    const auto handle = reinterpret_cast<HWND>(wParam);
+    if (code == HCBT_CREATEWND && state.created && !isInputMethodWindow(handle)) {
+        CWnd* const window = state.created;
+        state.created = nullptr;
+        CWndInternals::adopt(window, handle);
+    }
+    return ::CallNextHookEx(state.creationHook, code, wParam, lParam);
+}
+
+} // namespace
+
+ThreadState& theState() {
+    static ThreadState state;
+    return state;
+}
+
+bool unhookWindowCreation() {
+    ThreadState& state = theState();
+    if (state.creationHook) {
+        ::UnhookWindowsHookEx(state.creationHook);
+        state.creationHook = nullptr;
+    }
+    const bool wasCreated = state.created == nullptr;
+    state.created = nullptr;
+    return wasCreated;
+}
+
+void hookWindowCreation(CWnd* window) {
+    ThreadState& state = theState();
+    state.created = window;
+    if (!state.creationHook)
+        state.creationHook = ::SetWindowsHookEx(WH_CBT, &creationHook, nullptr, ::GetCurrentThreadId());
+}
+
+void deleteTemporaryObjects() {
+    CWnd::DeleteTempMap();
+    CMenu::DeleteTempMap();
+    CDC::DeleteTempMap();
+    CGdiObject::DeleteTempMap();
+}
+
+HWND safeOwner(HWND parent, HWND* top) {
+    HWND owner = parent;
+    if (!owner) {
+        CWnd* const mainWindow = AfxGetMainWnd();
+        owner = mainWindow ? mainWindow->m_hWnd : nullptr;
+    }
+    while (owner && (::GetWindowLong(owner, GWL_STYLE) & WS_CHILD))
+        owner = ::GetParent(owner);
+    HWND topmost = owner;
+    for (HWND above = owner; above; above = ::GetParent(above))
+        topmost = above;
+    if (!parent && owner)
+        owner = ::GetLastActivePopup(owner);
+    *top = nullptr;
+    if (topmost && topmost != owner && ::IsWindowEnabled(topmost)) {
+        *top = topmost;
+        ::EnableWindow(topmost, FALSE);
+    }
+    return owner;
+}
+
+} // namespace kelmfc

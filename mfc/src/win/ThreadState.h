@@ -1,0 +1,47 @@
+// What the library knows of its one user-interface thread: the message being handled, the window being created, the
+// program and its extension DLLs.
+#pragma once
+
+#include <afxwin.h>
+
+#include <vector>
+
+/// The library's own access to what no user of CWnd needs.
+struct CWndInternals {
+    /// Makes a window, just created by Windows, the object's.
+    static void adopt(CWnd* window, HWND handle);
+    static LRESULT call(CWnd* window, UINT message, WPARAM wParam, LPARAM lParam);
+};
+
+namespace kelmfc {
+
+struct ThreadState {
+    MSG lastSent{};          ///< the message that AfxCallWndProc is handling
+    MSG current{};           ///< the message that the loop took, while there is no CWinThread
+    CWnd* created = nullptr; ///< gets the next window that is created
+    HHOOK creationHook = nullptr;
+    CWinThread* thread = nullptr;
+    CWinApp* app = nullptr;
+    HINSTANCE instance = nullptr;            ///< null: the program's own
+    HINSTANCE resources = nullptr;           ///< null: the program's own
+    std::vector<CDynLinkLibrary*> libraries; ///< oldest first
+};
+
+ThreadState& theState();
+
+/// The next window to be created becomes `window`'s, before it gets its first message.
+void hookWindowCreation(CWnd* window);
+/// Whether the hooked window was created.
+bool unhookWindowCreation();
+
+/// Deletes the temporary objects of all handle maps.
+void deleteTemporaryObjects();
+
+/// The window that a modal window is to have as its owner; `top` gets the window above it that was disabled, if any.
+HWND safeOwner(HWND parent, HWND* top);
+
+/// One message through the thread object, if there is one; FALSE at WM_QUIT.
+BOOL pumpMessage();
+BOOL isIdleMessage(MSG* message);
+
+} // namespace kelmfc
