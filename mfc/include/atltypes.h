@@ -17,7 +17,7 @@ class CSize : public tagSIZE {
 
     bool operator==(SIZE size) const { return cx == size.cx && cy == size.cy; }
     bool operator!=(SIZE size) const { return !(*this == size); }
-    void SetSize(int CX, int CY) { *this = CSize(CX, CY); }
+    void SetSize(int initCX, int initCY) { *this = CSize(initCX, initCY); }
     void operator+=(SIZE size) { *this = *this + size; }
     void operator-=(SIZE size) { *this = *this - size; }
     CSize operator+(SIZE size) const { return CSize(cx + size.cx, cy + size.cy); }

@@ -1,0 +1,9 @@
+// Exceptions told to the user.
+#include <afxwin.h>
+
+int CException::ReportError(UINT nType, UINT nMessageID) {
+    TCHAR text[512];
+    if (GetErrorMessage(text, 512))
+        return AfxMessageBox(text, nType);
+    return AfxMessageBox(nMessageID ? nMessageID : AFX_IDP_NO_ERROR_AVAILABLE, nType);
+}
