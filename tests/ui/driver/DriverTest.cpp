@@ -112,6 +112,11 @@ TEST_F(DriverTest, AltAndALetterReachesTheControlWithThatMnemonic) {
     EXPECT_THAT(g_events, ElementsAre("command 102", "command 2"));
 }
 
+TEST_F(DriverTest, AMnemonicIsTakenFromTheControlsText) {
+    ui::perform(Script().pressMnemonicOf(IDC_SAMPLE_CHECK).press(VK_ESCAPE), runSample);
+    EXPECT_THAT(g_events, ElementsAre("command 102", "command 2"));
+}
+
 TEST_F(DriverTest, KeysMoveTheFocusAndTheSelection) {
     ui::perform(Script()
                     .clickCell(IDC_SAMPLE_LIST, 0, 1)
@@ -216,6 +221,19 @@ TEST_F(DriverTest, AnAssertionThatFailsInsideADialogIsToldWithItsStep) {
 TEST_F(DriverTest, StepsThatAreLeftWhenTheDialogHasEndedAreAFailure) {
     EXPECT_NONFATAL_FAILURE(ui::perform(Script().click(IDOK).click(IDC_SAMPLE_CHECK), runSample),
                             "had ended before this step: click control 102");
+}
+
+TEST_F(DriverTest, StepsForAWindowThatIsStillOpenArePassedOverWhenItHasEnded) {
+    EXPECT_TRUE(ui::perform(Script().click(IDOK).ifStillOpen().click(IDC_SAMPLE_CHECK), runSample));
+    EXPECT_THAT(g_events, ElementsAre("command 1"));
+    EXPECT_TRUE(ui::perform(Script().ifStillOpen().press(VK_ESCAPE), runSample));
+    EXPECT_THAT(g_events, ElementsAre("command 1", "command 2"));
+}
+
+TEST_F(DriverTest, WhateverStandsInFrontIsAnsweredByEnter) {
+    ui::perform(Script().click(IDC_SAMPLE_ASK).waitForText(L"Really?").answerAllUntil(IDC_SAMPLE_LIST).click(IDOK),
+                runSample);
+    EXPECT_THAT(g_events, ElementsAre("command 105", "answer 6", "command 1"));
 }
 
 TEST_F(DriverTest, AnActionThatOpensNoDialogLeavesItsStepsUndone) {

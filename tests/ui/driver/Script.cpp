@@ -3,6 +3,7 @@
 #include "Script.h"
 
 #include <algorithm>
+#include <cwctype>
 
 namespace ui {
 
@@ -57,7 +58,7 @@ Obstacle clickSpaceTimes(const View& view, int list, int times) {
 
 Script& Script::step(std::string what, std::function<Obstacle(const View&)> act, std::chrono::milliseconds bound,
                      Where where) {
-    m_steps.push_back({std::move(what), std::move(act), bound, where});
+    m_steps.push_back({std::move(what), std::move(act), bound, where, m_optional});
     return *this;
 }
 
@@ -103,6 +104,38 @@ Script& Script::doubleClickCell(int list, int row, int column, Where where) {
         std::chrono::seconds(5), where);
 }
 
+Script& Script::clickCellOf(int list, std::wstring text, unsigned held, Where where) {
+    return step(
+        "click the row \"" + narrow(text) + "\"",
+        [=](const View& view) { return clickCellTimes(view, list, view.rowOf(list, text), 0, 1, held); },
+        std::chrono::seconds(5), where);
+}
+
+Script& Script::doubleClick(int control, Where where) {
+    return step(
+        "double click " + named(control),
+        [control](const View& view) -> Obstacle {
+            if (!view.isVisible(control))
+                return named(control) + " isn't shown";
+            if (!pointerRestsAt(middleOf(view.rect(control))))
+                return pointerUnderWay;
+            ui::click(2);
+            return std::nullopt;
+        },
+        std::chrono::seconds(5), where);
+}
+
+Script& Script::hover(int control, Where where) {
+    return step(
+        "point at " + named(control),
+        [control](const View& view) -> Obstacle {
+            if (!pointerRestsAt(middleOf(view.rect(control))))
+                return pointerUnderWay;
+            return std::nullopt;
+        },
+        std::chrono::seconds(5), where);
+}
+
 Script& Script::clickEmptySpace(int list, Where where) {
     return step(
         "click the empty space of the list", [list](const View& view) { return clickSpaceTimes(view, list, 1); },
@@ -130,6 +163,20 @@ Script& Script::pressAlt(wchar_t character, Where where) {
         "press Alt and " + narrow(std::wstring(1, character)),
         [character](const View&) -> Obstacle {
             if (!pressCharacter(character, holdAlt))
+                return "the keyboard has no such character";
+            return std::nullopt;
+        },
+        std::chrono::seconds(5), where);
+}
+
+Script& Script::pressMnemonicOf(int control, Where where) {
+    return step(
+        "press the mnemonic of " + named(control),
+        [control](const View& view) -> Obstacle {
+            const wchar_t character = view.mnemonic(control);
+            if (!character)
+                return named(control) + " has no mnemonic";
+            if (!pressCharacter(static_cast<wchar_t>(towlower(character)), holdAlt))
                 return "the keyboard has no such character";
             return std::nullopt;
         },
@@ -192,6 +239,24 @@ Script& Script::waitForControl(int control, Where where) {
             return std::nullopt;
         },
         std::chrono::seconds(5), where);
+}
+
+Script& Script::answerAllUntil(int control, Where where) {
+    ifStillOpen();
+    return step(
+        "answer by Enter until " + named(control) + " is back",
+        [control](const View& view) -> Obstacle {
+            if (view.has(control))
+                return std::nullopt;
+            pressKey(VK_RETURN);
+            return "the window \"" + narrow(view.title()) + "\" stands before it";
+        },
+        std::chrono::seconds(5), where);
+}
+
+Script& Script::ifStillOpen() {
+    m_optional = true;
+    return *this;
 }
 
 Script& Script::then(const Script& other) {

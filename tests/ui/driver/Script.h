@@ -23,6 +23,8 @@ struct Step {
     std::function<Obstacle(const View&)> act;
     std::chrono::milliseconds bound;
     Where where;
+    /// Only done when a window is still open; otherwise passed over.
+    bool optional = false;
 };
 
 class Script {
@@ -37,11 +39,19 @@ class Script {
     Script& clickText(std::wstring text, Where where = Where::current());
     Script& clickCell(int list, int row, int column, unsigned held = holdNothing, Where where = Where::current());
     Script& doubleClickCell(int list, int row, int column, Where where = Where::current());
+    /// Clicks the first cell of the row with that text.
+    Script& clickCellOf(int list, std::wstring text, unsigned held = holdNothing, Where where = Where::current());
+    /// Double clicks the middle of a control.
+    Script& doubleClick(int control, Where where = Where::current());
+    /// Brings the pointer to rest over a control.
+    Script& hover(int control, Where where = Where::current());
     Script& clickEmptySpace(int list, Where where = Where::current());
     Script& doubleClickEmptySpace(int list, Where where = Where::current());
     Script& press(WORD key, unsigned held = holdNothing, Where where = Where::current());
     /// Alt and the character: a control's mnemonic, or a short cut of the dialog.
     Script& pressAlt(wchar_t character, Where where = Where::current());
+    /// Alt and the character that a control's text marks.
+    Script& pressMnemonicOf(int control, Where where = Where::current());
     Script& type(std::wstring text, Where where = Where::current());
     /// @}
 
@@ -58,6 +68,12 @@ class Script {
     Script& waitForControl(int control, Where where = Where::current());
     /// @}
 
+    /// Answers whatever stands in front of the window with that control by Enter, until that window has the input again
+    /// or has ended.
+    Script& answerAllUntil(int control, Where where = Where::current());
+    /// The steps added from here on are only done while a window is still open.
+    Script& ifStillOpen();
+
     /// Any other step.
     Script& step(std::string what, std::function<Obstacle(const View&)> act,
                  std::chrono::milliseconds bound = std::chrono::seconds(5), Where where = Where::current());
@@ -68,6 +84,7 @@ class Script {
 
   private:
     std::deque<Step> m_steps;
+    bool m_optional = false;
 };
 
 } // namespace ui

@@ -95,6 +95,12 @@ std::vector<std::wstring> View::texts() const {
     return found;
 }
 
+wchar_t View::mnemonic(int id) const {
+    const std::wstring label = text(id);
+    const std::size_t mark = label.find(L'&');
+    return mark == std::wstring::npos || mark + 1 >= label.size() ? L'\0' : label[mark + 1];
+}
+
 HWND View::controlWithText(const std::wstring& text) const {
     for (const HWND control : visibleControls(m_window))
         if (withoutMnemonic(textOf(control)) == text)
@@ -172,6 +178,23 @@ std::vector<int> View::selectedRows(int list) const {
          row = ListView_GetNextItem(window, row, LVNI_SELECTED))
         rows.push_back(row);
     return rows;
+}
+
+int View::rowOf(int list, const std::wstring& text) const {
+    const std::vector<std::wstring> names = column(list, 0);
+    const auto found = std::find(names.begin(), names.end(), text);
+    return found == names.end() ? -1 : static_cast<int>(found - names.begin());
+}
+
+bool View::hasFullRowSelection(int list) const {
+    return SendMessageW(control(list), LVM_GETEXTENDEDLISTVIEWSTYLE, 0, 0) & LVS_EX_FULLROWSELECT;
+}
+
+std::optional<std::wstring> View::labelEditorText(int list) const {
+    const auto editor = reinterpret_cast<HWND>(SendMessageW(control(list), LVM_GETEDITCONTROL, 0, 0));
+    if (!editor || !IsWindowVisible(editor))
+        return std::nullopt;
+    return textOf(editor);
 }
 
 int View::focusedRow(int list) const {

@@ -33,6 +33,8 @@ class View {
     RECT rect(int id) const;
     /// The texts of all visible controls that hold one, in their order.
     std::vector<std::wstring> texts() const;
+    /// The character behind the & of a control's text; 0 when it has none.
+    wchar_t mnemonic(int id) const;
     /// The control with that text, mnemonic marks left out; null when there is none.
     HWND controlWithText(const std::wstring& text) const;
     /// A message box's icon, null for a window without one.
@@ -45,6 +47,11 @@ class View {
     std::vector<std::wstring> cells(int list, int row) const;
     std::vector<std::wstring> column(int list, int index) const;
     std::vector<int> selectedRows(int list) const;
+    /// The row whose first cell has that text, -1 for none.
+    int rowOf(int list, const std::wstring& text) const;
+    bool hasFullRowSelection(int list) const;
+    /// What stands in the editor over a row's label; none when there is no editor.
+    std::optional<std::wstring> labelEditorText(int list) const;
     /// The row with the focus frame, -1 for none.
     int focusedRow(int list) const;
     bool isRowInView(int list, int row) const;
