@@ -1,0 +1,107 @@
+// Small files that claim to hold very much, by letting many tables lead to the same bytes.
+#include "SampleDrawing.h"
+#include "files/DrawingFile.h"
+#include "files/TextCoding.h"
+
+#include <drawing_generated.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace zdr;
+using flatbuffers::Offset;
+using testing::HasSubstr;
+
+namespace {
+
+/// The file of a plain drawing in which some vectors are replaced.
+class ClaimingFile {
+  public:
+    flatbuffers::FlatBufferBuilder builder;
+    Offset<flatbuffers::Vector<Offset<file::LayerSet>>> layerSets;
+    Offset<flatbuffers::Vector<Offset<file::Entity>>> entities;
+
+    Offset<flatbuffers::Vector<Offset<flatbuffers::String>>> names(const std::vector<std::string>& names) {
+        return builder.CreateVectorOfStrings(names);
+    }
+
+    std::string readingFails() {
+        if (layerSets.IsNull())
+            layerSets = builder.CreateVector(std::vector<Offset<file::LayerSet>>());
+        if (entities.IsNull())
+            entities = builder.CreateVector(std::vector<Offset<file::Entity>>());
+        const auto styles = names({""});
+        const std::vector<Offset<file::Layer>> layers{file::CreateLayer(builder, builder.CreateString("Base"))};
+        const auto columns = file::CreateLayerColumns(
+            builder, builder.CreateVector(std::vector<std::uint8_t>{9}),
+            builder.CreateVector(std::vector<std::uint32_t>{7}), builder.CreateVector(std::vector<std::uint32_t>{0}),
+            builder.CreateVector(std::vector<std::int16_t>{-3}), builder.CreateVector(std::vector<std::uint32_t>{0}));
+        const auto none = [&]<class T>(T*) { return builder.CreateVector(std::vector<Offset<T>>()); };
+        const auto root = file::CreateDrawing(builder, 1, 0, styles, none((file::Linetype*)nullptr),
+                                              none((file::PlotStyle*)nullptr), false, builder.CreateVector(layers),
+                                              columns, 0, layerSets, none((file::LayerState*)nullptr), 0, entities,
+                                              none((file::Layout*)nullptr), -1, 0, none((file::Reference*)nullptr));
+        file::FinishDrawingBuffer(builder, root);
+        Drawing drawing;
+        std::wstring reason;
+        const auto bytes = std::as_bytes(std::span(builder.GetBufferPointer(), builder.GetSize()));
+        status = readDrawingBytes(bytes, L"claims.zdr", drawing, reason);
+        return toUtf8(reason);
+    }
+    Vorn::ErrorStatus status = Vorn::eOk;
+};
+
+} // namespace
+
+TEST(HugeClaims, theFileAroundTheClaimsIsGood) {
+    ClaimingFile file;
+    EXPECT_EQ(file.readingFails(), "");
+    EXPECT_EQ(file.status, Vorn::eOk);
+}
+
+TEST(HugeClaims, layerSetsThatAllLeadToOneLongListAreRefusedAtOnce) {
+    ClaimingFile file;
+    const auto names = file.names(std::vector<std::string>(20000, ""));
+    std::vector<Offset<file::LayerSet>> sets;
+    for (int i = 0; i < 20000; ++i)
+        sets.push_back(file::CreateLayerSet(file.builder, names));
+    file.layerSets = file.builder.CreateVector(sets);
+    EXPECT_THAT(file.readingFails(), HasSubstr("its layer sets overlap"));
+    EXPECT_EQ(file.status, Vorn::eFileCutOff);
+}
+
+TEST(HugeClaims, textsThatAllLeadToOneLongTextAreRefused) {
+    ClaimingFile file;
+    const auto text = file.builder.CreateString(std::string(100000, 'x'));
+    const file::Point origin(0, 0);
+    std::vector<Offset<file::Entity>> entities;
+    for (int i = 0; i < 10000; ++i) {
+        const auto geometry = file::CreateText(file.builder, &origin, 1, 0, text).Union();
+        entities.push_back(file::CreateEntity(file.builder, 0, 256, -1, -1, file::Geometry::Text, geometry));
+    }
+    file.entities = file.builder.CreateVector(entities);
+    EXPECT_THAT(file.readingFails(), HasSubstr("its parts overlap, and claim more bytes than the file holds"));
+    EXPECT_EQ(file.status, Vorn::eFileCutOff);
+}
+
+TEST(HugeClaims, polylinesThatAllLeadToTheSamePointsAreRefused) {
+    ClaimingFile file;
+    const auto points = file.builder.CreateVectorOfStructs(std::vector<file::Point>(10000));
+    std::vector<Offset<file::Entity>> entities;
+    for (int i = 0; i < 10000; ++i) {
+        const auto geometry = file::CreatePolyline(file.builder, points).Union();
+        entities.push_back(file::CreateEntity(file.builder, 0, 256, -1, -1, file::Geometry::Polyline, geometry));
+    }
+    file.entities = file.builder.CreateVector(entities);
+    EXPECT_THAT(file.readingFails(), HasSubstr("its parts overlap"));
+    EXPECT_EQ(file.status, Vorn::eFileCutOff);
+}
+
+TEST(HugeClaims, oneEntityInAMillionPlacesIsRefused) {
+    ClaimingFile file;
+    const file::Point origin(0, 0);
+    const auto geometry = file::CreateLine(file.builder, &origin, &origin).Union();
+    const auto entity = file::CreateEntity(file.builder, 0, 256, -1, -1, file::Geometry::Line, geometry);
+    file.entities = file.builder.CreateVector(std::vector<Offset<file::Entity>>(1000000, entity));
+    EXPECT_THAT(file.readingFails(), HasSubstr("is cut off or damaged"));
+    EXPECT_EQ(file.status, Vorn::eFileCutOff);
+}

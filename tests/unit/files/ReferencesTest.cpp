@@ -1,0 +1,140 @@
+// Drawings that show other drawings.
+#include "SampleDrawing.h"
+#include "TemporaryFolder.h"
+#include "files/DrawingFile.h"
+#include "files/References.h"
+#include "files/TextCoding.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace zdr;
+using testing::HasSubstr;
+
+namespace {
+
+class References : public testing::Test {
+  protected:
+    /// Writes a drawing that refers to others; names are those of the files without ".zdr".
+    void write(const std::wstring& file, const std::vector<std::wstring>& paths) {
+        Drawing drawing = plainDrawing();
+        for (const std::wstring& path : paths)
+            drawing.references.push_back({systemPath(path).stem().wstring(), path, {}, 1, 0, nullptr});
+        std::wstring reason;
+        FileStamp stamp;
+        ASSERT_EQ(writeDrawingFile(m_folder.file(file), drawing, reason, stamp, Overwrite::Always), Vorn::eOk)
+            << toUtf8(reason);
+    }
+    Drawing open(const std::wstring& file) {
+        Drawing drawing;
+        std::wstring reason;
+        EXPECT_EQ(readDrawingFile(m_folder.file(file), drawing, reason), Vorn::eOk) << toUtf8(reason);
+        m_problems.clear();
+        resolveReferences(drawing, m_folder.file(file), m_problems);
+        return drawing;
+    }
+
+    TemporaryFolder m_folder;
+    std::vector<ReferenceProblem> m_problems;
+};
+
+} // namespace
+
+TEST_F(References, aRelativePathCountsFromTheFolderOfTheDrawing) {
+    std::filesystem::create_directory(m_folder.path() / "plans");
+    write(L"plans\\ground.zdr", {L"..\\grid.zdr"});
+    write(L"grid.zdr", {});
+    write(L"main.zdr", {L"plans\\ground.zdr"});
+    const Drawing main = open(L"main.zdr");
+    EXPECT_TRUE(m_problems.empty());
+    ASSERT_NE(main.references[0].drawing, nullptr);
+    ASSERT_EQ(main.references[0].drawing->references.size(), 1u);
+    EXPECT_NE(main.references[0].drawing->references[0].drawing, nullptr) << "a reference of a reference";
+}
+
+TEST_F(References, anAbsolutePathIsTakenAsItIs) {
+    const TemporaryFolder elsewhere;
+    write(L"grid.zdr", {});
+    write(L"main.zdr", {m_folder.file(L"grid.zdr")});
+    Drawing drawing;
+    std::wstring reason;
+    ASSERT_EQ(readDrawingFile(m_folder.file(L"main.zdr"), drawing, reason), Vorn::eOk);
+    resolveReferences(drawing, elsewhere.file(L"main.zdr"), m_problems);
+    EXPECT_TRUE(m_problems.empty());
+    EXPECT_NE(drawing.references[0].drawing, nullptr);
+}
+
+TEST_F(References, oneThatIsMissingIsToldAndTheOthersAreResolved) {
+    write(L"grid.zdr", {L"lost.zdr"});
+    write(L"main.zdr", {L"gone.zdr", L"grid.zdr"});
+    const Drawing main = open(L"main.zdr");
+    EXPECT_EQ(main.references[0].drawing, nullptr);
+    EXPECT_NE(main.references[1].drawing, nullptr);
+    ASSERT_EQ(m_problems.size(), 2u);
+    EXPECT_EQ(m_problems[0].name, L"gone");
+    EXPECT_EQ(m_problems[0].path, m_folder.file(L"gone.zdr"));
+    EXPECT_THAT(toUtf8(m_problems[0].reason), HasSubstr("gone.zdr\" doesn't exist."));
+    EXPECT_EQ(m_problems[1].name, L"grid!lost");
+}
+
+TEST_F(References, oneThatIsNoDrawingIsTold) {
+    writeBytes(m_folder.file(L"text.zdr"), std::vector<std::byte>(100));
+    write(L"main.zdr", {L"text.zdr"});
+    EXPECT_EQ(open(L"main.zdr").references[0].drawing, nullptr);
+    ASSERT_EQ(m_problems.size(), 1u);
+    EXPECT_THAT(toUtf8(m_problems[0].reason), HasSubstr("isn't a drawing"));
+}
+
+TEST_F(References, aDrawingThatShowsItselfIsNotFollowed) {
+    write(L"main.zdr", {L"main.zdr"});
+    EXPECT_EQ(open(L"main.zdr").references[0].drawing, nullptr);
+    ASSERT_EQ(m_problems.size(), 1u);
+    EXPECT_THAT(toUtf8(m_problems[0].reason), HasSubstr("because it refers to itself"));
+}
+
+TEST_F(References, aCircleEndsWhereItWouldBeginAgain) {
+    write(L"a.zdr", {L"b.zdr"});
+    write(L"b.zdr", {L"c.zdr"});
+    write(L"c.zdr", {L".\\a.zdr"});
+    const Drawing a = open(L"a.zdr");
+    const auto& b = a.references[0].drawing;
+    ASSERT_NE(b, nullptr);
+    const auto& c = b->references[0].drawing;
+    ASSERT_NE(c, nullptr);
+    EXPECT_EQ(c->references[0].drawing, nullptr);
+    ASSERT_EQ(m_problems.size(), 1u);
+    EXPECT_EQ(m_problems[0].name, L"b!c!a");
+}
+
+TEST_F(References, aDrawingInACircleIsWholeWhereTheCircleIsEnteredElsewhere) {
+    write(L"b.zdr", {L"c.zdr"});
+    write(L"c.zdr", {L"b.zdr"});
+    write(L"main.zdr", {L"b.zdr", L"c.zdr"});
+    const Drawing main = open(L"main.zdr");
+    // b shows c, and c shows b: each once, whichever came first.
+    EXPECT_NE(main.references[0].drawing->references[0].drawing, nullptr);
+    EXPECT_NE(main.references[1].drawing->references[0].drawing, nullptr);
+    ASSERT_EQ(m_problems.size(), 2u);
+    EXPECT_EQ(m_problems[0].name, L"b!c!b");
+    EXPECT_EQ(m_problems[1].name, L"c!b!c");
+}
+
+TEST_F(References, aDrawingThatIsShownTwiceIsReadOnce) {
+    write(L"grid.zdr", {});
+    write(L"plan.zdr", {L"grid.zdr"});
+    write(L"main.zdr", {L"grid.zdr", L"plan.zdr"});
+    const Drawing main = open(L"main.zdr");
+    EXPECT_TRUE(m_problems.empty());
+    EXPECT_EQ(main.references[0].drawing, main.references[1].drawing->references[0].drawing);
+}
+
+TEST_F(References, drawingsThatAllShowEachOtherComeToAnEnd) {
+    std::vector<std::wstring> names;
+    for (int i = 0; i < 8; ++i)
+        names.push_back(L"d" + std::to_wstring(i) + L".zdr");
+    for (const std::wstring& name : names)
+        write(name, names);
+    open(names[0]);
+    EXPECT_FALSE(m_problems.empty());
+    EXPECT_THAT(toUtf8(m_problems.back().reason), HasSubstr("because too many references are nested"));
+}

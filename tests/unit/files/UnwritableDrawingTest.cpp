@@ -1,0 +1,84 @@
+// A drawing whose parts contradict each other is never written: what could not be read again isn't a file.
+#include "SampleDrawing.h"
+#include "TemporaryFolder.h"
+#include "files/DrawingFile.h"
+#include "files/TextCoding.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+
+using namespace zdr;
+using testing::HasSubstr;
+
+namespace {
+
+struct Fault {
+    const char* name;
+    std::function<void(Drawing&)> apply;
+    const char* reason;
+};
+
+std::vector<Fault> faults() {
+    return {
+        {"noLayers",
+         [](Drawing& d) {
+             d = plainDrawing();
+             d.layers.clear();
+             d.columns = {};
+         },
+         "the current layer refers to the layer with the index 0, but there are only 0"},
+        {"aColumnTooShort", [](Drawing& d) { d.columns.colors = Column(std::vector<std::uint32_t>{1}); },
+         "the table of layers has 1 colours for 4 layers"},
+        {"aFlagOfStatesInTheDrawing", [](Drawing& d) { d.columns.flags.set(0, kLayerViewportFrozen); },
+         "has 32 among its layer flags"},
+        {"aLinetypeWithoutName", [](Drawing& d) { d.states[0].columns.linetypes.set(2, 1000); },
+         "layer state 1 (\"As drawn\") has 1000 among its linetypes, for its layer 3"},
+        {"aStateWithoutLayers", [](Drawing& d) { d.states[1].layers = nullptr; }, "has no layers"},
+        {"twoStatesOfOneName", [](Drawing& d) { d.states[1].name = L"AS DRAWN"; },
+         "layer state 2 (\"AS DRAWN\") has the name of layer state 1"},
+        {"aStateWithoutName", [](Drawing& d) { d.states[1].name.clear(); }, "layer state 2 has no name"},
+        {"aNameThatIsTooLong", [](Drawing& d) { d.states[1].name.assign(256, L'x'); },
+         "has a name of 256 characters; names have at most 255"},
+        {"aHandleTwice", [](Drawing& d) { d.linetypes[1].handle = 5; },
+         "has the handle 5, which is the handle of linetype 2"},
+        {"noHandle", [](Drawing& d) { d.layers[1].handle = 0; }, "layer 2 (\"A-WALL\") has no handle"},
+        {"aHandleStillToBeGiven", [](Drawing& d) { d.nextHandle = 9; }, "the next handle to give is 9"},
+        {"aLayerOfNoReference", [](Drawing& d) { d.layers[1].reference = 7; },
+         "layer 2 (\"A-WALL\") refers to the reference with the index 7, but there are only 2"},
+        {"anEntityOnNoLayer", [](Drawing& d) { d.layouts[0].entities[0].layer = 4; },
+         "entity 1 of layout 1 (\"A3\") refers to the layer with the index 4"},
+        {"aLayoutThatIsNotThere", [](Drawing& d) { d.activeLayout = 2; }, "the active tab refers to the layout"},
+        {"aReferenceWithoutPath", [](Drawing& d) { d.references[1].path.clear(); },
+         "reference 2 (\"grid\") has no path"},
+        {"anApplicationTwice", [](Drawing& d) { d.applications[1] = L"Kellayers"; },
+         "has the name of registered application 1"},
+    };
+}
+
+class UnwritableDrawing : public testing::TestWithParam<Fault> {};
+
+TEST_P(UnwritableDrawing, leavesTheFileAsItIs) {
+    const TemporaryFolder folder;
+    const std::wstring path = folder.file(L"drawing.zdr");
+    std::wstring reason;
+    FileStamp stamp;
+    ASSERT_EQ(writeDrawingFile(path, plainDrawing(), reason, stamp), Vorn::eOk);
+    const std::vector<std::byte> old = bytesOf(path);
+    Drawing drawing = sampleDrawing();
+    GetParam().apply(drawing);
+    EXPECT_EQ(writeDrawingFile(path, drawing, reason, stamp), Vorn::eInvalidInput);
+    EXPECT_THAT(toUtf8(reason), HasSubstr(GetParam().reason));
+    EXPECT_THAT(toUtf8(reason), HasSubstr("drawing.zdr\" can't be written, because the drawing is damaged: "));
+    EXPECT_EQ(bytesOf(path), old);
+    EXPECT_EQ(folder.entries(), 1u);
+}
+
+std::string nameOf(const testing::TestParamInfo<Fault>& info) {
+    return info.param.name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Faults, UnwritableDrawing, testing::ValuesIn(faults()), nameOf);
+
+} // namespace

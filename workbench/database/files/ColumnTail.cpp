@@ -1,0 +1,60 @@
+// Placing and writing of columns.
+#include "ColumnTail.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+namespace zdr {
+namespace {
+
+constexpr std::uint64_t kAlignment = 4; // of the number of values in front of each column
+
+std::uint64_t aligned(std::uint64_t position) {
+    return (position + kAlignment - 1) / kAlignment * kAlignment;
+}
+
+} // namespace
+
+template <class T> std::uint64_t ColumnTail::place(const Column<T>& column, Values values) {
+    const std::span<const std::byte> bytes = std::as_bytes(column.values());
+    const auto [entry, isNew] = m_positions.try_emplace({bytes.data(), bytes.size(), values}, m_size);
+    if (isNew) {
+        m_pieces.push_back({bytes, static_cast<std::uint32_t>(column.size()), values});
+        m_size = aligned(m_size + sizeof(std::uint32_t) + bytes.size());
+    }
+    return entry->second;
+}
+
+PlacedColumns ColumnTail::place(const LayerColumns& columns) {
+    const Values styles = m_styles.areNames() ? Values::Plain : Values::Styles;
+    return {place(columns.flags, Values::Plain), place(columns.colors, Values::Plain), place(columns.linetypes, styles),
+            place(columns.lineWeights, Values::Plain), place(columns.plotStyles, styles)};
+}
+
+void ColumnTail::write(SinkBuffer& out) const {
+    constexpr std::array<std::byte, kAlignment> padding{};
+    for (const Piece& piece : m_pieces) {
+        out.add(std::as_bytes(std::span(&piece.count, 1)));
+        if (piece.values == Values::Styles)
+            writeStyles(out, piece.bytes);
+        else
+            out.add(piece.bytes);
+        const std::uint64_t end = sizeof(piece.count) + piece.bytes.size();
+        out.add(std::span(padding).first(aligned(end) - end));
+    }
+}
+
+void ColumnTail::writeStyles(SinkBuffer& out, std::span<const std::byte> bytes) const {
+    std::array<NameId, 1024> block;
+    while (!bytes.empty()) {
+        const std::size_t size = std::min(bytes.size(), sizeof(block));
+        std::memcpy(block.data(), bytes.data(), size);
+        for (std::size_t i = 0; i < size / sizeof(NameId); ++i)
+            block[i] = m_styles.number(block[i]);
+        out.add(std::as_bytes(std::span(block)).first(size));
+        bytes = bytes.subspan(size);
+    }
+}
+
+} // namespace zdr

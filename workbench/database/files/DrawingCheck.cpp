@@ -1,0 +1,290 @@
+// The rules that hold between the parts of a drawing.
+#include "DrawingCheck.h"
+
+#include <cmath>
+#include <unordered_map>
+
+namespace zdr {
+namespace {
+
+constexpr std::size_t kLongestName = 255;
+// The names of a reference, of those nested in it, and of the layer itself, with "!" between them.
+constexpr std::size_t kLongestReferenceName = 32 * (kLongestName + 1);
+
+void checkName(std::wstring_view name, const Place& place, std::size_t longest = kLongestName) {
+    if (name.empty())
+        refuse(place, L"has no name");
+    if (name.size() > longest)
+        refuse(place, L"has a name of " + std::to_wstring(name.size()) + L" characters; names have at most " +
+                          std::to_wstring(longest));
+    for (const wchar_t c : name)
+        if (static_cast<std::uint32_t>(c) < 0x20)
+            refuse(place, L"has a control character in its name");
+}
+
+void checkNumber(double number, const Place& place) {
+    if (!std::isfinite(number))
+        refuse(place, L"has a coordinate or size that isn't a number");
+}
+
+void checkPoint(const Point& point, const Place& place) {
+    checkNumber(point.x, place);
+    checkNumber(point.y, place);
+}
+
+void checkLook(std::uint32_t color, std::int16_t lineWeight, const Place& place) {
+    if (!isColor(color))
+        refuse(place, L"has the colour " + std::to_wstring(color) + L", which isn't one");
+    if (!isLineWeight(lineWeight))
+        refuse(place, L"has the lineweight " + std::to_wstring(lineWeight) + L", which isn't one");
+}
+
+/// Names of one kind, which must differ without regard to case.
+class UniqueTexts {
+  public:
+    void add(std::wstring_view name, const Place& place) {
+        checkName(name, place);
+        const auto [entry, isNew] = m_first.emplace(foldCase(name), place.index);
+        if (!isNew)
+            refuse(place, L"has the name of " + Place{place.kind, entry->second}.text());
+    }
+
+  private:
+    std::unordered_map<std::wstring, std::size_t> m_first;
+};
+
+/// The same for names of the drawing's table.
+class UniqueNames {
+  public:
+    explicit UniqueNames(const NameTable& names) : m_names(names), m_first(names.size(), kNone) {}
+    void add(NameId name, Place place, std::size_t longest = kLongestName) {
+        if (name >= m_names.size())
+            refuseIndex(place, L"name", name, m_names.size());
+        place.name = m_names.text(name);
+        checkName(place.name, place, longest);
+        if (m_first[name] != kNone)
+            refuse(place, L"has the name of " + Place{place.kind, m_first[name]}.text());
+        m_first[name] = place.index;
+    }
+
+  private:
+    const NameTable& m_names;
+    std::vector<std::size_t> m_first;
+};
+
+class DrawingCheck {
+  public:
+    explicit DrawingCheck(const Drawing& drawing) : m_drawing(drawing) {}
+    void run();
+
+  private:
+    void checkHandle(Handle handle, const Place& place);
+    void checkStyles();
+    void checkLayers();
+    void checkLayerSet(const LayerSet& set, const Place& place);
+    void checkStates();
+    void checkLayer(std::size_t layer, const Place& place);
+    void checkStyle(NameId style, const Place& place);
+    void checkEntity(const Entity& entity, const Place& place);
+    void checkEntities(const std::vector<Entity>& entities, const Place* owner);
+    void checkViewport(const Viewport& viewport, const Place& place);
+    void checkLayouts();
+    void checkReferences();
+    void checkApplications();
+
+    const Drawing& m_drawing;
+    std::unordered_map<Handle, std::wstring> m_handles; // with the place that has it
+    std::set<const LayerSet*> m_sets;
+};
+
+void DrawingCheck::run() {
+    checkStyles();
+    checkLayers();
+    checkStates();
+    checkEntities(m_drawing.entities, nullptr);
+    checkLayouts();
+    checkReferences();
+    checkApplications();
+}
+
+void DrawingCheck::checkHandle(Handle handle, const Place& place) {
+    if (handle == 0)
+        refuse(place, L"has no handle");
+    if (handle >= m_drawing.nextHandle)
+        refuse(place, L"has the handle " + std::to_wstring(handle) + L", but the next handle to give is " +
+                          std::to_wstring(m_drawing.nextHandle));
+    const auto [entry, isNew] = m_handles.emplace(handle, place.text());
+    if (!isNew)
+        refuse(place, L"has the handle " + std::to_wstring(handle) + L", which is the handle of " + entry->second);
+}
+
+void DrawingCheck::checkStyles() {
+    UniqueNames linetypes(m_drawing.names);
+    for (std::size_t i = 0; i < m_drawing.linetypes.size(); ++i) {
+        const Place place{L"linetype", i};
+        linetypes.add(m_drawing.linetypes[i].name, place);
+        checkHandle(m_drawing.linetypes[i].handle, place);
+        for (const double length : m_drawing.linetypes[i].pattern)
+            checkNumber(length, place);
+    }
+    UniqueNames plotStyles(m_drawing.names);
+    for (std::size_t i = 0; i < m_drawing.plotStyles.size(); ++i) {
+        const Place place{L"plot style", i};
+        plotStyles.add(m_drawing.plotStyles[i].name, place);
+        checkHandle(m_drawing.plotStyles[i].handle, place);
+    }
+}
+
+void DrawingCheck::checkLayers() {
+    UniqueNames names(m_drawing.names);
+    for (std::size_t i = 0; i < m_drawing.layers.size(); ++i) {
+        const Layer& layer = m_drawing.layers[i];
+        Place place{L"layer", i};
+        names.add(layer.name, place, layer.reference == kNone ? kLongestName : kLongestReferenceName);
+        place.name = m_drawing.names.text(layer.name);
+        checkHandle(layer.handle, place);
+        if (layer.reference != kNone && layer.reference >= m_drawing.references.size())
+            refuseIndex(place, L"reference", layer.reference, m_drawing.references.size());
+    }
+    if (m_drawing.currentLayer >= m_drawing.layers.size())
+        refuseIndex({L"the current layer"}, L"layer", m_drawing.currentLayer, m_drawing.layers.size());
+}
+
+void DrawingCheck::checkLayerSet(const LayerSet& set, const Place& place) {
+    if (!m_sets.insert(&set).second)
+        return;
+    UniqueNames names(m_drawing.names);
+    for (std::size_t i = 0; i < set.names.size(); ++i)
+        names.add(set.names[i], {L"layer", i, {}, &place}, kLongestReferenceName);
+}
+
+void DrawingCheck::checkStates() {
+    UniqueTexts names;
+    for (std::size_t i = 0; i < m_drawing.states.size(); ++i) {
+        const LayerState& state = m_drawing.states[i];
+        if (state.reference != kNone)
+            continue; // belongs to another file
+        const Place place{L"layer state", i, state.name};
+        names.add(state.name, place);
+        checkHandle(state.handle, place);
+        if (!state.layers)
+            refuse(place, L"has no layers");
+        checkLayerSet(*state.layers, place);
+        if (state.currentLayer >= m_drawing.names.size())
+            refuseIndex(place, L"name", state.currentLayer, m_drawing.names.size());
+    }
+}
+
+void DrawingCheck::checkLayer(std::size_t layer, const Place& place) {
+    if (layer >= m_drawing.layers.size())
+        refuseIndex(place, L"layer", layer, m_drawing.layers.size());
+}
+
+void DrawingCheck::checkStyle(NameId style, const Place& place) {
+    if (style >= m_drawing.names.size())
+        refuseIndex(place, L"style name", style, m_drawing.names.size());
+}
+
+struct GeometryCheck {
+    const Place& place;
+    void operator()(const Line& line) const {
+        checkPoint(line.from, place);
+        checkPoint(line.to, place);
+    }
+    void operator()(const Polyline& polyline) const {
+        for (const Point& point : polyline.points)
+            checkPoint(point, place);
+    }
+    void operator()(const Circle& circle) const {
+        checkPoint(circle.center, place);
+        checkNumber(circle.radius, place);
+    }
+    void operator()(const Arc& arc) const {
+        checkPoint(arc.center, place);
+        for (const double number : {arc.radius, arc.startAngle, arc.endAngle})
+            checkNumber(number, place);
+    }
+    void operator()(const Text& text) const {
+        checkPoint(text.position, place);
+        checkNumber(text.height, place);
+        checkNumber(text.rotation, place);
+    }
+};
+
+void DrawingCheck::checkEntity(const Entity& entity, const Place& place) {
+    checkLayer(entity.layer, place);
+    checkStyle(entity.linetype, place);
+    checkLook(entity.color.value_or(kColorByLayer), entity.lineWeight, place);
+    std::visit(GeometryCheck{place}, entity.geometry);
+}
+
+void DrawingCheck::checkEntities(const std::vector<Entity>& entities, const Place* owner) {
+    for (std::size_t i = 0; i < entities.size(); ++i)
+        checkEntity(entities[i], {L"entity", i, {}, owner});
+}
+
+void DrawingCheck::checkViewport(const Viewport& viewport, const Place& place) {
+    checkHandle(viewport.handle, place);
+    checkPoint(viewport.corner, place);
+    checkPoint(viewport.viewCenter, place);
+    for (const double number : {viewport.width, viewport.height, viewport.scale})
+        checkNumber(number, place);
+    if (viewport.frozen.size() > m_drawing.layers.size())
+        refuseIndex(place, L"layer", viewport.frozen.size() - 1, m_drawing.layers.size());
+    std::size_t previous = kNone;
+    for (std::size_t i = 0; i < viewport.overrides.size(); ++i) {
+        const ViewportOverride& values = viewport.overrides[i];
+        const Place overridePlace{L"override", i, {}, &place};
+        checkLayer(values.layer, overridePlace);
+        if (previous != kNone && values.layer <= previous)
+            refuse(overridePlace, L"isn't behind the one before it in the order of layers");
+        previous = values.layer;
+        checkStyle(values.linetype, overridePlace);
+        checkStyle(values.plotStyle, overridePlace);
+        checkLook(values.color, values.lineWeight, overridePlace);
+    }
+}
+
+void DrawingCheck::checkLayouts() {
+    UniqueTexts names;
+    for (std::size_t i = 0; i < m_drawing.layouts.size(); ++i) {
+        const Layout& layout = m_drawing.layouts[i];
+        const Place place{L"layout", i, layout.name};
+        names.add(layout.name, place);
+        checkNumber(layout.paperWidth, place);
+        checkNumber(layout.paperHeight, place);
+        for (std::size_t j = 0; j < layout.viewports.size(); ++j)
+            checkViewport(layout.viewports[j], {L"viewport", j, {}, &place});
+        checkEntities(layout.entities, &place);
+    }
+    if (m_drawing.activeLayout && *m_drawing.activeLayout >= m_drawing.layouts.size())
+        refuseIndex({L"the active tab"}, L"layout", *m_drawing.activeLayout, m_drawing.layouts.size());
+}
+
+void DrawingCheck::checkReferences() {
+    UniqueTexts names;
+    for (std::size_t i = 0; i < m_drawing.references.size(); ++i) {
+        const Reference& reference = m_drawing.references[i];
+        const Place place{L"reference", i, reference.name};
+        names.add(reference.name, place);
+        if (reference.path.empty())
+            refuse(place, L"has no path");
+        checkPoint(reference.insertion, place);
+        checkNumber(reference.scale, place);
+        checkNumber(reference.rotation, place);
+    }
+}
+
+void DrawingCheck::checkApplications() {
+    UniqueTexts names;
+    for (std::size_t i = 0; i < m_drawing.applications.size(); ++i)
+        names.add(m_drawing.applications[i], {L"registered application", i, m_drawing.applications[i]});
+}
+
+} // namespace
+
+void checkDrawing(const Drawing& drawing) {
+    DrawingCheck(drawing).run();
+}
+
+} // namespace zdr

@@ -1,0 +1,185 @@
+// The entries to drawing files. Refusals thrown below end here as status and reason.
+#include "DrawingFile.h"
+
+#include "ContentHash.h"
+#include "DrawingReader.h"
+#include "DrawingWriter.h"
+#include "Refusal.h"
+#include "SystemFile.h"
+
+#include <cstring>
+#include <new>
+
+namespace zdr {
+namespace {
+
+constexpr std::size_t kReadSize = std::size_t{1} << 20; // what was just read is still in the cache when it is hashed
+
+struct FileBytes {
+    std::shared_ptr<std::byte[]> bytes;
+    FileStamp stamp;
+    std::span<const std::byte> span() const { return {bytes.get(), static_cast<std::size_t>(stamp.facts.size)}; }
+};
+
+/// Calls `take` with the next bytes of the file until it ends or `size` bytes have come; answers how many came.
+template <class Buffer> std::uint64_t readAll(InputFile& file, std::uint64_t size, ContentHash& hash, Buffer buffer) {
+    std::uint64_t done = 0;
+    while (done < size) {
+        const std::span<std::byte> room = buffer(done, std::min<std::uint64_t>(kReadSize, size - done));
+        const std::size_t count = file.read(room);
+        if (count == 0)
+            break;
+        hash.add(room.first(count));
+        done += count;
+    }
+    return done;
+}
+
+FileBytes readFile(const std::wstring& path) {
+    InputFile file(path);
+    FileBytes result;
+    result.stamp = {true, file.facts(), 0, fileClock()};
+    const std::uint64_t size = result.stamp.facts.size;
+    if (size > kLargestFile)
+        throw Refusal{Vorn::eFileCutOff, L"is larger than a drawing file can be"};
+    result.bytes = std::make_shared_for_overwrite<std::byte[]>(static_cast<std::size_t>(size));
+    ContentHash hash;
+    const std::uint64_t done = readAll(file, size, hash, [&](std::uint64_t at, std::uint64_t count) {
+        return std::span(result.bytes.get() + at, static_cast<std::size_t>(count));
+    });
+    if (done != size || file.facts() != result.stamp.facts)
+        throw Refusal{Vorn::eFileUnreadable, L"can't be read: it is being written by another program"};
+    result.stamp.content = hash.value();
+    return result;
+}
+
+/// The fingerprint of a file's bytes; none when it can't be read.
+std::optional<std::uint64_t> contentOf(const std::wstring& path, std::uint64_t size) {
+    try {
+        InputFile file(path);
+        std::vector<std::byte> room(kReadSize);
+        ContentHash hash;
+        readAll(file, size, hash, [&](std::uint64_t, std::uint64_t count) {
+            return std::span(room).first(static_cast<std::size_t>(count));
+        });
+        return hash.value();
+    } catch (const Refusal&) {
+        return std::nullopt;
+    }
+}
+
+/// Bytes on their way into a file, with their fingerprint.
+class FileSink final : public ByteSink {
+  public:
+    explicit FileSink(ReplacementFile& file) : m_file(file) {}
+    void write(std::span<const std::byte> bytes) override {
+        m_hash.add(bytes);
+        m_file.write(bytes);
+    }
+    std::uint64_t content() const { return m_hash.value(); }
+
+  private:
+    ReplacementFile& m_file;
+    ContentHash m_hash;
+};
+
+class MemorySink final : public ByteSink {
+  public:
+    explicit MemorySink(std::vector<std::byte>& bytes) : m_bytes(bytes) {}
+    void write(std::span<const std::byte> bytes) override { m_bytes.insert(m_bytes.end(), bytes.begin(), bytes.end()); }
+
+  private:
+    std::vector<std::byte>& m_bytes;
+};
+
+/// Runs `action`; turns what it throws into a status and a whole sentence.
+template <class Action>
+Vorn::ErrorStatus answer(const std::wstring& path, Vorn::ErrorStatus noMemory, std::wstring& reason, Action action) {
+    try {
+        action();
+        return Vorn::eOk;
+    } catch (const Refusal& refusal) {
+        reason = L"The file \"" + path + L"\" " + refusal.cause + L".";
+        return refusal.status;
+    } catch (const std::bad_alloc&) {
+        reason = L"There isn't enough memory for the file \"" + path + L"\".";
+        return noMemory;
+    }
+}
+
+void refuseChanged(const std::wstring& path, const FileStamp& stamp, Overwrite overwrite) {
+    if (overwrite == Overwrite::IfUnchanged && isFileChanged(path, stamp))
+        throw Refusal{Vorn::eFileChangedOnDisk,
+                      stamp.known ? L"was changed by another program since it was read, and was left as it is"
+                                  : L"stands there already, and was left as it is"};
+}
+
+FileStamp writeFile(const std::wstring& path, const DrawingWriter& writer, const FileStamp& stamp,
+                    Overwrite overwrite) {
+    ReplacementFile file(path);
+    FileSink sink(file);
+    writer.write(sink);
+    FileStamp written{true, file.flush(), sink.content(), fileClock()};
+    // Looked at once more: writing a large drawing takes its time.
+    refuseChanged(path, stamp, overwrite);
+    file.replace();
+    return written;
+}
+
+} // namespace
+
+Vorn::ErrorStatus readDrawingFile(const std::wstring& path, Drawing& drawing, std::wstring& reason, FileStamp* stamp) {
+    return answer(path, Vorn::eFileUnreadable, reason, [&] {
+        const FileBytes file = readFile(path);
+        drawing = drawingFromBytes(file.span(), file.bytes);
+        if (stamp)
+            *stamp = file.stamp;
+    });
+}
+
+Vorn::ErrorStatus readDrawingBytes(std::span<const std::byte> bytes, const std::wstring& name, Drawing& drawing,
+                                   std::wstring& reason) {
+    return answer(name, Vorn::eFileUnreadable, reason, [&] {
+        // A copy, because the drawing goes on looking at it.
+        const auto copy = std::make_shared_for_overwrite<std::byte[]>(bytes.size());
+        std::copy(bytes.begin(), bytes.end(), copy.get());
+        drawing = drawingFromBytes({copy.get(), bytes.size()}, copy);
+    });
+}
+
+Vorn::ErrorStatus writeDrawingFile(const std::wstring& path, const Drawing& drawing, std::wstring& reason,
+                                   FileStamp& stamp, Overwrite overwrite) {
+    return answer(path, Vorn::eFileWriteFailed, reason, [&] {
+        refuseChanged(path, stamp, overwrite);
+        stamp = writeFile(path, DrawingWriter(drawing), stamp, overwrite);
+    });
+}
+
+Vorn::ErrorStatus drawingBytes(const Drawing& drawing, std::vector<std::byte>& bytes, std::wstring& reason) {
+    return answer(L"in memory", Vorn::eFileWriteFailed, reason, [&] {
+        const DrawingWriter writer(drawing);
+        std::vector<std::byte> result;
+        result.reserve(writer.size());
+        MemorySink sink(result);
+        writer.write(sink);
+        bytes = std::move(result);
+    });
+}
+
+bool isFileChanged(const std::wstring& path, const FileStamp& stamp) {
+    const std::optional<FileFacts> now = fileFacts(path);
+    if (!now)
+        return false;
+    if (!stamp.known || now->size != stamp.facts.size)
+        return true;
+    // A write in the same tick of the file system's clock leaves the facts as they are, so facts that were fresh when
+    // they were noted say nothing. Whole seconds are the sign of a clock that ticks slowly: every two seconds at worst.
+    constexpr std::int64_t second = 1'000'000'000;
+    const std::int64_t tick = stamp.facts.modified % second == 0 ? 2 * second : second / 20;
+    const bool wasFresh = stamp.taken - stamp.facts.modified <= tick;
+    if (*now == stamp.facts && !wasFresh)
+        return false;
+    return contentOf(path, now->size) != stamp.content;
+}
+
+} // namespace zdr

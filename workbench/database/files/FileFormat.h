@@ -1,0 +1,24 @@
+// The frame around a drawing file's tables: its mark, its version, its length, and the verifier's word.
+#pragma once
+
+#include <drawing_generated.h>
+
+#include <cstddef>
+#include <span>
+
+namespace zdr {
+
+/// The version that this program writes, and the newest that it reads. It grows with every change of the schema.
+inline constexpr std::uint32_t kFileVersion = 1;
+
+/// No drawing file is larger: offsets in it have 31 bits.
+inline constexpr std::uint64_t kLargestFile = FLATBUFFERS_MAX_BUFFER_SIZE - 1;
+
+/// The tables in a file's bytes, once they are safe to look at. Throws a Refusal that tells a file of another kind, a
+/// shortened one, a newer one and a damaged one apart.
+const file::Drawing& verifiedDrawing(std::span<const std::byte> bytes);
+
+/// Throws a Refusal once tables being built can't become a file any more.
+void checkSize(std::uint64_t bytes);
+
+} // namespace zdr

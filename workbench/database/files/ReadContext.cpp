@@ -1,0 +1,59 @@
+// Texts, names and columns of a file being read.
+#include "ReadContext.h"
+
+#include "TextCoding.h"
+
+namespace zdr {
+
+void ReadContext::claim(std::size_t bytes) {
+    if (bytes > m_unclaimed)
+        throw Refusal{Vorn::eFileCutOff, L"is damaged: its parts overlap, and claim more bytes than the file holds"};
+    m_unclaimed -= bytes;
+}
+
+std::wstring ReadContext::text(const flatbuffers::String* source, const Place& place) {
+    if (!source)
+        return {};
+    claim(sizeof(flatbuffers::uoffset_t) + source->size());
+    std::optional<std::wstring> text = fromUtf8({source->c_str(), source->size()});
+    if (!text)
+        refuse(place, L"has a text that isn't UTF-8");
+    return *std::move(text);
+}
+
+NameId ReadContext::name(const flatbuffers::String* source, const Place& place) {
+    return m_names.intern(text(source, place));
+}
+
+NameId ReadContext::style(std::int64_t index, const Place& place) const {
+    if (index == -1)
+        return kNoName;
+    if (index < 0 || static_cast<std::uint64_t>(index) >= m_styles.size())
+        refuseIndex(place, L"style name", static_cast<std::uint64_t>(index), m_styles.size());
+    return m_styles[static_cast<std::size_t>(index)];
+}
+
+void ReadContext::readStyleNames(const flatbuffers::Vector<flatbuffers::Offset<flatbuffers::String>>& source) {
+    if (source.size() == 0 || source.Get(0)->size() != 0)
+        refuse({L"style name", 0}, L"isn't the empty one that stands first");
+    m_styles.reserve(source.size());
+    for (flatbuffers::uoffset_t i = 0; i < source.size(); ++i) {
+        m_styles.push_back(name(source.Get(i), {L"style name", i}));
+        m_identity = m_identity && m_styles.back() == i;
+    }
+}
+
+Column<NameId> ReadContext::styles(const flatbuffers::Vector<std::uint32_t>& source, const Place& place) {
+    // The numbers of a file can be looked at in place only when none of them leaves the style names; the check of the
+    // columns does that, and needs no second pass here.
+    if (m_identity)
+        return view(source);
+    claim(source.size() * sizeof(NameId));
+    std::vector<NameId> names;
+    names.reserve(source.size());
+    for (flatbuffers::uoffset_t i = 0; i < source.size(); ++i)
+        names.push_back(style(source.Get(i), place));
+    return Column<NameId>(std::move(names));
+}
+
+} // namespace zdr

@@ -1,0 +1,60 @@
+// What every part of the reader needs: the texts of the file as wide texts, its style names as names of the drawing,
+// and a limit on what a file can make of few bytes.
+#pragma once
+
+#include "Refusal.h"
+
+#include <flatbuffers/flatbuffers.h>
+
+#include <memory>
+
+namespace zdr {
+
+class ReadContext {
+  public:
+    /// `bytes` are the file's, kept alive by `owner`; texts become names of `names`.
+    ReadContext(std::span<const std::byte> bytes, std::shared_ptr<const void> owner, NameTable& names)
+        : m_owner(std::move(owner)), m_unclaimed(bytes.size()), m_names(names) {}
+
+    /// A text of the file; empty for one that the file doesn't have.
+    std::wstring text(const flatbuffers::String* source, const Place& place);
+    /// The same as a name of the drawing.
+    NameId name(const flatbuffers::String* source, const Place& place);
+    /// The number behind an index of the file, where -1 and 0 mean none.
+    NameId style(std::int64_t index, const Place& place) const;
+
+    /// Enters the file's style names; style() and column() count on them.
+    void readStyleNames(const flatbuffers::Vector<flatbuffers::Offset<flatbuffers::String>>& source);
+    std::size_t styleCount() const { return m_styles.size(); }
+    /// Whether the numbers of styles in the file are the drawing's own.
+    bool stylesAreNames() const { return m_identity; }
+
+    /// Answers for `bytes` of the file that are copied. Parts of an honest file don't overlap, so that all copies
+    /// together are no larger than the file; a file that makes more of its bytes is refused.
+    void claim(std::size_t bytes);
+
+    /// A column that looks at the file's bytes.
+    template <class T> Column<T> view(const flatbuffers::Vector<T>& source) const {
+        return Column<T>(m_owner, std::span<const T>(source.data(), source.size()));
+    }
+    /// A column of style numbers as names of the drawing: the file's bytes themselves when they agree.
+    Column<NameId> styles(const flatbuffers::Vector<std::uint32_t>& source, const Place& place);
+
+  private:
+    std::shared_ptr<const void> m_owner;
+    std::size_t m_unclaimed;
+    NameTable& m_names;
+    std::vector<NameId> m_styles;
+    bool m_identity = true;
+};
+
+/// The values of a vector of doubles or points; refuses one that isn't aligned as the processor wants it.
+template <class T> std::span<const T> alignedValues(const flatbuffers::Vector<T>& source, const Place& place) {
+    if (source.size() == 0)
+        return {}; // an empty vector may stand anywhere
+    if (reinterpret_cast<std::uintptr_t>(source.data()) % alignof(T) != 0)
+        refuse(place, L"has values at an address that isn't aligned");
+    return {source.data(), source.size()};
+}
+
+} // namespace zdr

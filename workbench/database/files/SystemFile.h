@@ -1,0 +1,62 @@
+// The system's files as the drawing files need them: read in one go, and replaced as a whole or not at all. One
+// interface over Win32 and POSIX; which one is compiled is chosen by the build. Failures are thrown as Refusal.
+#pragma once
+
+#include "FileStamp.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+
+namespace zdr {
+
+/// A file open for reading. Others may read, write and replace it meanwhile.
+class InputFile {
+  public:
+    /// Refuses with eFileNotFound, or with eFileUnreadable when it isn't allowed or isn't a plain file.
+    explicit InputFile(const std::wstring& path);
+    ~InputFile();
+    InputFile(const InputFile&) = delete;
+    InputFile& operator=(const InputFile&) = delete;
+
+    FileFacts facts() const;
+    /// Reads the next bytes; answers how many there were, 0 at the end.
+    std::size_t read(std::span<std::byte> bytes);
+
+  private:
+    std::intptr_t m_handle;
+};
+
+/// New content for a file, written beside it under a name of its own. The file itself stays as it is until replace();
+/// when that doesn't come, the new content is removed.
+class ReplacementFile {
+  public:
+    explicit ReplacementFile(const std::wstring& target);
+    ~ReplacementFile();
+    ReplacementFile(const ReplacementFile&) = delete;
+    ReplacementFile& operator=(const ReplacementFile&) = delete;
+
+    void write(std::span<const std::byte> bytes);
+    /// Waits until the bytes are on the disk, and answers the facts of the new content.
+    FileFacts flush();
+    /// Puts the new content in the place of the target, in one step that either happens or doesn't.
+    void replace();
+
+  private:
+    void close();
+
+    std::wstring m_target; // where a link at the given path leads
+    std::wstring m_path;
+    std::intptr_t m_handle;
+    bool m_replaced = false;
+};
+
+/// The facts of a file; none when there isn't one.
+std::optional<FileFacts> fileFacts(const std::wstring& path);
+
+/// Now, by the clock of FileFacts::modified.
+std::int64_t fileClock();
+
+} // namespace zdr

@@ -1,0 +1,176 @@
+// Files over POSIX.
+#include "SystemFile.h"
+
+#include "Refusal.h"
+#include "TextCoding.h"
+
+#include <atomic>
+#include <cerrno>
+#include <chrono>
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace zdr {
+namespace {
+
+std::wstring errorText(int error) {
+    return fromUtf8(std::generic_category().message(error)).value_or(L"unknown error");
+}
+
+[[noreturn]] void writeFailure(const wchar_t* action, int error) {
+    throw Refusal{Vorn::eFileWriteFailed,
+                  std::wstring(L"can't be written: ") + action + L" failed, because of \"" + errorText(error) + L"\""};
+}
+
+int descriptor(std::intptr_t handle) {
+    return static_cast<int>(handle);
+}
+
+FileFacts factsOf(const struct stat& status) {
+    return {static_cast<std::uint64_t>(status.st_size),
+            static_cast<std::int64_t>(status.st_mtim.tv_sec) * 1'000'000'000 + status.st_mtim.tv_nsec,
+            static_cast<std::uint64_t>(status.st_ino)};
+}
+
+/// The path behind symbolic links, so that a link stays a link and the file it leads to is replaced.
+std::wstring behindLinks(const std::wstring& path) {
+    std::error_code error;
+    const std::filesystem::path target = std::filesystem::canonical(systemPath(path), error);
+    return error ? path : widePath(target);
+}
+
+std::wstring besidePath(const std::wstring& target) {
+    static std::atomic<unsigned> counter{0};
+    const std::string name = ".zdr-" + std::to_string(getpid()) + "-" + std::to_string(counter++) + ".tmp";
+    return widePath(systemPath(target).parent_path() / name);
+}
+
+/// Makes the replacement as readable as what it replaces, where the file system knows permissions.
+void copyPermissions(int handle, const std::wstring& target) {
+    struct stat status {};
+    if (stat(systemPath(target).c_str(), &status) == 0)
+        fchmod(handle, status.st_mode & 07777);
+}
+
+/// A rename is safe from a power failure only once its folder is on the disk too.
+void flushFolder(const std::wstring& target) {
+    std::filesystem::path folder = systemPath(target).parent_path();
+    if (folder.empty())
+        folder = ".";
+    const int handle = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (handle < 0)
+        return;
+    fsync(handle);
+    ::close(handle);
+}
+
+} // namespace
+
+InputFile::InputFile(const std::wstring& path) {
+    // Without O_NONBLOCK a named pipe would wait for a writer.
+    const int handle = open(systemPath(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (handle < 0 && (errno == ENOENT || errno == ENOTDIR))
+        throw Refusal{Vorn::eFileNotFound, L"doesn't exist"};
+    if (handle < 0)
+        throw Refusal{Vorn::eFileUnreadable, L"can't be opened for reading: \"" + errorText(errno) + L"\""};
+    m_handle = handle;
+    struct stat status {};
+    if (fstat(handle, &status) == 0 && S_ISREG(status.st_mode))
+        return;
+    ::close(handle);
+    throw Refusal{Vorn::eFileUnreadable, S_ISDIR(status.st_mode) ? L"can't be opened for reading: it is a folder"
+                                                                 : L"can't be opened for reading: it isn't a file"};
+}
+
+InputFile::~InputFile() {
+    ::close(descriptor(m_handle));
+}
+
+FileFacts InputFile::facts() const {
+    struct stat status {};
+    if (fstat(descriptor(m_handle), &status) != 0)
+        throw Refusal{Vorn::eFileUnreadable, L"can't be read: \"" + errorText(errno) + L"\""};
+    return factsOf(status);
+}
+
+std::size_t InputFile::read(std::span<std::byte> bytes) {
+    for (;;) {
+        const ssize_t count = ::read(descriptor(m_handle), bytes.data(), bytes.size());
+        if (count >= 0)
+            return static_cast<std::size_t>(count);
+        if (errno != EINTR)
+            throw Refusal{Vorn::eFileUnreadable, L"can't be read: \"" + errorText(errno) + L"\""};
+    }
+}
+
+ReplacementFile::ReplacementFile(const std::wstring& target) : m_target(behindLinks(target)), m_handle(-1) {
+    const std::filesystem::path system = systemPath(m_target);
+    if (std::error_code error; std::filesystem::is_directory(system, error))
+        writeFailure(L"opening the file", EISDIR);
+    // A rename asks only for rights on the folder; a file that is protected against writing is not to be replaced.
+    if (access(system.c_str(), W_OK) != 0 && errno != ENOENT)
+        writeFailure(L"opening the file", errno);
+    do {
+        m_path = besidePath(m_target);
+        m_handle = open(systemPath(m_path).c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    } while (m_handle < 0 && errno == EEXIST);
+    if (m_handle < 0)
+        writeFailure(L"making a file in its folder", errno);
+    copyPermissions(descriptor(m_handle), m_target);
+}
+
+ReplacementFile::~ReplacementFile() {
+    close();
+    if (!m_replaced)
+        unlink(systemPath(m_path).c_str());
+}
+
+void ReplacementFile::close() {
+    if (m_handle >= 0)
+        ::close(descriptor(m_handle));
+    m_handle = -1;
+}
+
+void ReplacementFile::write(std::span<const std::byte> bytes) {
+    while (!bytes.empty()) {
+        const ssize_t count = ::write(descriptor(m_handle), bytes.data(), bytes.size());
+        if (count < 0 && errno != EINTR)
+            writeFailure(L"writing", errno);
+        if (count > 0)
+            bytes = bytes.subspan(static_cast<std::size_t>(count));
+    }
+}
+
+FileFacts ReplacementFile::flush() {
+    if (fsync(descriptor(m_handle)) != 0)
+        writeFailure(L"writing to the disk", errno);
+    close();
+    const std::optional<FileFacts> facts = fileFacts(m_path);
+    if (!facts)
+        writeFailure(L"asking for its size", errno);
+    return *facts;
+}
+
+void ReplacementFile::replace() {
+    if (rename(systemPath(m_path).c_str(), systemPath(m_target).c_str()) != 0)
+        writeFailure(L"replacing the old file", errno);
+    m_replaced = true;
+    flushFolder(m_target);
+}
+
+std::optional<FileFacts> fileFacts(const std::wstring& path) {
+    struct stat status {};
+    if (stat(systemPath(path).c_str(), &status) != 0 || !S_ISREG(status.st_mode))
+        return std::nullopt;
+    return factsOf(status);
+}
+
+std::int64_t fileClock() {
+    using namespace std::chrono;
+    return duration_cast<nanoseconds>(system_clock::now().time_since_epoch()).count();
+}
+
+} // namespace zdr

@@ -1,0 +1,48 @@
+// The tables of a drawing's file, all but the values of the columns.
+#pragma once
+
+#include "FileFormat.h"
+#include "StyleNumbers.h"
+
+#include <map>
+#include <memory>
+
+namespace zdr {
+
+/// The states that are kept in the drawing's own file: those that don't come from a reference.
+std::vector<const LayerState*> ownStates(const Drawing& drawing);
+
+class TableWriter {
+  public:
+    /// Writes to `builder`; all three must outlive the writer.
+    TableWriter(const Drawing& drawing, const StyleNumbers& styles, flatbuffers::FlatBufferBuilder& builder);
+    /// Writes all tables. Columns lead to an empty vector and the length isn't the file's, until the file is laid out.
+    void write();
+
+  private:
+    template <class T> using Vector = flatbuffers::Offset<flatbuffers::Vector<flatbuffers::Offset<T>>>;
+    using Text = flatbuffers::Offset<flatbuffers::String>;
+
+    Text text(std::wstring_view text);
+    Text optionalText(std::wstring_view text);
+    Vector<flatbuffers::String> names(const std::vector<NameId>& names);
+    Vector<file::Linetype> linetypes();
+    Vector<file::PlotStyle> plotStyles();
+    Vector<file::Layer> layers();
+    Vector<file::LayerSet> layerSets();
+    Vector<file::LayerState> states();
+    flatbuffers::Offset<file::LayerState> state(const LayerState& state);
+    Vector<file::Layout> layouts();
+    Vector<file::Reference> references();
+    Vector<flatbuffers::String> applications();
+    Vector<file::ExtendedData> extendedData();
+    flatbuffers::Offset<file::LayerColumns> columns();
+
+    const Drawing& m_drawing;
+    const StyleNumbers& m_styles;
+    flatbuffers::FlatBufferBuilder& m_builder;
+    std::uint32_t m_emptyVector;
+    std::map<const LayerSet*, std::uint32_t> m_setNumbers;
+};
+
+} // namespace zdr
