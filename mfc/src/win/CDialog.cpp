@@ -43,7 +43,7 @@ INT_PTR CALLBACK dialogProc(HWND handle, UINT message, WPARAM, LPARAM) {
     if (message != WM_INITDIALOG)
         return FALSE;
     auto* const dialog = dynamic_cast<CDialog*>(CWnd::FromHandlePermanent(handle));
-    return dialog ? dialog->OnInitDialog() : TRUE;
+    return dialog ? kelmfc::stopExceptions([dialog]() -> LRESULT { return dialog->OnInitDialog(); }) : TRUE;
 }
 
 } // namespace

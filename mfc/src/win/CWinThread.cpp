@@ -112,11 +112,7 @@ BOOL CWinThread::IsIdleMessage(MSG* pMsg) {
 }
 
 LRESULT CWinThread::ProcessWndProcException(CException*, const MSG* pMsg) {
-    if (pMsg->message == WM_CREATE)
-        return -1;
-    if (pMsg->message == WM_PAINT)
-        ::ValidateRect(pMsg->hwnd, nullptr); // or it comes again at once
-    return 0;
+    return kelmfc::resultAfterException(*pMsg);
 }
 
 namespace kelmfc {

@@ -1,23 +1,16 @@
 // CWnd: handles and their objects, the window procedure, creation, subclassing and the end of a window.
 
-#include "ThreadState.h"
-
-#include <memory>
-#include <unordered_map>
+#include "HandleMap.h"
 
 IMPLEMENT_DYNCREATE(CWnd, CCmdTarget)
 
 namespace {
 
-struct WindowMap {
-    std::unordered_map<HWND, CWnd*> permanent;
-    std::unordered_map<HWND, std::unique_ptr<CWnd>> temporary;
-};
+using WindowMap = kelmfc::HandleMap<CWnd, HWND, &CWnd::m_hWnd>;
 
-WindowMap& windowMap() {
-    // Never destroyed: windows and static objects may outlive it.
-    static auto* const map = new WindowMap;
-    return *map;
+WindowMap& theMap() {
+    static WindowMap& map = *new WindowMap;
+    return map;
 }
 
 /// Puts the outer message back when the inner one has been handled, also when a handler throws.
@@ -37,17 +30,6 @@ class MessageScope {
   private:
     MSG m_outer;
 };
-
-LRESULT answerException(CException* exception) {
-    const MSG message = kelmfc::theState().lastSent;
-    if (CWinThread* const thread = AfxGetThread())
-        return thread->ProcessWndProcException(exception, &message);
-    return 0;
-}
-
-CString textOf(const std::exception& exception) {
-    return CString(exception.what());
-}
 
 } // namespace
 
@@ -69,40 +51,28 @@ CWnd* CWnd::FromHandle(HWND hWnd) {
         return nullptr;
     if (CWnd* const permanent = FromHandlePermanent(hWnd))
         return permanent;
-    std::unique_ptr<CWnd>& temporary = windowMap().temporary[hWnd];
-    if (!temporary) {
-        temporary = std::make_unique<CWnd>();
-        temporary->m_hWnd = hWnd;
-    }
-    return temporary.get();
+    if (CWnd* const temporary = theMap().temporary(hWnd))
+        return temporary;
+    return theMap().addTemporary(hWnd, new CWnd);
 }
 
 CWnd* CWnd::FromHandlePermanent(HWND hWnd) {
-    const auto& permanent = windowMap().permanent;
-    const auto found = permanent.find(hWnd);
-    return found == permanent.end() ? nullptr : found->second;
+    return theMap().permanent(hWnd);
 }
 
 void CWnd::DeleteTempMap() {
-    for (auto& [handle, window] : windowMap().temporary)
-        window->m_hWnd = nullptr;
-    windowMap().temporary.clear();
+    theMap().deleteTemporary();
 }
 
 BOOL CWnd::Attach(HWND hWndNew) {
     if (!hWndNew || m_hWnd || FromHandlePermanent(hWndNew))
         return FALSE;
-    m_hWnd = hWndNew;
-    windowMap().permanent[hWndNew] = this;
+    theMap().attach(hWndNew, this);
     return TRUE;
 }
 
 HWND CWnd::Detach() {
-    const HWND handle = m_hWnd;
-    if (handle && FromHandlePermanent(handle) == this)
-        windowMap().permanent.erase(handle);
-    m_hWnd = nullptr;
-    return handle;
+    return m_hWnd ? theMap().detach(this) : nullptr;
 }
 
 BOOL CWnd::SubclassWindow(HWND hWnd) {
@@ -212,20 +182,7 @@ LRESULT CWndInternals::call(CWnd* window, UINT message, WPARAM wParam, LPARAM lP
 
 LRESULT AfxCallWndProc(CWnd* pWnd, HWND hWnd, UINT nMsg, WPARAM wParam, LPARAM lParam) {
     const MessageScope scope(hWnd, nMsg, wParam, lParam);
-    // Windows is on the stack below: an exception must not unwind through it.
-    try {
-        return CWndInternals::call(pWnd, nMsg, wParam, lParam);
-    } catch (CException* exception) {
-        const LRESULT result = answerException(exception);
-        exception->Delete();
-        return result;
-    } catch (const std::exception& exception) {
-        CSimpleException told(textOf(exception), FALSE);
-        return answerException(&told);
-    } catch (...) {
-        CSimpleException told(CString(), FALSE);
-        return answerException(&told);
-    }
+    return kelmfc::stopExceptions([&] { return CWndInternals::call(pWnd, nMsg, wParam, lParam); });
 }
 
 LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -3,6 +3,7 @@
 #include "ThreadState.h"
 
 #include <algorithm>
+#include <utility>
 
 void CWnd::GetWindowText(CString& rString) const {
     const int length = GetWindowTextLength();
@@ -171,12 +172,33 @@ CWnd* CWnd::GetNextDlgTabItem(CWnd* pWndCtl, BOOL bPrevious) const {
     return FromHandle(::GetNextDlgTabItem(m_hWnd, pWndCtl ? pWndCtl->m_hWnd : nullptr, bPrevious));
 }
 
+namespace {
+
+/// While one lives, the window hears nothing from its controls.
+class ExchangeScope {
+  public:
+    explicit ExchangeScope(HWND window) : m_outer(std::exchange(kelmfc::theState().exchanging, window)) {}
+    ~ExchangeScope() { kelmfc::theState().exchanging = m_outer; }
+    ExchangeScope(const ExchangeScope&) = delete;
+    ExchangeScope& operator=(const ExchangeScope&) = delete;
+
+  private:
+    HWND m_outer;
+};
+
+} // namespace
+
 BOOL CWnd::UpdateData(BOOL bSaveAndValidate) {
+    const ExchangeScope scope(m_hWnd);
     CDataExchange exchange(this, bSaveAndValidate);
     try {
         DoDataExchange(&exchange);
     } catch (CUserException* exception) {
         // The user has been told by whoever refused the data.
+        exception->Delete();
+        return FALSE;
+    } catch (CException* exception) {
+        exception->ReportError(MB_ICONEXCLAMATION, AFX_IDP_INTERNAL_FAILURE);
         exception->Delete();
         return FALSE;
     }

@@ -85,6 +85,18 @@ class IdleWork {
     LONG m_count = 0;
 };
 
+/// Tells apart the temporary objects of nested loops.
+class LoopScope {
+  public:
+    LoopScope() { ++kelmfc::theState().modalLoops; }
+    ~LoopScope() {
+        kelmfc::deleteTemporaryObjects();
+        --kelmfc::theState().modalLoops;
+    }
+    LoopScope(const LoopScope&) = delete;
+    LoopScope& operator=(const LoopScope&) = delete;
+};
+
 bool messageWaits(MSG* message) {
     return ::PeekMessage(message, nullptr, 0, 0, PM_NOREMOVE);
 }
@@ -92,6 +104,7 @@ bool messageWaits(MSG* message) {
 } // namespace
 
 int CWnd::RunModalLoop(DWORD dwFlags) {
+    const LoopScope scope;
     m_nFlags |= WF_MODALLOOP | WF_CONTINUEMODAL;
     MSG* const message = AfxGetCurrentMessage();
     IdleWork idle(*this, dwFlags);

@@ -30,12 +30,15 @@ CPoint pointOf(LPARAM lParam) {
     return {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
 }
 
+// What ON_REGISTERED_MESSAGE writes for a message whose number is only known to the running system.
+constexpr UINT kRegistered = 0xC000;
+
 const AFX_MSGMAP_ENTRY* findEntry(const AFX_MSGMAP* map, UINT message) {
     for (; map; map = map->pfnGetBaseMap ? map->pfnGetBaseMap() : nullptr) {
         for (const AFX_MSGMAP_ENTRY* entry = map->lpEntries; entry->nSig != AfxSig_end; ++entry) {
-            const bool registered = entry->nMessage == 0xC000 && message >= 0xC000 &&
-                                    *reinterpret_cast<const UINT*>(entry->nSig) == message;
-            if (registered || (entry->nMessage == message && entry->nCode == 0 && entry->nID == 0))
+            const bool found = entry->nMessage == kRegistered ? *reinterpret_cast<const UINT*>(entry->nSig) == message
+                                                              : entry->nMessage == message;
+            if (found && entry->nCode == 0 && entry->nID == 0)
                 return entry;
         }
     }
@@ -46,7 +49,7 @@ const AFX_MSGMAP_ENTRY* findEntry(const AFX_MSGMAP* map, UINT message) {
 LRESULT callWindowHandler(CWnd* window, const AFX_MSGMAP_ENTRY& entry, WPARAM wParam, LPARAM lParam) {
     const UINT low = LOWORD(wParam);
     const UINT high = HIWORD(wParam);
-    const UINT sig = entry.nMessage == 0xC000 ? static_cast<UINT>(AfxSig_Message) : static_cast<UINT>(entry.nSig);
+    const UINT sig = entry.nMessage == kRegistered ? static_cast<UINT>(AfxSig_Message) : static_cast<UINT>(entry.nSig);
     switch (sig) {
     case AfxSig_Void:
         (window->*handlerOf<void (CWnd::*)()>(entry))();
@@ -259,7 +262,7 @@ BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam) {
     const auto control = reinterpret_cast<HWND>(lParam);
     int code = HIWORD(wParam);
     if (control) {
-        if (ReflectLastMsg(control))
+        if (kelmfc::theState().exchanging == m_hWnd || ReflectLastMsg(control))
             return TRUE;
     } else if (id != 0) {
         // From a menu or an accelerator: it may have become disabled since.
@@ -275,7 +278,7 @@ BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam) {
 
 BOOL CWnd::OnNotify(WPARAM, LPARAM lParam, LRESULT* pResult) {
     auto* const header = reinterpret_cast<NMHDR*>(lParam);
-    if (ReflectLastMsg(header->hwndFrom, pResult))
+    if (kelmfc::theState().exchanging == m_hWnd || ReflectLastMsg(header->hwndFrom, pResult))
         return TRUE;
     const auto id = static_cast<UINT>(::GetDlgCtrlID(header->hwndFrom));
     AFX_NOTIFY notify = {pResult, header};

@@ -1,7 +1,10 @@
 // Which C++ object stands for a handle. A permanent object is one that somebody attached; a temporary one is made by
-// FromHandle, owns nothing and is gone at the next idle. The maps are of the one user-interface thread and are never
+// FromHandle, owns nothing and is gone at the next idle of the message loop it was made in: a handler that runs a modal
+// dialog finds its own temporary objects alive afterwards. The maps are of the one user-interface thread and are never
 // destroyed, because objects in static memory still detach themselves at the end of the program.
 #pragma once
+
+#include "ThreadState.h"
 
 #include <memory>
 #include <unordered_map>
@@ -32,17 +35,26 @@ template <class Object, class Handle, Handle Object::*handleOf> class HandleMap 
     Object* addTemporary(Handle handle, Object* object) {
         object->*handleOf = handle;
         m_temporary[handle] = object;
-        m_owned.emplace_back(object);
+        m_owned.push_back({std::unique_ptr<Object>(object), handle, theState().modalLoops});
         return object;
     }
+    /// Those of the loop that runs now.
     void deleteTemporary() {
-        m_temporary.clear();
-        for (const auto& object : m_owned)
-            (*object).*handleOf = nullptr;
-        m_owned.clear();
+        // Outer loops' objects come first.
+        while (!m_owned.empty() && m_owned.back().modalLoops >= theState().modalLoops) {
+            Owned& last = m_owned.back();
+            forgetTemporary(last.handle, last.object.get());
+            (*last.object).*handleOf = nullptr;
+            m_owned.pop_back();
+        }
     }
 
   private:
+    struct Owned {
+        std::unique_ptr<Object> object;
+        Handle handle; // as it was made for; the object may have been detached since
+        int modalLoops;
+    };
     using Objects = std::unordered_map<Handle, Object*>;
 
     static Object* find(const Objects& objects, Handle handle) {
@@ -57,7 +69,7 @@ template <class Object, class Handle, Handle Object::*handleOf> class HandleMap 
 
     Objects m_permanent;
     Objects m_temporary;
-    std::vector<std::unique_ptr<Object>> m_owned;
+    std::vector<Owned> m_owned;
 };
 
 } // namespace kelmfc

@@ -52,9 +52,12 @@ HINSTANCE AfxFindResourceHandle(LPCTSTR lpszName, LPCTSTR lpszType) {
 int AfxLoadString(UINT nIDS, LPTSTR lpszBuf, UINT nMaxBuf) {
     if (nMaxBuf > 0)
         *lpszBuf = 0;
-    // Strings stand in blocks of 16; the block is found, not the string.
-    const HINSTANCE place = AfxFindResourceHandle(MAKEINTRESOURCE((nIDS >> 4) + 1), RT_STRING);
-    return ::LoadString(place, nIDS, lpszBuf, static_cast<int>(nMaxBuf));
+    // Strings stand in blocks of 16, so a module may have the block without the string.
+    for (const HINSTANCE place : searchOrder()) {
+        if (const int length = ::LoadString(place, nIDS, lpszBuf, static_cast<int>(nMaxBuf)))
+            return length;
+    }
+    return 0;
 }
 
 void AfxFormatStrings(CString& rString, LPCTSTR lpszFormat, const LPCTSTR* rglpsz, int nString) {

@@ -3,6 +3,8 @@
 
 #include "ThreadState.h"
 
+#include <afxcmn.h>
+
 namespace kelmfc {
 
 namespace {
@@ -55,6 +57,26 @@ void deleteTemporaryObjects() {
     CMenu::DeleteTempMap();
     CDC::DeleteTempMap();
     CGdiObject::DeleteTempMap();
+    CImageList::DeleteTempMap();
+}
+
+LRESULT resultAfterException(const MSG& message) {
+    if (message.message == WM_CREATE)
+        return -1;
+    if (message.message == WM_PAINT)
+        ::ValidateRect(message.hwnd, nullptr); // or it comes again at once
+    return 0;
+}
+
+LRESULT answerException(CException* exception) {
+    const MSG message = theState().lastSent;
+    CWinThread* const thread = AfxGetThread();
+    return thread ? thread->ProcessWndProcException(exception, &message) : resultAfterException(message);
+}
+
+LRESULT answerException(const CString& text) {
+    CSimpleException told(text, FALSE);
+    return answerException(&told);
 }
 
 HWND safeOwner(HWND parent, HWND* top) {

@@ -4,6 +4,7 @@
 
 #include <afxwin.h>
 
+#include <exception>
 #include <vector>
 
 /// The library's own access to what no user of CWnd needs.
@@ -16,9 +17,11 @@ struct CWndInternals {
 namespace kelmfc {
 
 struct ThreadState {
-    MSG lastSent{};          ///< the message that AfxCallWndProc is handling
-    MSG current{};           ///< the message that the loop took, while there is no CWinThread
-    CWnd* created = nullptr; ///< gets the next window that is created
+    MSG lastSent{};            ///< the message that AfxCallWndProc is handling
+    MSG current{};             ///< the message that the loop took, while there is no CWinThread
+    HWND exchanging = nullptr; ///< the window of a running UpdateData, which isn't told of what that changes
+    int modalLoops = 0;        ///< how many RunModalLoop are running
+    CWnd* created = nullptr;   ///< gets the next window that is created
     HHOOK creationHook = nullptr;
     CWinThread* thread = nullptr;
     CWinApp* app = nullptr;
@@ -34,7 +37,7 @@ void hookWindowCreation(CWnd* window);
 /// Whether the hooked window was created.
 bool unhookWindowCreation();
 
-/// Deletes the temporary objects of all handle maps.
+/// Deletes the temporary objects that the running message loop made.
 void deleteTemporaryObjects();
 
 /// The window that a modal window is to have as its owner; `top` gets the window above it that was disabled, if any.
@@ -43,5 +46,26 @@ HWND safeOwner(HWND parent, HWND* top);
 /// One message through the thread object, if there is one; FALSE at WM_QUIT.
 BOOL pumpMessage();
 BOOL isIdleMessage(MSG* message);
+
+/// What a message answers whose handler threw, by the kind of the message.
+LRESULT resultAfterException(const MSG& message);
+/// Has the program tell the user, and answers for the message being handled.
+LRESULT answerException(CException* exception);
+LRESULT answerException(const CString& text);
+
+/// Calls back from Windows go through here: an exception must not unwind through the system's code.
+template <class Call> LRESULT stopExceptions(const Call& call) {
+    try {
+        return call();
+    } catch (CException* exception) {
+        const LRESULT result = answerException(exception);
+        exception->Delete();
+        return result;
+    } catch (const std::exception& exception) {
+        return answerException(CString(exception.what()));
+    } catch (...) {
+        return answerException(CString());
+    }
+}
 
 } // namespace kelmfc
