@@ -18,7 +18,7 @@ from states import add_states
 
 
 def titles(place, text):
-    place.text("G-ANNO-TEXT", 0, -4000, 350, text)
+    place.text("G-ANNO-TEXT", 0, -4000, 300, text)
     place.line("G-ANNO-TEXT", 0, -4130, 3500, -4130)
     place.text("G-ANNO-TEXT", 0, -4480, 200, "1 : 50")
 
