@@ -20,8 +20,8 @@ namespace {
 class RegisteredCommand : public KelEdCommand {
   public:
     RegisteredCommand(const wchar_t* group, const wchar_t* globalName, const wchar_t* localName, int flags,
-                      KelEdCommandFunction function)
-        : m_group(group), m_globalName(globalName), m_localName(localName), m_flags(flags), m_function(function) {}
+                      KelEdCommandFunction body)
+        : m_group(group), m_globalName(globalName), m_localName(localName), m_flags(flags), m_function(body) {}
 
     const wchar_t* groupName() const override { return m_group.c_str(); }
     const wchar_t* globalName() const override { return m_globalName.c_str(); }
