@@ -1,12 +1,15 @@
 # Drawings whose source is text: JSON in the shape of the drawing schema, built by flatc into the file that the programs read.
 set(KEL_DRAWING_SCHEMA ${CMAKE_SOURCE_DIR}/workbench/database/drawing.fbs)
 
-# kel_add_drawing(name json): builds ${CMAKE_BINARY_DIR}/samples/<name>.zdr from `json` (relative to the calling folder),
-# as part of a plain build, through the target drawing_<name>.
+# kel_add_drawing(name json [folder]): builds <folder>/<name>.zdr from `json` (relative to the calling folder), as part of a
+# plain build, through the target drawing_<name>. The folder is ${CMAKE_BINARY_DIR}/samples when none is given.
 function(kel_add_drawing name json)
     get_filename_component(source ${json} ABSOLUTE)
     get_filename_component(stem ${json} NAME_WLE)
     set(folder ${CMAKE_BINARY_DIR}/samples)
+    if(ARGC GREATER 2)
+        set(folder ${ARGV2})
+    endif()
     set(work ${CMAKE_CURRENT_BINARY_DIR}/flatc_${name})
     # flatc names its output after its input, so it works in a folder of its own and the result is moved.
     add_custom_command(

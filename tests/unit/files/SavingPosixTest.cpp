@@ -9,8 +9,12 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstdlib>
+#include <string_view>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace zdr;
 using testing::HasSubstr;
@@ -96,4 +100,35 @@ TEST(SavingOnPosix, aPipeIsRefusedWithoutWaitingForIt) {
     std::wstring reason;
     EXPECT_EQ(readDrawingFile(path, drawing, reason), Vorn::eFileUnreadable);
     EXPECT_THAT(toUtf8(reason), HasSubstr("it isn't a file"));
+}
+
+TEST(SavingOnPosix, aProgramKilledWhileItSavesLeavesAWholeDrawing) {
+    const char* quick = std::getenv("KEL_TEST_QUICK");
+    const int kills = quick && std::string_view(quick) == "1" ? 10 : 60;
+    const TemporaryFolder folder;
+    const std::wstring path = folder.file(L"drawing.zdr");
+    std::wstring reason;
+    FileStamp stamp;
+    ASSERT_EQ(writeDrawingFile(path, plainDrawing(), reason, stamp), Vorn::eOk);
+    int leftBehind = 0;
+    for (int kill = 0; kill < kills; ++kill) {
+        const pid_t child = fork();
+        ASSERT_GE(child, 0);
+        if (child == 0)
+            for (;;)
+                if (writeDrawingFile(path, sampleDrawing(), reason, stamp, Overwrite::Always) != Vorn::eOk)
+                    _exit(1);
+        usleep(static_cast<useconds_t>(1000 + kill * 37 % 5000));
+        ::kill(child, SIGKILL);
+        int status = 0;
+        waitpid(child, &status, 0);
+        ASSERT_TRUE(WIFSIGNALED(status)) << "saving failed by itself";
+        Drawing drawing;
+        ASSERT_EQ(readDrawingFile(path, drawing, reason), Vorn::eOk) << toUtf8(reason);
+        leftBehind += folder.entries() > 1;
+        for (const auto& entry : std::filesystem::directory_iterator(folder.path()))
+            if (entry.path().extension() == ".tmp")
+                std::filesystem::remove(entry.path());
+    }
+    EXPECT_GT(leftBehind, 0) << "no save was interrupted, so nothing was tried";
 }
