@@ -50,6 +50,12 @@ std::vector<Damage> columnDamages() {
         {"aPlotStyleOutOfRange",
          [](FilePatch& f) { f.setElement(state(f, 1)->columns()->plot_styles(), 0, 0xFFFFFFFFu); },
          "has 4294967295 among its plot styles"},
+        {"linetypesThatAreTheColors",
+         [](FilePatch& f) {
+             const file::LayerColumns* columns = state(f, 1)->columns();
+             f.lead(columns, file::LayerColumns::VT_LINETYPES, columns->colors());
+         },
+         "layer state 2 (\"Gro\xC3\x9F\") has 7 among its linetypes, for its layer 1"},
         {"unknownFlags", [](FilePatch& f) { f.setElement(state(f, 1)->columns()->flags(), 1, std::uint8_t{64}); },
          "layer state 2 (\"Gro\xC3\x9F\") has 64 among its state flags, for its layer 2"},
         {"aColorThatIsNone", [](FilePatch& f) { f.setElement(state(f, 1)->columns()->colors(), 1, 257u); },

@@ -19,6 +19,8 @@ class ClaimingFile {
     flatbuffers::FlatBufferBuilder builder;
     Offset<flatbuffers::Vector<Offset<file::LayerSet>>> layerSets;
     Offset<flatbuffers::Vector<Offset<file::Entity>>> entities;
+    Offset<flatbuffers::Vector<Offset<file::Layout>>> layouts;
+    std::uint32_t layerCount = 1;
 
     Offset<flatbuffers::Vector<Offset<flatbuffers::String>>> names(const std::vector<std::string>& names) {
         return builder.CreateVectorOfStrings(names);
@@ -29,17 +31,20 @@ class ClaimingFile {
             layerSets = builder.CreateVector(std::vector<Offset<file::LayerSet>>());
         if (entities.IsNull())
             entities = builder.CreateVector(std::vector<Offset<file::Entity>>());
+        if (layouts.IsNull())
+            layouts = builder.CreateVector(std::vector<Offset<file::Layout>>());
         const auto styles = names({""});
-        const std::vector<Offset<file::Layer>> layers{file::CreateLayer(builder, builder.CreateString("Base"))};
-        const auto columns = file::CreateLayerColumns(
-            builder, builder.CreateVector(std::vector<std::uint8_t>{9}),
-            builder.CreateVector(std::vector<std::uint32_t>{7}), builder.CreateVector(std::vector<std::uint32_t>{0}),
-            builder.CreateVector(std::vector<std::int16_t>{-3}), builder.CreateVector(std::vector<std::uint32_t>{0}));
+        std::vector<Offset<file::Layer>> layers;
+        for (std::uint32_t i = 0; i < layerCount; ++i)
+            layers.push_back(file::CreateLayer(builder, builder.CreateString("L" + std::to_string(i))));
+        const auto values = [&]<class T>(T value) { return builder.CreateVector(std::vector<T>(layerCount, value)); };
+        const auto columns = file::CreateLayerColumns(builder, values(std::uint8_t{9}), values(7u), values(0u),
+                                                      values(std::int16_t{-3}), values(0u));
         const auto none = [&]<class T>(T*) { return builder.CreateVector(std::vector<Offset<T>>()); };
         const auto root = file::CreateDrawing(builder, 1, 0, styles, none((file::Linetype*)nullptr),
                                               none((file::PlotStyle*)nullptr), false, builder.CreateVector(layers),
                                               columns, 0, layerSets, none((file::LayerState*)nullptr), 0, entities,
-                                              none((file::Layout*)nullptr), -1, 0, none((file::Reference*)nullptr));
+                                              layouts, -1, 0, none((file::Reference*)nullptr));
         file::FinishDrawingBuffer(builder, root);
         Drawing drawing;
         std::wstring reason;
@@ -103,5 +108,20 @@ TEST(HugeClaims, oneEntityInAMillionPlacesIsRefused) {
     const auto entity = file::CreateEntity(file.builder, 0, 256, -1, -1, file::Geometry::Line, geometry);
     file.entities = file.builder.CreateVector(std::vector<Offset<file::Entity>>(1000000, entity));
     EXPECT_THAT(file.readingFails(), HasSubstr("is cut off or damaged"));
+    EXPECT_EQ(file.status, Vorn::eFileCutOff);
+}
+
+TEST(HugeClaims, viewportsThatEachFreezeTheLastOfManyLayersAreRefused) {
+    ClaimingFile file;
+    file.layerCount = 40000;
+    const file::Point origin(0, 0);
+    std::vector<Offset<file::Viewport>> viewports;
+    const auto last = file.builder.CreateVector(std::vector<std::uint32_t>{file.layerCount - 1});
+    for (int i = 0; i < 30000; ++i)
+        viewports.push_back(file::CreateViewport(file.builder, 0, -1, &origin, 1, 1, &origin, 1, last));
+    const auto layout =
+        file::CreateLayout(file.builder, file.builder.CreateString("A3"), 0, 0, file.builder.CreateVector(viewports));
+    file.layouts = file.builder.CreateVector(std::vector<Offset<file::Layout>>{layout});
+    EXPECT_THAT(file.readingFails(), HasSubstr("its viewports have more layers than a drawing can hold"));
     EXPECT_EQ(file.status, Vorn::eFileCutOff);
 }

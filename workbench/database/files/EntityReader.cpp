@@ -60,15 +60,20 @@ Entity entityFrom(const file::Entity& source, const Place& place, ReadContext& c
     return entity;
 }
 
-void readFrozen(const flatbuffers::Vector<std::uint32_t>& source, std::vector<bool>& frozen, const Place& place,
-                std::size_t layerCount) {
+std::vector<bool> frozenFrom(const flatbuffers::Vector<std::uint32_t>& source, const Place& place,
+                             std::size_t layerCount, ReadContext& context) {
+    context.claim(source.size() * sizeof(std::uint32_t));
+    std::size_t count = 0;
     for (const std::uint32_t layer : source) {
         if (layer >= layerCount)
             refuseIndex(place, L"layer", layer, layerCount);
-        if (layer >= frozen.size())
-            frozen.resize(layer + 1);
-        frozen[layer] = true;
+        count = std::max<std::size_t>(count, layer + std::size_t{1});
     }
+    context.claimFlags(count);
+    std::vector<bool> frozen(count);
+    for (const std::uint32_t layer : source)
+        frozen[layer] = true;
+    return frozen;
 }
 
 ViewportOverride overrideFrom(const file::Override& source, const Place& place, const ReadContext& context) {
@@ -86,10 +91,8 @@ Viewport viewportFrom(const file::Viewport& source, const Place& place, std::siz
     viewport.height = source.height();
     viewport.viewCenter = pointFrom(*source.view_center());
     viewport.scale = source.scale();
-    if (source.frozen_layers()) {
-        context.claim(source.frozen_layers()->size() * sizeof(std::uint32_t));
-        readFrozen(*source.frozen_layers(), viewport.frozen, place, layerCount);
-    }
+    if (source.frozen_layers())
+        viewport.frozen = frozenFrom(*source.frozen_layers(), place, layerCount, context);
     if (source.overrides())
         for (const file::Override* values : *source.overrides())
             viewport.overrides.push_back(

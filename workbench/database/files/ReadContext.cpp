@@ -11,6 +11,12 @@ void ReadContext::claim(std::size_t bytes) {
     m_unclaimed -= bytes;
 }
 
+void ReadContext::claimFlags(std::size_t count) {
+    if (count > m_unclaimedFlags)
+        throw Refusal{Vorn::eFileCutOff, L"is damaged: its viewports have more layers than a drawing can hold"};
+    m_unclaimedFlags -= count;
+}
+
 std::wstring ReadContext::text(const flatbuffers::String* source, const Place& place) {
     if (!source)
         return {};

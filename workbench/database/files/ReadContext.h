@@ -32,6 +32,8 @@ class ReadContext {
     /// Answers for `bytes` of the file that are copied. Parts of an honest file don't overlap, so that all copies
     /// together are no larger than the file; a file that makes more of its bytes is refused.
     void claim(std::size_t bytes);
+    /// Answers for `count` flags that the file only implies: a viewport's, of all layers up to the last frozen one.
+    void claimFlags(std::size_t count);
 
     /// A column that looks at the file's bytes.
     template <class T> Column<T> view(const flatbuffers::Vector<T>& source) const {
@@ -43,6 +45,7 @@ class ReadContext {
   private:
     std::shared_ptr<const void> m_owner;
     std::size_t m_unclaimed;
+    std::size_t m_unclaimedFlags = std::size_t{1} << 30; // 128 MB of flags: 50,000 viewports over 20,000 layers
     NameTable& m_names;
     std::vector<NameId> m_styles;
     bool m_identity = true;
