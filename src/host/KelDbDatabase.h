@@ -50,6 +50,7 @@ class KELDB_API KelDbDatabase : public KelRtObject {
 
   private:
     KelDbImpDatabase* m_imp;
+    friend struct KelDbDatabaseAccess;
 };
 
 /// What the host offers every module.

@@ -17,6 +17,7 @@ enum ErrorStatus : std::int32_t {
     eWasOpenForRead = 6,
     eWasOpenForWrite = 7,
     eKeyNotFound = 8,
+    eWasErased = 9,
     eNoDatabase = 15, ///< nothing has been opened, or the database is null
     eNullObjectId = 16,
     eDuplicateRecordName = 23, ///< a record of that name stands already

@@ -91,6 +91,11 @@ std::string describe(const KelString& text) {
 std::string describe(KelDbObjectId id) {
     if (id.isNull())
         return "null";
+    // Objects that every drawing has bear handles from the top of the range, and say more by their name.
+    constexpr const char* named[] = {"#layerTable", "#linetypeTable", "#plotStyles", "#layerStates"};
+    const std::uint64_t fromTop = ~id.handle().value();
+    if (fromTop < std::size(named))
+        return named[fromTop];
     std::ostringstream out;
     out << '#' << std::hex << std::uppercase << id.handle().value();
     return out.str();
@@ -101,6 +106,10 @@ std::string describe(const KelCmColor& color) {
         return "color " + std::to_string(color.colorIndex());
     return "rgb " + std::to_string(color.red()) + "," + std::to_string(color.green()) + "," +
            std::to_string(color.blue());
+}
+
+std::string describe(const std::uint32_t* value) {
+    return value ? std::to_string(*value) : "null";
 }
 
 std::string describe(double value) {

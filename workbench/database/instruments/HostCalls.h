@@ -2,6 +2,7 @@
 // what is open or handed out. All of them are off until a test turns them on; a call then costs one branch.
 #pragma once
 
+#include "KelArray.h"
 #include "KelCmColor.h"
 #include "KelDbObjectId.h"
 #include "KelExport.h"
@@ -29,6 +30,8 @@ KELDB_API std::string describe(const KelString& text);
 KELDB_API std::string describe(KelDbObjectId id);
 KELDB_API std::string describe(const KelCmColor& color);
 KELDB_API std::string describe(double value);
+/// A mask or a number given by pointer.
+KELDB_API std::string describe(const std::uint32_t* value);
 inline std::string describe(bool value) {
     return value ? "true" : "false";
 }
@@ -39,6 +42,13 @@ requires(std::is_integral_v<T> || std::is_enum_v<T>) std::string describe(T valu
 /// Pointers to objects are told apart only by whether they are null; their addresses differ from run to run.
 inline std::string describe(const void* pointer) {
     return pointer ? "object" : "null";
+}
+
+template <class T> std::string describe(const KelArray<T>& items) {
+    std::string text = "[";
+    for (const T& item : items)
+        text += (text.size() == 1 ? "" : ", ") + describe(item);
+    return text + "]";
 }
 
 /// The trace: one line a call, in the order in which the calls began, as `operation(arguments) = answer, name=value`.

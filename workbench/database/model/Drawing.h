@@ -96,6 +96,7 @@ struct ViewportOverride {
     NameId linetype = kNoName;
     std::int16_t lineWeight = 0;
     NameId plotStyle = kNoName;
+    friend bool operator==(const ViewportOverride&, const ViewportOverride&) = default;
 };
 
 /// A window in a layout through which model space is seen.

@@ -1,0 +1,174 @@
+// See Changes.h.
+
+#include "Changes.h"
+
+#include "ObjectDirectory.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace engine {
+namespace {
+
+using Offset = std::ptrdiff_t;
+
+bool sameLayer(const zdr::ViewportOverride& layer, std::size_t index) {
+    return layer.layer == index;
+}
+
+// Everything that counts layers, made to count without or with one at `index`.
+void shiftIndices(zdr::Drawing& drawing, std::size_t index, bool inserted) {
+    const auto shift = [=](std::size_t& layer) {
+        if (inserted ? layer >= index : layer > index)
+            layer = inserted ? layer + 1 : layer - 1;
+    };
+    shift(drawing.currentLayer);
+    for (zdr::Entity& entity : drawing.entities)
+        shift(entity.layer);
+    for (zdr::Layout& layout : drawing.layouts) {
+        for (zdr::Entity& entity : layout.entities)
+            shift(entity.layer);
+        for (zdr::Viewport& viewport : layout.viewports)
+            for (zdr::ViewportOverride& layer : viewport.overrides)
+                shift(layer.layer);
+    }
+}
+
+template <class Action> void forEachViewport(zdr::Drawing& drawing, Action action) {
+    for (zdr::Layout& layout : drawing.layouts)
+        for (zdr::Viewport& viewport : layout.viewports)
+            action(viewport);
+}
+
+WholeLayer takeOut(zdr::Drawing& drawing, std::size_t index) {
+    WholeLayer whole{std::move(drawing.layers[index]), valuesAt(drawing.columns, index), {}, {}};
+    forEachViewport(drawing, [&](zdr::Viewport& viewport) {
+        if (index < viewport.frozen.size()) {
+            if (viewport.frozen[index])
+                whole.frozenIn.push_back(viewport.handle);
+            viewport.frozen.erase(viewport.frozen.begin() + static_cast<Offset>(index));
+        }
+        std::erase_if(viewport.overrides, [&](const zdr::ViewportOverride& layer) {
+            if (sameLayer(layer, index))
+                whole.overrides.emplace_back(viewport.handle, layer);
+            return sameLayer(layer, index);
+        });
+    });
+    drawing.layers.erase(drawing.layers.begin() + static_cast<Offset>(index));
+    eraseValues(drawing.columns, index);
+    shiftIndices(drawing, index, false);
+    return whole;
+}
+
+void putIn(zdr::Drawing& drawing, std::size_t index, WholeLayer whole) {
+    shiftIndices(drawing, index, true);
+    drawing.layers.insert(drawing.layers.begin() + static_cast<Offset>(index), std::move(whole.layer));
+    insertValues(drawing.columns, index, whole.values);
+    forEachViewport(drawing, [index](zdr::Viewport& viewport) {
+        if (index < viewport.frozen.size())
+            viewport.frozen.insert(viewport.frozen.begin() + static_cast<Offset>(index), false);
+    });
+    for (const zdr::Handle handle : whole.frozenIn)
+        if (zdr::Viewport* viewport = findViewport(drawing, handle)) {
+            viewport->frozen.resize(std::max(viewport->frozen.size(), index + 1));
+            viewport->frozen[index] = true;
+        }
+    for (const auto& [handle, layer] : whole.overrides)
+        if (zdr::Viewport* viewport = findViewport(drawing, handle)) {
+            auto& overrides = viewport->overrides;
+            overrides.insert(std::ranges::lower_bound(overrides, index, {}, &zdr::ViewportOverride::layer), layer);
+        }
+}
+
+} // namespace
+
+zdr::Viewport* findViewport(zdr::Drawing& drawing, zdr::Handle handle) {
+    for (zdr::Layout& layout : drawing.layouts)
+        for (zdr::Viewport& viewport : layout.viewports)
+            if (viewport.handle == handle)
+                return &viewport;
+    return nullptr;
+}
+
+const zdr::Viewport* findViewport(const zdr::Drawing& drawing, zdr::Handle handle) {
+    return findViewport(const_cast<zdr::Drawing&>(drawing), handle);
+}
+
+void ColumnsChange::exchange(zdr::Drawing& drawing, ObjectDirectory&) {
+    std::swap(drawing.columns, columns);
+}
+
+void StateChange::exchange(zdr::Drawing& drawing, ObjectDirectory& objects) {
+    KelDbStub* stub = objects.find(handle);
+    const bool present = stub && !stub->erased;
+    if (present && state) {
+        std::swap(drawing.states[stub->index], *state);
+    } else if (present) {
+        position = stub->index;
+        state = std::move(drawing.states[position]);
+        drawing.states.erase(drawing.states.begin() + static_cast<Offset>(position));
+        objects.removeState(position);
+    } else if (state) {
+        drawing.states.insert(drawing.states.begin() + static_cast<Offset>(position), std::move(*state));
+        objects.insertState(position, handle);
+        state.reset();
+    }
+}
+
+void SettingsChange::exchange(zdr::Drawing& drawing, ObjectDirectory&) {
+    std::swap(drawing.currentLayer, currentLayer);
+    std::swap(drawing.lastRestored, lastRestored);
+    std::swap(drawing.activeLayout, activeLayout);
+    std::swap(drawing.currentViewport, currentViewport);
+}
+
+void ViewportChange::exchange(zdr::Drawing& drawing, ObjectDirectory&) {
+    if (zdr::Viewport* viewport = findViewport(drawing, handle)) {
+        std::swap(viewport->frozen, frozen);
+        std::swap(viewport->overrides, overrides);
+    }
+}
+
+void LayerChange::exchange(zdr::Drawing& drawing, ObjectDirectory& objects) {
+    zdr::Layer& present = drawing.layers[objects.find(handle)->index];
+    std::wstring otherSpelling = drawing.names.text(present.name);
+    std::swap(present, layer);
+    std::swap(drawing.layerSet, layerSet);
+    drawing.names.respell(present.name, spelling);
+    spelling = std::move(otherSpelling);
+}
+
+void LayerListChange::exchange(zdr::Drawing& drawing, ObjectDirectory& objects) {
+    if (layer) {
+        const zdr::Handle handle = layer->layer.handle;
+        putIn(drawing, index, std::move(*layer));
+        objects.insertLayer(index, handle);
+        layer.reset();
+    } else {
+        layer = takeOut(drawing, index);
+        objects.removeLayer(index);
+    }
+    std::swap(drawing.layerSet, layerSet);
+}
+
+void ExtendedDataChange::exchange(zdr::Drawing& drawing, ObjectDirectory&) {
+    auto& all = drawing.extendedData;
+    const auto [first, behind] = std::ranges::equal_range(all, object, {}, &zdr::ExtendedData::object);
+    const auto found = std::find_if(first, behind, [this](const zdr::ExtendedData& data) {
+        return zdr::equalFolded(data.application, application);
+    });
+    if (found == behind) {
+        if (!values.empty())
+            all.insert(behind, {object, application, std::exchange(values, {})});
+        return;
+    }
+    std::swap(found->values, values);
+    if (found->values.empty())
+        all.erase(found);
+}
+
+void ApplicationsChange::exchange(zdr::Drawing& drawing, ObjectDirectory&) {
+    std::swap(drawing.applications, applications);
+}
+
+} // namespace engine

@@ -1,0 +1,102 @@
+// The changes of a drawing that can be undone. Each holds the other side of the change, the one that isn't in the
+// drawing at the moment; exchanging the two undoes it, and exchanging them again does it anew. Columns are shared and
+// the rest is moved, so that no change copies the drawing.
+#pragma once
+
+#include "model/Drawing.h"
+
+#include <variant>
+
+namespace engine {
+
+class ObjectDirectory;
+
+struct ColumnsChange {
+    zdr::LayerColumns columns;
+    void exchange(zdr::Drawing& drawing, ObjectDirectory& objects);
+};
+
+/// A state was changed, put in or taken out.
+struct StateChange {
+    zdr::Handle handle = 0;
+    std::size_t position = 0;
+    std::optional<zdr::LayerState> state; ///< none: the other side lacks it
+    void exchange(zdr::Drawing& drawing, ObjectDirectory& objects);
+};
+
+/// What a drawing has once.
+struct SettingsChange {
+    std::size_t currentLayer = 0;
+    std::optional<std::wstring> lastRestored;
+    std::optional<std::size_t> activeLayout;
+    std::optional<zdr::Handle> currentViewport;
+    void exchange(zdr::Drawing& drawing, ObjectDirectory& objects);
+};
+
+struct ViewportChange {
+    zdr::Handle handle = 0;
+    std::vector<bool> frozen;
+    std::vector<zdr::ViewportOverride> overrides;
+    void exchange(zdr::Drawing& drawing, ObjectDirectory& objects);
+};
+
+/// A layer's name, its spelling or its description.
+struct LayerChange {
+    zdr::Handle handle = 0;
+    zdr::Layer layer;
+    std::wstring spelling;
+    std::shared_ptr<const zdr::LayerSet> layerSet;
+    void exchange(zdr::Drawing& drawing, ObjectDirectory& objects);
+};
+
+/// A layer with everything that a drawing keeps of it beside its entities.
+struct LayerValues {
+    std::uint8_t flags = 0;
+    std::uint32_t color = 7;
+    zdr::NameId linetype = zdr::kNoName;
+    std::int16_t lineWeight = -3;
+    zdr::NameId plotStyle = zdr::kNoName;
+    friend bool operator==(const LayerValues&, const LayerValues&) = default;
+};
+struct WholeLayer {
+    zdr::Layer layer;
+    LayerValues values;
+    std::vector<zdr::Handle> frozenIn; ///< viewports
+    std::vector<std::pair<zdr::Handle, zdr::ViewportOverride>> overrides;
+};
+
+/// A layer was put in or taken out.
+struct LayerListChange {
+    std::size_t index = 0;
+    std::optional<WholeLayer> layer; ///< none: the other side lacks it
+    std::shared_ptr<const zdr::LayerSet> layerSet;
+    void exchange(zdr::Drawing& drawing, ObjectDirectory& objects);
+};
+
+/// The extended data of one object for one application; empty: none.
+struct ExtendedDataChange {
+    zdr::Handle object = 0;
+    std::wstring application;
+    std::vector<zdr::ExtendedValue> values;
+    void exchange(zdr::Drawing& drawing, ObjectDirectory& objects);
+};
+
+struct ApplicationsChange {
+    std::vector<std::wstring> applications;
+    void exchange(zdr::Drawing& drawing, ObjectDirectory& objects);
+};
+
+using Change = std::variant<ColumnsChange, StateChange, SettingsChange, ViewportChange, LayerChange, LayerListChange,
+                            ExtendedDataChange, ApplicationsChange>;
+
+/// The viewport of a handle; null when there is none.
+zdr::Viewport* findViewport(zdr::Drawing& drawing, zdr::Handle handle);
+const zdr::Viewport* findViewport(const zdr::Drawing& drawing, zdr::Handle handle);
+LayerValues valuesAt(const zdr::LayerColumns& columns, std::size_t index);
+void setValuesAt(zdr::LayerColumns& columns, std::size_t index, const LayerValues& values);
+void appendValues(zdr::LayerColumns& columns, const LayerValues& values);
+/// Takes the values at an index out of the columns.
+void eraseValues(zdr::LayerColumns& columns, std::size_t index);
+void insertValues(zdr::LayerColumns& columns, std::size_t index, const LayerValues& values);
+
+} // namespace engine

@@ -1,0 +1,71 @@
+// Comparing and copying what stands together in a state and in the drawing, as memory.
+#pragma once
+
+#include "LayerMapping.h"
+
+#include <cstring>
+
+namespace engine {
+
+template <class T>
+bool runsEqual(const zdr::Column<T>& state, const zdr::Column<T>& drawing, const LayerMapping& mapping) {
+    const T* const left = state.values().data();
+    const T* const right = drawing.values().data();
+    if (left == right && mapping.whole)
+        return true;
+    for (const LayerMapping::Run& run : mapping.runs)
+        if (std::memcmp(left + run.state, right + run.drawing, run.count * sizeof(T)) != 0)
+            return false;
+    return true;
+}
+
+/// Whether the bytes agree in those bits, eight at a time.
+inline bool bitsEqual(const std::uint8_t* left, const std::uint8_t* right, std::size_t count, std::uint8_t bits) {
+    const std::uint64_t mask = 0x0101010101010101 * bits;
+    constexpr std::size_t kWord = sizeof mask, kBlock = 64 * kWord;
+    std::size_t i = 0;
+    while (i + kWord <= count) {
+        std::uint64_t difference = 0;
+        const std::size_t end = std::min(count - count % kWord, i + kBlock);
+        for (; i < end; i += kWord) {
+            std::uint64_t a, b;
+            std::memcpy(&a, left + i, kWord);
+            std::memcpy(&b, right + i, kWord);
+            difference |= a ^ b;
+        }
+        if (difference & mask)
+            return false;
+    }
+    for (; i < count; ++i)
+        if ((left[i] ^ right[i]) & bits)
+            return false;
+    return true;
+}
+
+/// Puts the state's values in the place of the drawing's; shared when the state holds just the drawing's layers.
+template <class T> void copyRuns(zdr::Column<T>& drawing, const zdr::Column<T>& state, const LayerMapping& mapping) {
+    if (mapping.whole) {
+        drawing = state;
+        return;
+    }
+    T* const to = drawing.edit().data();
+    for (const LayerMapping::Run& run : mapping.runs)
+        std::memcpy(to + run.drawing, state.values().data() + run.state, run.count * sizeof(T));
+    drawing.look();
+}
+
+/// The same for those bits of each byte alone.
+inline void copyBits(zdr::Column<std::uint8_t>& drawing, const zdr::Column<std::uint8_t>& state,
+                     const LayerMapping& mapping, std::uint8_t bits) {
+    std::uint8_t* const to = drawing.edit().data();
+    const std::uint8_t* const from = state.values().data();
+    for (const LayerMapping::Run& run : mapping.runs) {
+        std::uint8_t* const target = to + run.drawing;
+        const std::uint8_t* const source = from + run.state;
+        for (std::size_t i = 0; i < run.count; ++i)
+            target[i] = static_cast<std::uint8_t>((target[i] & ~bits) | (source[i] & bits));
+    }
+    drawing.look();
+}
+
+} // namespace engine

@@ -1,0 +1,69 @@
+// The engine as the Workbench and the tests see it, beside the host's interface: the drawing as plain values, what the
+// application itself does to it, and undo. Nothing here stands in the trace.
+#pragma once
+
+#include "KelDbDatabase.h"
+#include "engine/Changes.h"
+#include "model/Drawing.h"
+
+namespace engine {
+
+/// The drawing of a database. The reference stays good for the database's life; what it holds changes.
+KELDB_API const zdr::Drawing& drawingOf(const KelDbDatabase& database);
+/// Puts another drawing in the place of the database's: references that hold a drawing are attached, all ids of before
+/// name erased objects, and nothing can be undone.
+KELDB_API void replaceDrawing(KelDbDatabase& database, zdr::Drawing drawing);
+/// A drawing as New makes one.
+KELDB_API zdr::Drawing makeNewDrawing();
+/// Grows with every change of the database, undo included, so that a view knows when to draw again.
+KELDB_API std::uint64_t changeCount(const KelDbDatabase& database);
+/// The id of a handle; null when no object has it.
+KELDB_API KelDbObjectId objectId(const KelDbDatabase& database, zdr::Handle handle);
+KELDB_API KelDbObjectId layerId(const KelDbDatabase& database, std::size_t index);
+/// Index of a layer of the drawing by name, without regard to case; zdr::kNone when there is none.
+KELDB_API std::size_t layerIndex(const KelDbDatabase& database, std::wstring_view name);
+/// Index of the layer that an id names; zdr::kNone for the id of anything else.
+KELDB_API std::size_t layerIndex(const KelDbDatabase& database, KelDbObjectId id);
+
+/// What a viewport shows of all layers: the drawing's columns with its overrides, and its freezing as
+/// zdr::kLayerViewportFrozen. Null asks for the drawing's own. Good until the next change.
+KELDB_API const zdr::LayerColumns& shownColumns(const KelDbDatabase& database, const zdr::Viewport* viewport);
+
+/// Makes a layout the active one, or the model tab; no viewport is current then. eInvalidInput for one that isn't there.
+KELDB_API Vorn::ErrorStatus setActiveLayout(KelDbDatabase& database, std::optional<std::size_t> layout);
+/// Makes a viewport of the active layout the current one, or none. eInvalidInput for one that isn't there or isn't on.
+KELDB_API Vorn::ErrorStatus setCurrentViewport(KelDbDatabase& database, std::optional<zdr::Handle> viewport);
+/// The current viewport's id; null on the model tab and in paper space itself.
+KELDB_API KelDbObjectId currentViewportId(const KelDbDatabase& database);
+
+/// Layer commands; the statuses are those of engine/LayerCommands.h. Layers are given by index.
+KELDB_API Vorn::ErrorStatus addLayer(KelDbDatabase& database, std::wstring_view name);
+KELDB_API Vorn::ErrorStatus renameLayer(KelDbDatabase& database, std::size_t layer, std::wstring_view name);
+KELDB_API Vorn::ErrorStatus removeLayer(KelDbDatabase& database, std::size_t layer);
+KELDB_API Vorn::ErrorStatus setCurrentLayer(KelDbDatabase& database, std::size_t layer);
+KELDB_API LayerValues layerValues(const KelDbDatabase& database, std::size_t layer);
+KELDB_API Vorn::ErrorStatus setLayerValues(KelDbDatabase& database, std::size_t layer, const LayerValues& values);
+/// Freezes a layer in one viewport or thaws it there.
+KELDB_API void setFrozenInViewport(KelDbDatabase& database, zdr::Handle viewport, std::size_t layer, bool frozen);
+/// Gives a layer an override in one viewport, in the place of the one it had; a mask of 0 takes it away.
+KELDB_API void setOverride(KelDbDatabase& database, zdr::Handle viewport, const zdr::ViewportOverride& layer);
+
+/// Brackets changes that are undone together. Groups nest; the outermost counts.
+KELDB_API void beginUndoGroup(KelDbDatabase& database);
+KELDB_API void endUndoGroup(KelDbDatabase& database);
+/// Takes back the last group, or all that changed outside groups since. False when there is nothing, or within a group.
+KELDB_API bool undo(KelDbDatabase& database);
+KELDB_API bool redo(KelDbDatabase& database);
+KELDB_API bool canUndo(const KelDbDatabase& database);
+KELDB_API bool canRedo(const KelDbDatabase& database);
+
+/// Makes a reference that the drawing has hold another drawing: its layers stand among the drawing's under "name!layer",
+/// its own states under "name!state". Null leaves the reference unresolved; its layers stay, its states go. Can't be
+/// undone, and nothing before it can.
+KELDB_API void attachReference(KelDbDatabase& database, std::size_t reference,
+                               std::shared_ptr<const zdr::Drawing> drawing);
+
+/// The sentence for the user about the last readZdrFile of this database that failed.
+KELDB_API const std::wstring& lastReadProblem(const KelDbDatabase& database);
+
+} // namespace engine

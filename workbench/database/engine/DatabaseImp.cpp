@@ -1,0 +1,172 @@
+// See DatabaseImp.h.
+
+#include "DatabaseImp.h"
+
+#include "HostCalls.h"
+#include "NewDrawing.h"
+
+#include <algorithm>
+
+namespace engine {
+
+DatabaseImp::DatabaseImp(KelDbDatabase& owner)
+    : m_owner(owner), m_stateManager(*this), m_impStateManager(*this), m_objects(*this) {
+    adopt({});
+}
+
+DatabaseImp::~DatabaseImp() {
+    m_objects.deleteOpenObjects();
+}
+
+KelDbImpLayerStateManager* DatabaseImp::getImpLayerStateManager() {
+    instruments::HostCall call("getImpLayerStateManager");
+    return call.answer(call.fault() ? nullptr : &m_impStateManager);
+}
+
+void DatabaseImp::adopt(zdr::Drawing drawing) {
+    completeDrawing(drawing);
+    m_drawing = std::move(drawing);
+    m_objects.fill(m_drawing);
+    m_history.clear();
+    m_identity = std::make_shared<int>();
+    m_stateDictionaryMade = false;
+    refreshIndexes();
+    ++m_changes;
+}
+
+void DatabaseImp::refreshIndexes() {
+    m_layers.fill(m_drawing.layers);
+    m_linetypes.fill(m_drawing.linetypes);
+    m_plotStyles.fill(m_drawing.plotStyles);
+    m_states.fill(m_drawing.states);
+    m_mappings.clear();
+}
+
+bool DatabaseImp::isLayerResolved(std::size_t index) const {
+    const std::size_t reference = m_drawing.layers[index].reference;
+    return reference == zdr::kNone ||
+           (reference < m_drawing.references.size() && m_drawing.references[reference].drawing);
+}
+
+const LayerMapping& DatabaseImp::mapping(const zdr::LayerState& state) const {
+    return m_mappings.mapping(state.layers, m_layers, m_drawing.layers.size());
+}
+
+const zdr::LayerColumns& DatabaseImp::shown(const zdr::Viewport* viewport) const {
+    return m_shown.columns(m_drawing, viewport, m_changes);
+}
+
+const zdr::Viewport* DatabaseImp::viewport(KelDbObjectId id) const {
+    const KelDbStub* stub = id.stub();
+    if (!stub || stub->database != this || stub->erased || stub->kind != ObjectKind::Viewport)
+        return nullptr;
+    return &m_drawing.layouts[stub->layout].viewports[stub->index];
+}
+
+zdr::LayerColumns& DatabaseImp::editColumns() {
+    m_history.beforeColumns(m_drawing);
+    ++m_changes;
+    return m_drawing.columns;
+}
+
+zdr::LayerState& DatabaseImp::editState(std::size_t index) {
+    m_history.beforeState(m_drawing, index);
+    ++m_changes;
+    return m_drawing.states[index];
+}
+
+zdr::Viewport& DatabaseImp::editViewport(const zdr::Viewport& viewport) {
+    m_history.beforeViewport(viewport);
+    ++m_changes;
+    return const_cast<zdr::Viewport&>(viewport);
+}
+
+void DatabaseImp::setCurrentLayer(std::size_t index) {
+    m_history.beforeSettings(m_drawing);
+    ++m_changes;
+    m_drawing.currentLayer = index;
+}
+
+void DatabaseImp::setLastRestored(std::optional<std::wstring> name) {
+    m_history.beforeSettings(m_drawing);
+    ++m_changes;
+    m_drawing.lastRestored = std::move(name);
+}
+
+void DatabaseImp::setActiveSpace(std::optional<std::size_t> layout, std::optional<zdr::Handle> viewport) {
+    m_history.beforeSettings(m_drawing);
+    ++m_changes;
+    m_drawing.activeLayout = layout;
+    m_drawing.currentViewport = viewport;
+}
+
+void DatabaseImp::insertState(zdr::LayerState state, std::optional<std::size_t> position) {
+    const auto firstDependent = std::ranges::find_if(
+        m_drawing.states, [](const zdr::LayerState& other) { return other.reference != zdr::kNone; });
+    const std::size_t behindOwn = static_cast<std::size_t>(firstDependent - m_drawing.states.begin());
+    const std::size_t index = position.value_or(behindOwn);
+    state.handle = newHandle();
+    m_history.add(StateChange{state.handle, index, std::nullopt});
+    m_states.inserted(state.name, index, m_drawing.states.size());
+    m_objects.insertState(index, state.handle);
+    m_drawing.states.insert(m_drawing.states.begin() + static_cast<std::ptrdiff_t>(index), std::move(state));
+    ++m_changes;
+}
+
+void DatabaseImp::removeState(std::size_t index) {
+    const auto place = m_drawing.states.begin() + static_cast<std::ptrdiff_t>(index);
+    m_states.removed(place->name, index, m_drawing.states.size());
+    m_objects.removeState(index);
+    const zdr::Handle handle = place->handle;
+    m_history.add(StateChange{handle, index, std::move(*place)});
+    m_drawing.states.erase(place);
+    ++m_changes;
+}
+
+void DatabaseImp::renameState(std::size_t index, std::wstring name) {
+    zdr::LayerState& state = editState(index);
+    m_states.renamed(state.name, name, index);
+    state.name = std::move(name);
+}
+
+void DatabaseImp::registerApplication(std::wstring name) {
+    m_history.add(ApplicationsChange{m_drawing.applications});
+    m_drawing.applications.push_back(std::move(name));
+    ++m_changes;
+}
+
+void DatabaseImp::setExtendedData(zdr::Handle object, std::wstring application, std::vector<zdr::ExtendedValue> values) {
+    ExtendedDataChange change{object, std::move(application), std::move(values)};
+    change.exchange(m_drawing, m_objects);
+    m_history.add(std::move(change));
+    ++m_changes;
+}
+
+void DatabaseImp::setReferenceDrawing(std::size_t reference, std::shared_ptr<const zdr::Drawing> drawing) {
+    m_drawing.references[reference].drawing = std::move(drawing);
+    ++m_changes;
+}
+
+bool DatabaseImp::undo() {
+    if (!m_history.undo(m_drawing, m_objects))
+        return false;
+    refreshIndexes();
+    ++m_changes;
+    return true;
+}
+
+bool DatabaseImp::redo() {
+    if (!m_history.redo(m_drawing, m_objects))
+        return false;
+    refreshIndexes();
+    ++m_changes;
+    return true;
+}
+
+bool DatabaseImp::hasStateDictionary() const {
+    return m_stateDictionaryMade || std::ranges::any_of(m_drawing.states, [](const zdr::LayerState& state) {
+               return state.reference == zdr::kNone;
+           });
+}
+
+} // namespace engine

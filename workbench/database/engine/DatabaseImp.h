@@ -1,0 +1,112 @@
+// The internal side of a database: the drawing, what is needed to find things in it, and the one way of changing it.
+// Every change goes through the members below, so that it can be undone and is counted.
+#pragma once
+
+#include "KelDbDatabase.h"
+#include "LayerMapping.h"
+#include "ObjectDirectory.h"
+#include "ShownColumns.h"
+#include "UndoHistory.h"
+
+namespace engine {
+
+class DatabaseImp : public KelDbImpDatabase {
+  public:
+    explicit DatabaseImp(KelDbDatabase& owner);
+    ~DatabaseImp() override;
+
+    KelDbImpLayerStateManager* getImpLayerStateManager() override;
+    KelDbLayerStateManager& stateManager() { return m_stateManager; }
+    KelDbDatabase& owner() const { return m_owner; }
+    /// Takes the place of the drawing that was there: objects of before are erased, nothing of before can be undone.
+    void adopt(zdr::Drawing drawing);
+
+    // Reading.
+    const zdr::Drawing& drawing() const { return m_drawing; }
+    const ObjectDirectory& objects() const { return m_objects; }
+    /// Grows with every change.
+    std::uint64_t changes() const { return m_changes; }
+    /// Ends its life when another drawing takes the place of this one.
+    std::weak_ptr<const void> identity() const { return m_identity; }
+    std::size_t findLayer(std::wstring_view name) const { return m_layers.find(m_drawing.names.find(name)); }
+    std::size_t findLayer(zdr::NameId name) const { return m_layers.find(name); }
+    std::size_t findState(std::wstring_view name) const { return m_states.find(name); }
+    bool hasLinetype(zdr::NameId name) const { return m_linetypes.has(name); }
+    bool hasPlotStyle(zdr::NameId name) const { return m_plotStyles.has(name); }
+    std::size_t findLinetype(zdr::NameId name) const { return m_linetypes.find(name); }
+    std::size_t findPlotStyle(zdr::NameId name) const { return m_plotStyles.find(name); }
+    bool isLayerResolved(std::size_t index) const;
+    const LayerMapping& mapping(const zdr::LayerState& state) const;
+    /// What the viewport shows of the layers; null for the drawing's own.
+    const zdr::LayerColumns& shown(const zdr::Viewport* viewport) const;
+    /// The viewport of an id; null when the id isn't one of a viewport of this drawing.
+    const zdr::Viewport* viewport(KelDbObjectId id) const;
+
+    // Changing. Each may be undone.
+    zdr::LayerColumns& editColumns();
+    zdr::LayerState& editState(std::size_t index);
+    zdr::Viewport& editViewport(const zdr::Viewport& viewport);
+    void setCurrentLayer(std::size_t index);
+    void setLastRestored(std::optional<std::wstring> name);
+    void setActiveSpace(std::optional<std::size_t> layout, std::optional<zdr::Handle> viewport);
+    /// Behind the drawing's own states, or at a given place. Gives it a handle.
+    void insertState(zdr::LayerState state, std::optional<std::size_t> position = std::nullopt);
+    void removeState(std::size_t index);
+    void renameState(std::size_t index, std::wstring name);
+    /// At the end of the table; gives it a handle, which it answers. The name is entered by the caller.
+    zdr::Handle appendLayer(zdr::Layer layer, const LayerValues& values);
+    void removeLayer(std::size_t index);
+    /// The name is valid and no other layer's. The drawing's own states follow.
+    void renameLayer(std::size_t index, std::wstring_view name);
+    void setLayerDescription(std::size_t index, std::wstring description);
+    void registerApplication(std::wstring name);
+    void setExtendedData(zdr::Handle object, std::wstring application, std::vector<zdr::ExtendedValue> values);
+    /// Not undone: names are only ever added.
+    zdr::NameId intern(std::wstring_view name) { return m_drawing.names.intern(name); }
+    /// A state of another drawing with the names of this one.
+    zdr::LayerState translate(const zdr::LayerState& state, const zdr::NameTable& from);
+    zdr::Handle newHandle() { return m_drawing.nextHandle++; }
+    /// Enters a style that a reference brought along; not undone.
+    void appendLinetype(zdr::Linetype linetype);
+    void appendPlotStyle(zdr::PlotStyle style);
+    /// Not undone either.
+    void setReferenceDrawing(std::size_t reference, std::shared_ptr<const zdr::Drawing> drawing);
+    UndoHistory& history() { return m_history; }
+    const UndoHistory& history() const { return m_history; }
+    bool undo();
+    bool redo();
+
+    /// Whether the dictionary of states has been asked for or isn't empty.
+    bool hasStateDictionary() const;
+    void makeStateDictionary() { m_stateDictionaryMade = true; }
+
+    std::wstring readProblem; ///< why the last reading of a file failed
+
+  private:
+    void layersChanged();
+    void followRename(zdr::NameId from, zdr::NameId to);
+    void refreshIndexes();
+    std::shared_ptr<const zdr::LayerSet> makeLayerSet() const;
+
+    KelDbDatabase& m_owner;
+    KelDbLayerStateManager m_stateManager;
+    KelDbImpLayerStateManager m_impStateManager;
+    zdr::Drawing m_drawing;
+    ObjectDirectory m_objects;
+    NameIdIndex m_layers, m_linetypes, m_plotStyles;
+    StateIndex m_states;
+    UndoHistory m_history;
+    std::shared_ptr<const void> m_identity;
+    std::uint64_t m_changes = 1;
+    bool m_stateDictionaryMade = false;
+    mutable MappingCache m_mappings;
+    mutable ShownColumnsCache m_shown;
+};
+
+/// The internal side of a database, without a trace.
+DatabaseImp& impOf(const KelDbDatabase& database);
+inline DatabaseImp& impOf(KelDbImpDatabase& database) {
+    return static_cast<DatabaseImp&>(database);
+}
+
+} // namespace engine

@@ -1,0 +1,108 @@
+// The layer table's side of DatabaseImp: layers put in, taken out and renamed, and the styles that they use.
+
+#include "DatabaseImp.h"
+#include "LayerStates.h"
+
+#include <algorithm>
+#include <map>
+
+namespace engine {
+
+std::shared_ptr<const zdr::LayerSet> DatabaseImp::makeLayerSet() const {
+    auto set = std::make_shared<zdr::LayerSet>();
+    set->names.reserve(m_drawing.layers.size());
+    for (const zdr::Layer& layer : m_drawing.layers)
+        set->names.push_back(layer.name);
+    return set;
+}
+
+void DatabaseImp::layersChanged() {
+    m_layers.fill(m_drawing.layers);
+    m_mappings.clear();
+    ++m_changes;
+}
+
+zdr::Handle DatabaseImp::appendLayer(zdr::Layer layer, const LayerValues& values) {
+    layer.handle = newHandle();
+    const zdr::Handle handle = layer.handle;
+    LayerListChange change{m_drawing.layers.size(), WholeLayer{std::move(layer), values, {}, {}}, nullptr};
+    change.exchange(m_drawing, m_objects);
+    m_drawing.layerSet = makeLayerSet();
+    m_history.add(std::move(change));
+    layersChanged();
+    return handle;
+}
+
+void DatabaseImp::removeLayer(std::size_t index) {
+    LayerListChange change{index, std::nullopt, nullptr};
+    change.exchange(m_drawing, m_objects);
+    m_drawing.layerSet = makeLayerSet();
+    m_history.add(std::move(change));
+    layersChanged();
+}
+
+void DatabaseImp::renameLayer(std::size_t index, std::wstring_view name) {
+    zdr::Layer& layer = m_drawing.layers[index];
+    const zdr::NameId from = layer.name;
+    const zdr::NameId to = intern(name);
+    m_history.add(LayerChange{layer.handle, layer, m_drawing.names.text(from), m_drawing.layerSet});
+    m_drawing.names.respell(to, name);
+    layer.name = to;
+    if (from != to)
+        followRename(from, to);
+    layersChanged();
+}
+
+// States that share a set of layers go on sharing the renamed one.
+void DatabaseImp::followRename(zdr::NameId from, zdr::NameId to) {
+    std::map<const zdr::LayerSet*, std::shared_ptr<const zdr::LayerSet>> renamed;
+    const auto rename = [&](const std::shared_ptr<const zdr::LayerSet>& set) {
+        const auto [entry, isNew] = renamed.try_emplace(set.get(), set);
+        if (isNew && std::ranges::find(set->names, from) != set->names.end()) {
+            auto copy = std::make_shared<zdr::LayerSet>(*set);
+            std::ranges::replace(copy->names, from, to);
+            entry->second = std::move(copy);
+        }
+        return entry->second;
+    };
+    m_drawing.layerSet = rename(m_drawing.layerSet);
+    for (std::size_t i = 0; i < m_drawing.states.size(); ++i) {
+        const zdr::LayerState& state = m_drawing.states[i];
+        const auto set = state.reference == zdr::kNone ? rename(state.layers) : state.layers;
+        if (set == state.layers)
+            continue;
+        zdr::LayerState& changed = editState(i);
+        changed.layers = set;
+        if (changed.currentLayer == from)
+            changed.currentLayer = to;
+    }
+}
+
+void DatabaseImp::setLayerDescription(std::size_t index, std::wstring description) {
+    zdr::Layer& layer = m_drawing.layers[index];
+    m_history.add(LayerChange{layer.handle, layer, m_drawing.names.text(layer.name), m_drawing.layerSet});
+    layer.description = std::move(description);
+    ++m_changes;
+}
+
+zdr::LayerState DatabaseImp::translate(const zdr::LayerState& state, const zdr::NameTable& from) {
+    return translateState(state, from, m_drawing.names);
+}
+
+void DatabaseImp::appendLinetype(zdr::Linetype linetype) {
+    linetype.handle = newHandle();
+    m_linetypes.put(linetype.name, m_drawing.linetypes.size());
+    m_objects.appendLinetype(linetype.handle);
+    m_drawing.linetypes.push_back(std::move(linetype));
+    ++m_changes;
+}
+
+void DatabaseImp::appendPlotStyle(zdr::PlotStyle style) {
+    style.handle = newHandle();
+    m_plotStyles.put(style.name, m_drawing.plotStyles.size());
+    m_objects.appendPlotStyle(style.handle);
+    m_drawing.plotStyles.push_back(std::move(style));
+    ++m_changes;
+}
+
+} // namespace engine

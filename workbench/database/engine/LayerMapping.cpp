@@ -1,0 +1,59 @@
+// See LayerMapping.h.
+
+#include "LayerMapping.h"
+
+#include <algorithm>
+
+namespace engine {
+
+std::size_t LayerMapping::drawingIndex(std::size_t stateIndex) const {
+    // The runs are in the state's order, and don't overlap there.
+    const auto after = std::ranges::upper_bound(runs, stateIndex, {}, &Run::state);
+    if (after == runs.begin())
+        return zdr::kNone;
+    const Run& run = *std::prev(after);
+    return stateIndex < run.state + run.count ? run.drawing + (stateIndex - run.state) : zdr::kNone;
+}
+
+std::size_t LayerMapping::stateIndex(std::size_t drawingIndex) const {
+    for (const Run& run : runs)
+        if (drawingIndex >= run.drawing && drawingIndex < run.drawing + run.count)
+            return run.state + (drawingIndex - run.drawing);
+    return zdr::kNone;
+}
+
+LayerMapping mapLayers(const zdr::LayerSet& stateLayers, const NameIdIndex& drawingLayers, std::size_t drawingCount) {
+    LayerMapping mapping;
+    for (std::size_t i = 0; i < stateLayers.names.size(); ++i) {
+        const std::size_t place = drawingLayers.find(stateLayers.names[i]);
+        if (place == zdr::kNone) {
+            ++mapping.missing;
+            continue;
+        }
+        ++mapping.held;
+        auto& runs = mapping.runs;
+        if (!runs.empty() && runs.back().state + runs.back().count == i && runs.back().drawing + runs.back().count == place)
+            ++runs.back().count;
+        else
+            runs.push_back({i, place, 1});
+    }
+    mapping.whole = mapping.missing == 0 && mapping.held == drawingCount && mapping.runs.size() <= 1;
+    return mapping;
+}
+
+const LayerMapping& MappingCache::mapping(const std::shared_ptr<const zdr::LayerSet>& stateLayers,
+                                          const NameIdIndex& drawingLayers, std::size_t drawingCount) {
+    if (const auto found = m_entries.find(stateLayers.get()); found != m_entries.end())
+        return found->second.mapping;
+    if (m_entries.size() >= m_limit)
+        dropUnused();
+    Entry entry{stateLayers, mapLayers(*stateLayers, drawingLayers, drawingCount)};
+    return m_entries.emplace(stateLayers.get(), std::move(entry)).first->second.mapping;
+}
+
+void MappingCache::dropUnused() {
+    std::erase_if(m_entries, [](const auto& item) { return item.second.layers.use_count() == 1; });
+    m_limit = std::max<std::size_t>(64, 2 * m_entries.size());
+}
+
+} // namespace engine

@@ -1,0 +1,50 @@
+// Where the layers of a state stand among the drawing's layers. States mostly hold the drawing's layers in the drawing's
+// order, so the answer is kept as runs that stand together on both sides, and whole runs of memory can be compared and
+// copied.
+#pragma once
+
+#include "NameIndexes.h"
+
+#include <unordered_map>
+
+namespace engine {
+
+struct LayerMapping {
+    struct Run {
+        std::size_t state = 0;
+        std::size_t drawing = 0;
+        std::size_t count = 0;
+    };
+    std::vector<Run> runs;
+    std::size_t missing = 0; ///< layers of the state that the drawing lacks
+    bool whole = false;      ///< the state holds just the drawing's layers, in its order
+    std::size_t held = 0;    ///< layers of the drawing that the state holds
+
+    /// Where a layer of the state stands in the drawing, or zdr::kNone.
+    std::size_t drawingIndex(std::size_t stateIndex) const;
+    /// The other way round.
+    std::size_t stateIndex(std::size_t drawingIndex) const;
+};
+
+LayerMapping mapLayers(const zdr::LayerSet& stateLayers, const NameIdIndex& drawingLayers, std::size_t drawingCount);
+
+/// Keeps mappings for as long as the drawing's layers and the state's set of layers stay.
+class MappingCache {
+  public:
+    const LayerMapping& mapping(const std::shared_ptr<const zdr::LayerSet>& stateLayers, const NameIdIndex& drawingLayers,
+                                std::size_t drawingCount);
+    /// The drawing's layers changed.
+    void clear() { m_entries.clear(); }
+
+  private:
+    struct Entry {
+        std::shared_ptr<const zdr::LayerSet> layers; // holds the address that is the key
+        LayerMapping mapping;
+    };
+    void dropUnused();
+
+    std::unordered_map<const zdr::LayerSet*, Entry> m_entries;
+    std::size_t m_limit = 64;
+};
+
+} // namespace engine

@@ -1,0 +1,69 @@
+// Where the things of a drawing that are looked up by name stand: layers by the id of their name, states by their text.
+#pragma once
+
+#include "model/Drawing.h"
+
+#include <unordered_map>
+#include <vector>
+
+namespace engine {
+
+/// Index of a name in a list of names; zdr::kNone for a name that isn't in it.
+class NameIdIndex {
+  public:
+    template <class List> void fill(const List& objects) {
+        m_places.clear();
+        for (std::size_t i = 0; i < objects.size(); ++i)
+            put(objects[i].name, i);
+    }
+    void put(zdr::NameId name, std::size_t place) {
+        if (name >= m_places.size())
+            m_places.resize(name + 1, kAbsent);
+        m_places[name] = static_cast<std::uint32_t>(place);
+    }
+    std::size_t find(zdr::NameId name) const {
+        const std::uint32_t place = name < m_places.size() ? m_places[name] : kAbsent;
+        return place == kAbsent ? zdr::kNone : place;
+    }
+    bool has(zdr::NameId name) const { return name < m_places.size() && m_places[name] != kAbsent; }
+
+  private:
+    static constexpr std::uint32_t kAbsent = ~std::uint32_t{0};
+    std::vector<std::uint32_t> m_places;
+};
+
+/// Index of a state by its name, without regard to case.
+class StateIndex {
+  public:
+    void fill(const std::vector<zdr::LayerState>& states) {
+        m_places.clear();
+        for (std::size_t i = 0; i < states.size(); ++i)
+            m_places.emplace(states[i].name, i);
+    }
+    std::size_t find(std::wstring_view name) const {
+        const auto found = m_places.find(name);
+        return found == m_places.end() ? zdr::kNone : found->second;
+    }
+    /// @param count how many states stood there before
+    void inserted(const std::wstring& name, std::size_t index, std::size_t count) {
+        if (index < count)
+            for (auto& [text, place] : m_places)
+                place += place >= index ? 1 : 0;
+        m_places.emplace(name, index);
+    }
+    void removed(const std::wstring& name, std::size_t index, std::size_t count) {
+        m_places.erase(name);
+        if (index + 1 < count)
+            for (auto& [text, place] : m_places)
+                place -= place > index ? 1 : 0;
+    }
+    void renamed(const std::wstring& from, const std::wstring& to, std::size_t index) {
+        m_places.erase(from);
+        m_places.emplace(to, index);
+    }
+
+  private:
+    std::unordered_map<std::wstring, std::size_t, zdr::FoldedHash, zdr::FoldedEqual> m_places;
+};
+
+} // namespace engine

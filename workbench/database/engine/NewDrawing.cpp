@@ -1,0 +1,95 @@
+// See NewDrawing.h.
+
+#include "NewDrawing.h"
+
+#include "NameRules.h"
+
+#include <algorithm>
+
+namespace engine {
+namespace {
+
+template <class Action> void forEachHandle(zdr::Drawing& drawing, Action action) {
+    const auto all = [&](auto& objects) {
+        for (auto& object : objects)
+            action(object.handle);
+    };
+    all(drawing.linetypes), all(drawing.plotStyles), all(drawing.layers), all(drawing.states);
+    for (zdr::Layout& layout : drawing.layouts)
+        all(layout.viewports);
+}
+
+void giveHandles(zdr::Drawing& drawing) {
+    forEachHandle(drawing, [&](zdr::Handle& handle) { drawing.nextHandle = std::max(drawing.nextHandle, handle + 1); });
+    forEachHandle(drawing, [&](zdr::Handle& handle) {
+        if (handle == 0)
+            handle = drawing.nextHandle++;
+    });
+}
+
+bool holdsJust(const zdr::LayerSet& set, const std::vector<zdr::Layer>& layers) {
+    return std::ranges::equal(set.names, layers, {}, {}, &zdr::Layer::name);
+}
+
+// Sets that hold the same are told by their address from then on.
+void joinLayerSets(zdr::Drawing& drawing) {
+    if (!drawing.layerSet || !holdsJust(*drawing.layerSet, drawing.layers)) {
+        auto set = std::make_shared<zdr::LayerSet>();
+        for (const zdr::Layer& layer : drawing.layers)
+            set->names.push_back(layer.name);
+        drawing.layerSet = std::move(set);
+    }
+    for (zdr::LayerState& state : drawing.states) {
+        if (!state.layers)
+            state.layers = std::make_shared<zdr::LayerSet>();
+        if (state.layers != drawing.layerSet && state.layers->names == drawing.layerSet->names)
+            state.layers = drawing.layerSet;
+    }
+}
+
+void orderExtendedData(zdr::Drawing& drawing) {
+    std::ranges::stable_sort(drawing.extendedData, {}, &zdr::ExtendedData::object);
+    auto& applications = drawing.applications;
+    for (const zdr::ExtendedData& data : drawing.extendedData)
+        if (std::ranges::none_of(applications,
+                                 [&](const std::wstring& name) { return zdr::equalFolded(name, data.application); }))
+            applications.push_back(data.application);
+}
+
+constexpr double kPaperWidth = 420, kPaperHeight = 297, kMargin = 10;
+
+zdr::Layout newLayout() {
+    zdr::Viewport viewport;
+    viewport.number = 2; // the sheet itself is 1
+    viewport.corner = {kMargin, kMargin};
+    viewport.width = kPaperWidth - 2 * kMargin;
+    viewport.height = kPaperHeight - 2 * kMargin;
+    return {L"Layout1", kPaperWidth, kPaperHeight, {viewport}, {}};
+}
+
+} // namespace
+
+zdr::Drawing newDrawing() {
+    zdr::Drawing drawing;
+    const zdr::NameId continuous = drawing.names.intern(L"Continuous");
+    const zdr::NameId normal = drawing.names.intern(L"Normal");
+    drawing.linetypes.push_back({continuous, 0, L"Solid line", {}});
+    drawing.plotStyles.push_back({normal, 0});
+    drawing.layers.push_back({drawing.names.intern(kBaseLayerName), 0, {}, zdr::kNone});
+    drawing.columns.flags = zdr::Column<std::uint8_t>({zdr::kLayerOn | zdr::kLayerPlot});
+    drawing.columns.colors = zdr::Column<std::uint32_t>({7});
+    drawing.columns.linetypes = zdr::Column<zdr::NameId>({continuous});
+    drawing.columns.lineWeights = zdr::Column<std::int16_t>({-3});
+    drawing.columns.plotStyles = zdr::Column<zdr::NameId>({normal});
+    drawing.layouts.push_back(newLayout());
+    completeDrawing(drawing);
+    return drawing;
+}
+
+void completeDrawing(zdr::Drawing& drawing) {
+    giveHandles(drawing);
+    joinLayerSets(drawing);
+    orderExtendedData(drawing);
+}
+
+} // namespace engine

@@ -1,0 +1,13 @@
+// Putting the layers and states of a reference's drawing among those of the drawing that refers to it.
+#pragma once
+
+#include "DatabaseImp.h"
+
+namespace engine {
+
+/// Attaches one reference; null leaves it unresolved. See attachReference() of DatabaseAccess.h.
+void attachReference(DatabaseImp& database, std::size_t reference, std::shared_ptr<const zdr::Drawing> drawing);
+/// Attaches all references that hold a drawing.
+void attachReferences(DatabaseImp& database);
+
+} // namespace engine

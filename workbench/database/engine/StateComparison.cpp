@@ -1,0 +1,43 @@
+// Whether a state matches what the drawing shows. See LayerStates.h.
+
+#include "ColumnRuns.h"
+#include "LayerStateMask.h"
+#include "LayerStates.h"
+
+#include <algorithm>
+
+namespace engine {
+namespace {
+
+constexpr std::uint32_t kOwnFlags = MaskOn | MaskFrozen | MaskLocked | MaskPlot | MaskNewViewportFrozen;
+
+bool flagsMatch(const zdr::Column<std::uint8_t>& state, const zdr::Column<std::uint8_t>& shown,
+                const LayerMapping& mapping, std::uint32_t mask) {
+    const std::uint32_t viewportBit = mask & MaskViewportFrozen ? zdr::kLayerViewportFrozen : 0;
+    const auto bits = static_cast<std::uint8_t>((mask & kOwnFlags) | viewportBit);
+    return bits == 0 || std::ranges::all_of(mapping.runs, [&](const LayerMapping::Run& run) {
+               return bitsEqual(state.values().data() + run.state, shown.values().data() + run.drawing, run.count, bits);
+           });
+}
+
+} // namespace
+
+bool stateMatches(const DatabaseImp& database, std::size_t index, const zdr::Viewport* viewport) {
+    const zdr::Drawing& drawing = database.drawing();
+    const zdr::LayerState& state = drawing.states[index];
+    const LayerMapping& mapping = database.mapping(state);
+    if (mapping.missing > 0)
+        return false;
+    std::uint32_t mask = effectiveMask(drawing, state.mask);
+    if (!viewport || !state.hasViewportData)
+        mask &= ~MaskViewportFrozen;
+    const zdr::LayerColumns& shown = database.shown(viewport);
+    const zdr::LayerColumns& own = state.columns;
+    return flagsMatch(own.flags, shown.flags, mapping, mask) &&
+           (!(mask & MaskColor) || runsEqual(own.colors, shown.colors, mapping)) &&
+           (!(mask & MaskLinetype) || runsEqual(own.linetypes, shown.linetypes, mapping)) &&
+           (!(mask & MaskLineWeight) || runsEqual(own.lineWeights, shown.lineWeights, mapping)) &&
+           (!(mask & MaskPlotStyle) || runsEqual(own.plotStyles, shown.plotStyles, mapping));
+}
+
+} // namespace engine

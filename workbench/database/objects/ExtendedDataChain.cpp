@@ -1,0 +1,103 @@
+// See ExtendedDataChain.h.
+
+#include "ExtendedDataChain.h"
+
+#include "HostCalls.h"
+#include "NameRules.h"
+#include "RuntimeParts.h"
+#include "RuntimeStrings.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace engine {
+namespace {
+
+bool isText(int code) {
+    return code == kExtendedString || code == kExtendedHandle;
+}
+
+// Appends a node behind `*end` and moves `end` to its link; false when memory runs out.
+bool append(ResultBuffer**& end, std::int16_t code, const std::variant<std::int32_t, std::wstring>& value) {
+    auto* node = static_cast<ResultBuffer*>(std::calloc(1, sizeof(ResultBuffer)));
+    if (!node)
+        return false;
+    instruments::entrust(node, "chain node of type " + std::to_string(code));
+    node->type = code;
+    *end = node;
+    end = &node->next;
+    if (const auto* text = std::get_if<std::wstring>(&value)) {
+        node->value.string = copyText(*text);
+        return node->value.string != nullptr;
+    }
+    const std::int32_t number = std::get<std::int32_t>(value);
+    if (code == kExtendedInt16)
+        node->value.int16 = static_cast<std::int16_t>(number);
+    else
+        node->value.int32 = number;
+    return true;
+}
+
+std::optional<zdr::ExtendedValue> valueOf(const ResultBuffer& node) {
+    if (isText(node.type) && node.value.string)
+        return zdr::ExtendedValue{node.type, std::wstring(node.value.string)};
+    if (node.type == kExtendedInt16)
+        return zdr::ExtendedValue{node.type, std::int32_t{node.value.int16}};
+    if (node.type == kExtendedInt32)
+        return zdr::ExtendedValue{node.type, node.value.int32};
+    return std::nullopt;
+}
+
+bool isRegistered(const zdr::Drawing& drawing, std::wstring_view name) {
+    return std::ranges::any_of(drawing.applications,
+                               [name](const std::wstring& other) { return zdr::equalFolded(other, name); });
+}
+
+} // namespace
+
+ResultBuffer* makeChain(const zdr::Drawing& drawing, zdr::Handle object, std::wstring_view application) {
+    for (const zdr::ExtendedData& data :
+         std::ranges::equal_range(drawing.extendedData, object, {}, &zdr::ExtendedData::object)) {
+        if (!zdr::equalFolded(data.application, application))
+            continue;
+        ResultBuffer* chain = nullptr;
+        ResultBuffer** end = &chain;
+        append(end, kExtendedAppName, data.application);
+        for (const zdr::ExtendedValue& value : data.values)
+            append(end, value.code, value.value);
+        return chain;
+    }
+    return nullptr;
+}
+
+Vorn::ErrorStatus storeChain(DatabaseImp& database, zdr::Handle object, const ResultBuffer* chain) {
+    if (!chain || chain->type != kExtendedAppName || !chain->value.string)
+        return Vorn::eInvalidInput;
+    if (!isRegistered(database.drawing(), chain->value.string))
+        return Vorn::eKeyNotFound;
+    std::vector<zdr::ExtendedValue> values;
+    for (const ResultBuffer* node = chain->next; node; node = node->next) {
+        auto value = valueOf(*node);
+        if (!value)
+            return Vorn::eInvalidInput;
+        values.push_back(std::move(*value));
+    }
+    database.setExtendedData(object, chain->value.string, std::move(values));
+    return Vorn::eOk;
+}
+
+bool registerApplication(DatabaseImp& database, std::wstring_view name) {
+    if (checkName(name) != Vorn::eOk || isRegistered(database.drawing(), name))
+        return false;
+    database.registerApplication(std::wstring(name));
+    return true;
+}
+
+} // namespace engine
+
+bool keldbRegApp(const wchar_t* name) {
+    instruments::HostCall call("keldbRegApp", name);
+    KelDbDatabase* database = runtime::workingDatabase();
+    return call.answer(!call.fault() && database && name &&
+                       engine::registerApplication(engine::impOf(*database), name));
+}

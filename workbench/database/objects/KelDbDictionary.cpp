@@ -1,0 +1,99 @@
+// The dictionaries: of plot style names, and of the records of layer states.
+
+#include "HostCalls.h"
+#include "KelDbObject.h"
+#include "ObjectState.h"
+#include "RtClass.h"
+#include "engine/LayerStates.h"
+
+using engine::ObjectKind;
+using instruments::HostCall;
+
+KELRT_DEFINE_CLASS(KelDbXrecord, KelDbObject)
+KELRT_DEFINE_CLASS(KelDbDictionary, KelDbObject)
+KELRT_DEFINE_CLASS(KelDbDictionaryWithDefault, KelDbDictionary)
+
+KelDbXrecord::KelDbXrecord() {
+    state()->memory = engine::MemoryRecord{};
+}
+
+KelDbObject* KelDbXrecord::clone() const {
+    HostCall call("clone", objectId());
+    if (call.fault())
+        return call.answer<KelDbObject*>(nullptr);
+    auto* copy = new KelDbXrecord;
+    if (const KelDbStub* stub = engine::liveStub(*this))
+        copy->state()->memory =
+            engine::MemoryRecord{stub->database->drawing().states[stub->index], stub->database->identity()};
+    else if (!state()->stub)
+        copy->state()->memory = state()->memory;
+    return call.answer<KelDbObject*>(copy);
+}
+
+namespace {
+
+KelDbStub* findEntry(const KelDbStub& dictionary, std::wstring_view name) {
+    const engine::DatabaseImp& database = *dictionary.database;
+    const zdr::Drawing& drawing = database.drawing();
+    if (dictionary.kind == ObjectKind::PlotStyleDictionary) {
+        const std::size_t index = database.findPlotStyle(drawing.names.find(name));
+        return index == zdr::kNone ? nullptr : database.objects().plotStyle(index);
+    }
+    const std::size_t index = database.findState(name);
+    const bool own = index != zdr::kNone && drawing.states[index].reference == zdr::kNone;
+    return own ? database.objects().state(index) : nullptr;
+}
+
+// Only the copy of a state's record can be entered, and only in the drawing that it came from.
+Vorn::ErrorStatus putRecord(KelDbStub& dictionary, const wchar_t* name, KelDbObject* object, KelDbObjectId& id) {
+    if (!dictionary.openForWrite)
+        return Vorn::eNotOpenForWrite;
+    auto* record = object ? std::get_if<engine::MemoryRecord>(&object->state()->memory) : nullptr;
+    engine::DatabaseImp& database = *dictionary.database;
+    if (dictionary.kind != ObjectKind::StateDictionary || !record || object->state()->stub || !name)
+        return Vorn::eInvalidInput;
+    if (record->drawing.expired() || record->drawing.lock() != database.identity().lock())
+        return Vorn::eInvalidInput;
+    const Vorn::ErrorStatus status = engine::putState(database, name, record->state);
+    if (status != Vorn::eOk)
+        return status;
+    KelDbStub* stub = database.objects().state(database.findState(name));
+    engine::becomeResident(*object, *stub);
+    id = KelDbObjectId(stub);
+    return Vorn::eOk;
+}
+
+} // namespace
+
+Vorn::ErrorStatus KelDbDictionary::getAt(const wchar_t* name, KelDbObjectId& id) const {
+    HostCall call("dictionary.getAt", objectId(), name);
+    if (const auto status = call.fault())
+        return call.answer(*status);
+    const KelDbStub* dictionary = engine::liveStub(*this);
+    KelDbStub* found = dictionary && name ? findEntry(*dictionary, name) : nullptr;
+    if (!found)
+        return call.answer(Vorn::eKeyNotFound);
+    id = KelDbObjectId(found);
+    call.out("id", id);
+    return call.answer(Vorn::eOk);
+}
+
+Vorn::ErrorStatus KelDbDictionary::setAt(const wchar_t* name, KelDbObject* object, KelDbObjectId& id) {
+    HostCall call("dictionary.setAt", objectId(), name, object);
+    if (const auto status = call.fault())
+        return call.answer(*status);
+    KelDbStub* dictionary = engine::liveStub(*this);
+    if (!dictionary)
+        return call.answer(Vorn::eNotApplicable);
+    const Vorn::ErrorStatus status = putRecord(*dictionary, name, object, id);
+    call.out("id", id);
+    return call.answer(status);
+}
+
+KelDbObjectId KelDbDictionaryWithDefault::defaultId() const {
+    HostCall call("dictionary.defaultId", objectId());
+    const KelDbStub* dictionary = engine::liveStub(*this);
+    if (!dictionary || dictionary->database->drawing().plotStyles.empty())
+        return call.answer(KelDbObjectId());
+    return call.answer(KelDbObjectId(dictionary->database->objects().plotStyle(0)));
+}

@@ -1,0 +1,95 @@
+// The symbol tables: finding records by name, and walking and filling the layer table.
+
+#include "HostCalls.h"
+#include "IteratorPosition.h"
+#include "KelDbTables.h"
+#include "ObjectState.h"
+#include "RtClass.h"
+#include "engine/LayerCommands.h"
+
+using instruments::HostCall;
+
+KELRT_DEFINE_CLASS(KelDbSymbolTable, KelDbObject)
+KELRT_DEFINE_CLASS(KelDbLinetypeTable, KelDbSymbolTable)
+KELRT_DEFINE_CLASS(KelDbLayerTable, KelDbSymbolTable)
+
+namespace {
+
+KelDbStub* findRecord(const KelDbSymbolTable& object, const wchar_t* name) {
+    const KelDbStub* table = engine::liveStub(object);
+    if (!table || !name)
+        return nullptr;
+    const engine::DatabaseImp& database = *table->database;
+    const bool layers = table->kind == engine::ObjectKind::LayerTable;
+    const std::size_t index =
+        layers ? database.findLayer(name) : database.findLinetype(database.drawing().names.find(name));
+    if (index == zdr::kNone)
+        return nullptr;
+    return layers ? database.objects().layer(index) : database.objects().linetype(index);
+}
+
+} // namespace
+
+Vorn::ErrorStatus KelDbSymbolTable::getAt(const wchar_t* name, KelDbObjectId& id, bool getErased) const {
+    HostCall call("table.getAt", objectId(), name, getErased);
+    if (const auto status = call.fault())
+        return call.answer(*status);
+    KelDbStub* found = findRecord(*this, name);
+    if (!found)
+        return call.answer(Vorn::eKeyNotFound);
+    id = KelDbObjectId(found);
+    call.out("id", id);
+    return call.answer(Vorn::eOk);
+}
+
+bool KelDbSymbolTable::has(const wchar_t* name) const {
+    HostCall call("table.has", objectId(), name);
+    return call.answer(!call.fault() && findRecord(*this, name));
+}
+
+Vorn::ErrorStatus KelDbLayerTable::getAt(const wchar_t* name, KelDbLayerTableRecord*& record, int mode,
+                                         bool openErased) const {
+    HostCall call("layerTable.getAt", name, mode, openErased);
+    if (const auto status = call.fault())
+        return call.answer(*status);
+    KelDbStub* found = findRecord(*this, name);
+    if (!found)
+        return call.answer(Vorn::eKeyNotFound);
+    call.out("id", KelDbObjectId(found));
+    return call.answer(engine::openAs(record, KelDbObjectId(found), mode, openErased));
+}
+
+Vorn::ErrorStatus KelDbLayerTable::newIterator(KelDbLayerTableIterator*& iterator, bool atBeginning,
+                                               bool skipDeleted) const {
+    HostCall call("layerTable.newIterator", atBeginning, skipDeleted);
+    if (const auto status = call.fault())
+        return call.answer(*status);
+    const KelDbStub* table = engine::liveStub(*this);
+    if (!table)
+        return call.answer(Vorn::eNotApplicable);
+    iterator = KelDbIteratorAccess::make(*table->database, atBeginning);
+    return call.answer(Vorn::eOk);
+}
+
+Vorn::ErrorStatus KelDbLayerTable::add(KelDbObjectId& id, KelDbLayerTableRecord* record) {
+    HostCall call("layerTable.add", record);
+    if (const auto status = call.fault())
+        return call.answer(*status);
+    KelDbStub* table = engine::liveStub(*this);
+    if (!table || !table->openForWrite)
+        return call.answer(Vorn::eNotOpenForWrite);
+    const engine::MemoryLayer* values = record ? engine::memoryLayer(*record) : nullptr;
+    if (!values)
+        return call.answer(Vorn::eInvalidInput);
+    engine::DatabaseImp& database = *table->database;
+    engine::LayerValues row{values->flags, values->color, database.intern(engine::nameOf(values->linetype)),
+                            values->lineWeight, database.intern(values->plotStyle)};
+    const Vorn::ErrorStatus status = engine::addLayer(database, values->name, values->description, row);
+    if (status != Vorn::eOk)
+        return call.answer(status);
+    KelDbStub* stub = database.objects().layer(database.drawing().layers.size() - 1);
+    engine::becomeResident(*record, *stub);
+    id = KelDbObjectId(stub);
+    call.out("id", id);
+    return call.answer(Vorn::eOk);
+}

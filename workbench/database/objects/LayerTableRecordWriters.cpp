@@ -1,0 +1,169 @@
+// A layer as callers write it: one row of the drawing's columns, or values in memory.
+
+#include "HostCalls.h"
+#include "KelDbTables.h"
+#include "ObjectState.h"
+#include "engine/LayerCommands.h"
+
+using engine::MemoryLayer;
+using instruments::HostCall;
+
+namespace {
+
+// The layer's stub when the record may be written, or a status.
+Vorn::ErrorStatus forWriting(const KelDbLayerTableRecord& record, KelDbStub*& stub) {
+    stub = engine::liveStub(record);
+    return stub && engine::mayWrite(record) ? Vorn::eOk : Vorn::eNotOpenForWrite;
+}
+
+// Writes one value into a record in memory or into the layer's row, under the rules of the drawing.
+template <class Write>
+Vorn::ErrorStatus writeRow(const KelDbLayerTableRecord& record, Write write) {
+    KelDbStub* stub = nullptr;
+    const Vorn::ErrorStatus status = forWriting(record, stub);
+    if (status != Vorn::eOk)
+        return status;
+    engine::LayerValues values = engine::valuesAt(stub->database->drawing().columns, stub->index);
+    write(values);
+    return engine::setLayerValues(*stub->database, stub->index, values);
+}
+
+Vorn::ErrorStatus writeFlag(const KelDbLayerTableRecord& record, std::uint8_t flag, bool on) {
+    const auto write = [flag, on](auto& values) {
+        values.flags = static_cast<std::uint8_t>(on ? values.flags | flag : values.flags & ~flag);
+    };
+    if (MemoryLayer* layer = engine::memoryLayer(record)) {
+        write(*layer);
+        return Vorn::eOk;
+    }
+    return writeRow(record, write);
+}
+
+Vorn::ErrorStatus writePlotStyle(const KelDbLayerTableRecord& record, zdr::NameId name) {
+    KelDbStub* stub = nullptr;
+    const Vorn::ErrorStatus status = forWriting(record, stub);
+    if (status != Vorn::eOk)
+        return status;
+    if (stub->database->drawing().colorDependentPlotStyles)
+        return Vorn::eNotNamedPlotStyles;
+    if (name == zdr::kNoName || !stub->database->hasPlotStyle(name))
+        return Vorn::eKeyNotFound;
+    return writeRow(record, [name](engine::LayerValues& values) { values.plotStyle = name; });
+}
+
+} // namespace
+
+Vorn::ErrorStatus KelDbLayerTableRecord::setIsFrozen(bool frozen) {
+    HostCall call("record.setIsFrozen", objectId(), frozen);
+    if (const auto status = call.fault())
+        return call.answer(*status);
+    return call.answer(writeFlag(*this, zdr::kLayerFrozen, frozen));
+}
+
+void KelDbLayerTableRecord::setIsOff(bool off) {
+    HostCall call("record.setIsOff", objectId(), off);
+    writeFlag(*this, zdr::kLayerOn, !off);
+}
+
+void KelDbLayerTableRecord::setIsLocked(bool locked) {
+    HostCall call("record.setIsLocked", objectId(), locked);
+    writeFlag(*this, zdr::kLayerLocked, locked);
+}
+
+void KelDbLayerTableRecord::setVPDFLT(bool frozen) {
+    HostCall call("record.setVPDFLT", objectId(), frozen);
+    writeFlag(*this, zdr::kLayerNewViewportFrozen, frozen);
+}
+
+Vorn::ErrorStatus KelDbLayerTableRecord::setIsPlottable(bool plot) {
+    HostCall call("record.setIsPlottable", objectId(), plot);
+    if (const auto status = call.fault())
+        return call.answer(*status);
+    return call.answer(writeFlag(*this, zdr::kLayerPlot, plot));
+}
+
+void KelDbLayerTableRecord::setColor(const KelCmColor& color) {
+    HostCall call("record.setColor", objectId(), color);
+    if (MemoryLayer* layer = engine::memoryLayer(*this))
+        layer->color = color.packed();
+    else
+        writeRow(*this, [&](engine::LayerValues& values) { values.color = color.packed(); });
+}
+
+// A linetype of another drawing, or none, changes nothing.
+void KelDbLayerTableRecord::setLinetypeObjectId(KelDbObjectId linetype) {
+    HostCall call("record.setLinetypeObjectId", objectId(), linetype);
+    if (MemoryLayer* layer = engine::memoryLayer(*this)) {
+        layer->linetype = linetype;
+        return;
+    }
+    const KelDbStub* own = state()->stub;
+    const KelDbStub* stub = linetype.stub();
+    if (!stub || stub->erased || stub->kind != engine::ObjectKind::Linetype || stub->database != own->database)
+        return;
+    const zdr::NameId name = own->database->drawing().linetypes[stub->index].name;
+    writeRow(*this, [name](engine::LayerValues& values) { values.linetype = name; });
+}
+
+Vorn::ErrorStatus KelDbLayerTableRecord::setLineWeight(int weight) {
+    HostCall call("record.setLineWeight", objectId(), weight);
+    if (const auto status = call.fault())
+        return call.answer(*status);
+    if (!engine::isLineWeight(weight))
+        return call.answer(Vorn::eInvalidInput);
+    const auto value = static_cast<std::int16_t>(weight);
+    if (MemoryLayer* layer = engine::memoryLayer(*this)) {
+        layer->lineWeight = value;
+        return call.answer(Vorn::eOk);
+    }
+    return call.answer(writeRow(*this, [value](engine::LayerValues& values) { values.lineWeight = value; }));
+}
+
+Vorn::ErrorStatus KelDbLayerTableRecord::setPlotStyleName(const KelDbObjectId& style) {
+    HostCall call("record.setPlotStyleName", objectId(), style);
+    if (const auto status = call.fault())
+        return call.answer(*status);
+    const KelDbStub* stub = style.stub();
+    if (!stub || stub->erased || stub->kind != engine::ObjectKind::PlotStyle)
+        return call.answer(Vorn::eInvalidInput);
+    if (MemoryLayer* layer = engine::memoryLayer(*this)) {
+        layer->plotStyle = engine::nameOf(style);
+        layer->plotStyleId = style;
+        return call.answer(Vorn::eOk);
+    }
+    if (stub->database != state()->stub->database)
+        return call.answer(Vorn::eInvalidInput);
+    return call.answer(writePlotStyle(*this, stub->database->drawing().plotStyles[stub->index].name));
+}
+
+Vorn::ErrorStatus KelDbLayerTableRecord::setPlotStyleName(const wchar_t* name) {
+    HostCall call("record.setPlotStyleName", objectId(), name);
+    if (const auto status = call.fault())
+        return call.answer(*status);
+    if (!name || !*name)
+        return call.answer(Vorn::eInvalidInput);
+    if (MemoryLayer* layer = engine::memoryLayer(*this)) {
+        layer->plotStyle = name;
+        layer->plotStyleId = {};
+        return call.answer(Vorn::eOk);
+    }
+    const KelDbStub* stub = engine::liveStub(*this);
+    return call.answer(stub ? writePlotStyle(*this, stub->database->drawing().names.find(name))
+                            : Vorn::eNotOpenForWrite);
+}
+
+Vorn::ErrorStatus KelDbLayerTableRecord::setDescription(const wchar_t* description) {
+    HostCall call("record.setDescription", objectId(), description);
+    if (const auto status = call.fault())
+        return call.answer(*status);
+    std::wstring text = description ? description : L"";
+    if (MemoryLayer* layer = engine::memoryLayer(*this)) {
+        layer->description = std::move(text);
+        return call.answer(Vorn::eOk);
+    }
+    KelDbStub* stub = nullptr;
+    const Vorn::ErrorStatus status = forWriting(*this, stub);
+    if (status == Vorn::eOk)
+        stub->database->setLayerDescription(stub->index, std::move(text));
+    return call.answer(status);
+}

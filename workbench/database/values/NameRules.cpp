@@ -1,0 +1,92 @@
+// See NameRules.h.
+
+#include "NameRules.h"
+
+#include "HostCalls.h"
+#include "KelEditor.h"
+#include "model/CaseFolding.h"
+
+#include <algorithm>
+
+using instruments::HostCall;
+
+namespace engine {
+namespace {
+
+bool allowedInExtendedName(wchar_t character, bool allowVerticalBar) {
+    const auto code = static_cast<std::uint32_t>(character);
+    if (code < 0x20 || (code >= 0x7F && code < 0xA0))
+        return false;
+    if (character == L'|')
+        return allowVerticalBar;
+    return std::wstring_view(L"<>:\"/\\?*!").find(character) == std::wstring_view::npos;
+}
+
+bool allowedInOldName(wchar_t character, bool allowVerticalBar) {
+    const bool letter = (character >= L'a' && character <= L'z') || (character >= L'A' && character <= L'Z');
+    const bool digit = character >= L'0' && character <= L'9';
+    return letter || digit || std::wstring_view(L"_-$").find(character) != std::wstring_view::npos ||
+           (character == L'|' && allowVerticalBar);
+}
+
+std::size_t lengthInUnits(std::wstring_view name) {
+    const auto wide = std::ranges::count_if(name, [](wchar_t c) { return static_cast<std::uint32_t>(c) > 0xFFFF; });
+    return name.size() + static_cast<std::size_t>(wide);
+}
+
+} // namespace
+
+Vorn::ErrorStatus checkName(std::wstring_view name, bool allowVerticalBar, bool extended) {
+    const auto allowed = extended ? allowedInExtendedName : allowedInOldName;
+    if (name.empty() || !std::ranges::all_of(name, [&](wchar_t c) { return allowed(c, allowVerticalBar); }))
+        return Vorn::eInvalidInput;
+    return lengthInUnits(name) > (extended ? kMaxNameLength : kMaxOldNameLength) ? Vorn::eNameTooLong : Vorn::eOk;
+}
+
+bool isReservedLayer(std::wstring_view name) {
+    return zdr::equalFolded(name, L"ReferencePoints");
+}
+
+} // namespace engine
+
+KelDbSymbolNameServices::~KelDbSymbolNameServices() = default;
+
+namespace {
+
+class NameServices : public KelDbSymbolNameServices {
+  public:
+    Vorn::ErrorStatus validateSymbolName(const wchar_t* name, bool allowVerticalBar) const override {
+        HostCall call("validateSymbolName", name, allowVerticalBar);
+        if (const auto status = call.fault())
+            return call.answer(*status);
+        return call.answer(name ? engine::checkName(name, allowVerticalBar, true) : Vorn::eInvalidInput);
+    }
+    bool extendedNamesMode(KelDbDatabase* database) const override {
+        HostCall call("extendedNamesMode", database);
+        return call.answer(!call.fault());
+    }
+    void maxNameLength(int& length, int& oldLength, bool isNewName, bool extendedNames) const override {
+        HostCall call("maxNameLength", isNewName, extendedNames);
+        length = static_cast<int>(extendedNames ? engine::kMaxNameLength : engine::kMaxOldNameLength);
+        oldLength = static_cast<int>(engine::kMaxOldNameLength);
+        call.out("length", length);
+    }
+    Vorn::ErrorStatus validateNameCharacters(const wchar_t* name, bool isNewName, bool allowVerticalBar,
+                                             bool extendedNames) const override {
+        HostCall call("validateNameCharacters", name, isNewName, allowVerticalBar, extendedNames);
+        if (const auto status = call.fault())
+            return call.answer(*status);
+        return call.answer(name ? engine::checkName(name, allowVerticalBar, extendedNames) : Vorn::eInvalidInput);
+    }
+    bool isReservedLayerName(const wchar_t* name) const override {
+        HostCall call("isReservedLayerName", name);
+        return call.answer(!call.fault() && name && engine::isReservedLayer(name));
+    }
+};
+
+} // namespace
+
+const KelDbSymbolNameServices* KelDbSymbolUtilities::servicesPtr106() {
+    static const NameServices services;
+    return &services;
+}
