@@ -80,6 +80,13 @@ void putIn(zdr::Drawing& drawing, std::size_t index, WholeLayer whole) {
         }
 }
 
+// The data of one object: the list is sorted by object.
+auto extendedDataOf(std::vector<zdr::ExtendedData>& all, zdr::Handle object) {
+    const auto first = std::ranges::lower_bound(all, object, {}, &zdr::ExtendedData::object);
+    const auto behind = std::ranges::upper_bound(all, object, {}, &zdr::ExtendedData::object);
+    return std::pair(first, behind);
+}
+
 } // namespace
 
 zdr::Viewport* findViewport(zdr::Drawing& drawing, zdr::Handle handle) {
@@ -153,7 +160,7 @@ void LayerListChange::exchange(zdr::Drawing& drawing, ObjectDirectory& objects) 
 
 void ExtendedDataChange::exchange(zdr::Drawing& drawing, ObjectDirectory&) {
     auto& all = drawing.extendedData;
-    const auto [first, behind] = std::ranges::equal_range(all, object, {}, &zdr::ExtendedData::object);
+    const auto [first, behind] = extendedDataOf(all, object);
     const auto found = std::find_if(first, behind, [this](const zdr::ExtendedData& data) {
         return zdr::equalFolded(data.application, application);
     });

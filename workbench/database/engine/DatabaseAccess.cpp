@@ -75,7 +75,7 @@ Vorn::ErrorStatus setCurrentViewport(KelDbDatabase& database, std::optional<zdr:
 KelDbObjectId currentViewportId(const KelDbDatabase& database) {
     const zdr::Drawing& drawing = drawingOf(database);
     return drawing.activeLayout && drawing.currentViewport ? objectId(database, *drawing.currentViewport)
-                                                            : KelDbObjectId();
+                                                           : KelDbObjectId();
 }
 
 // A new layer looks as a layer of a new drawing does.

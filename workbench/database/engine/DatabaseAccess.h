@@ -29,7 +29,8 @@ KELDB_API std::size_t layerIndex(const KelDbDatabase& database, KelDbObjectId id
 /// zdr::kLayerViewportFrozen. Null asks for the drawing's own. Good until the next change.
 KELDB_API const zdr::LayerColumns& shownColumns(const KelDbDatabase& database, const zdr::Viewport* viewport);
 
-/// Makes a layout the active one, or the model tab; no viewport is current then. eInvalidInput for one that isn't there.
+/// Makes a layout the active one, or the model tab; no viewport is current then. eInvalidInput for one that isn't
+/// there.
 KELDB_API Vorn::ErrorStatus setActiveLayout(KelDbDatabase& database, std::optional<std::size_t> layout);
 /// Makes a viewport of the active layout the current one, or none. eInvalidInput for one that isn't there or isn't on.
 KELDB_API Vorn::ErrorStatus setCurrentViewport(KelDbDatabase& database, std::optional<zdr::Handle> viewport);
@@ -57,9 +58,9 @@ KELDB_API bool redo(KelDbDatabase& database);
 KELDB_API bool canUndo(const KelDbDatabase& database);
 KELDB_API bool canRedo(const KelDbDatabase& database);
 
-/// Makes a reference that the drawing has hold another drawing: its layers stand among the drawing's under "name!layer",
-/// its own states under "name!state". Null leaves the reference unresolved; its layers stay, its states go. Can't be
-/// undone, and nothing before it can.
+/// Makes a reference that the drawing has hold another drawing: its layers stand among the drawing's under
+/// "name!layer", its own states under "name!state". Null leaves the reference unresolved; its layers stay, its states
+/// go. Can't be undone, and nothing before it can.
 KELDB_API void attachReference(KelDbDatabase& database, std::size_t reference,
                                std::shared_ptr<const zdr::Drawing> drawing);
 

@@ -2,7 +2,7 @@
 
 #include "DatabaseImp.h"
 
-#include "HostCalls.h"
+#include "instruments/HostCalls.h"
 #include "NewDrawing.h"
 
 #include <algorithm>
@@ -135,7 +135,8 @@ void DatabaseImp::registerApplication(std::wstring name) {
     ++m_changes;
 }
 
-void DatabaseImp::setExtendedData(zdr::Handle object, std::wstring application, std::vector<zdr::ExtendedValue> values) {
+void DatabaseImp::setExtendedData(zdr::Handle object, std::wstring application,
+                                  std::vector<zdr::ExtendedValue> values) {
     ExtendedDataChange change{object, std::move(application), std::move(values)};
     change.exchange(m_drawing, m_objects);
     m_history.add(std::move(change));

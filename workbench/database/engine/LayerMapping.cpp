@@ -32,7 +32,8 @@ LayerMapping mapLayers(const zdr::LayerSet& stateLayers, const NameIdIndex& draw
         }
         ++mapping.held;
         auto& runs = mapping.runs;
-        if (!runs.empty() && runs.back().state + runs.back().count == i && runs.back().drawing + runs.back().count == place)
+        if (!runs.empty() && runs.back().state + runs.back().count == i &&
+            runs.back().drawing + runs.back().count == place)
             ++runs.back().count;
         else
             runs.push_back({i, place, 1});

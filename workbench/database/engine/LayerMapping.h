@@ -1,6 +1,6 @@
-// Where the layers of a state stand among the drawing's layers. States mostly hold the drawing's layers in the drawing's
-// order, so the answer is kept as runs that stand together on both sides, and whole runs of memory can be compared and
-// copied.
+// Where the layers of a state stand among the drawing's layers. States mostly hold the drawing's layers in the
+// drawing's order, so the answer is kept as runs that stand together on both sides, and whole runs of memory can be
+// compared and copied.
 #pragma once
 
 #include "NameIndexes.h"
@@ -31,8 +31,8 @@ LayerMapping mapLayers(const zdr::LayerSet& stateLayers, const NameIdIndex& draw
 /// Keeps mappings for as long as the drawing's layers and the state's set of layers stay.
 class MappingCache {
   public:
-    const LayerMapping& mapping(const std::shared_ptr<const zdr::LayerSet>& stateLayers, const NameIdIndex& drawingLayers,
-                                std::size_t drawingCount);
+    const LayerMapping& mapping(const std::shared_ptr<const zdr::LayerSet>& stateLayers,
+                                const NameIdIndex& drawingLayers, std::size_t drawingCount);
     /// The drawing's layers changed.
     void clear() { m_entries.clear(); }
 

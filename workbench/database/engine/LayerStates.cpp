@@ -3,7 +3,7 @@
 #include "LayerStates.h"
 
 #include "LayerStateMask.h"
-#include "NameRules.h"
+#include "values/NameRules.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 
 #include "NewDrawing.h"
 
-#include "NameRules.h"
+#include "values/NameRules.h"
 
 #include <algorithm>
 

@@ -5,7 +5,7 @@
 #include "ReferenceAttachment.h"
 
 #include "LayerStates.h"
-#include "NameRules.h"
+#include "values/NameRules.h"
 
 namespace engine {
 namespace {

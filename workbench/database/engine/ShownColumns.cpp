@@ -10,7 +10,7 @@ namespace {
 // A freshly edited column is this column's alone, so its values may be written without looking again.
 template <class T, class Value>
 void applyOverrides(zdr::Column<T>& column, const std::vector<zdr::ViewportOverride>& overrides, std::uint32_t bit,
-              Value zdr::ViewportOverride::*value) {
+                    Value zdr::ViewportOverride::*value) {
     std::vector<T>* values = nullptr;
     for (const zdr::ViewportOverride& layer : overrides) {
         if (!(layer.mask & bit) || layer.layer >= column.size())

@@ -2,7 +2,7 @@
 
 #include "LayerStates.h"
 
-#include "NameRules.h"
+#include "values/NameRules.h"
 
 namespace engine {
 namespace {

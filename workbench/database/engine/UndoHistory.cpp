@@ -4,6 +4,8 @@
 
 #include "ObjectDirectory.h"
 
+#include <utility>
+
 namespace engine {
 
 void UndoHistory::beginGroup() {

@@ -1,5 +1,5 @@
-// The steps that can be undone and done again. A step is all that changed between the outermost start of a group and its
-// end; what changes outside any group is gathered into one step that ends where the next group begins.
+// The steps that can be undone and done again. A step is all that changed between the outermost start of a group and
+// its end; what changes outside any group is gathered into one step that ends where the next group begins.
 #pragma once
 
 #include "Changes.h"

@@ -2,10 +2,10 @@
 
 #include "ExtendedDataChain.h"
 
-#include "HostCalls.h"
-#include "NameRules.h"
+#include "instruments/HostCalls.h"
+#include "values/NameRules.h"
 #include "RuntimeParts.h"
-#include "RuntimeStrings.h"
+#include "values/RuntimeStrings.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -56,8 +56,9 @@ bool isRegistered(const zdr::Drawing& drawing, std::wstring_view name) {
 } // namespace
 
 ResultBuffer* makeChain(const zdr::Drawing& drawing, zdr::Handle object, std::wstring_view application) {
-    for (const zdr::ExtendedData& data :
-         std::ranges::equal_range(drawing.extendedData, object, {}, &zdr::ExtendedData::object)) {
+    auto item = std::ranges::lower_bound(drawing.extendedData, object, {}, &zdr::ExtendedData::object);
+    for (; item != drawing.extendedData.end() && item->object == object; ++item) {
+        const zdr::ExtendedData& data = *item;
         if (!zdr::equalFolded(data.application, application))
             continue;
         ResultBuffer* chain = nullptr;

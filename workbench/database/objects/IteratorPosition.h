@@ -11,9 +11,7 @@ struct KelDbSymbolTableIterator::Position {
     bool inTable() const {
         return index >= 0 && index < static_cast<std::ptrdiff_t>(database->drawing().layers.size());
     }
-    KelDbStub* stub() const {
-        return inTable() ? database->objects().layer(static_cast<std::size_t>(index)) : nullptr;
-    }
+    KelDbStub* stub() const { return inTable() ? database->objects().layer(static_cast<std::size_t>(index)) : nullptr; }
 };
 
 struct KelDbIteratorAccess {

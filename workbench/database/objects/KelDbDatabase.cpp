@@ -2,7 +2,7 @@
 
 #include "KelDbDatabase.h"
 
-#include "HostCalls.h"
+#include "instruments/HostCalls.h"
 #include "ObjectState.h"
 #include "RtClass.h"
 #include "engine/LayerCommands.h"

@@ -1,6 +1,6 @@
 // The dictionaries: of plot style names, and of the records of layer states.
 
-#include "HostCalls.h"
+#include "instruments/HostCalls.h"
 #include "KelDbObject.h"
 #include "ObjectState.h"
 #include "RtClass.h"

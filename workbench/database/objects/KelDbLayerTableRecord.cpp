@@ -1,10 +1,10 @@
 // A layer as callers read it: one row of the drawing's columns, or values in memory.
 
-#include "HostCalls.h"
+#include "instruments/HostCalls.h"
 #include "KelDbTables.h"
 #include "ObjectState.h"
 #include "RtClass.h"
-#include "RuntimeStrings.h"
+#include "values/RuntimeStrings.h"
 
 using engine::MemoryLayer;
 using instruments::HostCall;

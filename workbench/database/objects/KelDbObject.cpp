@@ -3,7 +3,7 @@
 #include "KelDbObject.h"
 
 #include "ExtendedDataChain.h"
-#include "HostCalls.h"
+#include "instruments/HostCalls.h"
 #include "ObjectState.h"
 #include "RtClass.h"
 

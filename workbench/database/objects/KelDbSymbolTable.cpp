@@ -1,6 +1,6 @@
 // The symbol tables: finding records by name, and walking and filling the layer table.
 
-#include "HostCalls.h"
+#include "instruments/HostCalls.h"
 #include "IteratorPosition.h"
 #include "KelDbTables.h"
 #include "ObjectState.h"

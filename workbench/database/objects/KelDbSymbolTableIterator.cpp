@@ -1,6 +1,6 @@
 // Walking the layer table. Erased layers leave the table at once, so there are none to pass over.
 
-#include "HostCalls.h"
+#include "instruments/HostCalls.h"
 #include "IteratorPosition.h"
 #include "ObjectState.h"
 

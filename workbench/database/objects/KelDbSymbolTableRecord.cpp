@@ -1,11 +1,11 @@
 // What is common to the records of symbol tables: the name, and where they come from.
 
-#include "HostCalls.h"
+#include "instruments/HostCalls.h"
 #include "KelDbTables.h"
-#include "NameRules.h"
+#include "values/NameRules.h"
 #include "ObjectState.h"
 #include "RtClass.h"
-#include "RuntimeStrings.h"
+#include "values/RuntimeStrings.h"
 #include "engine/LayerCommands.h"
 
 using engine::ObjectKind;

@@ -1,6 +1,6 @@
 // A viewport of a layout, as callers see it.
 
-#include "HostCalls.h"
+#include "instruments/HostCalls.h"
 #include "KelDbObject.h"
 #include "ObjectState.h"
 #include "RtClass.h"

@@ -1,6 +1,6 @@
 // A layer as callers write it: one row of the drawing's columns, or values in memory.
 
-#include "HostCalls.h"
+#include "instruments/HostCalls.h"
 #include "KelDbTables.h"
 #include "ObjectState.h"
 #include "engine/LayerCommands.h"
@@ -17,8 +17,7 @@ Vorn::ErrorStatus forWriting(const KelDbLayerTableRecord& record, KelDbStub*& st
 }
 
 // Writes one value into a record in memory or into the layer's row, under the rules of the drawing.
-template <class Write>
-Vorn::ErrorStatus writeRow(const KelDbLayerTableRecord& record, Write write) {
+template <class Write> Vorn::ErrorStatus writeRow(const KelDbLayerTableRecord& record, Write write) {
     KelDbStub* stub = nullptr;
     const Vorn::ErrorStatus status = forWriting(record, stub);
     if (status != Vorn::eOk)

@@ -2,7 +2,7 @@
 
 #include "ObjectState.h"
 
-#include "HostCalls.h"
+#include "instruments/HostCalls.h"
 
 #include <memory>
 
@@ -48,7 +48,8 @@ void enterInLedger(const KelDbStub& stub, bool forWrite) {
 
 } // namespace
 
-Vorn::ErrorStatus openObject(KelDbObject*& object, KelDbObjectId id, int mode, const KelRtClass* kind, bool openErased) {
+Vorn::ErrorStatus openObject(KelDbObject*& object, KelDbObjectId id, int mode, const KelRtClass* kind,
+                             bool openErased) {
     KelDbStub* stub = id.stub();
     if (!stub)
         return Vorn::eNullObjectId;
@@ -112,8 +113,9 @@ StateLayerUpdate stateLayerUpdate(const KelDbLayerTableRecord& record, bool isCu
     const MemoryLayer* own = memoryLayer(record);
     const MemoryLayer layer = own ? *own : stub ? copyToMemory(*stub) : MemoryLayer{};
     const auto orNone = [](std::wstring name) { return name.empty() ? std::nullopt : std::optional(std::move(name)); };
-    return {layer.name,       layer.flags,     layer.color, orNone(nameOf(layer.linetype)), layer.lineWeight,
-            orNone(layer.plotStyle), isCurrent};
+    return {
+        layer.name, layer.flags, layer.color, orNone(nameOf(layer.linetype)), layer.lineWeight, orNone(layer.plotStyle),
+        isCurrent};
 }
 
 std::wstring nameOf(KelDbObjectId id) {

@@ -2,10 +2,10 @@
 
 #include "KelCmColor.h"
 
-#include "ColorPalette.h"
-#include "HostCalls.h"
+#include "values/ColorPalette.h"
+#include "instruments/HostCalls.h"
 #include "KelEditor.h"
-#include "ReservedWords.h"
+#include "values/ReservedWords.h"
 
 #include <string>
 

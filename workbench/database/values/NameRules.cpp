@@ -1,8 +1,8 @@
 // See NameRules.h.
 
-#include "NameRules.h"
+#include "values/NameRules.h"
 
-#include "HostCalls.h"
+#include "instruments/HostCalls.h"
 #include "KelEditor.h"
 #include "model/CaseFolding.h"
 
@@ -30,7 +30,7 @@ bool allowedInOldName(wchar_t character, bool allowVerticalBar) {
 }
 
 std::size_t lengthInUnits(std::wstring_view name) {
-    const auto wide = std::ranges::count_if(name, [](wchar_t c) { return static_cast<std::uint32_t>(c) > 0xFFFF; });
+    const auto wide = std::ranges::count_if(name, [](wchar_t c) { return static_cast<std::uint64_t>(c) >> 16 != 0; });
     return name.size() + static_cast<std::size_t>(wide);
 }
 

@@ -1,6 +1,6 @@
 // Reals and angles as the host writes them for people.
 
-#include "HostCalls.h"
+#include "instruments/HostCalls.h"
 #include "KelEditor.h"
 
 #include <algorithm>

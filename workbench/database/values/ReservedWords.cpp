@@ -1,8 +1,8 @@
 // See ReservedWords.h.
 
-#include "ReservedWords.h"
+#include "values/ReservedWords.h"
 
-#include "HostCalls.h"
+#include "instruments/HostCalls.h"
 #include "KelEditor.h"
 
 namespace engine {

@@ -2,8 +2,8 @@
 
 #include "ResultBuffer.h"
 
-#include "HostCalls.h"
-#include "RuntimeStrings.h"
+#include "instruments/HostCalls.h"
+#include "values/RuntimeStrings.h"
 
 #include <cstdlib>
 #include <cwchar>

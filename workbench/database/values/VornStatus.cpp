@@ -2,7 +2,7 @@
 
 #include "VornStatus.h"
 
-#include "HostCalls.h"
+#include "instruments/HostCalls.h"
 
 namespace {
 

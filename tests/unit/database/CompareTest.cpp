@@ -1,0 +1,117 @@
+// Whether a state matches what the drawing shows.
+
+#include "EngineTest.h"
+
+class Compare : public EngineTest {
+  protected:
+    Compare() { states().saveLayerState(L"Plan", MaskAllProperties); }
+};
+
+TEST_F(Compare, AFreshlySavedStateMatches) {
+    EXPECT_TRUE(matches(L"Plan"));
+    EXPECT_TRUE(matches(L"PLAN"));
+}
+
+TEST_F(Compare, ADifferenceAndItsReturnAreSeen) {
+    setColor(L"Doors", 2);
+    EXPECT_FALSE(matches(L"Plan"));
+    setColor(L"Doors", 7);
+    EXPECT_TRUE(matches(L"Plan"));
+}
+
+struct Difference {
+    const char* name;
+    LayerStateMask mask;
+    void (*make)(engine::LayerValues& values, zdr::NameId linetype, zdr::NameId plotStyle);
+};
+void PrintTo(const Difference& item, std::ostream* out) {
+    *out << item.name;
+}
+
+void toggle(engine::LayerValues& values, int flag) {
+    values.flags = static_cast<std::uint8_t>(values.flags ^ flag);
+}
+
+class CompareMask : public Compare, public testing::WithParamInterface<Difference> {
+  protected:
+    void differ() {
+        change(L"Furniture", [this](engine::LayerValues& layerValues) {
+            GetParam().make(layerValues, nameId(L"Dashed"), nameId(L"Fine"));
+        });
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(
+    EachBit, CompareMask,
+    testing::Values(
+        Difference{"on", MaskOn, [](auto& values, auto, auto) { toggle(values, zdr::kLayerOn); }},
+        Difference{"frozen", MaskFrozen, [](auto& values, auto, auto) { toggle(values, zdr::kLayerFrozen); }},
+        Difference{"locked", MaskLocked, [](auto& values, auto, auto) { toggle(values, zdr::kLayerLocked); }},
+        Difference{"plot", MaskPlot, [](auto& values, auto, auto) { toggle(values, zdr::kLayerPlot); }},
+        Difference{"newViewports", MaskNewViewportFrozen,
+                   [](auto& values, auto, auto) { toggle(values, zdr::kLayerNewViewportFrozen); }},
+        Difference{"color", MaskColor, [](auto& values, auto, auto) { values.color = 3; }},
+        Difference{"linetype", MaskLinetype, [](auto& values, auto linetype, auto) { values.linetype = linetype; }},
+        Difference{"lineWeight", MaskLineWeight, [](auto& values, auto, auto) { values.lineWeight = 25; }},
+        Difference{"plotStyle", MaskPlotStyle, [](auto& values, auto, auto style) { values.plotStyle = style; }}),
+    [](const auto& test) { return std::string(test.param.name); });
+
+TEST_P(CompareMask, SeesTheDifferenceWithItsBitAndNotWithoutIt) {
+    differ();
+    EXPECT_FALSE(matches(L"Plan"));
+    states().setLayerStateMask(L"Plan", GetParam().mask);
+    EXPECT_FALSE(matches(L"Plan"));
+    states().setLayerStateMask(L"Plan", MaskAllProperties & ~GetParam().mask);
+    EXPECT_TRUE(matches(L"Plan"));
+}
+
+TEST_P(CompareMask, SeesTheDifferenceAlsoAmongOtherLayersThanTheDrawings) {
+    engine::addLayer(m_database, L"Notes");
+    EXPECT_TRUE(matches(L"Plan"));
+    differ();
+    EXPECT_FALSE(matches(L"Plan"));
+    states().setLayerStateMask(L"Plan", MaskAllProperties & ~GetParam().mask);
+    EXPECT_TRUE(matches(L"Plan"));
+}
+
+TEST_F(Compare, ALayerThatTheDrawingLacksIsADifference) {
+    engine::removeLayer(m_database, layer(L"Furniture"));
+    EXPECT_FALSE(matches(L"Plan"));
+    states().setLayerStateMask(L"Plan", 0);
+    EXPECT_FALSE(matches(L"Plan"));
+}
+
+TEST_F(Compare, ALayerThatTheStateDoesNotHoldIsNone) {
+    engine::addLayer(m_database, L"Notes");
+    EXPECT_TRUE(matches(L"Plan"));
+}
+
+TEST_F(Compare, AnotherCurrentLayerIsNone) {
+    engine::setCurrentLayer(m_database, layer(L"Walls"));
+    EXPECT_TRUE(matches(L"Plan"));
+}
+
+TEST_F(Compare, ARestoredStateMatches) {
+    setColor(L"Walls", 3);
+    setFlag(L"Doors", zdr::kLayerLocked, true);
+    EXPECT_FALSE(matches(L"Plan"));
+    restore(L"Plan");
+    EXPECT_TRUE(matches(L"Plan"));
+}
+
+TEST_F(Compare, WorksOverColumnsLongerThanAnyBlockOfMemory) {
+    std::vector<TestLayer> many;
+    std::deque<std::wstring> names;
+    for (int i = 0; i < 2000; ++i) {
+        names.push_back(L"L" + std::to_wstring(i));
+        many.push_back({names.back().c_str()});
+    }
+    use(makeDrawing(many));
+    states().saveLayerState(L"Plan", MaskLocked);
+    for (const wchar_t* name : {L"L0", L"L511", L"L512", L"L1998", L"L1999"}) {
+        setFlag(name, zdr::kLayerLocked, true);
+        EXPECT_FALSE(matches(L"Plan")) << testing::PrintToString(std::wstring(name));
+        setFlag(name, zdr::kLayerLocked, false);
+        EXPECT_TRUE(matches(L"Plan"));
+    }
+}
