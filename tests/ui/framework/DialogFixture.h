@@ -1,0 +1,45 @@
+// What the tests of dialogs share: a dialog that sets itself up as modules do, and a registry of its own for each test.
+#pragma once
+
+#include "OrvUiControls.h"
+#include "OrvUiDialog.h"
+#include "RealInput.h"
+#include "Steps.h"
+#include "ids.h"
+
+#include <gmock/gmock.h>
+
+#include <functional>
+#include <string>
+
+/// A dialog whose set-up after the base OnInitDialog is the test's.
+class TestDialog : public CKelUiDialog {
+  public:
+    explicit TestDialog(UINT templateId, const wchar_t* name = L"FrameworkTests:Dialog");
+
+    std::function<void()> setUp;
+    std::function<void(UINT)> onCommand;
+
+    BOOL OnInitDialog() override;
+    HWND control(int id) const { return ::GetDlgItem(GetSafeHwnd(), id); }
+    /// A step that closes the dialog with OK.
+    Step close();
+
+  protected:
+    BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    const wchar_t* m_name;
+};
+
+/// Moves the framework's store to a key of the tests, and empties it before and after each one.
+class DialogFixture : public testing::Test {
+  protected:
+    DialogFixture();
+    ~DialogFixture() override;
+
+    /// The registry path, below HKEY_CURRENT_USER, of what is kept for a dialog.
+    static std::wstring kept(const std::wstring& below = {});
+    static void writeValue(const std::wstring& path, const wchar_t* name, DWORD type, const void* data, DWORD size);
+    static void writeNumber(const std::wstring& path, const wchar_t* name, DWORD value);
+};

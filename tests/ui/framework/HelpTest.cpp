@@ -1,0 +1,128 @@
+// The help: its pages, and how they open.
+
+#include "DialogFixture.h"
+
+#include "OrvUiServices.h"
+#include "base/ComponentFile.h"
+#include "help/HelpPage.h"
+#include "instruments/HostCalls.h"
+
+using framework::helpPage;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+
+namespace {
+
+constexpr const wchar_t* kManagerTopic = L"RESTORELAYERSTATEDIALOG";
+
+bool exists(const std::wstring& path) {
+    return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+TEST(HelpPages, standInTheHelpFolderBesideTheFramework) {
+    EXPECT_EQ(helpPage(L"", L"TOPIC"), framework::frameworkFolder() + L"help\\TOPIC.html");
+    EXPECT_EQ(helpPage(L"C:\\other", L"TOPIC"), L"C:\\other\\TOPIC.html");
+}
+
+TEST(HelpPages, noTopicLeadsOutOfTheFolder) {
+    EXPECT_EQ(helpPage(L"", L"..\\secret"), L"");
+    EXPECT_EQ(helpPage(L"", L"a/b"), L"");
+    EXPECT_EQ(helpPage(L"", L"C:x"), L"");
+    EXPECT_EQ(helpPage(L"", L""), L"");
+}
+
+TEST(HelpPages, theManagersPageIsInstalled) {
+    EXPECT_TRUE(exists(helpPage(L"", kManagerTopic)));
+}
+
+class Help : public DialogFixture {};
+
+TEST_F(Help, aMissingPageIsTold) {
+    std::wstring said;
+    Steps steps({{"a message",
+                  [&] {
+                      const HWND text = GetDlgItem(GetActiveWindow(), 0xFFFF);
+                      said = text ? textOf(text) : L"";
+                      return !said.empty();
+                  }},
+                 act("Enter", [] { pressKey(VK_RETURN); })});
+    keledHelp(nullptr, L"NOSUCHTOPIC", 0);
+    EXPECT_THAT(said, HasSubstr(L"NOSUCHTOPIC"));
+    EXPECT_THAT(instruments::trace(), ElementsAre("keledHelp(null, \"NOSUCHTOPIC\", 0)"));
+}
+
+/// Makes this program the one that opens pages, and remembers in a file what it was asked to open.
+class OpenedPages {
+  public:
+    OpenedPages() {
+        wchar_t program[MAX_PATH] = {};
+        GetModuleFileNameW(nullptr, program, MAX_PATH);
+        const std::wstring command = L'"' + std::wstring(program) + L"\" --opened \"%1\"";
+        set(L"Software\\Classes\\.html", L"FrameworkTests.Page");
+        set(L"Software\\Classes\\FrameworkTests.Page\\shell\\open\\command", command);
+        DeleteFileW(kFile);
+    }
+    ~OpenedPages() {
+        RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Classes\\.html");
+        RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Classes\\FrameworkTests.Page");
+        DeleteFileW(kFile);
+    }
+    OpenedPages(const OpenedPages&) = delete;
+    OpenedPages& operator=(const OpenedPages&) = delete;
+
+    /// The page that was opened, as soon as there is one; empty after 10 seconds.
+    std::wstring wait() const {
+        const unsigned long long end = GetTickCount64() + 10000;
+        wchar_t page[MAX_PATH] = {};
+        DWORD read = 0;
+        while (read == 0 && GetTickCount64() < end) {
+            Sleep(20);
+            const HANDLE file = CreateFileW(kFile, GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+            if (file == INVALID_HANDLE_VALUE)
+                continue;
+            ReadFile(file, page, sizeof page - sizeof *page, &read, nullptr);
+            CloseHandle(file);
+        }
+        return page;
+    }
+
+  private:
+    static constexpr const wchar_t* kFile = L"framework-tests-opened.txt";
+
+    static void set(const wchar_t* path, const std::wstring& text) {
+        RegSetKeyValueW(HKEY_CURRENT_USER, path, nullptr, REG_SZ, text.c_str(),
+                        static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
+    }
+};
+
+TEST_F(Help, anExistingPageIsOpenedByTheProgramForPages) {
+    const OpenedPages opened;
+    keledHelp(nullptr, kManagerTopic, 0);
+    EXPECT_THAT(opened.wait(), EndsWith(L"\\help\\RESTORELAYERSTATEDIALOG.html"));
+}
+
+TEST_F(Help, theCommonHandlerAsksTheDialogForItsOwnHelp) {
+    class HelpingDialog : public TestDialog {
+      public:
+        using TestDialog::TestDialog;
+        int asked = 0;
+        void OnDialogHelp() override { ++asked; }
+        void press() { onHelpCommand(); }
+    };
+    HelpingDialog dialog{IDD_FIXED};
+    dialog.press();
+    EXPECT_EQ(dialog.asked, 1);
+}
+
+TEST_F(Help, thereIsNoMainWindowWithoutTheApplicationsWindow) {
+    EXPECT_EQ(orvsw_vornMainWnd(), nullptr);
+    CWnd window;
+    ASSERT_TRUE(window.CreateEx(0, L"STATIC", L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr));
+    AfxGetApp()->m_pMainWnd = &window;
+    EXPECT_EQ(orvsw_vornMainWnd(), window.GetSafeHwnd());
+    AfxGetApp()->m_pMainWnd = nullptr;
+    window.DestroyWindow();
+}
+
+} // namespace

@@ -1,0 +1,17 @@
+// Finds the files that are installed beside kelui.dll. Modules name them by component paths,
+// "/Component;component/File.xaml", of which only the file's name counts here.
+#pragma once
+
+#include "KelExport.h"
+
+#include <string>
+#include <string_view>
+
+namespace framework {
+
+/// The folder of kelui.dll, with a backslash at its end.
+KELUI_API std::wstring frameworkFolder();
+/// The file beside kelui.dll that a component path names. A path that doesn't begin with a slash stands for itself.
+KELUI_API std::wstring componentFile(std::wstring_view componentPath);
+
+} // namespace framework

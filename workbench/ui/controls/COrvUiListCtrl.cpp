@@ -1,0 +1,85 @@
+// A list view with a hit test by cell and tips for cells whose text is cut off.
+
+#include "OrvUiControls.h"
+
+#include "instruments/HostCalls.h"
+
+BEGIN_MESSAGE_MAP(COrvUiListCtrl, CListCtrl)
+END_MESSAGE_MAP()
+
+namespace {
+
+// The white space that a list view leaves on each side of a cell's text.
+constexpr int kTextMargin = 6;
+
+} // namespace
+
+COrvUiListCtrl::COrvUiListCtrl() : m_notified(nullptr) {}
+COrvUiListCtrl::~COrvUiListCtrl() {}
+
+int COrvUiListCtrl::GetItemAtPoint(CPoint& point, int& row, int& column) {
+    LVHITTESTINFO hit = {};
+    hit.pt = point;
+    row = ListView_SubItemHitTest(GetSafeHwnd(), &hit);
+    column = row < 0 ? -1 : hit.iSubItem;
+    return row < 0 || column < 0;
+}
+
+int COrvUiListCtrl::OnGetTipRect(CRect& rect) {
+    CPoint point;
+    GetCursorPos(&point);
+    ScreenToClient(&point);
+    int row = -1;
+    int column = -1;
+    if (GetItemAtPoint(point, row, column) != 0 || !CellRect(row, column, rect))
+        return FALSE;
+    return IsCutOff(row, column, rect);
+}
+
+void COrvUiListCtrl::SetOrvUiParent(CWnd* parent) {
+    instruments::HostCall call("SetOrvUiParent", static_cast<const void*>(parent));
+    m_notified = parent;
+}
+
+bool COrvUiListCtrl::TipAtPoint(CPoint point, CRect& rect, CString& text) {
+    int row = -1;
+    int column = -1;
+    if (GetItemAtPoint(point, row, column) != 0 || !CellRect(row, column, rect) || !OnGetTipRect(rect))
+        return false;
+    text = GetItemText(row, column);
+    return !text.IsEmpty();
+}
+
+BOOL COrvUiListCtrl::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
+    const BOOL handled = CListCtrl::OnChildNotify(message, wParam, lParam, result);
+    const bool elsewhere = m_notified && m_notified->GetSafeHwnd() != ::GetParent(GetSafeHwnd());
+    if (handled || message != WM_NOTIFY || !elsewhere || !m_notified->GetSafeHwnd())
+        return handled;
+    const LRESULT answer = m_notified->SendMessage(WM_NOTIFY, wParam, lParam);
+    if (result && answer)
+        *result = answer;
+    return answer != 0;
+}
+
+bool COrvUiListCtrl::CellRect(int row, int column, CRect& rect) const {
+    // Column 0 stands for the whole row in the control's own answer, so its right edge comes from its width.
+    if (!ListView_GetSubItemRect(GetSafeHwnd(), row, column, LVIR_BOUNDS, &rect))
+        return false;
+    if (column == 0)
+        rect.right = rect.left + ListView_GetColumnWidth(GetSafeHwnd(), 0);
+    return true;
+}
+
+bool COrvUiListCtrl::IsCutOff(int row, int column, const CRect& cell) const {
+    const CString text = GetItemText(row, column);
+    int room = cell.Width() - 2 * kTextMargin;
+    RECT label = {};
+    // Check box and image take their part of the first column.
+    if (column == 0 && ListView_GetItemRect(GetSafeHwnd(), row, &label, LVIR_LABEL))
+        room -= label.left - cell.left;
+    RECT client = {};
+    ::GetClientRect(GetSafeHwnd(), &client);
+    if (cell.right > client.right) // the window's edge cuts as well as the column's
+        room -= cell.right - client.right;
+    return !text.IsEmpty() && ListView_GetStringWidth(GetSafeHwnd(), text.GetString()) > room;
+}

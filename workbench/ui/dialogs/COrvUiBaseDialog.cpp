@@ -1,0 +1,99 @@
+// Modal loop, tips and context help of the host's dialogs.
+
+#include "OrvUiDialog.h"
+
+#include "dialogs/DialogTips.h"
+#include "instruments/HostCalls.h"
+
+#include <memory>
+
+using instruments::HostCall;
+
+namespace {
+
+/// Makes a module's resources the current ones for the life of the guard; null leaves them as they are.
+class CurrentResources {
+  public:
+    explicit CurrentResources(HINSTANCE resources) : m_previous(resources ? AfxGetResourceHandle() : nullptr) {
+        if (resources)
+            AfxSetResourceHandle(resources);
+    }
+    ~CurrentResources() {
+        if (m_previous)
+            AfxSetResourceHandle(m_previous);
+    }
+    CurrentResources(const CurrentResources&) = delete;
+    CurrentResources& operator=(const CurrentResources&) = delete;
+
+  private:
+    HINSTANCE m_previous;
+};
+
+} // namespace
+
+struct COrvUiBaseDialog::Tips {
+    std::unique_ptr<framework::DialogTips> window; // null until tips are turned on
+};
+
+BEGIN_MESSAGE_MAP(COrvUiBaseDialog, CDialog)
+ON_WM_DESTROY()
+END_MESSAGE_MAP()
+
+COrvUiBaseDialog::COrvUiBaseDialog(UINT templateId, CWnd* parent, HINSTANCE resources)
+    : CDialog(templateId, parent), m_tips(new Tips), m_templateModule(resources) {}
+
+COrvUiBaseDialog::~COrvUiBaseDialog() {
+    delete m_tips;
+}
+
+INT_PTR COrvUiBaseDialog::DoModal() {
+    const CurrentResources scope(m_templateModule);
+    const INT_PTR answer = CDialog::DoModal();
+    return answer == -1 ? IDCANCEL : answer;
+}
+
+void COrvUiBaseDialog::SetContextHelpPrefix(const wchar_t* prefix) {
+    HostCall call("SetContextHelpPrefix", prefix);
+    m_contextHelpPrefix = prefix;
+}
+
+void COrvUiBaseDialog::SetContextHelpFileName(const wchar_t* fileName) {
+    HostCall call("SetContextHelpFileName", fileName);
+    m_contextHelpFileName = fileName;
+}
+
+void COrvUiBaseDialog::SetUseTips(int use) {
+    HostCall call("SetUseTips", use);
+    if (use == 2 && GetSafeHwnd()) {
+        const auto texts = framework::readTips(m_contextHelpFileName.GetString(), tipScope().GetString(),
+                                               m_contextHelpPrefix.GetString());
+        m_tips->window = std::make_unique<framework::DialogTips>(GetSafeHwnd(), texts);
+    } else if (m_tips->window) {
+        m_tips->window->allow(use != 0);
+    }
+}
+
+BOOL COrvUiBaseDialog::PreTranslateMessage(MSG* message) {
+    if (m_tips->window)
+        m_tips->window->relay(*message);
+    return CDialog::PreTranslateMessage(message);
+}
+
+BOOL COrvUiBaseDialog::OnInitDialog() {
+    return CDialog::OnInitDialog();
+}
+
+void COrvUiBaseDialog::OnDialogHelp() {}
+
+void COrvUiBaseDialog::onHelpCommand() {
+    OnDialogHelp();
+}
+
+CString COrvUiBaseDialog::tipScope() const {
+    return CString();
+}
+
+void COrvUiBaseDialog::OnDestroy() {
+    m_tips->window.reset();
+    CDialog::OnDestroy();
+}

@@ -1,0 +1,103 @@
+// Persistence and resizing of the host's dialogs.
+
+#include "OrvUiDialog.h"
+
+#include "dialogs/ResizeTable.h"
+#include "instruments/HostCalls.h"
+#include "persistence/ColumnSizes.h"
+#include "persistence/DialogStore.h"
+#include "persistence/Placement.h"
+
+using framework::DialogStore;
+using instruments::HostCall;
+
+struct COrvUiDialog::Layout {
+    framework::ResizeTable table;
+};
+
+BEGIN_MESSAGE_MAP(COrvUiDialog, COrvUiBaseDialog)
+ON_WM_DESTROY()
+ON_WM_SIZE()
+ON_WM_GETMINMAXINFO()
+END_MESSAGE_MAP()
+
+COrvUiDialog::COrvUiDialog(UINT templateId, CWnd* parent, HINSTANCE resources)
+    : COrvUiBaseDialog(templateId, parent, resources), m_layout(new Layout), m_persistency(0) {}
+
+COrvUiDialog::~COrvUiDialog() {
+    delete m_layout;
+}
+
+void COrvUiDialog::SetDialogName(const wchar_t* name) {
+    HostCall call("SetDialogName", name);
+    m_dialogName = name;
+}
+
+void COrvUiDialog::SetPersistency(int on) {
+    HostCall call("SetPersistency", on);
+    m_persistency = on;
+}
+
+BOOL COrvUiDialog::GetDialogData(const wchar_t* key, unsigned long& value) {
+    HostCall call("GetDialogData", key);
+    const auto kept = call.fault() ? std::nullopt : DialogStore(m_dialogName.GetString()).number(key);
+    if (kept) {
+        value = *kept;
+        call.out("value", value);
+    }
+    return call.answer(kept.has_value());
+}
+
+BOOL COrvUiDialog::SetDialogData(const wchar_t* key, unsigned long value) {
+    HostCall call("SetDialogData", key, value);
+    return call.answer(!call.fault() && DialogStore(m_dialogName.GetString()).setNumber(key, value));
+}
+
+void COrvUiDialog::GetColumnSizes(CListCtrl* list) {
+    HostCall call("GetColumnSizes", list->GetDlgCtrlID());
+    framework::restoreColumnSizes(m_dialogName.GetString(), list->GetSafeHwnd());
+}
+
+void COrvUiDialog::SaveColumnSizes(CListCtrl* list) {
+    HostCall call("SaveColumnSizes", list->GetDlgCtrlID());
+    framework::keepColumnSizes(m_dialogName.GetString(), list->GetSafeHwnd());
+}
+
+void COrvUiDialog::SetControlProperty(_dlgControlTag* rows, unsigned long count) {
+    HostCall call("SetControlProperty", count);
+    m_layout->table.setRows(rows, count);
+    if (GetSafeHwnd())
+        m_layout->table.apply(GetSafeHwnd()); // the base OnInitDialog may have restored another size already
+}
+
+BOOL COrvUiDialog::OnInitDialog() {
+    HostCall call("OnInitDialog");
+    const BOOL answer = COrvUiBaseDialog::OnInitDialog();
+    m_layout->table.remember(GetSafeHwnd());
+    if (const auto kept = framework::keptPlacement(m_dialogName.GetString()))
+        framework::restorePlacement(GetSafeHwnd(), *kept);
+    return answer;
+}
+
+CString COrvUiDialog::tipScope() const {
+    return m_dialogName;
+}
+
+void COrvUiDialog::OnDestroy() {
+    if (m_persistency)
+        framework::keepPlacement(m_dialogName.GetString(), GetSafeHwnd());
+    COrvUiBaseDialog::OnDestroy();
+}
+
+void COrvUiDialog::OnSize(UINT type, int width, int height) {
+    COrvUiBaseDialog::OnSize(type, width, height);
+    m_layout->table.apply(GetSafeHwnd());
+}
+
+void COrvUiDialog::OnGetMinMaxInfo(MINMAXINFO* info) {
+    COrvUiBaseDialog::OnGetMinMaxInfo(info);
+    if (!m_layout->table.isActive() || !(GetStyle() & WS_THICKFRAME))
+        return;
+    const SIZE smallest = m_layout->table.smallestWindow();
+    info->ptMinTrackSize = {smallest.cx, smallest.cy};
+}

@@ -1,0 +1,120 @@
+// See DialogTips.h.
+
+#include "DialogTips.h"
+
+#include "OrvUiControls.h"
+
+#include <commctrl.h>
+
+namespace framework {
+namespace {
+
+// Controls' tools are known by their windows; the moving tool needs a number that is no window.
+constexpr UINT_PTR kMovingTool = 1;
+// Longer texts are broken into lines of this many pixels.
+constexpr int kTipWidth = 360;
+
+// Before version 6 of the common controls the structure ends before its last member, and that size works for both.
+const UINT kToolInfoSize = TTTOOLINFOW_V2_SIZE;
+
+TOOLINFOW toolOfControl(HWND dialog, HWND control, const std::wstring& text) {
+    TOOLINFOW tool = {};
+    tool.cbSize = kToolInfoSize;
+    tool.uFlags = TTF_IDISHWND;
+    tool.hwnd = dialog;
+    tool.uId = reinterpret_cast<UINT_PTR>(control);
+    tool.lpszText = const_cast<wchar_t*>(text.c_str());
+    return tool;
+}
+
+bool isOfInterest(UINT message) {
+    return message >= WM_MOUSEFIRST && message <= WM_MOUSELAST;
+}
+
+} // namespace
+
+DialogTips::DialogTips(HWND dialog, const TipTexts& texts) {
+    m_window =
+        CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT,
+                        CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, dialog, nullptr, nullptr, nullptr);
+    if (!m_window)
+        return;
+    SendMessageW(m_window, TTM_SETMAXTIPWIDTH, 0, kTipWidth);
+    for (const auto& [id, text] : texts) {
+        const HWND control = GetDlgItem(dialog, id);
+        if (!control)
+            continue;
+        TOOLINFOW tool = toolOfControl(dialog, control, text);
+        SendMessageW(m_window, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    }
+}
+
+DialogTips::~DialogTips() {
+    // The window dies with the dialog that owns it, if that went first.
+    if (m_window && IsWindow(m_window))
+        DestroyWindow(m_window);
+}
+
+void DialogTips::allow(bool on) {
+    if (m_allowed && !on && m_window && IsWindowVisible(m_window))
+        SendMessageW(m_window, TTM_POP, 0, 0);
+    m_allowed = on;
+}
+
+void DialogTips::relay(const MSG& message) {
+    if (!m_window || !m_allowed || !isOfInterest(message.message))
+        return;
+    if (message.message == WM_MOUSEMOVE) {
+        CWnd* target = CWnd::FromHandlePermanent(message.hwnd);
+        if (auto* list = dynamic_cast<COrvUiListCtrl*>(target))
+            followList(*list, message);
+        else if (auto* button = dynamic_cast<COrvUiOwnerDrawButton*>(target))
+            followButton(*button);
+    }
+    MSG relayed = message;
+    SendMessageW(m_window, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&relayed));
+}
+
+void DialogTips::followList(COrvUiListCtrl& list, const MSG& message) {
+    CRect cell;
+    CString text;
+    const CPoint point(static_cast<short>(LOWORD(message.lParam)), static_cast<short>(HIWORD(message.lParam)));
+    if (list.TipAtPoint(point, cell, text))
+        setTool(list.GetSafeHwnd(), cell, text);
+    else
+        setTool(nullptr, {}, L"");
+}
+
+void DialogTips::followButton(COrvUiOwnerDrawButton& button) {
+    const CString text = button.TipText();
+    RECT face = {};
+    GetClientRect(button.GetSafeHwnd(), &face);
+    if (text.IsEmpty())
+        setTool(nullptr, {}, L"");
+    else
+        setTool(button.GetSafeHwnd(), face, text);
+}
+
+void DialogTips::setTool(HWND owner, const RECT& area, const wchar_t* text) {
+    if (owner == m_toolOwner && EqualRect(&area, &m_toolArea) && m_toolText == text)
+        return;
+    TOOLINFOW tool = {};
+    tool.cbSize = kToolInfoSize;
+    tool.uId = kMovingTool;
+    if (m_toolOwner) {
+        tool.hwnd = m_toolOwner;
+        SendMessageW(m_window, TTM_POP, 0, 0);
+        SendMessageW(m_window, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    }
+    m_toolOwner = owner;
+    m_toolArea = area;
+    m_toolText = text;
+    if (!owner)
+        return;
+    tool.hwnd = owner;
+    tool.rect = area;
+    tool.lpszText = m_toolText.data();
+    SendMessageW(m_window, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+} // namespace framework

@@ -1,0 +1,50 @@
+// See ColumnSizes.h. The widths of one list stand in one group, named after the list's control id.
+
+#include "ColumnSizes.h"
+
+#include "DialogStore.h"
+
+#include <commctrl.h>
+
+#include <vector>
+
+namespace framework {
+namespace {
+
+constexpr unsigned long kWidest = 0x7FFF;
+
+DialogStore storeOf(const std::wstring& dialogName, HWND list) {
+    return DialogStore(dialogName, L"Columns " + std::to_wstring(GetDlgCtrlID(list)));
+}
+
+int columnCount(HWND list) {
+    const HWND header = ListView_GetHeader(list);
+    return header ? Header_GetItemCount(header) : 0;
+}
+
+} // namespace
+
+bool restoreColumnSizes(const std::wstring& dialogName, HWND list) {
+    const DialogStore store = storeOf(dialogName, list);
+    std::vector<int> widths;
+    for (auto width = store.number(L"0"); width && *width <= kWidest;
+         width = store.number(std::to_wstring(widths.size())))
+        widths.push_back(static_cast<int>(*width));
+    if (widths.empty() || static_cast<int>(widths.size()) != columnCount(list))
+        return false;
+    for (std::size_t column = 0; column < widths.size(); ++column)
+        ListView_SetColumnWidth(list, static_cast<int>(column), widths[column]);
+    return true;
+}
+
+void keepColumnSizes(const std::wstring& dialogName, HWND list) {
+    const DialogStore store = storeOf(dialogName, list);
+    store.clear(); // a list that had more columns before leaves none behind
+    const int count = columnCount(list);
+    bool kept = true;
+    for (int column = 0; column < count && kept; ++column)
+        kept =
+            store.setNumber(std::to_wstring(column), static_cast<unsigned long>(ListView_GetColumnWidth(list, column)));
+}
+
+} // namespace framework

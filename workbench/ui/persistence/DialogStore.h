@@ -1,0 +1,37 @@
+// What dialogs keep from one run to the next: numbers and texts under the dialog's name in the user's part of the
+// registry.
+#pragma once
+
+#include "KelExport.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace framework {
+
+/// What one dialog keeps, or of one group within a dialog. Everything is below HKEY_CURRENT_USER.
+class KELUI_API DialogStore {
+  public:
+    /// An empty name stands for a dialog that keeps nothing: reads find nothing, writes fail.
+    explicit DialogStore(std::wstring_view dialogName, std::wstring_view group = {});
+
+    /// The number; nothing when it is missing, of another type or of another size.
+    std::optional<unsigned long> number(const std::wstring& name) const;
+    [[nodiscard]] bool setNumber(const std::wstring& name, unsigned long value) const;
+    /// The text; nothing when it is missing, of another type or longer than 32767 characters.
+    std::optional<std::wstring> text(const std::wstring& name) const;
+    [[nodiscard]] bool setText(const std::wstring& name, const std::wstring& value) const;
+    /// Removes everything of this store and its groups.
+    void clear() const;
+
+    /// The path below HKEY_CURRENT_USER under which the stores of all dialogs stand.
+    static std::wstring root();
+    /// Moves that path, for tests; empty brings the Workbench's own back.
+    static void setRoot(std::wstring_view path);
+
+  private:
+    std::wstring m_path; // empty: keeps nothing
+};
+
+} // namespace framework

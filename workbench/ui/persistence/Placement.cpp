@@ -1,0 +1,106 @@
+// See Placement.h.
+
+#include "Placement.h"
+
+#include <algorithm>
+
+namespace framework {
+namespace {
+
+constexpr const wchar_t* kGroup = L"Placement";
+// Beyond these no desktop reaches; such a number was not written by us.
+constexpr long kFarthest = 0x40000;
+constexpr long kLargest = 0x10000;
+
+bool isResizable(HWND window) {
+    return (GetWindowLongPtrW(window, GWL_STYLE) & WS_THICKFRAME) != 0;
+}
+
+long long sharedArea(const RECT& a, const RECT& b) {
+    RECT shared = {};
+    if (!IntersectRect(&shared, &a, &b))
+        return 0;
+    return static_cast<long long>(shared.right - shared.left) * (shared.bottom - shared.top);
+}
+
+/// Moves the span into the bounds, and cuts it to them when it is longer.
+void fitInto(LONG& low, LONG& high, LONG lowest, LONG highest) {
+    const LONG length = std::min(high - low, highest - lowest);
+    low = std::clamp(low, lowest, highest - length);
+    high = low + length;
+}
+
+BOOL CALLBACK addWorkArea(HMONITOR monitor, HDC, LPRECT, LPARAM result) {
+    MONITORINFO info = {};
+    info.cbSize = sizeof info;
+    auto& areas = *reinterpret_cast<std::vector<RECT>*>(result);
+    if (GetMonitorInfoW(monitor, &info))
+        areas.insert(info.dwFlags & MONITORINFOF_PRIMARY ? areas.begin() : areas.end(), info.rcWork);
+    return TRUE;
+}
+
+} // namespace
+
+RECT placeOnWorkAreas(RECT wanted, const std::vector<RECT>& workAreas) {
+    const auto most = std::max_element(workAreas.begin(), workAreas.end(), [&wanted](const RECT& a, const RECT& b) {
+        return sharedArea(wanted, a) < sharedArea(wanted, b);
+    });
+    fitInto(wanted.left, wanted.right, most->left, most->right);
+    fitInto(wanted.top, wanted.bottom, most->top, most->bottom);
+    return wanted;
+}
+
+std::vector<RECT> monitorWorkAreas() {
+    std::vector<RECT> areas;
+    EnumDisplayMonitors(nullptr, nullptr, addWorkArea, reinterpret_cast<LPARAM>(&areas));
+    if (areas.empty())
+        areas.push_back({0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)});
+    return areas;
+}
+
+std::optional<RECT> keptPlacement(const std::wstring& dialogName) {
+    const DialogStore store(dialogName, kGroup);
+    const auto left = store.number(L"Left"), top = store.number(L"Top");
+    const auto width = store.number(L"Width"), height = store.number(L"Height");
+    if (!left || !top || !width || !height)
+        return std::nullopt;
+    // Positions left of and above the primary monitor are negative.
+    const auto x = static_cast<LONG>(*left), y = static_cast<LONG>(*top);
+    const bool beyond = x < -kFarthest || x > kFarthest || y < -kFarthest || y > kFarthest;
+    if (beyond || *width == 0 || *width > kLargest || *height == 0 || *height > kLargest)
+        return std::nullopt;
+    return RECT{x, y, x + static_cast<LONG>(*width), y + static_cast<LONG>(*height)};
+}
+
+void keepPlacement(const std::wstring& dialogName, HWND window) {
+    RECT rect = {};
+    WINDOWPLACEMENT placement = {};
+    placement.length = sizeof placement;
+    if ((IsIconic(window) || IsZoomed(window)) && GetWindowPlacement(window, &placement))
+        rect = placement.rcNormalPosition;
+    else
+        GetWindowRect(window, &rect);
+    const DialogStore store(dialogName, kGroup);
+    // A user whose registry can't be written loses the placement, nothing else.
+    [[maybe_unused]] const bool kept = store.setNumber(L"Left", static_cast<unsigned long>(rect.left)) &&
+                                       store.setNumber(L"Top", static_cast<unsigned long>(rect.top)) &&
+                                       store.setNumber(L"Width", static_cast<unsigned long>(rect.right - rect.left)) &&
+                                       store.setNumber(L"Height", static_cast<unsigned long>(rect.bottom - rect.top));
+}
+
+void restorePlacement(HWND window, const RECT& kept) {
+    RECT wanted = kept;
+    if (!isResizable(window)) {
+        RECT present = {};
+        GetWindowRect(window, &present);
+        wanted.right = wanted.left + (present.right - present.left);
+        wanted.bottom = wanted.top + (present.bottom - present.top);
+    }
+    RECT placed = placeOnWorkAreas(wanted, monitorWorkAreas());
+    // A dialog that can't be resized is never cut, even on a monitor too small for it.
+    const UINT size = isResizable(window) ? 0 : SWP_NOSIZE;
+    SetWindowPos(window, nullptr, placed.left, placed.top, placed.right - placed.left, placed.bottom - placed.top,
+                 SWP_NOZORDER | SWP_NOACTIVATE | size);
+}
+
+} // namespace framework

@@ -1,0 +1,27 @@
+// Keeps and restores where a dialog stood. The decision what to do with a kept rectangle has no window in it.
+#pragma once
+
+#include "DialogStore.h"
+#include "KelExport.h"
+
+#include <windows.h>
+
+#include <optional>
+#include <vector>
+
+namespace framework {
+
+/// Where a window of the kept rectangle `wanted` shall stand: moved, and cut if it must be, so that it lies wholly on
+/// the work area that it touches most, or on the first one when it touches none. `workAreas` holds at least one.
+KELUI_API RECT placeOnWorkAreas(RECT wanted, const std::vector<RECT>& workAreas);
+
+/// The work areas of all monitors, the primary one's first.
+KELUI_API std::vector<RECT> monitorWorkAreas();
+
+/// The placement kept under the dialog's name; nothing when it is missing, incomplete or senseless.
+std::optional<RECT> keptPlacement(const std::wstring& dialogName);
+void keepPlacement(const std::wstring& dialogName, HWND window);
+/// Moves the window to `kept`; one whose border can't be dragged keeps its size.
+void restorePlacement(HWND window, const RECT& kept);
+
+} // namespace framework

@@ -1,0 +1,87 @@
+// Lets the user choose a file, by the system's own file dialog.
+
+#include "OrvUiPickers.h"
+
+#include "instruments/HostCalls.h"
+#include "persistence/DialogStore.h"
+#include "pickers/FileFilter.h"
+
+#include <windows.h>
+
+#include <commdlg.h>
+
+#include <array>
+#include <cwchar>
+
+using framework::DialogStore;
+using instruments::HostCall;
+
+namespace {
+
+constexpr int kSave = 1;
+constexpr const wchar_t* kFolder = L"Folder";
+
+using PathBuffer = std::array<wchar_t, 0x8000>;
+
+/// What a path can't hold makes the whole name unusable to the system's dialog, so it is left out.
+void putName(PathBuffer& path, const wchar_t* name) {
+    std::size_t length = 0;
+    for (; name && *name && length < MAX_PATH; ++name)
+        if (!std::wcschr(L"<>:\"/\\|?*", *name))
+            path[length++] = *name;
+    path[length] = L'\0';
+}
+
+/// Answers the path, or an empty text when the user cancelled.
+std::wstring choose(OPENFILENAMEW& dialog, bool save) {
+    const BOOL chosen = save ? GetSaveFileNameW(&dialog) : GetOpenFileNameW(&dialog);
+    return chosen ? dialog.lpstrFile : std::wstring();
+}
+
+std::wstring folderOf(const std::wstring& path) {
+    return path.substr(0, path.find_last_of(L"\\/"));
+}
+
+ResultBuffer* chainOf(const std::wstring& path) {
+    ResultBuffer* node = kelutNewRb(kVariableString);
+    if (node)
+        node->value.string = _wcsdup(path.c_str());
+    return node;
+}
+
+} // namespace
+
+int keledGetFileNavDialog(const wchar_t* title, const wchar_t* defaultName, const wchar_t* extensions,
+                          const wchar_t* dialogKey, int flags, ResultBuffer** result) {
+    HostCall call("keledGetFileNavDialog", title, defaultName, extensions, dialogKey, flags);
+    *result = nullptr;
+    if (call.fault())
+        return call.answer(kResultError);
+    const auto types = framework::splitExtensions(extensions ? extensions : L"");
+    const std::wstring filter = framework::fileFilter(types);
+    const DialogStore store(dialogKey ? dialogKey : L"");
+    const std::wstring folder = store.text(kFolder).value_or(L"");
+    PathBuffer path;
+    putName(path, defaultName);
+
+    OPENFILENAMEW dialog = {};
+    dialog.lStructSize = sizeof dialog;
+    dialog.hwndOwner = GetActiveWindow();
+    dialog.lpstrFilter = filter.c_str();
+    dialog.lpstrFile = path.data();
+    dialog.nMaxFile = static_cast<DWORD>(path.size());
+    dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
+    dialog.lpstrTitle = title;
+    dialog.lpstrDefExt = types.empty() ? nullptr : types.front().c_str();
+    // The working folder is the process's, not this dialog's.
+    dialog.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_HIDEREADONLY | OFN_PATHMUSTEXIST |
+                   (flags == kSave ? OFN_OVERWRITEPROMPT : OFN_FILEMUSTEXIST);
+    const std::wstring chosen = choose(dialog, flags == kSave);
+    if (chosen.empty())
+        return call.answer(kResultCancel);
+    // Without a registry the next dialog begins elsewhere, nothing else.
+    [[maybe_unused]] const bool kept = store.setText(kFolder, folderOf(chosen));
+    *result = chainOf(chosen);
+    call.out("path", chosen);
+    return call.answer(*result ? kResultNormal : kResultError);
+}

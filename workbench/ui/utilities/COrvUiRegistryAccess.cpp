@@ -1,0 +1,79 @@
+// A key of the registry, open for reading.
+
+#include "OrvUiUtilities.h"
+
+#include "instruments/HostCalls.h"
+
+#include <string>
+
+using instruments::HostCall;
+
+namespace {
+
+constexpr const wchar_t* kProductKey = L"Software\\KelWorkbench\\1.0";
+
+std::wstring readText(HKEY key, const wchar_t* name) {
+    DWORD size = 0;
+    if (RegGetValueW(key, nullptr, name, RRF_RT_REG_SZ, nullptr, nullptr, &size) != ERROR_SUCCESS)
+        return {};
+    std::wstring text(size / sizeof(wchar_t), L'\0');
+    if (RegGetValueW(key, nullptr, name, RRF_RT_REG_SZ, nullptr, text.data(), &size) != ERROR_SUCCESS)
+        return {};
+    return text.substr(0, text.find(L'\0'));
+}
+
+} // namespace
+
+COrvUiRegistryAccess::COrvUiRegistryAccess(HKEY hive, const CString& path) : m_key(nullptr) {
+    HostCall call("COrvUiRegistryAccess", path.GetString());
+    if (call.fault() || RegOpenKeyExW(hive, path, 0, KEY_QUERY_VALUE, &m_key) != ERROR_SUCCESS)
+        m_key = nullptr;
+    call.answer(IsOpen());
+}
+
+COrvUiRegistryAccess::~COrvUiRegistryAccess() {
+    Close();
+}
+
+CString COrvUiRegistryAccess::GetString(const CString& valueName) const {
+    HostCall call("registry.GetString", valueName.GetString());
+    if (!m_key || call.fault())
+        return call.answer(L""), CString();
+    const std::wstring text = readText(m_key, valueName);
+    call.answer(text);
+    return CString(text.c_str());
+}
+
+unsigned int COrvUiRegistryAccess::GetDWord(const CString& valueName) const {
+    HostCall call("registry.GetDWord", valueName.GetString());
+    DWORD value = 0;
+    DWORD size = sizeof value;
+    if (!m_key || call.fault() ||
+        RegGetValueW(m_key, nullptr, valueName, RRF_RT_REG_DWORD, nullptr, &value, &size) != ERROR_SUCCESS)
+        return call.answer(0u);
+    return call.answer(static_cast<unsigned int>(value));
+}
+
+unsigned long COrvUiRegistryAccess::ValueType(const CString& valueName, unsigned long* size) const {
+    HostCall call("registry.ValueType", valueName.GetString());
+    DWORD type = 0;
+    if (!m_key || call.fault() || RegQueryValueExW(m_key, valueName, nullptr, &type, nullptr, size) != ERROR_SUCCESS)
+        return call.answer(0ul);
+    return call.answer(static_cast<unsigned long>(type));
+}
+
+void COrvUiRegistryAccess::Close() {
+    if (m_key)
+        RegCloseKey(m_key);
+    m_key = nullptr;
+}
+
+unsigned int GetProductRegistryRootKey(wchar_t* buffer, unsigned long length) {
+    HostCall call("GetProductRegistryRootKey", length);
+    if (!buffer || length == 0)
+        return call.answer(0u);
+    const std::wstring path = call.fault() ? L"" : std::wstring(kProductKey).substr(0, length - 1);
+    path.copy(buffer, path.size());
+    buffer[path.size()] = L'\0';
+    return call.answer(static_cast<unsigned int>(path.size()));
+}
