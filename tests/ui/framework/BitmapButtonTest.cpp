@@ -1,6 +1,7 @@
 // The owner-drawn buttons: their looks, and that they behave as push buttons.
 
 #include "DialogFixture.h"
+#include "Pixels.h"
 
 #include "instruments/HostCalls.h"
 
@@ -27,16 +28,14 @@ class BitmapButton : public DialogFixture {
         dialog.setUp = [this] { bind(IDC_TEST_FACE); };
         dialog.onCommand = [this](UINT id) { clicks += id == IDC_TEST_FACE; };
     }
-    void bind(int id) {
-        button.SubclassDlgItem(static_cast<UINT>(id), &dialog);
-        // Away from the buttons, so that no test begins with one under the pointer.
-        movePointer({1, 1});
+    void bind(int id) { button.SubclassDlgItem(static_cast<UINT>(id), &dialog); }
+    /// Runs it with the pointer away from the button at first.
+    void run(const ui::Script& script) {
+        ui::Script whole;
+        pointAway(whole).then(script);
+        dialog.run(whole);
     }
-    void run(std::vector<Step> steps) {
-        steps.push_back(dialog.close());
-        Steps running(std::move(steps));
-        dialog.DoModal();
-    }
+    POINT middle() { return ui::middleOf(screenRect(button.GetSafeHwnd())); }
     Pixels face() { return pixelsOf(button.GetSafeHwnd()); }
     static std::size_t count(const Pixels& pixels, unsigned colour) {
         return static_cast<std::size_t>(std::count(pixels.values.begin(), pixels.values.end(), colour));
@@ -44,36 +43,33 @@ class BitmapButton : public DialogFixture {
 };
 
 TEST_F(BitmapButton, reloadingShowsTheNamedBitmap) {
-    run({act("red",
-             [&] {
-                 EXPECT_TRUE(button.OnReload(L"RED_FACE"));
-                 EXPECT_EQ(face().centre(), kRed);
-             }),
-         act("blue", [&] {
-             EXPECT_TRUE(button.OnReload(L"BLUE_FACE"));
-             EXPECT_EQ(face().centre(), kBlue);
-             EXPECT_EQ(count(face(), kRed), 0u);
-         })});
+    run(look("red, then blue", [&] {
+        EXPECT_TRUE(button.OnReload(L"RED_FACE"));
+        EXPECT_EQ(face().centre(), kRed);
+        EXPECT_TRUE(button.OnReload(L"BLUE_FACE"));
+        EXPECT_EQ(face().centre(), kBlue);
+        EXPECT_EQ(count(face(), kRed), 0u);
+    }));
 }
 
 TEST_F(BitmapButton, aBitmapThatIsMissingLeavesTheOldOne) {
-    run({act("a missing one", [&] {
+    run(look("a missing one", [&] {
         EXPECT_TRUE(button.OnReload(L"RED_FACE"));
         const Pixels before = face();
         EXPECT_FALSE(button.OnReload(L"NO_SUCH_FACE"));
         EXPECT_FALSE(button.OnReload(nullptr));
         EXPECT_EQ(face(), before);
-    })});
+    }));
 }
 
 TEST_F(BitmapButton, aPlannedFailureLeavesTheOldOne) {
-    run({act("a failing one", [&] {
+    run(look("a failing one", [&] {
         EXPECT_TRUE(button.OnReload(L"RED_FACE"));
         instruments::failCall("OnReload", 1);
         EXPECT_FALSE(button.OnReload(L"BLUE_FACE"));
         EXPECT_EQ(face().centre(), kRed);
         EXPECT_THAT(instruments::trace(), Contains("OnReload(\"BLUE_FACE\") = false"));
-    })});
+    }));
 }
 
 TEST_F(BitmapButton, theBitmapNamedByTheWindowsTextIsLoadedWhenTheButtonIsBound) {
@@ -81,118 +77,112 @@ TEST_F(BitmapButton, theBitmapNamedByTheWindowsTextIsLoadedWhenTheButtonIsBound)
         SetDlgItemTextW(dialog.GetSafeHwnd(), IDC_TEST_FACE, L"RED_FACE");
         bind(IDC_TEST_FACE);
     };
-    run({act("look", [&] { EXPECT_EQ(face().centre(), kRed); })});
+    run(look("its face", [&] { EXPECT_EQ(face().centre(), kRed); }));
 }
 
 TEST_F(BitmapButton, whatIsTransparentShowsTheFrameBehind) {
-    run({act("look", [&] {
+    run(look("its face", [&] {
         const unsigned behind = face().centre();
         EXPECT_TRUE(button.OnReload(L"KEYED_FACE"));
         const Pixels pixels = face();
-        // 2 x 2 pixels in the middle, of which the top left one is the transparent colour.
+        // 2 x 2 pixels in the middle, of which the top left one has the transparent colour.
         EXPECT_EQ(count(pixels, kGreen), 3u);
         EXPECT_EQ(count(pixels, 0xFF00FFu), 0u);
         const auto first = std::find(pixels.values.begin(), pixels.values.end(), kGreen);
+        ASSERT_NE(first, pixels.values.end());
         EXPECT_EQ(*(first - 1), behind);
-    })});
+    }));
 }
 
 TEST_F(BitmapButton, aDisabledButtonHasLostItsColour) {
-    run({act("disable", [&] {
+    run(look("disabled, then enabled", [&] {
         EXPECT_TRUE(button.OnReload(L"RED_FACE"));
         EXPECT_GT(count(face(), kRed), 0u);
+        const unsigned behind = face().at(face().width / 2, 3);
         button.EnableWindow(FALSE);
         const Pixels pixels = face();
         EXPECT_EQ(count(pixels, kRed), 0u);
         const unsigned centre = pixels.centre();
         EXPECT_EQ(centre & 0xFF, centre >> 8 & 0xFF);
         EXPECT_EQ(centre & 0xFF, centre >> 16);
+        EXPECT_NE(centre, behind) << "it is still there";
         button.EnableWindow(TRUE);
         EXPECT_EQ(face().centre(), kRed);
-    })});
+    }));
 }
 
 TEST_F(BitmapButton, thePointerOverItChangesItsLook) {
     Pixels before;
-    run({act("move on",
-             [&] {
-                 button.OnReload(L"RED_FACE");
-                 before = face();
-                 movePointer(centreOf(button.GetSafeHwnd()));
-             }),
-         {"the look changes", [&] { return face() != before; }},
-         act("move off",
-             [&] {
-                 movePointer({1, 1});
-             }),
-         {"the look changes back", [&] { return face() == before; }}});
+    ui::Script script = look("its face", [&] {
+        button.OnReload(L"RED_FACE");
+        before = face();
+    });
+    pointAt(script, [&] { return middle(); });
+    script.waitUntil("the look changes", [&](const ui::View&) { return face() != before; });
+    pointAway(script);
+    script.waitUntil("the look changes back", [&](const ui::View&) { return face() == before; });
+    run(script);
 }
 
 TEST_F(BitmapButton, whilePressedItLooksPressed) {
+    Pixels before;
     Pixels hot;
-    run({act("move on",
-             [&] {
-                 button.OnReload(L"RED_FACE");
-                 movePointer(centreOf(button.GetSafeHwnd()));
-             }),
-         pause(100),
-         act("press",
-             [&] {
-                 hot = face();
-                 INPUT input = {};
-                 input.type = INPUT_MOUSE;
-                 input.mi.dwFlags = MOUSEEVENTF_LEFTDOWN;
-                 SendInput(1, &input, sizeof input);
-             }),
-         {"it looks pressed", [&] { return face() != hot; }},
-         act("release",
-             [&] {
-                 INPUT input = {};
-                 input.type = INPUT_MOUSE;
-                 input.mi.dwFlags = MOUSEEVENTF_LEFTUP;
-                 SendInput(1, &input, sizeof input);
-             }),
-         {"it was clicked", [&] { return clicks == 1; }}});
+    ui::Script script = look("its face", [&] {
+        button.OnReload(L"RED_FACE");
+        before = face();
+    });
+    pointAt(script, [&] { return middle(); });
+    script.waitUntil("the look changes", [&](const ui::View&) { return face() != before; });
+    script.look("press", [&](const ui::View&) {
+        hot = face();
+        ui::pressButton();
+    });
+    script.waitUntil("it looks pressed", [&](const ui::View&) { return face() != hot; });
+    script.look("release", [](const ui::View&) { ui::releaseButton(); });
+    script.waitUntil("it was clicked", [&](const ui::View&) { return clicks == 1; });
+    run(script);
 }
 
 TEST_F(BitmapButton, aClickReachesTheDialogAsACommand) {
-    run({act("click", [&] { click(button.GetSafeHwnd()); }), {"one command", [&] { return clicks == 1; }}});
+    ui::Script script;
+    script.click(IDC_TEST_FACE).waitUntil("one command", [&](const ui::View&) { return clicks == 1; });
+    run(script);
 }
 
 TEST_F(BitmapButton, enterAndSpaceOnItPressItAndNotTheDefaultButton) {
-    run({act("focus it by the keyboard",
-             [&] {
-                 SetFocus(dialog.control(IDC_TEST_BUTTON));
-                 pressKey(VK_TAB);
-             }),
-         {"it has the focus", [&] { return GetFocus() == button.GetSafeHwnd(); }},
-         act("Enter", [] { pressKey(VK_RETURN); }),
-         {"pressed once", [&] { return clicks == 1; }},
-         act("Space", [] { pressKey(VK_SPACE); }),
-         {"pressed twice", [&] { return clicks == 2; }},
-         act("leave it by the keyboard", [] { pressKey(VK_TAB); }),
-         {"the focus is elsewhere", [&] { return GetFocus() != button.GetSafeHwnd(); }},
-         act("still drawn by its owner", [&] {
-             const LONG_PTR style = GetWindowLongPtrW(button.GetSafeHwnd(), GWL_STYLE);
-             EXPECT_EQ(style & BS_TYPEMASK, BS_OWNERDRAW);
-         })});
+    ui::Script script = look("focus the control before it", [&] { SetFocus(dialog.control(IDC_TEST_BUTTON)); });
+    script.press(VK_TAB)
+        .waitUntil("it has the focus", [](const ui::View& view) { return view.focusedControl() == IDC_TEST_FACE; })
+        .press(VK_RETURN)
+        .waitUntil("pressed once", [&](const ui::View&) { return clicks == 1; })
+        .press(VK_SPACE)
+        .waitUntil("pressed twice", [&](const ui::View&) { return clicks == 2; })
+        .press(VK_TAB)
+        .waitUntil("the focus is elsewhere",
+                   [](const ui::View& view) { return view.focusedControl() != IDC_TEST_FACE; })
+        .look("still drawn by its owner", [&](const ui::View&) {
+            const LONG_PTR style = GetWindowLongPtrW(button.GetSafeHwnd(), GWL_STYLE);
+            EXPECT_EQ(style & BS_TYPEMASK, BS_OWNERDRAW);
+        });
+    run(script);
 }
 
 TEST_F(BitmapButton, theFocusFromTheKeyboardIsShown) {
     Pixels before;
-    run({act("focus it by the keyboard",
-             [&] {
-                 button.OnReload(L"RED_FACE");
-                 before = face();
-                 SetFocus(dialog.control(IDC_TEST_BUTTON));
-                 pressKey(VK_TAB);
-             }),
-         {"the look changes", [&] { return GetFocus() == button.GetSafeHwnd() && face() != before; }}});
+    ui::Script script = look("focus the control before it", [&] {
+        button.OnReload(L"RED_FACE");
+        before = face();
+        SetFocus(dialog.control(IDC_TEST_BUTTON));
+    });
+    script.press(VK_TAB).waitUntil("the look changes", [&](const ui::View& view) {
+        return view.focusedControl() == IDC_TEST_FACE && face() != before;
+    });
+    run(script);
 }
 
 TEST_F(BitmapButton, theTextStandsBesideThePictureWhereThereIsRoom) {
     dialog.setUp = [this] { bind(IDC_TEST_WIDE_FACE); };
-    run({act("look", [&] {
+    run(look("with and without a text", [&] {
         button.OnReload(L"RED_FACE");
         const Pixels alone = face();
         EXPECT_EQ(alone.centre(), kRed) << "without a text the picture stands in the middle";
@@ -203,21 +193,21 @@ TEST_F(BitmapButton, theTextStandsBesideThePictureWhereThereIsRoom) {
         EXPECT_TRUE(button.TipText().IsEmpty()) << "what can be read needs no tip";
         const auto red = std::find(withText.values.begin(), withText.values.end(), kRed) - withText.values.begin();
         EXPECT_LT(red % withText.width, withText.width / 4) << "the picture stands at the left";
-    })});
+    }));
 }
 
 TEST_F(BitmapButton, aTextWithoutRoomIsTheTip) {
-    run({act("look", [&] {
+    run(look("a long text", [&] {
         button.OnReload(L"RED_FACE");
         const Pixels before = face();
         button.SetWindowText(L"Show the layer properties");
         EXPECT_EQ(face(), before);
         EXPECT_STREQ(button.TipText().GetString(), L"Show the layer properties");
-    })});
+    }));
 }
 
 TEST_F(BitmapButton, assistiveProgramsSeeAPushButton) {
-    run({act("ask", [&] {
+    run(look("its role", [&] {
         CoInitialize(nullptr);
         IAccessible* accessible = nullptr;
         ASSERT_EQ(AccessibleObjectFromWindow(button.GetSafeHwnd(), static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
@@ -230,7 +220,7 @@ TEST_F(BitmapButton, assistiveProgramsSeeAPushButton) {
         EXPECT_EQ(role.lVal, ROLE_SYSTEM_PUSHBUTTON);
         accessible->Release();
         CoUninitialize();
-    })});
+    }));
 }
 
 class BitmapStatic : public DialogFixture {};
@@ -241,25 +231,24 @@ TEST_F(BitmapStatic, hasNoFrameUntilThePointerIsOnIt) {
     dialog.setUp = [&] {
         button.SubclassDlgItem(IDC_TEST_FACE, &dialog);
         button.OnReload(L"RED_FACE");
-        movePointer({1, 1});
     };
-    unsigned corner = 0;
-    const auto corners = [&] {
+    unsigned around = 0;
+    const auto edges = [&] {
         const Pixels pixels = pixelsOf(button.GetSafeHwnd());
-        return std::vector<unsigned>{pixels.at(2, 0), pixels.at(pixels.width / 2, 0), pixels.at(0, pixels.height / 2),
-                                     pixels.at(pixels.width - 1, pixels.height / 2)};
+        return std::vector<unsigned>{pixels.at(pixels.width / 2, 0), pixels.at(0, pixels.height / 2),
+                                     pixels.at(pixels.width - 1, pixels.height / 2),
+                                     pixels.at(pixels.width / 2, pixels.height - 1)};
     };
-    Steps steps({act("look",
-                     [&] {
-                         const Pixels around = pixelsOf(dialog.GetSafeHwnd());
-                         corner = around.at(around.width - 2, 2);
-                         EXPECT_THAT(corners(), Each(corner));
-                         EXPECT_EQ(pixelsOf(button.GetSafeHwnd()).centre(), kRed);
-                         movePointer(centreOf(button.GetSafeHwnd()));
-                     }),
-                 {"the frame comes", [&] { return corners() != std::vector<unsigned>(4, corner); }},
-                 dialog.close()});
-    dialog.DoModal();
+    ui::Script script;
+    pointAway(script);
+    script.look("no frame", [&](const ui::View&) {
+        around = pixelsOf(dialog.GetSafeHwnd()).at(2, 2);
+        EXPECT_THAT(edges(), Each(around));
+        EXPECT_EQ(pixelsOf(button.GetSafeHwnd()).centre(), kRed);
+    });
+    pointAt(script, [&] { return ui::middleOf(screenRect(button.GetSafeHwnd())); });
+    script.waitUntil("the frame comes", [&](const ui::View&) { return edges() != std::vector<unsigned>(4, around); });
+    dialog.run(script);
 }
 
 } // namespace

@@ -31,8 +31,7 @@ class ColumnSizes : public DialogFixture {
                 dialog.SaveColumnSizes(&list);
             list.Detach();
         };
-        Steps steps({dialog.close()});
-        dialog.DoModal();
+        dialog.run();
         return found;
     }
 };

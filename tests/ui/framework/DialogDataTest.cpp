@@ -110,8 +110,7 @@ TEST_F(DialogData, theSetUpStandsInTheTraceInItsOrder) {
         dialog.SaveColumnSizes(&list);
         list.Detach();
     };
-    Steps steps({dialog.close()});
-    EXPECT_EQ(dialog.DoModal(), IDOK);
+    EXPECT_EQ(dialog.run(), IDOK);
     EXPECT_THAT(instruments::trace(),
                 ElementsAre("CKelUiDialog(300)", "SetDialogName(\"FrameworkTests:Dialog\")", "OnInitDialog()",
                             "SetControlProperty(1)", "SetContextHelpPrefix(\"LAST\")",

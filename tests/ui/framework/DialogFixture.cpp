@@ -21,14 +21,49 @@ BOOL TestDialog::OnInitDialog() {
     return TRUE;
 }
 
-Step TestDialog::close() {
-    return act("close the dialog", [this] { EndDialog(IDOK); });
+INT_PTR TestDialog::run(ui::Script script) {
+    script.look("close the dialog", [this](const ui::View&) { EndDialog(IDOK); });
+    INT_PTR answer = 0;
+    ui::perform(std::move(script), [&] { answer = DoModal(); });
+    return answer;
 }
 
 BOOL TestDialog::OnCommand(WPARAM wParam, LPARAM lParam) {
     if (onCommand && HIWORD(wParam) == BN_CLICKED)
         onCommand(LOWORD(wParam));
     return CKelUiDialog::OnCommand(wParam, lParam);
+}
+
+ui::Script look(std::string what, std::function<void()> see) {
+    ui::Script script;
+    script.look(std::move(what), [see](const ui::View&) { see(); });
+    return script;
+}
+
+ui::Script& pointAt(ui::Script& script, std::function<POINT()> target) {
+    return script.step("move the pointer", [target](const ui::View&) {
+        return ui::pointerRestsAt(target()) ? ui::Obstacle() : "the pointer hasn't arrived";
+    });
+}
+
+ui::Script& pointAway(ui::Script& script) {
+    return pointAt(script, [] { return POINT{1, 1}; });
+}
+
+ui::Script& pause(ui::Script& script, std::chrono::milliseconds duration) {
+    using Clock = std::chrono::steady_clock;
+    const auto end = std::make_shared<Clock::time_point>();
+    return script.waitUntil("wait", [end, duration](const ui::View&) {
+        if (*end == Clock::time_point())
+            *end = Clock::now() + duration;
+        return Clock::now() >= *end;
+    });
+}
+
+RECT screenRect(HWND window) {
+    RECT rect = {};
+    GetWindowRect(window, &rect);
+    return rect;
 }
 
 DialogFixture::DialogFixture() {

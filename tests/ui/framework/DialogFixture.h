@@ -3,8 +3,7 @@
 
 #include "OrvUiControls.h"
 #include "OrvUiDialog.h"
-#include "RealInput.h"
-#include "Steps.h"
+#include "Driver.h"
 #include "ids.h"
 
 #include <gmock/gmock.h>
@@ -22,8 +21,9 @@ class TestDialog : public CKelUiDialog {
 
     BOOL OnInitDialog() override;
     HWND control(int id) const { return ::GetDlgItem(GetSafeHwnd(), id); }
-    /// A step that closes the dialog with OK.
-    Step close();
+    /// Opens the dialog, runs the script in it and closes it with OK.
+    /// @return the dialog's answer
+    INT_PTR run(ui::Script script = {});
 
   protected:
     BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
@@ -31,6 +31,17 @@ class TestDialog : public CKelUiDialog {
   private:
     const wchar_t* m_name;
 };
+
+/// A script with one assertion or action.
+ui::Script look(std::string what, std::function<void()> see);
+/// Appends a movement of the pointer to a point of the screen, which is asked for when it is the step's turn.
+ui::Script& pointAt(ui::Script& script, std::function<POINT()> target);
+/// Appends a movement to a corner of the screen where no window is.
+ui::Script& pointAway(ui::Script& script);
+/// Appends a wait, for what must not happen.
+ui::Script& pause(ui::Script& script, std::chrono::milliseconds duration);
+
+RECT screenRect(HWND window);
 
 /// Moves the framework's store to a key of the tests, and empties it before and after each one.
 class DialogFixture : public testing::Test {

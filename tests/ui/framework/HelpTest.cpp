@@ -8,6 +8,7 @@
 #include "instruments/HostCalls.h"
 
 using framework::helpPage;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
@@ -39,16 +40,12 @@ TEST(HelpPages, theManagersPageIsInstalled) {
 class Help : public DialogFixture {};
 
 TEST_F(Help, aMissingPageIsTold) {
-    std::wstring said;
-    Steps steps({{"a message",
-                  [&] {
-                      const HWND text = GetDlgItem(GetActiveWindow(), 0xFFFF);
-                      said = text ? textOf(text) : L"";
-                      return !said.empty();
-                  }},
-                 act("Enter", [] { pressKey(VK_RETURN); })});
-    keledHelp(nullptr, L"NOSUCHTOPIC", 0);
-    EXPECT_THAT(said, HasSubstr(L"NOSUCHTOPIC"));
+    ui::Script script;
+    script.waitUntil("a message", [](const ui::View& view) { return view.title() == L"Help"; })
+        .look("what it says",
+              [](const ui::View& view) { EXPECT_THAT(view.texts(), Contains(HasSubstr(L"NOSUCHTOPIC"))); })
+        .press(VK_RETURN);
+    ui::perform(script, [] { keledHelp(nullptr, L"NOSUCHTOPIC", 0); });
     EXPECT_THAT(instruments::trace(), ElementsAre("keledHelp(null, \"NOSUCHTOPIC\", 0)"));
 }
 

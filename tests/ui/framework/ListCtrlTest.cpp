@@ -17,13 +17,7 @@ class ListCtrl : public DialogFixture {
             list.InsertItem(0, L"First");
             list.SetItemText(0, 1, L"A description that is far too long for its column");
             list.InsertItem(1, L"Second");
-            movePointer({1, 1});
         };
-    }
-    void run(std::vector<Step> steps) {
-        steps.push_back(dialog.close());
-        Steps running(std::move(steps));
-        dialog.DoModal();
     }
     CPoint middleOf(int row, int column) {
         RECT bounds = {};
@@ -32,15 +26,21 @@ class ListCtrl : public DialogFixture {
             bounds.right = bounds.left + list.GetColumnWidth(0);
         return CPoint((bounds.left + bounds.right) / 2, (bounds.top + bounds.bottom) / 2);
     }
-    void pointAt(int row, int column) {
-        POINT point = middleOf(row, column);
-        ClientToScreen(list.GetSafeHwnd(), &point);
-        movePointer(point);
+    ui::Script& pointAtCell(ui::Script& script, int row, int column) {
+        return pointAt(script, [this, row, column] {
+            POINT point = middleOf(row, column);
+            ClientToScreen(list.GetSafeHwnd(), &point);
+            return point;
+        });
+    }
+    bool offersTip() {
+        CRect rect;
+        return list.OnGetTipRect(rect) != 0;
     }
 };
 
 TEST_F(ListCtrl, theHitTestTellsTheCell) {
-    run({act("test", [&] {
+    dialog.run(look("the cells", [&] {
         int row = -5;
         int column = -5;
         CPoint point = middleOf(1, 1);
@@ -51,60 +51,52 @@ TEST_F(ListCtrl, theHitTestTellsTheCell) {
         EXPECT_EQ(list.GetItemAtPoint(point, row, column), 0);
         EXPECT_EQ(row, 0);
         EXPECT_EQ(column, 0);
-    })});
+    }));
 }
 
 TEST_F(ListCtrl, beyondTheLastRowThereIsNoCellAndNoTip) {
-    run({act("test", [&] {
+    dialog.run(look("the cells", [&] {
         int row = 5;
         int column = 5;
         CPoint point(20, 100);
         EXPECT_NE(list.GetItemAtPoint(point, row, column), 0);
         EXPECT_LT(row, 0);
         EXPECT_LT(column, 0);
-    })});
+    }));
 }
 
 TEST_F(ListCtrl, aTipShowsForCutOffTextOnly) {
-    run({act("point at the long text", [&] { pointAt(0, 1); }),
-         {"a tip for it",
-          [&] {
-              CRect rect;
-              return list.OnGetTipRect(rect) && rect.PtInRect(middleOf(0, 1));
-          }},
-         act("point at a short text", [&] { pointAt(0, 0); }),
-         {"no tip for it",
-          [&] {
-              CRect rect;
-              return !list.OnGetTipRect(rect);
-          }},
-         act("with room there is none for the long one either",
-             [&] {
-                 list.SetColumnWidth(1, 240);
-                 pointAt(0, 1);
-             }),
-         {"no tip", [&] {
-              CRect rect;
-              return !list.OnGetTipRect(rect);
-          }}});
+    ui::Script script;
+    pointAtCell(script, 0, 1);
+    script.look("the long text", [&](const ui::View&) {
+        CRect rect;
+        EXPECT_TRUE(list.OnGetTipRect(rect));
+        EXPECT_TRUE(rect.PtInRect(middleOf(0, 1)));
+        EXPECT_EQ(rect.Width(), 60);
+    });
+    pointAtCell(script, 0, 0);
+    script.look("a short text", [&](const ui::View&) { EXPECT_FALSE(offersTip()); });
+    script.look("room for the long one", [&](const ui::View&) { list.SetColumnWidth(1, 270); });
+    pointAtCell(script, 0, 1);
+    script.look("a long text with room", [&](const ui::View&) { EXPECT_FALSE(offersTip()); });
+    dialog.run(script);
 }
 
 TEST_F(ListCtrl, whatTheWindowsEdgeCutsOffIsCutOff) {
-    run({act("a column that reaches beyond the window",
-             [&] {
-                 list.SetColumnWidth(0, 250);
-                 list.SetColumnWidth(1, 400);
-                 RECT client = {};
-                 GetClientRect(list.GetSafeHwnd(), &client);
-                 ASSERT_LT(client.right, 650);
-                 POINT point = {client.right - 10, middleOf(0, 0).y};
-                 ClientToScreen(list.GetSafeHwnd(), &point);
-                 movePointer(point);
-             }),
-         {"a tip", [&] {
-              CRect rect;
-              return list.OnGetTipRect(rect) != 0;
-          }}});
+    ui::Script script = look("a column that reaches beyond the window", [&] {
+        list.SetColumnWidth(0, 250);
+        list.SetColumnWidth(1, 400);
+    });
+    pointAt(script, [&] {
+        RECT client = {};
+        GetClientRect(list.GetSafeHwnd(), &client);
+        EXPECT_LT(client.right, 650);
+        POINT point = {client.right - 10, middleOf(0, 0).y};
+        ClientToScreen(list.GetSafeHwnd(), &point);
+        return point;
+    });
+    script.look("the long text", [&](const ui::View&) { EXPECT_TRUE(offersTip()); });
+    dialog.run(script);
 }
 
 /// A window that is no parent of the list, and counts what it hears.
@@ -121,7 +113,7 @@ class Listener : public CWnd {
 
 TEST_F(ListCtrl, theNamedWindowHearsTheNotificationsWhereverItStands) {
     Listener listener;
-    run({act("select", [&] {
+    dialog.run(look("selections", [&] {
         ASSERT_TRUE(listener.CreateEx(0, L"STATIC", L"", WS_CHILD, 0, 0, 1, 1, dialog.GetSafeHwnd(), nullptr));
         list.SetItemState(0, LVIS_SELECTED, LVIS_SELECTED);
         EXPECT_EQ(listener.selections, 0);
@@ -133,7 +125,7 @@ TEST_F(ListCtrl, theNamedWindowHearsTheNotificationsWhereverItStands) {
         list.SetItemState(0, 0, LVIS_SELECTED);
         EXPECT_EQ(listener.selections, heard);
         listener.DestroyWindow();
-    })});
+    }));
 }
 
 } // namespace

@@ -45,14 +45,11 @@ class Placement : public DialogFixture {
             if (persistent)
                 dialog.SetPersistency(1);
         };
-        Steps steps({act("look where it stands",
-                         [&] {
-                             stood = screenRect(dialog.GetSafeHwnd());
-                             if (then)
-                                 then(dialog.GetSafeHwnd());
-                         }),
-                     dialog.close()});
-        dialog.DoModal();
+        dialog.run(look("where it stands", [&] {
+            stood = screenRect(dialog.GetSafeHwnd());
+            if (then)
+                then(dialog.GetSafeHwnd());
+        }));
         return stood;
     }
     void keep(int left, int top, int width, int height) {

@@ -57,69 +57,52 @@ class Resize : public DialogFixture {
 
 TEST_F(Resize, theControlsOfTheTableGoWithTheDialogAndAbsentOnesAreSkipped) {
     dialog.setUp = [this] { dialog.SetControlProperty(rows, 4); };
-    RECT stretch = {}, bottom = {}, corner = {};
-    Steps steps(
-        {act("grow by 60 and 50",
-             [&] {
-                 stretch = place(IDC_TEST_STRETCH);
-                 bottom = place(IDC_TEST_BUTTON);
-                 corner = place(IDOK);
-                 grow(60, 50);
-             }),
-         act("look",
-             [&] {
-                 expectRect(place(IDC_TEST_STRETCH),
-                            {stretch.left, stretch.top, stretch.right + 60, stretch.bottom + 50});
-                 expectRect(place(IDC_TEST_BUTTON), {bottom.left, bottom.top + 50, bottom.right, bottom.bottom + 50});
-                 expectRect(place(IDOK), {corner.left + 60, corner.top + 50, corner.right + 60, corner.bottom + 50});
-                 grow(-60, -50);
-             }),
-         act("shrunk again, everything is back", [&] { expectRect(place(IDOK), corner); }), dialog.close()});
-    dialog.DoModal();
+    dialog.run(look("growing by 60 and 50, and shrinking back", [&] {
+        const RECT stretch = place(IDC_TEST_STRETCH);
+        const RECT bottom = place(IDC_TEST_BUTTON);
+        const RECT corner = place(IDOK);
+        grow(60, 50);
+        expectRect(place(IDC_TEST_STRETCH), {stretch.left, stretch.top, stretch.right + 60, stretch.bottom + 50});
+        expectRect(place(IDC_TEST_BUTTON), {bottom.left, bottom.top + 50, bottom.right, bottom.bottom + 50});
+        expectRect(place(IDOK), {corner.left + 60, corner.top + 50, corner.right + 60, corner.bottom + 50});
+        grow(-60, -50);
+        expectRect(place(IDC_TEST_STRETCH), stretch);
+        expectRect(place(IDOK), corner);
+    }));
 }
 
 TEST_F(Resize, aSizeRestoredBeforeTheTableCameIsLaidOutAsWell) {
     RECT corner = {};
     RECT window = {};
-    {
-        TestDialog plain{IDD_RESIZABLE};
-        Steps steps({act("look at the template",
-                         [&] {
-                             corner = screenRect(plain.control(IDOK));
-                             window = screenRect(plain.GetSafeHwnd());
-                         }),
-                     plain.close()});
-        plain.DoModal();
-    }
+    TestDialog plain{IDD_RESIZABLE};
+    plain.run(look("the template", [&] {
+        corner = screenRect(plain.control(IDOK));
+        window = screenRect(plain.GetSafeHwnd());
+    }));
     writeNumber(kept(L"\\Placement"), L"Left", 50);
     writeNumber(kept(L"\\Placement"), L"Top", 50);
     writeNumber(kept(L"\\Placement"), L"Width", static_cast<DWORD>(window.right - window.left + 80));
     writeNumber(kept(L"\\Placement"), L"Height", static_cast<DWORD>(window.bottom - window.top + 70));
     dialog.setUp = [this] { dialog.SetControlProperty(rows, 4); };
-    Steps steps({act("look",
-                     [&] {
-                         const RECT now = screenRect(dialog.GetSafeHwnd());
-                         const RECT button = screenRect(dialog.control(IDOK));
-                         EXPECT_EQ(now.right - button.right, window.right - corner.right);
-                         EXPECT_EQ(now.bottom - button.bottom, window.bottom - corner.bottom);
-                         EXPECT_EQ(button.right - button.left, corner.right - corner.left);
-                     }),
-                 dialog.close()});
-    dialog.DoModal();
+    dialog.run(look("the restored size", [&] {
+        const RECT now = screenRect(dialog.GetSafeHwnd());
+        const RECT button = screenRect(dialog.control(IDOK));
+        EXPECT_EQ(now.right - now.left, window.right - window.left + 80);
+        EXPECT_EQ(now.right - button.right, window.right - corner.right);
+        EXPECT_EQ(now.bottom - button.bottom, window.bottom - corner.bottom);
+        EXPECT_EQ(button.right - button.left, corner.right - corner.left);
+    }));
 }
 
 TEST_F(Resize, theDialogCannotBeMadeSmallerThanItsTemplate) {
     dialog.setUp = [this] { dialog.SetControlProperty(rows, 4); };
-    Steps steps({act("shrink",
-                     [&] {
-                         const RECT before = screenRect(dialog.GetSafeHwnd());
-                         grow(-100, -80);
-                         const RECT after = screenRect(dialog.GetSafeHwnd());
-                         EXPECT_EQ(after.right - after.left, before.right - before.left);
-                         EXPECT_EQ(after.bottom - after.top, before.bottom - before.top);
-                     }),
-                 dialog.close()});
-    dialog.DoModal();
+    dialog.run(look("shrinking", [&] {
+        const RECT before = screenRect(dialog.GetSafeHwnd());
+        grow(-100, -80);
+        const RECT after = screenRect(dialog.GetSafeHwnd());
+        EXPECT_EQ(after.right - after.left, before.right - before.left);
+        EXPECT_EQ(after.bottom - after.top, before.bottom - before.top);
+    }));
 }
 
 } // namespace

@@ -99,73 +99,50 @@ class TaskDialog : public DialogFixture {
   protected:
     COrvTaskDialog dialog;
 
-    /// The control of that number in the active window, which is the task dialog.
-    static HWND button(int id) {
-        struct Search {
-            int id;
-            HWND found;
-        } search = {id, nullptr};
-        EnumChildWindows(
-            GetActiveWindow(),
-            [](HWND window, LPARAM parameter) -> BOOL {
-                auto& wanted = *reinterpret_cast<Search*>(parameter);
-                if (GetDlgCtrlID(window) == wanted.id && IsWindowVisible(window))
-                    wanted.found = window;
-                return wanted.found == nullptr;
-            },
-            reinterpret_cast<LPARAM>(&search));
-        return search.found;
-    }
-    static Step waitFor(int id) {
-        return {"the button " + std::to_string(id) + " is there", [id] { return button(id) != nullptr; }};
+    /// Shows what was loaded, and answers it by the script.
+    int show(ui::Script script) {
+        int answer = -1;
+        ui::perform(std::move(script), [&] { answer = dialog.ShowDialog(nullptr); });
+        return answer;
     }
 };
 
 TEST_F(TaskDialog, aClickOnACommandAnswersItsNumber) {
     const TASKDIALOG_KEYVALUE pairs[] = {{L"FileName", L"C:\\plan.las"}};
     ASSERT_TRUE(dialog.LoadFromFile(kFile, kImported, pairs, 1));
-    {
-        Steps steps({waitFor(1001), act("click", [] { click(button(1001)); })});
-        EXPECT_EQ(dialog.ShowDialog(nullptr), kTaskDialogFirstCommand);
-    }
-    {
-        Steps steps({waitFor(1002), act("click", [] { click(button(1002)); })});
-        EXPECT_EQ(dialog.ShowDialog(nullptr), kTaskDialogFirstCommand + 1);
-    }
+    EXPECT_EQ(show(ui::Script().waitForControl(1001).click(1001)), kTaskDialogFirstCommand);
+    EXPECT_EQ(show(ui::Script().waitForControl(1002).click(1002)), kTaskDialogFirstCommand + 1);
 }
 
 TEST_F(TaskDialog, escapeAnswersCancel) {
     ASSERT_TRUE(dialog.LoadFromFile(kFile, L"KelLayerApps.CannotRestoreLayerState", nullptr, 0));
-    Steps steps({waitFor(IDCLOSE), act("Escape", [] { pressKey(VK_ESCAPE); })});
-    EXPECT_EQ(dialog.ShowDialog(nullptr), IDCANCEL);
+    EXPECT_EQ(show(ui::Script().waitForControl(IDCLOSE).press(VK_ESCAPE)), IDCANCEL);
 }
 
-TEST_F(TaskDialog, itsTextsAreShown) {
+TEST_F(TaskDialog, itsTitleIsShownAndItsButtonAnswersItsNumber) {
     ASSERT_TRUE(dialog.LoadFromFile(kFile, L"KelLayerApps.CannotRestoreLayerState", nullptr, 0));
-    std::wstring title;
-    Steps steps({waitFor(IDCLOSE), act("read and close", [&] {
-                     title = textOf(GetActiveWindow());
-                     click(button(IDCLOSE));
-                 })});
-    EXPECT_EQ(dialog.ShowDialog(nullptr), IDCLOSE);
-    EXPECT_EQ(title, L"Layer States");
+    ui::Script script;
+    script.waitForControl(IDCLOSE)
+        .look("its title", [](const ui::View& view) { EXPECT_EQ(view.title(), L"Layer States"); })
+        .click(IDCLOSE);
+    EXPECT_EQ(show(script), IDCLOSE);
 }
 
 TEST_F(TaskDialog, itsParentCannotBeUsedMeanwhile) {
     TestDialog parent{IDD_FIXED};
+    parent.onCommand = [&](UINT id) {
+        if (id == IDC_TEST_BUTTON)
+            dialog.ShowDialog(parent.GetSafeHwnd());
+    };
     ASSERT_TRUE(dialog.LoadFromFile(kFile, L"KelLayerApps.LayerStateNoneFound", nullptr, 0));
-    bool enabled = true;
-    Steps steps({act("show it", [&] { dialog.ShowDialog(parent.GetSafeHwnd()); }),
-                 waitFor(IDCLOSE),
-                 act("look and close",
-                     [&] {
-                         enabled = IsWindowEnabled(parent.GetSafeHwnd());
-                         click(button(IDCLOSE));
-                     }),
-                 {"the parent is usable again", [&] { return IsWindowEnabled(parent.GetSafeHwnd()) != 0; }},
-                 parent.close()});
-    parent.DoModal();
-    EXPECT_FALSE(enabled);
+    ui::Script script;
+    script.click(IDC_TEST_BUTTON)
+        .waitForControl(IDCLOSE)
+        .look("the parent", [&](const ui::View&) { EXPECT_FALSE(IsWindowEnabled(parent.GetSafeHwnd())); })
+        .click(IDCLOSE)
+        .waitForControl(IDC_TEST_BUTTON)
+        .look("the parent", [&](const ui::View&) { EXPECT_TRUE(IsWindowEnabled(parent.GetSafeHwnd())); });
+    parent.run(script);
 }
 
 TEST_F(TaskDialog, nullPairsStandForNoneWhateverTheCount) {
@@ -200,38 +177,39 @@ TEST_F(TaskDialog, itsCallsStandInTheTraceAndCanBeMadeToFail) {
                             "\"KelLayerApps.LayerStateSuccessfulImport\", null, 0) = false"));
 }
 
-using Refusal = unsigned int (*)(const wchar_t*, const wchar_t*, CWnd*);
-
 TEST_F(TaskDialog, replacingAnExistingNameIsTheFirstCommand) {
-    std::wstring title;
-    Steps steps({waitFor(1001), act("replace", [&] {
-                     title = textOf(GetActiveWindow());
-                     click(button(1001));
-                 })});
-    EXPECT_EQ(CKelStandardTaskDialog::ShowDuplicateNameReplaceCancelDialog(L"Layer state", L"Plan", nullptr),
-              static_cast<unsigned int>(kTaskDialogFirstCommand));
-    EXPECT_EQ(title, L"Name Exists");
+    unsigned int answer = 0;
+    ui::Script script;
+    script.waitForControl(1001)
+        .look("its title", [](const ui::View& view) { EXPECT_EQ(view.title(), L"Name Exists"); })
+        .click(1001);
+    ui::perform(script, [&] {
+        answer = CKelStandardTaskDialog::ShowDuplicateNameReplaceCancelDialog(L"Layer state", L"Plan", nullptr);
+    });
+    EXPECT_EQ(answer, static_cast<unsigned int>(kTaskDialogFirstCommand));
     EXPECT_THAT(instruments::trace(),
                 ElementsAre("ShowDuplicateNameReplaceCancelDialog(\"Layer state\", \"Plan\") = 1001"));
 }
 
 TEST_F(TaskDialog, notReplacingAnExistingNameIsAnythingElse) {
-    Steps steps({waitFor(IDCANCEL), act("Escape", [] { pressKey(VK_ESCAPE); })});
-    EXPECT_NE(CKelStandardTaskDialog::ShowDuplicateNameReplaceCancelDialog(L"Layer state", L"Plan", nullptr),
-              static_cast<unsigned int>(kTaskDialogFirstCommand));
+    unsigned int answer = kTaskDialogFirstCommand;
+    ui::perform(ui::Script().waitForControl(IDCANCEL).press(VK_ESCAPE), [&] {
+        answer = CKelStandardTaskDialog::ShowDuplicateNameReplaceCancelDialog(L"Layer state", L"Plan", nullptr);
+    });
+    EXPECT_EQ(answer, static_cast<unsigned int>(IDCANCEL));
 }
+
+using Refusal = unsigned int (*)(const wchar_t*, const wchar_t*, CWnd*);
 
 TEST_F(TaskDialog, eachRefusalOfANameIsShown) {
     for (const Refusal refuse : {&CKelStandardTaskDialog::ShowInvalidNameEmptyNameDialog,
                                  &CKelStandardTaskDialog::ShowInvalidNameTooLongDialog,
                                  &CKelStandardTaskDialog::ShowInvalidNameUnsupportedCharacters}) {
-        std::wstring title;
-        Steps steps({waitFor(IDCLOSE), act("close", [&] {
-                         title = textOf(GetActiveWindow());
-                         pressKey(VK_ESCAPE);
-                     })});
-        refuse(L"Layer state", L"", nullptr);
-        EXPECT_EQ(title, L"Invalid Name");
+        ui::Script script;
+        script.waitForControl(IDCLOSE)
+            .look("its title", [](const ui::View& view) { EXPECT_EQ(view.title(), L"Invalid Name"); })
+            .press(VK_ESCAPE);
+        ui::perform(script, [&] { refuse(L"Layer state", L"", nullptr); });
     }
 }
 

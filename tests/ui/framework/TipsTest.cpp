@@ -25,15 +25,11 @@ std::wstring shownTip() {
             GetClassNameW(window, name, 64);
             if (std::wstring_view(name) != TOOLTIPS_CLASSW || !IsWindowVisible(window))
                 return TRUE;
-            *reinterpret_cast<std::wstring*>(result) = textOf(window);
+            *reinterpret_cast<std::wstring*>(result) = ui::textOf(window);
             return FALSE;
         },
         reinterpret_cast<LPARAM>(&text));
     return text;
-}
-
-Step shows(const std::wstring& text) {
-    return {"a tip shows", [text] { return shownTip() == text; }};
 }
 
 class Tips : public DialogFixture {
@@ -51,7 +47,6 @@ class Tips : public DialogFixture {
               "<Dialog Name='FrameworkTests:Other' Prefix='LAST'><Tip Control='1101'>Another</Tip></Dialog>"
               "</DialogToolTips>");
         dialog.setUp = [this] {
-            movePointer({1, 1});
             button.SubclassDlgItem(IDC_TEST_FACE, &dialog);
             list.SubclassDlgItem(IDC_TEST_LIST, &dialog);
             list.InsertColumn(0, L"Name", LVCFMT_LEFT, 60, 0);
@@ -73,25 +68,26 @@ class Tips : public DialogFixture {
         dialog.SetContextHelpFileName(file);
         dialog.SetUseTips(2);
     }
-    Step pointAt(int id) {
-        return act("point at " + std::to_string(id), [this, id] { movePointer(centreOf(dialog.control(id))); });
+    ui::Script& pointAtControl(ui::Script& script, int id) {
+        return pointAt(script, [this, id] { return ui::middleOf(screenRect(dialog.control(id))); });
     }
-    Step pointAtRow(int row) {
-        return act("point at row " + std::to_string(row), [this, row] {
+    ui::Script& pointAtRow(ui::Script& script, int row) {
+        return pointAt(script, [this, row] {
             RECT label = {};
             ListView_GetItemRect(list.GetSafeHwnd(), row, &label, LVIR_LABEL);
             POINT point = {label.left + 20, (label.top + label.bottom) / 2};
             ClientToScreen(list.GetSafeHwnd(), &point);
-            movePointer(point);
+            return point;
         });
     }
-    void run(std::vector<Step> steps) {
-        steps.push_back(dialog.close());
-        Steps running(std::move(steps));
-        dialog.DoModal();
+    static ui::Script& expectTip(ui::Script& script, const std::wstring& text) {
+        return script.waitUntil("the tip \"" + ui::narrow(text) + "\"",
+                                [text](const ui::View&) { return shownTip() == text; });
     }
-    Step nothing() {
-        return act("no tip", [] { EXPECT_EQ(shownTip(), L""); });
+    /// Longer than a tip takes to come.
+    static ui::Script& expectNoTip(ui::Script& script) {
+        pause(script, std::chrono::milliseconds(3 * GetDoubleClickTime()));
+        return script.look("no tip", [](const ui::View&) { EXPECT_EQ(shownTip(), L""); });
     }
 };
 
@@ -115,30 +111,55 @@ TEST_F(Tips, theManagersStandInTheFileOfTheFramework) {
 }
 
 TEST_F(Tips, thePointerOverAControlShowsItsTip) {
-    run({pointAt(IDC_TEST_BUTTON), shows(L"What the button does"), pointAt(IDCANCEL), shows(L"")});
+    ui::Script script;
+    pointAtControl(script, IDC_TEST_BUTTON);
+    expectTip(script, L"What the button does");
+    pointAtControl(script, IDCANCEL);
+    expectTip(script, L"");
+    dialog.run(script);
 }
 
 TEST_F(Tips, whileKeptOutNoTipShows) {
-    run({act("keep out", [&] { dialog.SetUseTips(0); }), pointAt(IDC_TEST_BUTTON), pause(1500), nothing(),
-         act("let in", [&] { dialog.SetUseTips(1); }), pointAt(IDCANCEL), pause(100), pointAt(IDC_TEST_BUTTON),
-         shows(L"What the button does"), act("keep out again", [&] { dialog.SetUseTips(0); }), shows(L"")});
+    ui::Script script = look("keep out", [&] { dialog.SetUseTips(0); });
+    pointAtControl(script, IDC_TEST_BUTTON);
+    expectNoTip(script);
+    script.look("let in", [&](const ui::View&) { dialog.SetUseTips(1); });
+    pointAtControl(script, IDCANCEL);
+    pointAtControl(script, IDC_TEST_BUTTON);
+    expectTip(script, L"What the button does");
+    script.look("keep out again", [&](const ui::View&) { dialog.SetUseTips(0); });
+    expectTip(script, L"");
+    dialog.run(script);
 }
 
 TEST_F(Tips, withoutAFileTheDialogWorksWithoutTips) {
     dialog.setUp = [this] { useTips(L"/X;Component/NoSuchFile.xaml"); };
-    run({pointAt(IDC_TEST_BUTTON), pause(1500), nothing()});
+    ui::Script script;
+    pointAtControl(script, IDC_TEST_BUTTON);
+    expectNoTip(script);
+    dialog.run(script);
 }
 
 TEST_F(Tips, aButtonWithoutRoomForItsTextSaysItInItsTipAlsoAfterAChange) {
-    run({act("a text", [&] { button.SetWindowText(L"Show the properties"); }), pointAt(IDC_TEST_FACE),
-         shows(L"Show the properties"), pointAt(IDCANCEL), shows(L""),
-         act("another text", [&] { button.SetWindowText(L"Hide the properties"); }), pointAt(IDC_TEST_FACE),
-         shows(L"Hide the properties")});
+    ui::Script script = look("a text", [&] { button.SetWindowText(L"Show the properties"); });
+    pointAtControl(script, IDC_TEST_FACE);
+    expectTip(script, L"Show the properties");
+    pointAtControl(script, IDCANCEL);
+    expectTip(script, L"");
+    script.look("another text", [&](const ui::View&) { button.SetWindowText(L"Hide the properties"); });
+    pointAtControl(script, IDC_TEST_FACE);
+    expectTip(script, L"Hide the properties");
+    dialog.run(script);
 }
 
 TEST_F(Tips, aCutOffCellIsShownInFullAndAShortOneIsNot) {
-    run({pointAtRow(0), shows(L"A name that is far too long for its column"), pointAtRow(1), shows(L""), pause(1200),
-         nothing()});
+    ui::Script script;
+    pointAtRow(script, 0);
+    expectTip(script, L"A name that is far too long for its column");
+    pointAtRow(script, 1);
+    expectTip(script, L"");
+    expectNoTip(script);
+    dialog.run(script);
 }
 
 } // namespace
