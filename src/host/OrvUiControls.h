@@ -52,8 +52,8 @@ class KELUI_API COrvUiOwnerDrawButton : public CButton {
   protected:
     /// Draws the face inside the frame; `face` in the coordinates of `dc`. The base draws the window's text.
     virtual void DrawButton(CDC& dc, const CRect& face, UINT itemState);
-    /// Draws the frame and the background of the whole button, and leaves the room for the face in `button`.
-    virtual void DrawFrame(CDC& dc, CRect& button, UINT itemState);
+    /// Draws the background and the frame of the whole button.
+    virtual void DrawFrame(CDC& dc, const CRect& button, UINT itemState);
     /// Draws the window's text into `area`, greyed when disabled.
     void DrawCaption(CDC& dc, const CRect& area, UINT itemState, UINT format);
     /// Whether the window's text fits on one line of the button, with `taken` pixels of its width in use already.
@@ -104,5 +104,5 @@ class KELUI_API COrvUiBitmapStatic : public COrvUiBitmapButton {
     ~COrvUiBitmapStatic() override;
 
   protected:
-    void DrawFrame(CDC& dc, CRect& button, UINT itemState) override;
+    void DrawFrame(CDC& dc, const CRect& button, UINT itemState) override;
 };

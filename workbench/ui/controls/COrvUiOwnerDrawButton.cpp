@@ -79,6 +79,7 @@ void COrvUiOwnerDrawButton::DrawItem(LPDRAWITEMSTRUCT item) {
     CDC* dc = CDC::FromHandle(item->hDC);
     CRect face(item->rcItem);
     DrawFrame(*dc, face, item->itemState);
+    face.DeflateRect(kFaceMargin, kFaceMargin);
     DrawButton(*dc, face, item->itemState);
     const bool showsFocus = (item->itemState & ODS_FOCUS) && !(item->itemState & ODS_NOFOCUSRECT);
     if (showsFocus)
@@ -96,20 +97,19 @@ void COrvUiOwnerDrawButton::DrawButton(CDC& dc, const CRect& face, UINT itemStat
     DrawCaption(dc, face, itemState, DT_CENTER);
 }
 
-void COrvUiOwnerDrawButton::DrawFrame(CDC& dc, CRect& button, UINT itemState) {
+void COrvUiOwnerDrawButton::DrawFrame(CDC& dc, const CRect& button, UINT itemState) {
     const Theme theme(GetSafeHwnd());
+    RECT frame = button;
     if (theme.get()) {
         // The theme's button has round corners: what is behind them is the dialog's.
-        DrawThemeParentBackground(GetSafeHwnd(), dc.GetSafeHdc(), &button);
+        DrawThemeParentBackground(GetSafeHwnd(), dc.GetSafeHdc(), &frame);
         const int state = themeState(itemState, m_hot, m_default);
         DrawThemeBackground(theme.get(), dc.GetSafeHdc(), BP_PUSHBUTTON, state, &button, nullptr);
     } else {
-        RECT frame = button;
         ::DrawFrameControl(dc.GetSafeHdc(), &frame, DFC_BUTTON, classicState(itemState, m_hot));
         if (m_hot && !(itemState & (ODS_DISABLED | ODS_SELECTED)))
             ::FrameRect(dc.GetSafeHdc(), &frame, GetSysColorBrush(COLOR_HOTLIGHT));
     }
-    ::InflateRect(&button, -kFaceMargin, -kFaceMargin);
 }
 
 void COrvUiOwnerDrawButton::DrawCaption(CDC& dc, const CRect& area, UINT itemState, UINT format) {

@@ -10,7 +10,7 @@ using instruments::HostCall;
 
 namespace {
 
-constexpr const wchar_t* kProductKey = L"Software\\KelWorkbench\\1.0";
+constexpr const wchar_t* kProductKey = L"Software\\KelWorkbench";
 
 std::wstring readText(HKEY key, const wchar_t* name) {
     DWORD size = 0;
