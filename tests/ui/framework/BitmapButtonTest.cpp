@@ -209,10 +209,11 @@ TEST_F(BitmapButton, aTextWithoutRoomIsTheTip) {
 TEST_F(BitmapButton, assistiveProgramsSeeAPushButton) {
     run(look("its role", [&] {
         CoInitialize(nullptr);
-        IAccessible* accessible = nullptr;
-        ASSERT_EQ(AccessibleObjectFromWindow(button.GetSafeHwnd(), static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
-                                             reinterpret_cast<void**>(&accessible)),
+        void* object = nullptr;
+        ASSERT_EQ(AccessibleObjectFromWindow(button.GetSafeHwnd(), static_cast<DWORD>(OBJID_CLIENT),
+                                             __uuidof(IAccessible), &object),
                   S_OK);
+        auto* accessible = static_cast<IAccessible*>(object);
         VARIANT self = {};
         self.vt = VT_I4;
         VARIANT role = {};

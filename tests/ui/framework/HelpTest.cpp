@@ -49,22 +49,48 @@ TEST_F(Help, aMissingPageIsTold) {
     EXPECT_THAT(instruments::trace(), ElementsAre("keledHelp(null, \"NOSUCHTOPIC\", 0)"));
 }
 
-/// Makes this program the one that opens pages, and remembers in a file what it was asked to open.
+/// A value of the registry's classes, replaced while this lives.
+class ReplacedClass {
+  public:
+    ReplacedClass(const wchar_t* path, const std::wstring& value) : m_path(path) {
+        wchar_t text[1024] = {};
+        DWORD size = sizeof text;
+        m_existed =
+            RegGetValueW(HKEY_CLASSES_ROOT, path, nullptr, RRF_RT_REG_SZ, nullptr, text, &size) == ERROR_SUCCESS;
+        m_before = text;
+        set(value);
+    }
+    ~ReplacedClass() {
+        if (m_existed)
+            set(m_before);
+        else
+            RegDeleteTreeW(HKEY_CLASSES_ROOT, m_path);
+    }
+    ReplacedClass(const ReplacedClass&) = delete;
+    ReplacedClass& operator=(const ReplacedClass&) = delete;
+
+  private:
+    void set(const std::wstring& value) const {
+        RegSetKeyValueW(HKEY_CLASSES_ROOT, m_path, nullptr, REG_SZ, value.c_str(),
+                        static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
+    }
+    const wchar_t* m_path;
+    bool m_existed;
+    std::wstring m_before;
+};
+
+/// The command by which this program plays the one that opens pages.
+std::wstring openingCommand() {
+    wchar_t program[MAX_PATH] = {};
+    GetModuleFileNameW(nullptr, program, MAX_PATH);
+    return L'"' + std::wstring(program) + L"\" --opened \"%1\"";
+}
+
+/// What this program notes when it is asked to open a page.
 class OpenedPages {
   public:
-    OpenedPages() {
-        wchar_t program[MAX_PATH] = {};
-        GetModuleFileNameW(nullptr, program, MAX_PATH);
-        const std::wstring command = L'"' + std::wstring(program) + L"\" --opened \"%1\"";
-        set(L"Software\\Classes\\.html", L"FrameworkTests.Page");
-        set(L"Software\\Classes\\FrameworkTests.Page\\shell\\open\\command", command);
-        DeleteFileW(kFile);
-    }
-    ~OpenedPages() {
-        RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Classes\\.html");
-        RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Classes\\FrameworkTests.Page");
-        DeleteFileW(kFile);
-    }
+    OpenedPages() { DeleteFileW(kFile); }
+    ~OpenedPages() { DeleteFileW(kFile); }
     OpenedPages(const OpenedPages&) = delete;
     OpenedPages& operator=(const OpenedPages&) = delete;
 
@@ -86,16 +112,21 @@ class OpenedPages {
 
   private:
     static constexpr const wchar_t* kFile = L"framework-tests-opened.txt";
-
-    static void set(const wchar_t* path, const std::wstring& text) {
-        RegSetKeyValueW(HKEY_CURRENT_USER, path, nullptr, REG_SZ, text.c_str(),
-                        static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
-    }
 };
 
-TEST_F(Help, anExistingPageIsOpenedByTheProgramForPages) {
+TEST_F(Help, anExistingPageIsOpenedByTheProgramForItsExtension) {
     const OpenedPages opened;
-    keledHelp(nullptr, kManagerTopic, 0);
+    const ReplacedClass extension(L".html", L"FrameworkTests.Page");
+    const ReplacedClass command(L"FrameworkTests.Page\\shell\\open\\command", openingCommand());
+    ui::perform({}, [] { keledHelp(nullptr, kManagerTopic, 0); });
+    EXPECT_THAT(opened.wait(), EndsWith(L"\\help\\RESTORELAYERSTATEDIALOG.html"));
+}
+
+TEST_F(Help, whereTheExtensionHasNoProgramThePageIsOpenedByTheOneForPages) {
+    const OpenedPages opened;
+    const ReplacedClass extension(L".html", L"FrameworkTests.NoSuchClass");
+    const ReplacedClass command(L"htmlfile\\shell\\open\\command", openingCommand());
+    ui::perform({}, [] { keledHelp(nullptr, kManagerTopic, 0); });
     EXPECT_THAT(opened.wait(), EndsWith(L"\\help\\RESTORELAYERSTATEDIALOG.html"));
 }
 

@@ -87,7 +87,7 @@ bool loads(const std::string& content) {
 TEST(TaskDialogFile, isRefusedWhereItIsBroken) {
     EXPECT_TRUE(loads("<T><TaskDialog Key='K'><Instruction>x</Instruction></TaskDialog></T>"));
     EXPECT_FALSE(loads("")) << "empty";
-    EXPECT_FALSE(loads("<T><TaskDialog Key='K'><Instruction>x</Instruction></TaskDialog>")) << "no end";
+    EXPECT_FALSE(loads("<T><TaskDialog Key='K'><Instruction>x</Instruction></TaskDia")) << "cut off";
     EXPECT_FALSE(loads("<T><TaskDialog Key='K'></T></TaskDialog>")) << "crossed elements";
     EXPECT_FALSE(loads("<T><TaskDialog Key='K'/></T>")) << "nothing to say";
     EXPECT_FALSE(loads("<T><TaskDialog Key='K' Icon='Skull'><Instruction>x</Instruction></TaskDialog></T>"));

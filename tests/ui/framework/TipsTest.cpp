@@ -100,7 +100,7 @@ TEST_F(Tips, aFileHoldsThemByDialogPrefixAndControl) {
 
 TEST_F(Tips, aMissingOrBrokenFileHoldsNone) {
     EXPECT_THAT(readTips(L"/X;Component/NoSuchFile.xaml", L"FrameworkTests:Dialog", L"LAST"), IsEmpty());
-    write("<DialogToolTips><Dialog Name='FrameworkTests:Dialog' Prefix='LAST'><Tip Control='1101'>x</Tip></Dialog>");
+    write("<DialogToolTips><Dialog Name='FrameworkTests:Dialog' Prefix='LAST'><Tip Control='1101'>x</Tip></Dial");
     EXPECT_THAT(readTips(kTipFile, L"FrameworkTests:Dialog", L"LAST"), IsEmpty());
 }
 

@@ -85,6 +85,8 @@ class TreeBuilder {
             appendCollapsed(m_open.back().text, text);
     }
     void close() {
+        if (m_open.empty())
+            return;
         XmlElement element = std::move(m_open.back());
         m_open.pop_back();
         if (!element.text.empty() && element.text.back() == L' ')

@@ -14,10 +14,21 @@ bool fileExists(const std::wstring& path) {
     return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
 }
 
+bool openAs(HWND owner, const std::wstring& page, const wchar_t* className) {
+    SHELLEXECUTEINFOW how = {};
+    how.cbSize = sizeof how;
+    how.fMask = SEE_MASK_FLAG_NO_UI | (className ? SEE_MASK_CLASSNAME : 0);
+    how.hwnd = owner;
+    how.lpVerb = L"open";
+    how.lpFile = page.c_str();
+    how.lpClass = className;
+    how.nShow = SW_SHOWNORMAL;
+    return ShellExecuteExW(&how) != FALSE;
+}
+
 bool openPage(HWND owner, const std::wstring& page) {
-    // ShellExecute answers an error as a number up to 32.
-    const HINSTANCE answer = ShellExecuteW(owner, L"open", page.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
-    return reinterpret_cast<INT_PTR>(answer) > 32;
+    // Wine may know no program for the extension, but always one for the class of pages.
+    return openAs(owner, page, nullptr) || openAs(owner, page, L"htmlfile");
 }
 
 void tell(HWND owner, const std::wstring& text) {
