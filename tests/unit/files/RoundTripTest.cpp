@@ -77,6 +77,17 @@ TEST(RoundTrip, statesOfReferencesStayInTheirOwnFile) {
     EXPECT_EQ(difference(throughBytes(drawing), sampleDrawing()), "");
 }
 
+TEST(RoundTrip, whatComesFromAReferenceMayHaveALongerName) {
+    const std::wstring name = std::wstring(255, L'r') + L"!" + std::wstring(255, L's');
+    Drawing drawing = sampleDrawing();
+    drawing.layers[3].name = drawing.names.intern(name);
+    drawing.linetypes.push_back({drawing.layers[3].name, drawing.nextHandle++, L"", {}});
+    drawing.plotStyles.push_back({drawing.layers[3].name, drawing.nextHandle++});
+    const Drawing read = throughBytes(drawing);
+    EXPECT_EQ(read.names.text(read.layers[3].name), name);
+    EXPECT_EQ(read.names.text(read.linetypes.back().name), name);
+}
+
 TEST(RoundTrip, statesThatShareColumnsShareThemInTheFileAndAfterwards) {
     Drawing drawing = sampleDrawing();
     const std::size_t before = bytesOfDrawing(drawing).size();

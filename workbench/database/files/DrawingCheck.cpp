@@ -8,7 +8,7 @@ namespace zdr {
 namespace {
 
 constexpr std::size_t kLongestName = 255;
-// The names of a reference, of those nested in it, and of the layer itself, with "!" between them.
+// The names of a reference, of those nested in it, and of the layer or style itself, with "!" between them.
 constexpr std::size_t kLongestReferenceName = 32 * (kLongestName + 1);
 
 void checkName(std::wstring_view name, const Place& place, std::size_t longest = kLongestName) {
@@ -122,7 +122,7 @@ void DrawingCheck::checkStyles() {
     UniqueNames linetypes(m_drawing.names);
     for (std::size_t i = 0; i < m_drawing.linetypes.size(); ++i) {
         const Place place{L"linetype", i};
-        linetypes.add(m_drawing.linetypes[i].name, place);
+        linetypes.add(m_drawing.linetypes[i].name, place, kLongestReferenceName);
         checkHandle(m_drawing.linetypes[i].handle, place);
         for (const double length : m_drawing.linetypes[i].pattern)
             checkNumber(length, place);
@@ -130,7 +130,7 @@ void DrawingCheck::checkStyles() {
     UniqueNames plotStyles(m_drawing.names);
     for (std::size_t i = 0; i < m_drawing.plotStyles.size(); ++i) {
         const Place place{L"plot style", i};
-        plotStyles.add(m_drawing.plotStyles[i].name, place);
+        plotStyles.add(m_drawing.plotStyles[i].name, place, kLongestReferenceName);
         checkHandle(m_drawing.plotStyles[i].handle, place);
     }
 }
