@@ -1,0 +1,4 @@
+// The expand button has nothing but its type.
+#include "CExpandContractButton.h"
+
+CExpandContractButton::~CExpandContractButton() = default;

@@ -1,0 +1,11 @@
+// The small button that opens and closes the manager's property panel.
+#pragma once
+
+#include "OrvUiControls.h"
+
+/// A type of its own for the manager's expand button. It adds nothing to its base: which face it shows is the manager's
+/// business.
+class CExpandContractButton : public COrvUiBitmapStatic {
+  public:
+    ~CExpandContractButton() override;
+};

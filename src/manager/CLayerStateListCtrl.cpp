@@ -1,0 +1,94 @@
+// Filling the list of layer states, and finding a state in it.
+#include "CLayerStateListCtrl.h"
+
+#include "CResourceScope.h"
+#include "HostText.h"
+#include "KelEditor.h"
+#include "ListRedrawLock.h"
+#include "resource.h"
+
+namespace {
+
+constexpr int nameColumn = 0;
+constexpr int spaceColumn = 1;
+constexpr int sameColumn = 2;
+/// Characters of a name as the rows hold them, with the terminating null.
+constexpr int nameBufferSize = 259;
+/// Number of the host's word for model space.
+constexpr int modelSpaceWord = 10;
+
+/// Where the state was saved: from a reference, with a viewport, or in model space.
+CString spaceText(KelDbLayerStateManager& states, const wchar_t* name) {
+    if (states.isDependentLayerState(name))
+        return loadResourceString(IDS_LSTATE_SPACE_REFERENCE);
+    if (states.layerStateHasViewportData(name))
+        return loadResourceString(IDS_LSTATE_SPACE_VIEWPORT);
+    return keldbGetReservedString(modelSpaceWord, true);
+}
+
+} // namespace
+
+BEGIN_MESSAGE_MAP(CLayerStateListCtrl, CCustomListCtrl)
+END_MESSAGE_MAP()
+
+CLayerStateListCtrl::CLayerStateListCtrl()
+    : m_labelEditActive(0), m_trackedRow(-1), m_labelEditRetry(0), m_cellEditEnabled(1), m_sortColumn(-1),
+      m_sortAscending(1), m_editRow(-1), m_editColumn(-1) {}
+
+CLayerStateListCtrl::~CLayerStateListCtrl() = default;
+
+CString CLayerStateListCtrl::StateName(int row) const {
+    wchar_t name[nameBufferSize] = {};
+    GetItemText(row, nameColumn, name, nameBufferSize);
+    return name;
+}
+
+int CLayerStateListCtrl::FindState(const wchar_t* name) const {
+    const int rows = GetItemCount();
+    for (int row = 0; row < rows; ++row) {
+        const CString candidate = StateName(row);
+        if (!candidate.IsEmpty() && candidate.CompareNoCase(name) == 0)
+            return row;
+    }
+    return -1;
+}
+
+bool CLayerStateListCtrl::PopulateStates(KelDbDatabase* database, bool includeDependent, bool compareToDrawing) {
+    ListRedrawLock quiet(*this);
+    DeleteAllItems();
+    KelDbLayerStateManager* states = database ? database->getLayerStateManager() : nullptr;
+    if (!states)
+        return false;
+    AppendNames(*states, includeDependent);
+    const int rows = GetItemCount();
+    for (int row = 0; row < rows; ++row)
+        FillRow(*states, row, compareToDrawing);
+    return rows >= 1;
+}
+
+void CLayerStateListCtrl::AppendNames(KelDbLayerStateManager& states, bool includeDependent) {
+    KelArray<KelString> names(0, 8);
+    // A failure isn't reported: the list stays empty.
+    if (states.getLayerStateNames(names, false, includeDependent) != Vorn::eOk)
+        return;
+    for (int index = 0; index < names.length(); ++index)
+        InsertItem(LVIF_TEXT, index, names[index].kwszPtr(), 0, 0, 0, 0);
+}
+
+void CLayerStateListCtrl::FillRow(KelDbLayerStateManager& states, int row, bool compareToDrawing) {
+    const CString name = StateName(row);
+    if (name.IsEmpty())
+        return;
+    LayerStateMask mask = 0;
+    static_cast<void>(states.getLayerStateMask(name, mask)); // nothing reads the item data
+    SetItemData(row, static_cast<DWORD_PTR>(static_cast<INT_PTR>(static_cast<std::int32_t>(mask))));
+    SetItemText(row, spaceColumn, spaceText(states, name));
+    int column = sameColumn;
+    if (compareToDrawing) {
+        const bool same = states.compareLayerStateToDb(name, keledGetCurViewportObjectId());
+        SetItemText(row, column++, loadResourceString(same ? IDS_LSTATE_YES : IDS_LSTATE_NO));
+    }
+    wchar_t* description = nullptr;
+    if (states.getLayerStateDescription(name, description) == Vorn::eOk)
+        SetItemText(row, column, HostDescription(description).get());
+}

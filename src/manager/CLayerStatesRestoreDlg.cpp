@@ -1,0 +1,192 @@
+// The manager's message map, set-up, short cuts and end.
+#include "CLayerStatesRestoreDlg.h"
+
+#include "CResourceScope.h"
+#include "KelEditor.h"
+#include "ManagerLayout.h"
+#include "OrvUiServices.h"
+#include "WorkingDatabase.h"
+#include "resource.h"
+
+#include <windowsx.h>
+
+namespace {
+
+constexpr const wchar_t* dialogName = L"KelLayerApps:LayerStatesManager";
+constexpr const wchar_t* contextHelpPrefix = L"LAST";
+constexpr const wchar_t* contextHelpFile = L"/KelDialogToolTips;Component/DialogToolTips.xaml";
+constexpr const wchar_t* helpTopic = L"RESTORELAYERSTATEDIALOG";
+constexpr int tipsOn = 2;
+
+} // namespace
+
+BEGIN_MESSAGE_MAP(CLayerStatesRestoreDlg, CKelUiDialog)
+ON_NOTIFY(LVN_ITEMACTIVATE, IDC_LSTATE_RES_LIST, &CLayerStatesRestoreDlg::OnListChanged)
+ON_NOTIFY(LVN_ODSTATECHANGED, IDC_LSTATE_RES_LIST, &CLayerStatesRestoreDlg::OnListChanged)
+ON_NOTIFY(LVN_ITEMCHANGED, IDC_LSTATE_RES_LIST, &CLayerStatesRestoreDlg::OnListChanged)
+ON_BN_CLICKED(IDC_LSTATE_RES_RESTORE, &CLayerStatesRestoreDlg::OnRestore)
+ON_BN_CLICKED(IDC_LSTATE_RES_CLOSE, &CLayerStatesRestoreDlg::OnClose)
+ON_COMMAND(ID_HELP, &CLayerStatesRestoreDlg::onHelpCommand)
+ON_BN_CLICKED(IDC_LSTATE_RES_HIDEXREFS, &CLayerStatesRestoreDlg::OnHideXrefs)
+ON_BN_CLICKED(IDC_LSTATE_RES_LAYERNOTFOUND, &CLayerStatesRestoreDlg::OnLayerNotFound)
+ON_BN_CLICKED(IDC_LSTATE_RES_COLOR, &CLayerStatesRestoreDlg::OnOverridableProperty)
+ON_BN_CLICKED(IDC_LSTATE_RES_LINETYPE, &CLayerStatesRestoreDlg::OnOverridableProperty)
+ON_BN_CLICKED(IDC_LSTATE_RES_LINEWEIGHT, &CLayerStatesRestoreDlg::OnOverridableProperty)
+ON_BN_CLICKED(IDC_LSTATE_RES_PLOTSTYLE, &CLayerStatesRestoreDlg::OnOverridableProperty)
+ON_BN_CLICKED(IDC_LSTATE_RES_OVERRIDES, &CLayerStatesRestoreDlg::OnRestoreAsOverrides)
+ON_BN_CLICKED(IDC_LSTATE_RES_SELECTALL, &CLayerStatesRestoreDlg::OnSelectAll)
+ON_BN_CLICKED(IDC_LSTATE_RES_CLEARALL, &CLayerStatesRestoreDlg::OnClearAll)
+ON_BN_CLICKED(IDC_LSTATE_RES_EXPAND, &CLayerStatesRestoreDlg::OnExpandContract)
+END_MESSAGE_MAP()
+
+CLayerStatesRestoreDlg::CLayerStatesRestoreDlg(CWnd* parent, bool fromExport)
+    : CKelUiDialog(IDD_LSTATE_RES, parent), m_parent(parent), m_restoreStarted(0), m_stateMask(0), m_overridableMask(0),
+      m_layerNotFound(true), m_regenLayers(0, 8), m_expanded(0), m_fromExport(fromExport), m_reportFailure(true),
+      m_restoreAsOverrides(true), m_showXrefs(true) {}
+
+CLayerStatesRestoreDlg::~CLayerStatesRestoreDlg() = default;
+
+void CLayerStatesRestoreDlg::DoDataExchange(CDataExchange* exchange) {
+    CKelUiDialog::DoDataExchange(exchange);
+    DDX_Control(exchange, IDC_LSTATE_RES_EXPAND, m_expandButton);
+}
+
+BOOL CLayerStatesRestoreDlg::OnInitDialog() {
+    // The base restores what was kept under the name.
+    SetDialogName(dialogName);
+    CKelUiDialog::OnInitDialog();
+    m_controls.find(m_hWnd);
+    SetContextHelpPrefix(contextHelpPrefix);
+    SetContextHelpFileName(contextHelpFile);
+    SetUseTips(tipsOn);
+    setUpPanel();
+    readOptions();
+    setUpList();
+    repopulate();
+    KelString lastRestored;
+    showCurrentState(lastRestored);
+    selectFirstRow(lastRestored);
+    updateControls();
+    return TRUE;
+}
+
+void CLayerStatesRestoreDlg::readOption(const wchar_t* key, bool& option) {
+    unsigned long value = 0;
+    if (GetDialogData(key, value))
+        option = value != 0;
+}
+
+void CLayerStatesRestoreDlg::readOptions() {
+    readOption(L"LayerNotFound", m_layerNotFound);
+    CheckDlgButton(IDC_LSTATE_RES_LAYERNOTFOUND, m_layerNotFound ? BST_CHECKED : BST_UNCHECKED);
+    readOption(L"RestoreAsOverrides", m_restoreAsOverrides);
+    CheckDlgButton(IDC_LSTATE_RES_OVERRIDES, m_restoreAsOverrides ? BST_CHECKED : BST_UNCHECKED);
+    readOption(L"ShowXrefs", m_showXrefs);
+    CheckDlgButton(IDC_LSTATE_RES_HIDEXREFS, m_showXrefs ? BST_UNCHECKED : BST_CHECKED);
+}
+
+void CLayerStatesRestoreDlg::setUpList() {
+    m_stateList.SubclassDlgItem(IDC_LSTATE_RES_LIST, this);
+    CRect window;
+    m_stateList.GetWindowRect(&window);
+    int column = 0;
+    for (const ListColumn& row : managerColumns) {
+        const CString heading = loadResourceString(row.headingId);
+        m_stateList.InsertColumn(column, heading, LVCFMT_LEFT, columnWidth(window.Width(), row.fraction), column);
+        ++column;
+    }
+    m_stateList.SetExtendedStyle(m_stateList.GetExtendedStyle() | LVS_EX_FULLROWSELECT);
+}
+
+void CLayerStatesRestoreDlg::showCurrentState(KelString& lastRestored) {
+    KelDbLayerStateManager* states = workingStates();
+    if (!states)
+        return;
+    // A state that no longer matches the drawing isn't current, though it is still the one selected below.
+    KelDbObjectId restoredId;
+    const bool current = states->getLastRestoredLayerState(lastRestored, restoredId) == Vorn::eOk &&
+                         states->compareLayerStateToDb(lastRestored.kwszPtr(), keledGetCurViewportObjectId());
+    const CString subject = current ? CString(lastRestored.kwszPtr()) : loadResourceString(IDS_LSTATE_NONE);
+    CString line;
+    line.Format(loadResourceString(IDS_LSTATE_CURRENT_STATE), subject.GetString());
+    SetDlgItemText(IDC_LSTATE_RES_CURRENT, line);
+}
+
+void CLayerStatesRestoreDlg::selectFirstRow(const KelString& lastRestored) {
+    const int found = lastRestored.isEmpty() ? -1 : m_stateList.FindState(lastRestored.kwszPtr());
+    const int row = rowToSelect(m_stateList.GetItemCount(), found);
+    if (row < 0)
+        return;
+    m_stateList.SelectRow(row);
+    m_stateList.EnsureVisible(row, FALSE);
+    m_stateList.SetFocus();
+}
+
+void CLayerStatesRestoreDlg::repopulate() {
+    m_stateList.PopulateStates(workingDatabase(), m_showXrefs, true);
+}
+
+void CLayerStatesRestoreDlg::OnListChanged(NMHDR*, LRESULT* result) {
+    updateControls();
+    *result = 0;
+}
+
+BOOL CLayerStatesRestoreDlg::PreTranslateMessage(MSG* message) {
+    if (message->message == WM_KEYDOWN && message->wParam == VK_F2)
+        renameByKey();
+    // Alt with one of these is taken whether or not there is something to do.
+    if (message->message == WM_SYSCHAR && message->wParam == L'<') {
+        if (m_expanded)
+            contract();
+        return TRUE;
+    }
+    if (message->message == WM_SYSCHAR && message->wParam == L'>') {
+        if (!m_expanded)
+            expand();
+        return TRUE;
+    }
+    if (restoreByDoubleClick(*message))
+        return TRUE;
+    reopenRefusedRename();
+    return CKelUiDialog::PreTranslateMessage(message);
+}
+
+void CLayerStatesRestoreDlg::renameByKey() {
+    if (m_stateList.m_labelEditActive || m_stateList.GetSelectedCount() != 1)
+        return;
+    const int row = m_stateList.GetSelectionMark();
+    KelDbLayerStateManager* states = workingStates();
+    if (row >= 0 && states && !states->isDependentLayerState(m_stateList.StateName(row)))
+        m_stateList.EditLabel(row);
+}
+
+bool CLayerStatesRestoreDlg::restoreByDoubleClick(const MSG& message) {
+    if (message.message != WM_LBUTTONDBLCLK || message.hwnd != m_stateList.m_hWnd || m_stateList.m_labelEditActive)
+        return false;
+    const CPoint point(GET_X_LPARAM(message.lParam), GET_Y_LPARAM(message.lParam));
+    if (m_stateList.HitTest(point) < 0)
+        return false;
+    OnRestore();
+    return true;
+}
+
+void CLayerStatesRestoreDlg::reopenRefusedRename() {
+    if (!m_stateList.m_labelEditRetry)
+        return;
+    m_stateList.m_labelEditRetry = 0;
+    m_stateList.SetFocus();
+    m_stateList.EditLabel(m_stateList.m_trackedRow);
+}
+
+void CLayerStatesRestoreDlg::OnClose() {
+    if (m_stateList.m_labelEditActive)
+        return;
+    SetDialogData(L"Expanded", static_cast<unsigned long>(m_expanded));
+    EndDialog(IDOK);
+}
+
+void CLayerStatesRestoreDlg::OnDialogHelp() {
+    wchar_t topic[MAX_PATH];
+    lstrcpynW(topic, helpTopic, MAX_PATH);
+    keledHelp(nullptr, topic, 0);
+}

@@ -1,0 +1,98 @@
+// The layer states manager: lists the states of the current drawing, lets the user choose which properties a restore
+// touches, and restores.
+#pragma once
+
+#include "CExpandContractButton.h"
+#include "CLayerStateListCtrl.h"
+#include "DialogControls.h"
+#include "KelArray.h"
+#include "LayerStateMask.h"
+#include "OrvUiDialog.h"
+
+#include <optional>
+
+/// The manager's dialog. It holds no pending changes: each action goes to the host when its button is pressed. It ends
+/// with OK after Close and after a restore, and with Cancel otherwise.
+class CLayerStatesRestoreDlg : public CKelUiDialog {
+  public:
+    /// @param fromExport opened by another part of the host and not by the command; both run alike
+    CLayerStatesRestoreDlg(CWnd* parent, bool fromExport);
+    ~CLayerStatesRestoreDlg() override;
+
+  protected:
+    DECLARE_MESSAGE_MAP()
+    void DoDataExchange(CDataExchange* exchange) override;
+
+  public:
+    BOOL PreTranslateMessage(MSG* message) override;
+    BOOL OnInitDialog() override;
+    void OnDialogHelp() override;
+
+  protected:
+    afx_msg void OnListChanged(NMHDR* header, LRESULT* result);
+    afx_msg void OnRestore();
+    afx_msg void OnClose();
+    afx_msg void OnHideXrefs();
+    afx_msg void OnLayerNotFound();
+    afx_msg void OnOverridableProperty();
+    afx_msg void OnRestoreAsOverrides();
+    afx_msg void OnSelectAll();
+    afx_msg void OnClearAll();
+    afx_msg void OnExpandContract();
+
+  private:
+    // Set-up, in the order of its steps.
+    void setUpPanel();
+    void readOption(const wchar_t* key, bool& option);
+    void readOptions();
+    void setUpList();
+    void showCurrentState(KelString& lastRestored);
+    void selectFirstRow(const KelString& lastRestored);
+
+    void repopulate();
+    void updateControls();
+    bool selectionHoldsDependent();
+    /// Takes the row as the single selection and shows its mask; the mask, if it can be read.
+    std::optional<LayerStateMask> showStoredState(int row);
+    void tickEnabledBoxes(bool on);
+
+    void expand();
+    void contract();
+    void showPanel(bool show);
+    void widen(int by);
+    void setExpandButton(const wchar_t* bitmap, UINT textId);
+
+    void renameByKey();
+    bool restoreByDoubleClick(const MSG& message);
+    void reopenRefusedRename();
+
+    int restoreOrImport();
+    void restoreSelected(KelDbLayerStateManager& states);
+    void collectRegenLayers();
+    void reportRestoreFailure(unsigned int status);
+
+    CWnd* m_parent;
+    int m_restoreStarted; ///< Written only.
+    CLayerStateListCtrl m_stateList;
+    /// The state that was last taken as the single selection.
+    CString m_stateName;
+    /// Its mask, or the one last read from the boxes.
+    LayerStateMask m_stateMask;
+    /// The bits of the state that can be restored as overrides of a viewport.
+    unsigned int m_overridableMask;
+    CString m_stateDescription; ///< Written only.
+    /// Option: layers that the state doesn't know are turned off.
+    bool m_layerNotFound;
+    /// All layers of the drawing, rebuilt for each restore.
+    KelArray<KelDbObjectId> m_regenLayers;
+    CExpandContractButton m_expandButton;
+    /// Whether the property panel is open.
+    int m_expanded;
+    bool m_fromExport; ///< Recorded and asked nowhere, on purpose: both ways in behave alike.
+    /// A failure may still be reported; the first report of the dialog's life clears it for good.
+    bool m_reportFailure;
+    bool m_restoreAsOverrides; ///< Option.
+    /// Option: the states of attached references are listed too.
+    bool m_showXrefs;
+    DialogControls m_controls;
+};

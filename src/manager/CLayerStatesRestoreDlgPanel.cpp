@@ -1,0 +1,91 @@
+// The manager's property panel: opening and closing it to the right of the other controls.
+#include "CLayerStatesRestoreDlg.h"
+
+#include "CResourceScope.h"
+#include "ManagerLayout.h"
+#include "PropertyTable.h"
+
+namespace {
+
+/// How far the panel stands out, measured each time the dialog opens; the one modal dialog is its only user.
+int g_panelWidth = 215;
+
+constexpr const wchar_t* contractBitmap = L"IDB_LSTATE_RES_CONTRACT";
+constexpr const wchar_t* expandBitmap = L"IDB_LSTATE_RES_EXPAND";
+
+/// What belongs to the panel besides the boxes.
+constexpr int panelControls[] = {IDC_LSTATE_RES_PANEL, IDC_LSTATE_RES_SELECTALL, IDC_LSTATE_RES_CLEARALL};
+/// What moves with the dialog's right edge.
+constexpr int edgeControls[] = {IDC_LSTATE_RES_RESTORE, IDC_LSTATE_RES_CLOSE, ID_HELP, IDC_LSTATE_RES_EXPAND};
+
+} // namespace
+
+void CLayerStatesRestoreDlg::setUpPanel() {
+    unsigned long expanded = 0;
+    if (GetDialogData(L"Expanded", expanded))
+        m_expanded = static_cast<int>(expanded);
+    // The template is laid out with the panel open.
+    CRect newButton;
+    CRect panel;
+    GetDlgItem(IDC_LSTATE_RES_NEW)->GetWindowRect(&newButton);
+    GetDlgItem(IDC_LSTATE_RES_PANEL)->GetWindowRect(&panel);
+    g_panelWidth = panelWidthFrom(panel.right, newButton.right);
+    if (m_expanded)
+        setExpandButton(contractBitmap, IDS_LSTATE_CONTRACT);
+    else
+        contract();
+}
+
+void CLayerStatesRestoreDlg::OnExpandContract() {
+    if (m_expanded)
+        contract();
+    else
+        expand();
+}
+
+void CLayerStatesRestoreDlg::expand() {
+    showPanel(true);
+    widen(g_panelWidth);
+    setExpandButton(contractBitmap, IDS_LSTATE_CONTRACT);
+    m_expanded = 1;
+    // Takes back the enables that don't apply.
+    updateControls();
+}
+
+void CLayerStatesRestoreDlg::contract() {
+    showPanel(false);
+    widen(-g_panelWidth);
+    setExpandButton(expandBitmap, IDS_LSTATE_EXPAND);
+    m_expanded = 0;
+}
+
+void CLayerStatesRestoreDlg::showPanel(bool show) {
+    const auto showControl = [this, show](int control) {
+        CWnd* window = GetDlgItem(control);
+        window->ShowWindow(show ? SW_SHOW : SW_HIDE);
+        window->EnableWindow(show);
+    };
+    for (const PropertyBox* box = propertyTable; box->control != 0; ++box)
+        showControl(box->control);
+    for (const int control : panelControls)
+        showControl(control);
+}
+
+void CLayerStatesRestoreDlg::widen(int by) {
+    for (const int control : edgeControls) {
+        CWnd* window = GetDlgItem(control);
+        CRect place;
+        window->GetWindowRect(&place);
+        ScreenToClient(&place);
+        place.OffsetRect(by, 0);
+        window->MoveWindow(&place, TRUE);
+    }
+    CRect dialog;
+    GetWindowRect(&dialog);
+    SetWindowPos(nullptr, 0, 0, dialog.Width() + by, dialog.Height(), SWP_NOMOVE | SWP_NOZORDER);
+}
+
+void CLayerStatesRestoreDlg::setExpandButton(const wchar_t* bitmap, UINT textId) {
+    m_expandButton.OnReload(bitmap);
+    m_expandButton.SetWindowText(loadResourceString(textId));
+}

@@ -1,0 +1,140 @@
+// Restoring the selected state: the name, the properties and flags, the transaction, what is regenerated, and what the
+// user is told when the host refuses.
+#include "CLayerStatesRestoreDlg.h"
+
+#include "CResourceScope.h"
+#include "KelDbPointers.h"
+#include "KelEditor.h"
+#include "OrvUiServices.h"
+#include "PropertyTable.h"
+#include "RestoreRules.h"
+#include "WorkingDatabase.h"
+
+#include <memory>
+
+namespace {
+
+constexpr const wchar_t* taskDialogFile = L"/KelTaskDialogs;component/TaskDialogs.xaml";
+constexpr const wchar_t* cannotRestoreKey = L"KelLayerApps.CannotRestoreLayerState";
+
+KelTransactionManager* currentTransactions() {
+    KelApDocument* document = kelDocManagerPtr()->currentDocument();
+    return document ? document->transactionManager() : nullptr;
+}
+
+/// A transaction of the current document, which is asked for afresh at the end.
+class DocumentTransaction {
+  public:
+    DocumentTransaction() {
+        KelTransactionManager* transactions = currentTransactions();
+        m_started = transactions && transactions->startTransaction();
+    }
+    ~DocumentTransaction() {
+        KelTransactionManager* transactions = m_started ? currentTransactions() : nullptr;
+        if (transactions)
+            transactions->endTransaction();
+    }
+    DocumentTransaction(const DocumentTransaction&) = delete;
+    DocumentTransaction& operator=(const DocumentTransaction&) = delete;
+    bool isStarted() const { return m_started; }
+
+  private:
+    bool m_started;
+};
+
+void publishLayers() {
+    applyCurZdrLayerTableChanges();
+    keledUpdateDisplay();
+}
+
+HWND threadMainWindow() {
+    CWinThread* thread = AfxGetThread();
+    CWnd* window = thread ? thread->GetMainWnd() : nullptr;
+    return window ? window->m_hWnd : nullptr;
+}
+
+/// @return whether the task dialog could be loaded
+bool showCannotRestoreDialog() {
+    COrvTaskDialog dialog;
+    if (!dialog.LoadFromFile(taskDialogFile, cannotRestoreKey, nullptr, 0))
+        return false;
+    dialog.ShowDialog(threadMainWindow());
+    return true;
+}
+
+} // namespace
+
+void CLayerStatesRestoreDlg::OnRestore() {
+    if (!restoreOrImport())
+        return;
+    // The restore has published already; the repetition is this system's own.
+    publishLayers();
+    SetDialogData(L"Expanded", static_cast<unsigned long>(m_expanded));
+    EndDialog(IDOK);
+}
+
+int CLayerStatesRestoreDlg::restoreOrImport() {
+    if (m_stateList.m_labelEditActive)
+        return 0;
+    const int row = m_stateList.FirstSelectedRow();
+    if (row < 0)
+        return 0;
+    m_stateName = m_stateList.StateName(row);
+    m_restoreStarted = 1;
+    {
+        DocumentTransaction transaction;
+        if (!transaction.isStarted())
+            return 0;
+        if (KelDbLayerStateManager* states = workingStates())
+            restoreSelected(*states);
+    }
+    publishLayers();
+    // A refused restore has gone through as well: the user has been told, if at all.
+    return 1;
+}
+
+void CLayerStatesRestoreDlg::restoreSelected(KelDbLayerStateManager& states) {
+    // Null outside a viewport, where a restore is allowed all the same.
+    const KelDbObjectId viewport = keledGetCurViewportObjectId();
+    collectRegenLayers();
+    const int flags = restoreFlags(m_layerNotFound, m_restoreAsOverrides);
+    m_stateMask = maskFromBoxes([this](int control) { return m_controls.isTicked(control); });
+    // The choice of the moment becomes the state's own; a failure doesn't stop the restore.
+    static_cast<void>(states.setLayerStateMask(m_stateName, m_stateMask));
+    const Vorn::ErrorStatus status = states.restoreLayerState(m_stateName, viewport, flags, nullptr);
+    if (!m_regenLayers.isEmpty())
+        keledRegenLayers(m_regenLayers, keledRegenPending());
+    if (status != Vorn::eOk && status != Vorn::eDuplicateRecordName)
+        reportRestoreFailure(static_cast<unsigned int>(status));
+}
+
+void CLayerStatesRestoreDlg::collectRegenLayers() {
+    m_regenLayers.setLogicalLength(0);
+    KelDbSymbolTablePointer<KelDbLayerTable> table(workingDatabase(), KelDb::kForRead);
+    if (table.openStatus() != Vorn::eOk)
+        return;
+    KelDbLayerTableIterator* found = nullptr;
+    if (table->newIterator(found, true, true) != Vorn::eOk)
+        return;
+    const std::unique_ptr<KelDbLayerTableIterator> iterator(found);
+    CWaitCursor wait;
+    for (; !iterator->done(); iterator->step(true, true)) {
+        KelDbObjectId layer;
+        if (iterator->getRecordId(layer) == Vorn::eOk)
+            m_regenLayers.append(layer);
+    }
+}
+
+void CLayerStatesRestoreDlg::reportRestoreFailure(unsigned int status) {
+    if (!m_reportFailure)
+        return;
+    const RestoreReport report = restoreReport(status);
+    if (report.form == RestoreReport::Form::taskDialog && showCannotRestoreDialog()) {
+        m_reportFailure = false;
+        return;
+    }
+    // Without its task dialog a failure comes as a message box with an empty text; that is this system's own.
+    const CString text = report.stringId != 0 ? loadResourceString(report.stringId) : CString();
+    ::MessageBoxW(m_hWnd, text, nullptr, MB_ICONEXCLAMATION | MB_OK);
+    m_reportFailure = false;
+}

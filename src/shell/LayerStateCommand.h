@@ -1,0 +1,10 @@
+// The ways in for a user: the command, and the export that opens the same dialog for other parts of the host.
+#pragma once
+
+#include <afxwin.h>
+
+/// Body of LAYERSTATE: the layer states manager with no parent. Nothing tells what the user did.
+void runLayerStateCommand();
+
+/// The same over a window of the host's. `parent` may be null.
+extern "C" void keldbLayerStateManagerDialog(CWnd* parent);

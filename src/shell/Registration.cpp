@@ -1,0 +1,55 @@
+// Entering the service and the command into the host's registry, and taking them out.
+#include "Registration.h"
+
+#include "CResourceScope.h"
+#include "KelRuntime.h"
+#include "LayerStateCommand.h"
+#include "resource.h"
+
+namespace {
+
+constexpr const wchar_t* serviceName = L"KelLayerApps";
+constexpr const wchar_t* commandGroup = L"VORN_KelLayerApps";
+constexpr const wchar_t* commandName = L"LAYERSTATE";
+constexpr int plainModalCommand = 0;
+constexpr int noFunctionCode = -1;
+
+KelRtDictionary* registeredDictionary(const wchar_t* key) {
+    return kelrtCast<KelRtDictionary>(kelrtSystemRegistry()->at(key));
+}
+
+/// The class record of the command stack, which the host keeps by name. Found once and kept.
+const KelRtClass* commandStackClass() {
+    static const KelRtClass* kept = nullptr;
+    if (!kept)
+        if (const KelRtDictionary* classes = registeredDictionary(kelrtClassDictionaryKey))
+            kept = kelrtCast<KelRtClass>(classes->at(L"KelEdCommandStack"));
+    return kept;
+}
+
+/// The host always has a command stack, and the module nothing to put in its place: without one there is no command.
+KelEdCommandStack* commandStack() {
+    KelRtObject* entry = kelrtSystemRegistry()->at(kelrtCommandStackKey);
+    const KelRtClass* stackClass = commandStackClass();
+    return entry && stackClass && entry->isKindOf(stackClass) ? static_cast<KelEdCommandStack*>(entry) : nullptr;
+}
+
+} // namespace
+
+void registerLayerStateCommand() {
+    if (!kelrtServiceIsRegistered(serviceName))
+        kelrtRegisterService(serviceName);
+    KelEdCommandStack* stack = commandStack();
+    const CString localName = loadResourceString(IDS_LSTATE_COMMAND);
+    if (stack)
+        stack->addCommand(commandGroup, commandName, localName, plainModalCommand, runLayerStateCommand, nullptr,
+                          noFunctionCode, nullptr, nullptr);
+}
+
+void unregisterLayerStateCommand() {
+    if (kelrtServiceIsRegistered(serviceName))
+        if (KelRtDictionary* services = registeredDictionary(kelrtServiceDictionaryKey))
+            delete services->remove(serviceName);
+    if (KelEdCommandStack* stack = commandStack())
+        stack->removeGroup(commandGroup);
+}
