@@ -3,6 +3,7 @@
 #include "Documents.h"
 
 #include "RuntimeParts.h"
+#include "engine/DatabaseAccess.h"
 #include "instruments/HostCalls.h"
 
 #include <algorithm>
@@ -55,6 +56,7 @@ KelTransaction* TransactionManager::startTransaction() {
     m_open.push_back(std::make_unique<KelTransaction>());
     KelTransaction* transaction = m_open.back().get();
     instruments::entrust(transaction, "transaction");
+    engine::beginUndoGroup(m_database);
     return call.answer(transaction);
 }
 
@@ -62,6 +64,7 @@ Vorn::ErrorStatus TransactionManager::endTransaction() {
     HostCall call("endTransaction");
     if (m_open.empty())
         return call.answer(Vorn::eNotApplicable);
+    engine::endUndoGroup(m_database);
     instruments::giveBack(m_open.back().get());
     m_open.pop_back();
     return call.answer(call.fault().value_or(Vorn::eOk));
@@ -126,4 +129,11 @@ void resetDocuments() {
 KelApDocManager* kelDocManagerPtr() {
     HostCall call("kelDocManagerPtr");
     return &runtime::g_manager;
+}
+
+KelDbObjectId keledGetCurViewportObjectId() {
+    HostCall call("keledGetCurViewportObjectId");
+    const runtime::Document* document = runtime::currentDocument();
+    const bool any = document && !call.fault();
+    return call.answer(any ? engine::currentViewportId(document->data()) : KelDbObjectId());
 }

@@ -106,6 +106,8 @@ std::wstring ModuleLoader::Module::start() {
     const int answer = send(kelrtLoadMessage);
     if (answer == kelrtAnswerLoadFailed)
         return resourceSentence(path);
+    if (answer == kThrown)
+        return name() + L" could not start: it failed while it was loaded.";
     if (answer != kelrtAnswerOk)
         return name() + L" could not start: it answered " + std::to_wstring(answer) + L" to being loaded.";
     started = true;

@@ -4,6 +4,7 @@
 
 #include "Documents.h"
 #include "RuntimeParts.h"
+#include "engine/DatabaseAccess.h"
 #include "instruments/HostCalls.h"
 #include "model/Drawing.h"
 
@@ -111,7 +112,7 @@ std::optional<VariableValue> valueOf(const Variable& variable) {
         const Document* document = currentDocument();
         if (!document)
             return std::nullopt;
-        return variable.read({drawingOf(document->data()), document->path()});
+        return variable.read({engine::drawingOf(document->data()), document->path()});
     }
     const auto own = setValues().find(&variable);
     return own == setValues().end() ? variable.initial : own->second;

@@ -15,7 +15,7 @@ using zdr::Point;
 constexpr double kFullTurn = 2 * std::numbers::pi;
 constexpr int kMostChords = 720;
 // How far a chord may leave the curve, in pixels.
-constexpr double kTolerance = 0.2;
+constexpr double kTolerance = 0.1;
 // Width of an average letter for its height.
 constexpr double kLetterWidth = 0.7;
 

@@ -17,8 +17,6 @@ namespace {
 constexpr int kDeepestReference = 8;
 // Letters lower than this are not told apart any more.
 constexpr double kSmallestText = 2;
-constexpr std::uint32_t kForeground = 7;
-constexpr std::uint32_t kTrueColorTag = 0xC2;
 
 /// Draws entities of one space into one part of the picture.
 class PartPainter {
@@ -77,12 +75,7 @@ class PartPainter {
             m_part.labels.push_back({position, height, text.rotation + placement.rotation, rgb(look.color), text.text});
     }
 
-    std::uint32_t rgb(std::uint32_t packed) const {
-        if (packed >> 24 == kTrueColorTag)
-            return (packed >> 16 & 0xFF) | (packed & 0xFF00) | (packed & 0xFF) << 16;
-        return packed == kForeground || !m_screen.paletteRgb ? m_foreground
-                                                             : m_screen.paletteRgb(static_cast<int>(packed & 0xFF));
-    }
+    std::uint32_t rgb(std::uint32_t packed) const { return rgbOf(packed, m_foreground, m_screen.paletteRgb); }
 
     PicturePart& m_part;
     const ViewTransform& m_view;
@@ -108,11 +101,14 @@ bool isOn(const zdr::Viewport& viewport) {
     return viewport.number >= 0;
 }
 
+// Curves count with their finest chords here: the extents are asked for seldom.
+constexpr double kFinest = 1e9;
+
 void addExtents(Rect& extents, const std::vector<zdr::Entity>& entities, const Placement& placement) {
     std::vector<Point> points;
     for (const zdr::Entity& entity : entities) {
         points.clear();
-        outline(entity.geometry, 1, points);
+        outline(entity.geometry, kFinest, points);
         for (const Point point : points)
             extents.add(placement(point));
     }

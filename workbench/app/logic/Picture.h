@@ -1,6 +1,7 @@
 // A drawing as it is put on the screen: strokes and texts in pixels, in the parts of the window that they belong to.
 #pragma once
 
+#include "ColorRgb.h"
 #include "Strokes.h"
 
 #include <optional>
@@ -41,8 +42,7 @@ struct Screen {
     double pixelsPerMillimetre = 96 / 25.4;
     std::uint32_t modelForeground = 0xFFFFFF; ///< colour 7 on the model tab
     std::uint32_t paperForeground = 0x000000; ///< colour 7 on paper
-    /// RGB of a palette index from 1 to 255 but 7, red in the low byte.
-    std::uint32_t (*paletteRgb)(int index) = nullptr;
+    PaletteRgb paletteRgb = nullptr;
 };
 
 /// The model tab through a view.

@@ -111,6 +111,7 @@ void StrokePlotter::plotDashed(std::span<const Point> points, const Pen& pen, st
         plot(points, pen);
         return;
     }
+    const Pen dash{pen.rgb, pen.width, true};
     for (std::size_t i = 1; i < points.size(); ++i) {
         const double length = std::hypot(points[i].x - points[i - 1].x, points[i].y - points[i - 1].y);
         if (!(length > 0) || !std::isfinite(length))
@@ -121,7 +122,7 @@ void StrokePlotter::plotDashed(std::span<const Point> points, const Pen& pen, st
             continue;
         }
         walk.skip(part->first * length);
-        dashSegment(m_strokes, pen, walk, points[i - 1], points[i], length, *part);
+        dashSegment(m_strokes, dash, walk, points[i - 1], points[i], length, *part);
         walk.skip((1 - part->second) * length);
     }
 }

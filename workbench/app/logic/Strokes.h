@@ -12,6 +12,7 @@ namespace workbench {
 struct Pen {
     std::uint32_t rgb = 0; ///< red in the low byte
     int width = 1;         ///< pixels
+    bool dashed = false;   ///< a piece of a pattern, whose ends must not reach into the gaps
     friend bool operator==(const Pen&, const Pen&) = default;
 };
 

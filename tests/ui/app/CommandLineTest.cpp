@@ -1,0 +1,71 @@
+// The command line, typed into by a scripted person.
+
+#include "WorkbenchFixture.h"
+#include "resource.h"
+
+using CommandLineTest = WorkbenchTest;
+using ui::Script;
+using ui::View;
+
+namespace {
+
+std::wstring typed(const View& view) {
+    return View(view.control(IDC_COMMAND_PANE)).text(IDC_COMMAND_EDIT);
+}
+
+Script expectTyped(const std::wstring& text) {
+    Script script;
+    script.waitUntil("the command line shows \"" + ui::narrow(text) + "\"",
+                     [text](const View& view) { return typed(view) == text; });
+    return script;
+}
+
+} // namespace
+
+TEST_F(CommandLineTest, TakesTypingAtOnceAndEndsTheProgramByQuit) {
+    runWith(command(L"quit"));
+    EXPECT_EQ(window->m_hWnd, nullptr);
+}
+
+TEST_F(CommandLineTest, AnswersAnUnknownCommandAndShowsTheAnswerInTheStatusLine) {
+    Script script;
+    script.then(command(L"foo"))
+        .then(said(L"Command: foo\r\nUnknown command \"FOO\". HELP lists the commands."))
+        .look("the status line",
+              [](const View& view) {
+                  EXPECT_EQ(view.text(IDC_STATUS_LINE),
+                            L"Base | Model | Unknown command \"FOO\". HELP lists the commands.");
+              })
+        .then(command(L"quit"));
+    runWith(script);
+}
+
+TEST_F(CommandLineTest, RecallsWhatWasRunWithTheArrowKeys) {
+    Script script;
+    script.then(command(L"one")).then(command(L"two")).then(said(L"\"TWO\""));
+    script.press(VK_UP).then(expectTyped(L"two"));
+    script.press(VK_UP).then(expectTyped(L"one"));
+    script.press(VK_DOWN).then(expectTyped(L"two"));
+    script.press(VK_DOWN).then(expectTyped(L""));
+    script.then(command(L"quit"));
+    runWith(script);
+}
+
+TEST_F(CommandLineTest, EscClearsTheLine) {
+    Script script;
+    script.type(L"half a line").then(expectTyped(L"half a line")).press(VK_ESCAPE).then(expectTyped(L""));
+    script.then(command(L"quit"));
+    runWith(script);
+}
+
+TEST_F(CommandLineTest, AClickIntoTheDrawingLeavesTheTypingInTheCommandLine) {
+    Script script;
+    script.click(IDC_DRAWING_VIEW).then(command(L"quit"));
+    runWith(script);
+}
+
+TEST_F(CommandLineTest, ListsTheCommandsOnF1) {
+    Script script;
+    script.press(VK_F1).then(said(L"QUIT - Ends the Workbench.")).then(command(L"quit"));
+    runWith(script);
+}

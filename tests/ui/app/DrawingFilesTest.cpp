@@ -1,0 +1,127 @@
+// Opening and saving through the main window: titles, questions, and drawings that can't be read.
+
+#include "KelEditor.h"
+#include "SystemRegistry.h"
+#include "WorkbenchFixture.h"
+#include "resource.h"
+
+#include <fstream>
+
+namespace fs = std::filesystem;
+using ui::Script;
+using ui::View;
+
+namespace {
+
+void turnBaseLayerOff() {
+    KelDbLayerTable* table = nullptr;
+    if (keldbHostApplicationServices()->workingDatabase()->getSymbolTable(table, KelDb::kForRead) != Vorn::eOk)
+        return;
+    KelDbLayerTableRecord* record = nullptr;
+    if (table->getAt(L"Base", record, KelDb::kForWrite) == Vorn::eOk) {
+        record->setIsOff(true);
+        record->close();
+    }
+    table->close();
+}
+
+Script expectTitle(const std::wstring& title) {
+    Script script;
+    script.waitUntil("the title is " + ui::narrow(title), [title](const View& view) { return view.title() == title; });
+    return script;
+}
+
+class DrawingFilesTest : public WorkbenchTest {
+  protected:
+    DrawingFilesTest() { runtime::commandStack().addCommand(L"TEST", L"TURNOFF", L"TURNOFF", 0, turnBaseLayerOff); }
+    void writeText(const char* name) { std::ofstream(folder / name) << "This is no drawing."; }
+    void writeCutOff(const char* name) {
+        writeSample(name);
+        fs::resize_file(folder / name, fs::file_size(folder / name) / 2);
+    }
+};
+
+} // namespace
+
+TEST_F(DrawingFilesTest, ShowsTheDrawingsNameInTheTitle) {
+    writeSample("plan.zdr");
+    Script script;
+    script.then(expectTitle(L"Drawing1 - Kel Workbench"))
+        .then(command(L"OPEN " + path("plan.zdr")))
+        .then(expectTitle(L"plan.zdr - Kel Workbench"))
+        .then(command(L"TURNOFF"))
+        .then(expectTitle(L"plan.zdr* - Kel Workbench"))
+        .then(command(L"SAVEAS " + path("other.zdr")))
+        .then(expectTitle(L"other.zdr - Kel Workbench"))
+        .then(command(L"QUIT"));
+    runWith(script);
+    EXPECT_TRUE(fs::exists(folder / "other.zdr"));
+}
+
+TEST_F(DrawingFilesTest, ADrawingThatCantBeReadIsToldWithPathAndReason) {
+    writeSample("plan.zdr");
+    writeText("text.zdr");
+    writeCutOff("cut.zdr");
+    Script script;
+    script.then(command(L"OPEN " + path("plan.zdr"))).then(expectTitle(L"plan.zdr - Kel Workbench"));
+    for (const char* name : {"missing.zdr", "text.zdr", "cut.zdr"})
+        script.then(command(L"OPEN " + path(name)))
+            .then(answerBox(path(name), IDOK))
+            .then(expectTitle(L"plan.zdr - Kel Workbench"));
+    script.then(command(L"QUIT"));
+    runWith(script);
+}
+
+TEST_F(DrawingFilesTest, AsksAboutUnsavedChangesAtTheEnd) {
+    Script script;
+    script.then(command(L"TURNOFF"))
+        .then(command(L"QUIT"))
+        .then(answerBox(L"Save the changes to Drawing1?", IDCANCEL))
+        .press(VK_F4, ui::holdAlt)
+        .then(answerBox(L"Save the changes to Drawing1?", IDNO));
+    runWith(script);
+    EXPECT_EQ(window->m_hWnd, nullptr);
+}
+
+TEST_F(DrawingFilesTest, SavesAtTheEndWhenAskedTo) {
+    writeSample("plan.zdr");
+    Script script;
+    script.then(command(L"OPEN " + path("plan.zdr")))
+        .then(command(L"TURNOFF"))
+        .then(command(L"QUIT"))
+        .then(answerBox(L"Save the changes to plan.zdr?", IDYES));
+    const auto before = fs::last_write_time(folder / "plan.zdr");
+    runWith(script);
+    EXPECT_GT(fs::last_write_time(folder / "plan.zdr"), before);
+}
+
+TEST_F(DrawingFilesTest, AsksBeforeItWritesOverAFileChangedByAnother) {
+    writeSample("plan.zdr");
+    Script script;
+    script.then(command(L"OPEN " + path("plan.zdr")))
+        .then(expectTitle(L"plan.zdr - Kel Workbench"))
+        .look("someone else writes the file", [this](const View&) { writeText("plan.zdr"); })
+        .then(command(L"TURNOFF"))
+        .then(command(L"SAVE"))
+        .then(answerBox(L"Write over it?", IDNO))
+        .then(expectTitle(L"plan.zdr* - Kel Workbench"))
+        .look("the file is left alone", [this](const View&) { EXPECT_EQ(fs::file_size(folder / "plan.zdr"), 19u); })
+        .then(command(L"SAVE"))
+        .then(answerBox(L"Write over it?", IDYES))
+        .then(expectTitle(L"plan.zdr - Kel Workbench"))
+        .then(command(L"QUIT"));
+    runWith(script);
+    EXPECT_GT(fs::file_size(folder / "plan.zdr"), 19u);
+}
+
+TEST_F(DrawingFilesTest, AsksTheSystemsDialogForAFile) {
+    writeSample("plan.zdr");
+    Script script;
+    script.then(command(L"OPEN"))
+        .waitUntil("the file dialog", [](const View& view) { return view.title() == L"Open"; })
+        .type(path("plan.zdr"))
+        .press(VK_RETURN)
+        .then(expectTitle(L"plan.zdr - Kel Workbench"))
+        .then(command(L"QUIT"));
+    runWith(script);
+}

@@ -1,0 +1,203 @@
+// What the drawing view shows, and how it is moved by mouse and tabs.
+
+#include "LayerLook.h"
+#include "SampleDrawing.h"
+#include "WorkbenchFixture.h"
+#include "resource.h"
+
+#include "files/DrawingFile.h"
+
+#include <algorithm>
+#include <map>
+
+using ui::Script;
+using ui::View;
+
+namespace {
+
+constexpr COLORREF kRed = RGB(255, 0, 0);
+
+long count(const View& view, COLORREF color) {
+    const auto pixels = view.pixels(IDC_DRAWING_VIEW);
+    return std::count(pixels.begin(), pixels.end(), color);
+}
+
+RECT viewRect(const View& view) {
+    return view.rect(IDC_DRAWING_VIEW);
+}
+
+class DrawingViewTest : public WorkbenchTest {
+  protected:
+    /// A red line over the whole width on a layer of its own, and a sheet with two viewports of which the second
+    /// freezes that layer.
+    void writeRedLine(bool on = true, const wchar_t* linetype = L"Continuous") {
+        zdr::Drawing drawing = session().drawing();
+        drawing.linetypes.push_back({drawing.names.intern(L"Dashed"), drawing.nextHandle++, L"", {6, -6}});
+        const std::uint8_t flags = zdr::kLayerPlot | (on ? zdr::kLayerOn : 0);
+        const std::size_t layer = sample::addLayer(drawing, L"Red", {flags, 0xC2FF0000, linetype, 13});
+        sample::addLine(drawing, layer, 1000);
+        zdr::Viewport& first = drawing.layouts.at(0).viewports.at(0);
+        first.corner = {20, 20};
+        first.width = 100;
+        first.height = 50;
+        first.viewCenter = {500, 0};
+        first.scale = 0.05;
+        zdr::Viewport second = first;
+        second.handle = drawing.nextHandle++;
+        second.number = static_cast<std::int16_t>(first.number + 1);
+        second.corner = {20, 100};
+        second.frozen = std::vector<bool>(layer + 1, false);
+        second.frozen[layer] = true;
+        number = second.number;
+        drawing.layouts[0].viewports.push_back(second);
+        layout = drawing.layouts[0].name;
+        zdr::FileStamp stamp;
+        std::wstring reason;
+        ASSERT_EQ(zdr::writeDrawingFile(path("red.zdr"), drawing, reason, stamp), Vorn::eOk) << ui::narrow(reason);
+    }
+    Script open() { return command(L"OPEN " + path("red.zdr")).then(said(L"Opened ")); }
+    Script expectRed(std::string what, std::function<bool(long)> enough) {
+        Script script;
+        script.waitUntil(what, [enough](const View& view) { return enough(count(view, kRed)); });
+        return script;
+    }
+    /// Double-clicks a point of the sheet, in millimetres.
+    Script doubleClickPaper(zdr::Point paper) {
+        Script script;
+        script.step("double click the sheet", [this, paper](const View& view) -> ui::Obstacle {
+            auto* shown =
+                static_cast<workbench::DrawingView*>(CWnd::FromHandlePermanent(view.control(IDC_DRAWING_VIEW)));
+            const zdr::Point pixel = shown->view().toScreen(paper);
+            const RECT rect = viewRect(view);
+            if (!ui::pointerRestsAt({rect.left + static_cast<LONG>(pixel.x), rect.top + static_cast<LONG>(pixel.y)}))
+                return "the pointer is under way";
+            ui::click(2);
+            return std::nullopt;
+        });
+        return script;
+    }
+
+    int number = 0;
+    std::wstring layout;
+};
+
+} // namespace
+
+TEST_F(DrawingViewTest, ShowsAllOfTheDrawingAfterOpening) {
+    writeRedLine();
+    Script script;
+    script.then(open())
+        .then(expectRed("a red line over nearly the whole width", [](long red) { return red > 500; }))
+        .then(command(L"QUIT"));
+    runWith(script);
+}
+
+TEST_F(DrawingViewTest, LeavesOutALayerThatIsOff) {
+    writeRedLine(false);
+    Script script;
+    script.then(open())
+        .look("no red", [](const View& view) { EXPECT_EQ(count(view, kRed), 0); })
+        .then(command(L"QUIT"));
+    runWith(script);
+}
+
+TEST_F(DrawingViewTest, BreaksADashedLine) {
+    writeRedLine(true, L"Dashed");
+    Script script;
+    script.then(open())
+        .then(expectRed("half of the line", [](long red) { return red > 300 && red < 800; }))
+        .then(command(L"QUIT"));
+    runWith(script);
+}
+
+TEST_F(DrawingViewTest, ZoomsWithTheWheelAndBackToTheExtents) {
+    writeRedLine();
+    long before = 0;
+    Script script;
+    script.then(open())
+        .look("the line at first", [&before](const View& view) { before = count(view, kRed); })
+        .step("turn the wheel towards the user over the drawing",
+              [](const View& view) -> ui::Obstacle {
+                  if (!ui::pointerRestsAt(ui::middleOf(viewRect(view))))
+                      return "the pointer is under way";
+                  INPUT turn{};
+                  turn.type = INPUT_MOUSE;
+                  turn.mi.dwFlags = MOUSEEVENTF_WHEEL;
+                  turn.mi.mouseData = static_cast<DWORD>(-3 * WHEEL_DELTA);
+                  SendInput(1, &turn, sizeof turn);
+                  return std::nullopt;
+              })
+        .waitUntil("a shorter line", [&before](const View& view) {
+            const long now = count(view, kRed);
+            return now > 0 && now < before * 2 / 3;
+        });
+    script.then(command(L"ZOOM e"))
+        .waitUntil("the line as before", [&before](const View& view) { return count(view, kRed) == before; })
+        .then(command(L"QUIT"));
+    runWith(script);
+}
+
+TEST_F(DrawingViewTest, AViewportHidesWhatItFreezes) {
+    writeRedLine();
+    Script script;
+    script.then(open())
+        .then(command(L"LAYOUT " + layout))
+        .then(expectRed("the line in one viewport only", [](long red) { return red > 50; }))
+        .look("only in the first one",
+              [](const View& view) {
+                  // All red pixels of one thin line are in very few rows.
+                  const RECT rect = viewRect(view);
+                  const auto pixels = view.pixels(IDC_DRAWING_VIEW);
+                  std::map<std::size_t, int> rows;
+                  for (std::size_t i = 0; i < pixels.size(); ++i)
+                      if (pixels[i] == kRed)
+                          ++rows[i / static_cast<std::size_t>(rect.right - rect.left)];
+                  EXPECT_LE(rows.size(), 2u);
+              })
+        .then(command(L"QUIT"));
+    runWith(script);
+}
+
+TEST_F(DrawingViewTest, ADoubleClickMakesAViewportCurrent) {
+    writeRedLine();
+    Script script;
+    script.then(open())
+        .then(command(L"LAYOUT " + layout))
+        .then(doubleClickPaper({70, 125}))
+        .then(said(L"VPORT "))
+        .look("the second viewport is current",
+              [this](const View& view) {
+                  EXPECT_EQ(view.text(IDC_STATUS_LINE).find(layout + L", viewport " + std::to_wstring(number)), 7u)
+                      << ui::narrow(view.text(IDC_STATUS_LINE));
+              })
+        .then(doubleClickPaper({5, 5}))
+        .then(said(L"VPORT none"))
+        .look("none is current", [this](const View&) { EXPECT_EQ(session().drawing().currentViewport, std::nullopt); })
+        .then(command(L"QUIT"));
+    runWith(script);
+}
+
+TEST_F(DrawingViewTest, AClickOnATabShowsItsSpace) {
+    writeRedLine();
+    const auto clickTab = [](std::size_t tab) {
+        Script script;
+        script.step("click tab " + std::to_string(tab), [tab](const View& view) -> ui::Obstacle {
+            auto* tabs = static_cast<workbench::SpaceTabs*>(CWnd::FromHandlePermanent(view.control(IDC_SPACE_TABS)));
+            CRect rect = tabs->tabRect(tab);
+            tabs->ClientToScreen(rect);
+            if (!ui::pointerRestsAt(ui::middleOf(rect)))
+                return "the pointer is under way";
+            ui::click();
+            return std::nullopt;
+        });
+        return script;
+    };
+    Script script;
+    script.then(open())
+        .then(clickTab(1))
+        .waitUntil("the sheet is shown", [this](const View&) { return session().drawing().activeLayout == 0u; })
+        .then(clickTab(0))
+        .waitUntil("the model tab is shown", [this](const View&) { return !session().drawing().activeLayout; })
+        .then(command(L"QUIT"));
+    runWith(script);
+}

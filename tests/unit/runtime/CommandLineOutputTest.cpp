@@ -1,0 +1,61 @@
+// Printing to the command line, and giving up.
+
+#include "CommandLineOutput.h"
+#include "KelRuntime.h"
+#include "ResultBuffer.h"
+#include "RuntimeTest.h"
+
+#include <stdexcept>
+
+class CommandLineOutputTest : public RuntimeTest {
+  protected:
+    CommandLineOutputTest() {
+        runtime::setOutputSink([this](const std::wstring& text) { printed += text; });
+    }
+    std::wstring printed;
+};
+
+TEST_F(CommandLineOutputTest, FormatsAsTheMicrosoftRuntimeDoes) {
+    EXPECT_EQ(kelutPrintf(L"%s, %d, %S, %ls, %c%%\n", L"wide", 7, "narrow", L"long", L'x'), kResultNormal);
+    EXPECT_EQ(printed, L"wide, 7, narrow, long, x%\n");
+}
+
+TEST_F(CommandLineOutputTest, KeepsWidthAndPrecision) {
+    kelutPrintf(L"[%5s][%-4d][%.2s][%02X]", L"ab", 3, L"long", 10);
+    EXPECT_EQ(printed, L"[   ab][3   ][lo][0A]");
+}
+
+TEST_F(CommandLineOutputTest, PrintsTextOfAnyLength) {
+    const std::wstring text(5000, L'x');
+    kelutPrintf(L"%s", text.c_str());
+    EXPECT_EQ(printed, text);
+}
+
+TEST_F(CommandLineOutputTest, DropsTextWithoutASink) {
+    runtime::setOutputSink({});
+    EXPECT_EQ(kelutPrintf(L"lost"), kResultNormal);
+    EXPECT_EQ(printed, L"");
+}
+
+TEST_F(CommandLineOutputTest, PrintsNothingWhenItFails) {
+    instruments::failCall("kelutPrintf", 1);
+    EXPECT_EQ(kelutPrintf(L"text"), kResultError);
+    EXPECT_EQ(printed, L"");
+}
+
+TEST_F(CommandLineOutputTest, AnAbortTellsItsTextBeforeTheEnd) {
+    runtime::setAbortHandler(
+        [](const std::wstring& text) { throw std::runtime_error(text == L"!a@66: b" ? "told" : "wrong"); });
+    try {
+        kelrt_abort(L"!%s@%d: %s", L"a", 66, L"b");
+        FAIL();
+    } catch (const std::runtime_error& told) {
+        EXPECT_STREQ(told.what(), "told");
+    }
+    EXPECT_THAT(instruments::trace(), testing::Contains("kelrt_abort(\"!a@66: b\")"));
+}
+
+TEST_F(CommandLineOutputTest, AnAbortWithoutAHandlerEndsTheProcess) {
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    EXPECT_DEATH(kelrt_abort(L"!%s@%d", L"a", 66), "!a@66");
+}

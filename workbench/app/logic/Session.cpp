@@ -1,0 +1,244 @@
+// See Session.h.
+
+#include "Session.h"
+
+#include "CommandText.h"
+#include "Documents.h"
+
+#include "engine/DatabaseAccess.h"
+#include "files/DrawingFile.h"
+#include "files/References.h"
+#include "files/TextCoding.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace workbench {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const wchar_t* kExtension = L".zdr";
+
+std::wstring fullPath(const std::wstring& typed) {
+    fs::path path = zdr::systemPath(typed);
+    if (!path.has_extension())
+        path += kExtension;
+    std::error_code error;
+    const fs::path absolute = fs::absolute(path, error);
+    return zdr::widePath(error ? path : absolute.lexically_normal());
+}
+
+/// What happens while it lives is one step of undo.
+class UndoGroup {
+  public:
+    explicit UndoGroup(KelDbDatabase& database) : m_database(database) { engine::beginUndoGroup(database); }
+    ~UndoGroup() { engine::endUndoGroup(m_database); }
+    UndoGroup(const UndoGroup&) = delete;
+    UndoGroup& operator=(const UndoGroup&) = delete;
+
+  private:
+    KelDbDatabase& m_database;
+};
+
+} // namespace
+
+Session::Session(Shell& shell) : m_shell(shell) {
+    runtime::openDocument(std::make_unique<KelDbDatabase>(true, false), {});
+    m_savedCount = engine::changeCount(database());
+}
+
+Session::~Session() {
+    if (runtime::Document* document = runtime::currentDocument())
+        runtime::closeDocument(*document);
+}
+
+KelDbDatabase& Session::database() const {
+    return runtime::currentDocument()->data();
+}
+
+const zdr::Drawing& Session::drawing() const {
+    return engine::drawingOf(database());
+}
+
+std::wstring Session::name() const {
+    return m_path.empty() ? L"Drawing1" : zdr::widePath(zdr::systemPath(m_path).filename());
+}
+
+bool Session::isModified() const {
+    return engine::changeCount(database()) != m_savedCount;
+}
+
+void Session::replaceDrawing(zdr::Drawing drawing, std::wstring path, const zdr::FileStamp& stamp) {
+    runtime::Document* former = runtime::currentDocument();
+    auto database = std::make_unique<KelDbDatabase>(false, false);
+    engine::replaceDrawing(*database, std::move(drawing));
+    runtime::openDocument(std::move(database), path);
+    if (former)
+        runtime::closeDocument(*former);
+    m_path = std::move(path);
+    m_stamp = stamp;
+    m_savedCount = engine::changeCount(this->database());
+}
+
+std::optional<Session::ReadDrawing> Session::readDrawing(const std::wstring& path) {
+    ReadDrawing read;
+    std::wstring reason;
+    if (zdr::readDrawingFile(path, read.drawing, reason, &read.stamp) == Vorn::eOk)
+        return read;
+    m_shell.showFailure(reason);
+    return std::nullopt;
+}
+
+void Session::open(const std::wstring& path) {
+    const auto chosen = path.empty() ? m_shell.chooseFileToOpen() : path;
+    if (!chosen)
+        return;
+    const std::wstring full = fullPath(*chosen);
+    // Read before anything is asked: a file that can't be read is no reason to give up the open drawing. And read again
+    // afterwards, because it may be this very file that the answer saves.
+    std::optional<ReadDrawing> read = readDrawing(full);
+    if (read && isModified())
+        read = mayClose() ? readDrawing(full) : std::nullopt;
+    if (!read)
+        return;
+    std::vector<zdr::ReferenceProblem> problems;
+    zdr::resolveReferences(read->drawing, full, problems);
+    replaceDrawing(std::move(read->drawing), full, read->stamp);
+    m_shell.drawingReplaced();
+    for (const zdr::ReferenceProblem& problem : problems)
+        m_shell.print(L"Reference \"" + problem.name + L"\" is not shown: " + problem.reason + L"\n");
+    m_shell.print(L"Opened " + full + L".\n");
+}
+
+bool Session::write(const std::wstring& path, zdr::FileStamp stamp) {
+    std::wstring reason;
+    Vorn::ErrorStatus status = zdr::writeDrawingFile(path, drawing(), reason, stamp);
+    if (status == Vorn::eFileChangedOnDisk) {
+        if (!m_shell.askToOverwrite(reason))
+            return false;
+        status = zdr::writeDrawingFile(path, drawing(), reason, stamp, zdr::Overwrite::Always);
+    }
+    if (status != Vorn::eOk) {
+        m_shell.showFailure(reason);
+        return false;
+    }
+    m_path = path;
+    m_stamp = stamp;
+    m_savedCount = engine::changeCount(database());
+    runtime::currentDocument()->setPath(path);
+    m_shell.drawingReplaced();
+    m_shell.print(L"Saved " + path + L".\n");
+    return true;
+}
+
+bool Session::save() {
+    return m_path.empty() ? saveAs({}) : write(m_path, m_stamp);
+}
+
+bool Session::saveAs(const std::wstring& path) {
+    const std::wstring proposal = m_path.empty() ? name() + kExtension : m_path;
+    const auto chosen = path.empty() ? m_shell.chooseFileToSave(proposal) : path;
+    if (!chosen)
+        return false;
+    const std::wstring full = fullPath(*chosen);
+    return write(full, full == m_path ? m_stamp : zdr::FileStamp{});
+}
+
+bool Session::mayClose() {
+    if (!isModified())
+        return true;
+    switch (m_shell.askToSave(name())) {
+    case SaveAnswer::Save:
+        return save();
+    case SaveAnswer::Discard:
+        return true;
+    case SaveAnswer::Cancel:
+        break;
+    }
+    return false;
+}
+
+void Session::undo() {
+    if (!engine::undo(database())) {
+        m_shell.print(L"There is nothing to undo.\n");
+        return;
+    }
+    m_shell.print(L"The last change is undone.\n");
+    m_shell.drawingChanged();
+}
+
+void Session::redo() {
+    if (!engine::redo(database())) {
+        m_shell.print(L"There is nothing to redo.\n");
+        return;
+    }
+    m_shell.print(L"The change is made again.\n");
+    m_shell.drawingChanged();
+}
+
+// What is looked at is kept in the file, but having looked is no change that has to be saved.
+template <class Change> void Session::changeView(Change change) {
+    const bool wasModified = isModified();
+    if (change(database()) != Vorn::eOk)
+        return;
+    if (!wasModified)
+        m_savedCount = engine::changeCount(database());
+    m_shell.drawingChanged();
+}
+
+void Session::showSpace(std::optional<std::size_t> layout) {
+    changeView([layout](KelDbDatabase& database) { return engine::setActiveLayout(database, layout); });
+}
+
+void Session::showViewport(std::optional<zdr::Handle> viewport) {
+    changeView([viewport](KelDbDatabase& database) { return engine::setCurrentViewport(database, viewport); });
+}
+
+void Session::showModel() {
+    showSpace(std::nullopt);
+}
+
+void Session::showLayout(const std::wstring& name) {
+    const auto& layouts = drawing().layouts;
+    const auto found = std::find_if(layouts.begin(), layouts.end(),
+                                    [&name](const zdr::Layout& layout) { return sameName(layout.name, name); });
+    if (found == layouts.end())
+        m_shell.print(L"The drawing has no layout \"" + name + L"\".\n");
+    else
+        showSpace(static_cast<std::size_t>(found - layouts.begin()));
+}
+
+void Session::showTab(std::size_t tab) {
+    if (tab == 0)
+        showModel();
+    else if (tab <= drawing().layouts.size())
+        showSpace(tab - 1);
+}
+
+void Session::makeViewportCurrent(int number) {
+    const auto active = drawing().activeLayout;
+    if (!active) {
+        m_shell.print(L"The model tab has no viewports; LAYOUT shows a layout.\n");
+        return;
+    }
+    if (number == 0) {
+        showViewport(std::nullopt);
+        return;
+    }
+    const auto& viewports = drawing().layouts[*active].viewports;
+    const auto found = std::find_if(viewports.begin(), viewports.end(),
+                                    [number](const zdr::Viewport& viewport) { return viewport.number == number; });
+    if (found == viewports.end())
+        m_shell.print(L"The layout has no viewport " + std::to_wstring(number) + L".\n");
+    else
+        showViewport(found->handle);
+}
+
+void Session::runModuleCommand(void (*function)()) {
+    const UndoGroup group(database());
+    function();
+}
+
+} // namespace workbench

@@ -1,0 +1,38 @@
+// What commands need of the window around them: to tell and to ask. A test answers in its place.
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace workbench {
+
+enum class SaveAnswer { Save, Discard, Cancel };
+
+class Shell {
+  public:
+    virtual ~Shell() = default;
+
+    /// A line, or several, into the history of the command line.
+    virtual void print(const std::wstring& text) = 0;
+    /// A line that was run, into the history alone.
+    virtual void echo(const std::wstring& text) = 0;
+    /// Tells about a failure so that it can't be missed.
+    virtual void showFailure(const std::wstring& text) = 0;
+    /// What is to become of the unsaved changes of the drawing of that name.
+    virtual SaveAnswer askToSave(const std::wstring& name) = 0;
+    /// Whether to write over a file that someone else has changed; `reason` tells what happened.
+    virtual bool askToOverwrite(const std::wstring& reason) = 0;
+    /// A path from the user; none when he thinks better of it.
+    virtual std::optional<std::wstring> chooseFileToOpen() = 0;
+    virtual std::optional<std::wstring> chooseFileToSave(const std::wstring& proposal) = 0;
+    /// Another drawing is open, or the same under another name.
+    virtual void drawingReplaced() = 0;
+    /// The drawing has changed, or what is shown of it: space, viewport.
+    virtual void drawingChanged() = 0;
+    /// Shows all of the drawing.
+    virtual void zoomExtents() = 0;
+    /// Ends the program; unsaved changes have been dealt with.
+    virtual void quit() = 0;
+};
+
+} // namespace workbench

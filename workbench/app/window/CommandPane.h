@@ -1,0 +1,64 @@
+// The command line: what was said so far, and below it the line being typed.
+#pragma once
+
+#include "CommandHistory.h"
+#include "WindowLook.h"
+
+#include <functional>
+#include <string>
+
+namespace workbench {
+
+/// The line being typed. Enter runs it, Up and Down recall earlier ones, Esc clears it.
+class CommandEdit : public CEdit {
+  public:
+    void onRun(std::function<void(const std::wstring& line)> run) { m_run = std::move(run); }
+
+  protected:
+    DECLARE_MESSAGE_MAP()
+    afx_msg void OnKeyDown(UINT key, UINT repeats, UINT flags);
+    afx_msg void OnChar(UINT letter, UINT repeats, UINT flags);
+
+  private:
+    std::wstring line() const;
+    void setLine(const std::wstring& line);
+    void run();
+
+    std::function<void(const std::wstring&)> m_run;
+    CommandHistory m_history;
+};
+
+class CommandPane : public CWnd {
+  public:
+    explicit CommandPane(WindowLook& look) : m_look(look) {}
+
+    BOOL createIn(CWnd& parent, UINT id);
+    CommandEdit& edit() { return m_edit; }
+    /// Appends to the history and scrolls to its end. Line ends are \n; text that doesn't end a line is gone on with.
+    void print(const std::wstring& text);
+    /// The look has changed.
+    void applyLook();
+    int height() const { return m_look.lineHeight() * kHistoryLines + editHeight() + m_look.px(6); }
+
+  protected:
+    DECLARE_MESSAGE_MAP()
+    afx_msg BOOL OnEraseBkgnd(CDC* dc);
+    afx_msg void OnPaint();
+    afx_msg void OnSize(UINT type, int width, int height);
+    afx_msg HBRUSH OnCtlColor(CDC* dc, CWnd* control, UINT kind);
+    afx_msg void OnSetFocus(CWnd* former);
+
+  private:
+    static constexpr int kHistoryLines = 5;
+    int editHeight() const { return m_look.lineHeight() + m_look.px(8); }
+    void arrange();
+
+    WindowLook& m_look;
+    CEdit m_history;
+    CommandEdit m_edit;
+    CBrush m_white;
+    int m_promptWidth = 0;
+    bool m_lineEnded = false;
+};
+
+} // namespace workbench

@@ -1,0 +1,60 @@
+// The window that shows the drawing: the model tab or a sheet, moved with the middle button and zoomed with the wheel.
+#pragma once
+
+#include "Picture.h"
+#include "WindowLook.h"
+
+#include <functional>
+#include <map>
+#include <optional>
+
+namespace workbench {
+
+class DrawingView : public CWnd {
+  public:
+    /// @param look the main window's, which outlives the view
+    /// @param drawing answers what is to be shown; null while there is none
+    DrawingView(WindowLook& look, std::function<const zdr::Drawing*()> drawing);
+
+    BOOL createIn(CWnd& parent, UINT id);
+    /// Called with the number of the viewport that was double-clicked, or 0 for the paper beside all viewports.
+    void onViewportChosen(std::function<void(int number)> chosen) { m_viewportChosen = std::move(chosen); }
+
+    /// Another drawing is to be shown: every space starts with all of itself.
+    void drawingReplaced();
+    /// The picture is out of date and is made anew at the next painting.
+    void regenerate();
+    /// Shows all of the space on view.
+    void zoomExtents();
+    /// The transform of the space on view, for those who point at something in it.
+    ViewTransform& view();
+
+  protected:
+    DECLARE_MESSAGE_MAP()
+    afx_msg void OnPaint();
+    afx_msg BOOL OnEraseBkgnd(CDC* dc);
+    afx_msg void OnSize(UINT type, int width, int height);
+    afx_msg BOOL OnMouseWheel(UINT flags, short delta, CPoint screen);
+    afx_msg void OnMButtonDown(UINT flags, CPoint point);
+    afx_msg void OnMButtonUp(UINT flags, CPoint point);
+    afx_msg void OnMouseMove(UINT flags, CPoint point);
+    afx_msg void OnLButtonDown(UINT flags, CPoint point);
+    afx_msg void OnLButtonDblClk(UINT flags, CPoint point);
+    afx_msg BOOL OnSetCursor(CWnd* window, UINT hit, UINT message);
+
+  private:
+    const zdr::Layout* layout(const zdr::Drawing& drawing) const;
+    Picture picture(const zdr::Drawing& drawing);
+    void render(CDC& dc, const CRect& client);
+
+    WindowLook& m_look;
+    std::function<const zdr::Drawing*()> m_drawing;
+    std::function<void(int)> m_viewportChosen;
+    std::map<std::optional<std::size_t>, ViewTransform> m_views; // by layout; none for the model tab
+    BackBuffer m_buffer;
+    bool m_upToDate = false;
+    CSize m_size{0, 0};
+    std::optional<CPoint> m_dragged; // the middle button is down; the pointer's last place
+};
+
+} // namespace workbench

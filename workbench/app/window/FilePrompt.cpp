@@ -1,0 +1,45 @@
+// See FilePrompt.h.
+
+#include "FilePrompt.h"
+
+#include <commdlg.h>
+
+namespace workbench {
+
+namespace {
+
+constexpr const wchar_t* kFilter = L"Drawings (*.zdr)\0*.zdr\0Templates and standards (*.zdt, *.zds)\0*.zdt;*.zds\0"
+                                   L"All files (*.*)\0*.*\0";
+constexpr DWORD kLongestPath = 4096;
+
+std::optional<std::wstring> prompt(HWND owner, const std::wstring& proposal, DWORD flags,
+                                   BOOL(WINAPI* ask)(OPENFILENAMEW*)) {
+    std::wstring path(kLongestPath, L'\0');
+    proposal.copy(path.data(), kLongestPath - 1);
+    OPENFILENAMEW arguments{};
+    arguments.lStructSize = sizeof arguments;
+    arguments.hwndOwner = owner;
+    arguments.lpstrFilter = kFilter;
+    arguments.lpstrFile = path.data();
+    arguments.nMaxFile = kLongestPath;
+    arguments.lpstrDefExt = L"zdr";
+    arguments.Flags = flags | OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+    if (!ask(&arguments))
+        return std::nullopt;
+    path.resize(wcslen(path.c_str()));
+    return path;
+}
+
+} // namespace
+
+std::optional<std::wstring> promptForDrawingToOpen(HWND owner) {
+    // A file that isn't there is told by the reading, with its reason, like every other failure.
+    return prompt(owner, {}, OFN_PATHMUSTEXIST, GetOpenFileNameW);
+}
+
+std::optional<std::wstring> promptForDrawingToSave(HWND owner, const std::wstring& proposal) {
+    // No OFN_OVERWRITEPROMPT: the saving asks about a file that is there, however its name was given.
+    return prompt(owner, proposal, OFN_PATHMUSTEXIST, GetSaveFileNameW);
+}
+
+} // namespace workbench

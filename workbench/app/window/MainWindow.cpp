@@ -1,0 +1,341 @@
+// See MainWindow.h. The commands stand in logic/Commands.cpp; here they are only started.
+
+#include "MainWindow.h"
+
+#include "CommandLineOutput.h"
+#include "Commands.h"
+#include "FilePrompt.h"
+#include "SavedPlacement.h"
+#include "resource.h"
+
+#include <shellapi.h>
+
+namespace workbench {
+
+namespace {
+
+constexpr UINT kRunLine = WM_APP + 1;
+constexpr const wchar_t* kProgramName = L"Kel Workbench";
+
+/// A menu item, the line that it runs, and the key that runs it too.
+struct MenuCommand {
+    UINT id;
+    const wchar_t* line;
+    UINT key; ///< virtual key, 0 for none
+    bool control, shift;
+};
+
+// Ctrl+Z belongs to the line being typed.
+constexpr MenuCommand kMenuCommands[] = {
+    {ID_MENU_OPEN, L"OPEN", 'O', true, false},
+    {ID_MENU_SAVE, L"SAVE", 'S', true, false},
+    {ID_MENU_SAVEAS, L"SAVEAS", 'S', true, true},
+    {ID_MENU_QUIT, L"QUIT", 0, false, false},
+    {ID_MENU_UNDO, L"UNDO", 'Z', true, true},
+    {ID_MENU_REDO, L"REDO", 'Y', true, true},
+    {ID_MENU_ZOOM_EXTENTS, L"ZOOM e", 'E', true, false},
+    {ID_MENU_LAYER_STATES, L"LAYERSTATE", 'L', true, false},
+    {ID_MENU_HELP, L"HELP", VK_F1, false, false},
+};
+
+bool isDown(int key) {
+    return ::GetKeyState(key) < 0;
+}
+
+const MenuCommand* commandOfKey(const MSG& message) {
+    if (message.message != WM_KEYDOWN || isDown(VK_MENU))
+        return nullptr;
+    const auto* found = std::find_if(std::begin(kMenuCommands), std::end(kMenuCommands), [&](const MenuCommand& row) {
+        return row.key && row.key == message.wParam && row.control == isDown(VK_CONTROL) &&
+               row.shift == isDown(VK_SHIFT);
+    });
+    return found == std::end(kMenuCommands) ? nullptr : found;
+}
+
+} // namespace
+
+BEGIN_MESSAGE_MAP(MainWindow, CWnd)
+ON_WM_CREATE()
+ON_WM_SIZE()
+ON_WM_GETMINMAXINFO()
+ON_WM_SETFOCUS()
+ON_WM_MOUSEWHEEL()
+ON_WM_CLOSE()
+ON_WM_QUERYENDSESSION()
+ON_WM_DESTROY()
+ON_WM_DROPFILES()
+ON_MESSAGE(WM_DPICHANGED, OnDpiChanged)
+ON_MESSAGE(kRunLine, OnRunLine)
+END_MESSAGE_MAP()
+
+MainWindow::MainWindow()
+    : m_view(m_look, [this] { return m_session ? &m_session->drawing() : nullptr; }), m_tabs(m_look), m_command(m_look),
+      m_status(m_look) {}
+
+MainWindow::~MainWindow() {
+    // Module code may still print or repaint while modules are unloaded; not into a window that is gone.
+    runtime::setDisplayObserver(nullptr);
+    runtime::setOutputSink({});
+}
+
+BOOL MainWindow::createWindow() {
+    WNDCLASS windowClass{};
+    windowClass.lpfnWndProc = ::DefWindowProc;
+    windowClass.hInstance = AfxGetInstanceHandle();
+    windowClass.hIcon = AfxGetApp()->LoadIcon(IDI_WORKBENCH);
+    windowClass.hCursor = ::LoadCursor(nullptr, IDC_ARROW);
+    windowClass.lpszClassName = kMainWindowClass;
+    if (!AfxRegisterClass(&windowClass))
+        return FALSE;
+    // A copy that the window destroys with itself.
+    const HMENU menu = ::LoadMenu(AfxGetInstanceHandle(), MAKEINTRESOURCE(IDR_MENU));
+    if (!CreateEx(WS_EX_ACCEPTFILES, kMainWindowClass, kProgramName, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
+                  CW_USEDEFAULT, CW_USEDEFAULT, m_look.px(1100), m_look.px(760), nullptr, menu))
+        return FALSE;
+    m_session = std::make_unique<Session>(static_cast<Shell&>(*this));
+    runtime::setDisplayObserver(this);
+    runtime::setOutputSink([this](const std::wstring& text) { print(text); });
+    drawingReplaced();
+    return TRUE;
+}
+
+void MainWindow::showAtSavedPlace(int show) {
+    ShowWindow(restorePlacement(*this, show));
+    UpdateWindow();
+    SetFocus();
+}
+
+int MainWindow::OnCreate(LPCREATESTRUCT create) {
+    if (CWnd::OnCreate(create) == -1)
+        return -1;
+    m_look.update(static_cast<int>(::GetDpiForWindow(m_hWnd)));
+    if (!m_view.createIn(*this, IDC_DRAWING_VIEW) || !m_tabs.createIn(*this, IDC_SPACE_TABS) ||
+        !m_command.createIn(*this, IDC_COMMAND_PANE) || !m_status.createIn(*this, IDC_STATUS_LINE))
+        return -1;
+    m_view.onViewportChosen([this](int number) { run(number ? L"VPORT " + std::to_wstring(number) : L"VPORT none"); });
+    m_tabs.onChosen([this](std::size_t tab) {
+        if (!m_running)
+            m_session->showTab(tab);
+    });
+    m_command.edit().onRun([this](const std::wstring& line) { run(line); });
+    return 0;
+}
+
+void MainWindow::arrange() {
+    CRect client;
+    GetClientRect(client);
+    int bottom = client.bottom;
+    const auto place = [&](CWnd& window, int height) {
+        window.MoveWindow(0, std::max(0, bottom - height), client.Width(), height);
+        bottom -= height;
+    };
+    place(m_status, m_status.height());
+    place(m_command, m_command.height());
+    place(m_tabs, m_tabs.height());
+    m_view.MoveWindow(0, 0, client.Width(), std::max(0, bottom));
+}
+
+void MainWindow::OnSize(UINT type, int width, int height) {
+    CWnd::OnSize(type, width, height);
+    if (type != SIZE_MINIMIZED && m_status.m_hWnd)
+        arrange();
+}
+
+void MainWindow::OnGetMinMaxInfo(MINMAXINFO* info) {
+    info->ptMinTrackSize = {m_look.px(480), m_look.px(400)};
+}
+
+void MainWindow::OnSetFocus(CWnd*) {
+    m_command.edit().SetFocus();
+}
+
+BOOL MainWindow::OnMouseWheel(UINT flags, short delta, CPoint screen) {
+    // The wheel's messages go to the window with the focus, which is the command line; meant is the one below the
+    // pointer.
+    CRect view;
+    m_view.GetWindowRect(view);
+    if (!view.PtInRect(screen))
+        return CWnd::OnMouseWheel(flags, delta, screen);
+    m_view.SendMessage(WM_MOUSEWHEEL, MAKEWPARAM(flags, delta), MAKELPARAM(screen.x, screen.y));
+    return TRUE;
+}
+
+LRESULT MainWindow::OnDpiChanged(WPARAM dpi, LPARAM rect) {
+    m_look.update(HIWORD(dpi));
+    m_command.applyLook();
+    const auto* proposed = reinterpret_cast<const RECT*>(rect);
+    MoveWindow(proposed);
+    arrange();
+    m_view.regenerate();
+    return 0;
+}
+
+BOOL MainWindow::PreTranslateMessage(MSG* message) {
+    // The keys of a command's dialog come past here too.
+    const MenuCommand* command = m_running ? nullptr : commandOfKey(*message);
+    if (command) {
+        run(command->line);
+        return TRUE;
+    }
+    return CWnd::PreTranslateMessage(message);
+}
+
+BOOL MainWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
+    if (lParam == 0)
+        for (const MenuCommand& command : kMenuCommands)
+            if (command.id == LOWORD(wParam)) {
+                run(command.line);
+                return TRUE;
+            }
+    return CWnd::OnCommand(wParam, lParam);
+}
+
+void MainWindow::run(const std::wstring& line) {
+    // A command's dialog disables this window, but posted messages and dropped files would still come through.
+    if (m_running)
+        return;
+    m_running = true;
+    runLine(*m_session, line);
+    m_running = false;
+    if (!m_hWnd)
+        return;
+    refreshTitle();
+    refreshStatus();
+    runNextLine();
+}
+
+void MainWindow::runLater(const std::vector<std::wstring>& lines) {
+    m_waiting.insert(m_waiting.end(), lines.begin(), lines.end());
+    runNextLine();
+}
+
+void MainWindow::runNextLine() {
+    if (!m_waiting.empty())
+        PostMessage(kRunLine);
+}
+
+LRESULT MainWindow::OnRunLine(WPARAM, LPARAM) {
+    if (m_waiting.empty() || m_running)
+        return 0;
+    const std::wstring line = m_waiting.front();
+    m_waiting.pop_front();
+    run(line);
+    return 0;
+}
+
+void MainWindow::OnDropFiles(HDROP drop) {
+    wchar_t path[4096];
+    const bool named = ::DragQueryFile(drop, 0, path, static_cast<UINT>(std::size(path))) != 0;
+    ::DragFinish(drop);
+    if (named)
+        run(L"OPEN \"" + std::wstring(path) + L"\"");
+}
+
+void MainWindow::OnClose() {
+    if (!m_running && m_session->mayClose())
+        DestroyWindow();
+}
+
+BOOL MainWindow::OnQueryEndSession() {
+    return !m_running && m_session->mayClose();
+}
+
+void MainWindow::OnDestroy() {
+    savePlacement(*this);
+    CWnd::OnDestroy();
+    AfxPostQuitMessage(0);
+}
+
+void MainWindow::refreshTitle() {
+    const std::wstring mark = m_session->isModified() ? L"*" : L"";
+    SetWindowText((m_session->name() + mark + L" - " + kProgramName).c_str());
+}
+
+void MainWindow::refreshTabs() {
+    const zdr::Drawing& drawing = m_session->drawing();
+    std::vector<std::wstring> names{L"Model"};
+    for (const zdr::Layout& layout : drawing.layouts)
+        names.push_back(layout.name);
+    m_tabs.setTabs(std::move(names), drawing.activeLayout ? *drawing.activeLayout + 1 : 0);
+}
+
+void MainWindow::refreshStatus() {
+    m_status.show(statusOf(m_session->drawing(), m_message));
+}
+
+void MainWindow::print(const std::wstring& text) {
+    m_command.print(text);
+    if (const std::wstring line = lastLine(text); !line.empty())
+        m_message = line;
+    if (m_session)
+        refreshStatus();
+}
+
+void MainWindow::showFailure(const std::wstring& text) {
+    print(text + L"\n");
+    MessageBox(text.c_str(), kProgramName, MB_OK | MB_ICONEXCLAMATION);
+}
+
+SaveAnswer MainWindow::askToSave(const std::wstring& name) {
+    const std::wstring question = L"Save the changes to " + name + L"?";
+    switch (MessageBox(question.c_str(), kProgramName, MB_YESNOCANCEL | MB_ICONQUESTION)) {
+    case IDYES:
+        return SaveAnswer::Save;
+    case IDNO:
+        return SaveAnswer::Discard;
+    default:
+        return SaveAnswer::Cancel;
+    }
+}
+
+bool MainWindow::askToOverwrite(const std::wstring& reason) {
+    const std::wstring question = reason + L"\n\nWrite over it?";
+    return MessageBox(question.c_str(), kProgramName, MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES;
+}
+
+std::optional<std::wstring> MainWindow::chooseFileToOpen() {
+    return promptForDrawingToOpen(m_hWnd);
+}
+
+std::optional<std::wstring> MainWindow::chooseFileToSave(const std::wstring& proposal) {
+    return promptForDrawingToSave(m_hWnd, proposal);
+}
+
+void MainWindow::drawingReplaced() {
+    m_view.drawingReplaced();
+    refreshTabs();
+    refreshTitle();
+    refreshStatus();
+}
+
+void MainWindow::drawingChanged() {
+    m_view.regenerate();
+    refreshTabs();
+    refreshTitle();
+    refreshStatus();
+}
+
+void MainWindow::zoomExtents() {
+    m_view.zoomExtents();
+}
+
+void MainWindow::quit() {
+    m_waiting.clear();
+    DestroyWindow();
+}
+
+void MainWindow::regenerateLayers(const KelArray<KelDbObjectId>&) {
+    m_view.regenerate();
+}
+
+void MainWindow::layersPublished() {
+    m_view.regenerate();
+    refreshTitle();
+    refreshStatus();
+}
+
+void MainWindow::updateDisplay() {
+    m_view.UpdateWindow();
+}
+
+} // namespace workbench

@@ -1,0 +1,88 @@
+// The Workbench's main window: the drawing, its tabs, the command line and the status line.
+#pragma once
+
+#include "CommandPane.h"
+#include "Display.h"
+#include "DrawingView.h"
+#include "Session.h"
+#include "SpaceTabs.h"
+#include "StatusLine.h"
+
+#include <deque>
+#include <memory>
+
+namespace workbench {
+
+/// The window class of the main window, by which other programs find it.
+inline constexpr const wchar_t* kMainWindowClass = L"KelWorkbench";
+
+class MainWindow : public CWnd, private Shell, private runtime::DisplayObserver {
+  public:
+    MainWindow();
+    ~MainWindow() override;
+
+    /// Makes the window with a new drawing in it.
+    BOOL createWindow();
+    /// Shows it where it stood last.
+    void showAtSavedPlace(int show);
+    Session& session() { return *m_session; }
+    /// Runs these lines one after the other as soon as the window is idle.
+    void runLater(const std::vector<std::wstring>& lines);
+    /// Prints a line into the history.
+    void tell(const std::wstring& text) { print(text + L"\n"); }
+
+    BOOL PreTranslateMessage(MSG* message) override;
+
+  protected:
+    DECLARE_MESSAGE_MAP()
+    afx_msg int OnCreate(LPCREATESTRUCT create);
+    afx_msg void OnSize(UINT type, int width, int height);
+    afx_msg void OnGetMinMaxInfo(MINMAXINFO* info);
+    afx_msg void OnSetFocus(CWnd* former);
+    afx_msg BOOL OnMouseWheel(UINT flags, short delta, CPoint screen);
+    afx_msg void OnClose();
+    afx_msg BOOL OnQueryEndSession();
+    afx_msg void OnDestroy();
+    afx_msg void OnDropFiles(HDROP drop);
+    afx_msg LRESULT OnDpiChanged(WPARAM dpi, LPARAM rect);
+    afx_msg LRESULT OnRunLine(WPARAM, LPARAM);
+    BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    // Shell.
+    void print(const std::wstring& text) override;
+    void echo(const std::wstring& text) override { m_command.print(text); }
+    void showFailure(const std::wstring& text) override;
+    SaveAnswer askToSave(const std::wstring& name) override;
+    bool askToOverwrite(const std::wstring& reason) override;
+    std::optional<std::wstring> chooseFileToOpen() override;
+    std::optional<std::wstring> chooseFileToSave(const std::wstring& proposal) override;
+    void drawingReplaced() override;
+    void drawingChanged() override;
+    void zoomExtents() override;
+    void quit() override;
+
+    // runtime::DisplayObserver.
+    void regenerateLayers(const KelArray<KelDbObjectId>& layers) override;
+    void layersPublished() override;
+    void updateDisplay() override;
+
+    void run(const std::wstring& line);
+    void runNextLine();
+    void arrange();
+    void refreshTitle();
+    void refreshTabs();
+    void refreshStatus();
+
+    WindowLook m_look;
+    std::unique_ptr<Session> m_session;
+    DrawingView m_view;
+    SpaceTabs m_tabs;
+    CommandPane m_command;
+    StatusLine m_status;
+    std::wstring m_message; // the last line printed
+    std::deque<std::wstring> m_waiting;
+    bool m_running = false; // a command is under way, perhaps with a dialog
+};
+
+} // namespace workbench

@@ -1,0 +1,100 @@
+// See WorkbenchApp.h.
+
+#include "WorkbenchApp.h"
+
+#include "CommandLineOutput.h"
+#include "StartOptions.h"
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include <commctrl.h>
+#include <shellapi.h>
+
+namespace workbench {
+
+namespace {
+
+WorkbenchApp g_app;
+
+constexpr const wchar_t* kModuleName = L"KelLayerApps.xmod";
+
+std::vector<std::wstring> commandLineWords() {
+    int count = 0;
+    wchar_t** words = ::CommandLineToArgvW(::GetCommandLineW(), &count);
+    std::vector<std::wstring> out(words + 1, words + count);
+    ::LocalFree(words);
+    return out;
+}
+
+std::wstring besideProgram(const wchar_t* name) {
+    wchar_t path[1024];
+    const DWORD length = ::GetModuleFileNameW(nullptr, path, static_cast<DWORD>(std::size(path)));
+    return (std::filesystem::path(std::wstring(path, length)).parent_path() / name).wstring();
+}
+
+/// The lines of a script file; none, with a sentence in `problem`, when it can't be read.
+std::vector<std::wstring> readScript(const std::wstring& path, std::wstring& problem) {
+    std::ifstream file{std::filesystem::path(path), std::ios::binary};
+    std::ostringstream text;
+    text << file.rdbuf();
+    if (!file)
+        problem = L"The script " + path + L" can't be read.";
+    return scriptLines(text.str());
+}
+
+void reportAbort(const std::wstring& text) {
+    ::MessageBoxW(nullptr, text.c_str(), L"Kel Workbench", MB_OK | MB_ICONERROR | MB_TASKMODAL);
+}
+
+} // namespace
+
+WorkbenchApp::WorkbenchApp() : CWinApp(L"Kel Workbench") {}
+
+BOOL WorkbenchApp::InitInstance() {
+    CWinApp::InitInstance();
+    const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES | ICC_STANDARD_CLASSES};
+    ::InitCommonControlsEx(&controls);
+    runtime::setAbortHandler(reportAbort);
+
+    const StartOptions options = parseStartOptions(commandLineWords());
+    m_window = std::make_unique<MainWindow>();
+    if (!m_window->createWindow())
+        return FALSE;
+    m_pMainWnd = m_window.get();
+    m_window->tell(L"Kel Workbench. HELP lists the commands.");
+    if (!options.error.empty())
+        m_window->tell(options.error);
+    loadModule(options.module.empty() ? besideProgram(kModuleName) : options.module);
+    m_window->showAtSavedPlace(m_nCmdShow);
+
+    std::vector<std::wstring> lines;
+    if (!options.drawing.empty())
+        lines.push_back(L"OPEN \"" + options.drawing + L"\"");
+    lines.insert(lines.end(), options.commands.begin(), options.commands.end());
+    if (!options.script.empty()) {
+        std::wstring problem;
+        const auto script = readScript(options.script, problem);
+        if (!problem.empty())
+            m_window->tell(problem);
+        lines.insert(lines.end(), script.begin(), script.end());
+    }
+    m_window->runLater(lines);
+    return TRUE;
+}
+
+void WorkbenchApp::loadModule(const std::wstring& path) {
+    if (const std::wstring problem = m_modules.load(path); !problem.empty())
+        m_window->tell(problem);
+}
+
+int WorkbenchApp::ExitInstance() {
+    // The modules go first: they may still use the drawing, and the window's session owns it.
+    m_modules.unloadAll();
+    m_pMainWnd = nullptr;
+    m_window.reset();
+    return CWinApp::ExitInstance();
+}
+
+} // namespace workbench

@@ -1,0 +1,25 @@
+// The ids of the Workbench's windows, menus and resources.
+#pragma once
+
+// Child windows of the main window.
+#define IDC_DRAWING_VIEW 1001
+#define IDC_SPACE_TABS 1002
+#define IDC_COMMAND_PANE 1003
+#define IDC_STATUS_LINE 1004
+// Inside the command pane.
+#define IDC_COMMAND_HISTORY 1011
+#define IDC_COMMAND_EDIT 1012
+
+#define IDI_WORKBENCH 101
+#define IDR_MENU 102
+
+// Menu items; each runs a line of the command table (see MenuCommands.h).
+#define ID_MENU_OPEN 40001
+#define ID_MENU_SAVE 40002
+#define ID_MENU_SAVEAS 40003
+#define ID_MENU_QUIT 40004
+#define ID_MENU_UNDO 40011
+#define ID_MENU_REDO 40012
+#define ID_MENU_ZOOM_EXTENTS 40021
+#define ID_MENU_LAYER_STATES 40031
+#define ID_MENU_HELP 40041
