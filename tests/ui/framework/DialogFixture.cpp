@@ -9,6 +9,9 @@ namespace {
 
 constexpr const wchar_t* kTestRoot = L"Software\\KelWorkbenchTests\\Dialogs";
 
+// A corner of the screen where no window is.
+constexpr POINT kAway = {1270, 1014};
+
 } // namespace
 
 TestDialog::TestDialog(UINT templateId, const wchar_t* name) : CKelUiDialog(templateId), m_name(name) {}
@@ -22,10 +25,15 @@ BOOL TestDialog::OnInitDialog() {
     return TRUE;
 }
 
-INT_PTR TestDialog::run(ui::Script script) {
-    script.look("close the dialog", [this](const ui::View&) { EndDialog(IDOK); });
+INT_PTR TestDialog::run(const ui::Script& script) {
+    ui::Script whole;
+    whole.waitUntil("the dialog is shown", [this](const ui::View&) { return IsWindowVisible() != FALSE; });
+    whole.then(script).look("close the dialog", [this](const ui::View&) { EndDialog(IDOK); });
+    // Before the dialog is there, so that nothing of it is under the pointer at any time.
+    while (!ui::pointerRestsAt(kAway))
+        Sleep(5);
     INT_PTR answer = 0;
-    ui::perform(std::move(script), [&] { answer = DoModal(); });
+    ui::perform(whole, [&] { answer = DoModal(); });
     return answer;
 }
 
@@ -48,7 +56,7 @@ ui::Script& pointAt(ui::Script& script, std::function<POINT()> target) {
 }
 
 ui::Script& pointAway(ui::Script& script) {
-    return pointAt(script, [] { return POINT{1, 1}; });
+    return pointAt(script, [] { return kAway; });
 }
 
 ui::Script& pause(ui::Script& script, std::chrono::milliseconds duration) {

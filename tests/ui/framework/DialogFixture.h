@@ -21,9 +21,9 @@ class TestDialog : public CKelUiDialog {
 
     BOOL OnInitDialog() override;
     HWND control(int id) const { return ::GetDlgItem(GetSafeHwnd(), id); }
-    /// Opens the dialog, runs the script in it and closes it with OK.
+    /// Opens the dialog with the pointer away from it, runs the script in it and closes it with OK.
     /// @return the dialog's answer
-    INT_PTR run(ui::Script script = {});
+    INT_PTR run(const ui::Script& script = {});
 
   protected:
     BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;

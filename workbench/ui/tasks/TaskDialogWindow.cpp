@@ -42,6 +42,20 @@ std::vector<TASKDIALOG_BUTTON> commandButtons(const TaskDescription& description
     return buttons;
 }
 
+// Wine's task dialog leaves Escape unanswered where there is no Cancel button: it arrives as the command of a button
+// that doesn't exist. The title bar's close is answered, and means the same.
+LRESULT CALLBACK closeByEscape(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
+    if (message == WM_COMMAND && wParam == IDCANCEL && lParam == 0)
+        return SendMessageW(window, WM_CLOSE, 0, 0);
+    return DefSubclassProc(window, message, wParam, lParam);
+}
+
+HRESULT CALLBACK onEvent(HWND window, UINT event, WPARAM, LPARAM, LONG_PTR) {
+    if (event == TDN_DIALOG_CONSTRUCTED)
+        SetWindowSubclass(window, closeByEscape, 0, 0);
+    return S_OK;
+}
+
 } // namespace
 
 int showTaskDialog(HWND parent, const TaskDescription& description) {
@@ -62,6 +76,7 @@ int showTaskDialog(HWND parent, const TaskDescription& description) {
     config.pszContent = description.content.c_str();
     config.cButtons = static_cast<UINT>(buttons.size());
     config.pButtons = buttons.data();
+    config.pfCallback = onEvent;
     int pressed = 0;
     return SUCCEEDED(indirect(&config, &pressed, nullptr, nullptr)) ? pressed : 0;
 }
