@@ -34,6 +34,8 @@ struct StateLayerUpdate {
 bool updateStateLayer(DatabaseImp& database, std::size_t index, const StateLayerUpdate& update);
 /// Copies a state of another drawing. eKeyNotFound when that has none of its own of that name, eDuplicateRecordName.
 Vorn::ErrorStatus importState(DatabaseImp& database, std::wstring_view name, const DatabaseImp& source);
+/// Enters a state whose names are those of another table. The name is valid and free.
+void enterForeignState(DatabaseImp& database, const zdr::LayerState& state, const zdr::NameTable& from);
 /// A state of `from`, with its columns' names turned into the ones of `to`.
 zdr::LayerState translateState(const zdr::LayerState& state, const zdr::NameTable& from, zdr::NameTable& to);
 

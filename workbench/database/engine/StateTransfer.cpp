@@ -58,6 +58,12 @@ zdr::LayerState translateState(const zdr::LayerState& state, const zdr::NameTabl
     return copy;
 }
 
+void enterForeignState(DatabaseImp& database, const zdr::LayerState& state, const zdr::NameTable& from) {
+    zdr::LayerState copy = database.translate(state, from);
+    shareLayerSet(copy, database.drawing());
+    database.insertState(std::move(copy));
+}
+
 Vorn::ErrorStatus importState(DatabaseImp& database, std::wstring_view name, const DatabaseImp& source) {
     const std::size_t index = source.findState(name);
     if (index == zdr::kNone)
@@ -67,9 +73,7 @@ Vorn::ErrorStatus importState(DatabaseImp& database, std::wstring_view name, con
         return Vorn::eDependentRecord;
     if (database.findState(name) != zdr::kNone)
         return Vorn::eDuplicateRecordName;
-    zdr::LayerState copy = database.translate(state, source.drawing().names);
-    shareLayerSet(copy, database.drawing());
-    database.insertState(std::move(copy));
+    enterForeignState(database, state, source.drawing().names);
     return Vorn::eOk;
 }
 

@@ -5,6 +5,7 @@
 
 #include "instruments/HostCalls.h"
 #include "ObjectState.h"
+#include "statefile/StateFile.h"
 #include "values/RuntimeStrings.h"
 
 using instruments::HostCall;
@@ -258,6 +259,27 @@ Vorn::ErrorStatus KelDbLayerStateManager::importLayerStateFromDb(const wchar_t* 
     if (!name)
         return call.answer(Vorn::eKeyNotFound);
     return call.answer(engine::importState(of(m_database), name, engine::impOf(*source)));
+}
+
+Vorn::ErrorStatus KelDbLayerStateManager::importLayerState(const wchar_t* fileName, KelString& name) {
+    HostCall call("importLayerState", fileName);
+    if (const auto status = call.fault())
+        return call.answer(*status);
+    if (!fileName)
+        return call.answer(Vorn::eFileNotFound);
+    std::wstring found;
+    const Vorn::ErrorStatus status = engine::readStateFile(of(m_database), fileName, found);
+    name.assign(found.c_str());
+    call.out("name", name);
+    return call.answer(status);
+}
+
+Vorn::ErrorStatus KelDbLayerStateManager::exportLayerState(const wchar_t* name, const wchar_t* fileName) {
+    HostCall call("exportLayerState", name, fileName);
+    const engine::DatabaseImp& database = of(m_database);
+    return withState(call, database, name, false, [&](std::size_t index) {
+        return fileName ? engine::writeStateFile(database, index, fileName) : Vorn::eInvalidInput;
+    });
 }
 
 KelDbObjectId KelDbLayerStateManager::layerStatesDictionaryId(bool createIfMissing) {

@@ -1,0 +1,238 @@
+// Undo and redo of everything that can be changed.
+
+#include "EngineTest.h"
+
+using testing::ElementsAre;
+
+class Undo : public EngineTest {
+  protected:
+    /// Runs `work` as one step.
+    template <class Work> void step(Work work) {
+        engine::beginUndoGroup(m_database);
+        work();
+        engine::endUndoGroup(m_database);
+    }
+    /// Everything that a person sees of the drawing, for comparison as a whole.
+    std::string snapshot() {
+        std::string text;
+        const auto add = [&text](const auto&... items) {
+            ((text += testing::PrintToString(items) + " "), ...);
+            text += "\n";
+        };
+        for (std::size_t i = 0; i < drawing().layers.size(); ++i) {
+            const engine::LayerValues row = engine::layerValues(m_database, i);
+            const zdr::Layer& item = drawing().layers[i];
+            add(drawing().names.text(item.name), item.description, row.flags, row.color, row.linetype, row.lineWeight,
+                row.plotStyle, engine::layerId(m_database, i).handle().value());
+        }
+        for (const zdr::LayerState& state : drawing().states)
+            add(state.name, state.description, state.mask, state.handle, state.currentLayer, state.hasViewportData,
+                state.layers->names, state.columns.flags.values(), state.columns.colors.values());
+        for (const zdr::Viewport& item : drawing().layouts[0].viewports) {
+            add(item.frozen);
+            for (const zdr::ViewportOverride& layerOverride : item.overrides)
+                add(layerOverride.layer, layerOverride.mask, layerOverride.color);
+        }
+        add(drawing().currentLayer, drawing().lastRestored, drawing().activeLayout, drawing().currentViewport);
+        for (const zdr::ExtendedData& data : drawing().extendedData)
+            add(data.object, data.application, data.values.size());
+        add(drawing().applications);
+        return text;
+    }
+    /// Checks that `work` is undone and done again as one step.
+    template <class Work> void checkStep(Work work) {
+        const std::string before = snapshot();
+        step(work);
+        const std::string after = snapshot();
+        ASSERT_NE(before, after);
+        EXPECT_TRUE(engine::undo(m_database));
+        EXPECT_EQ(snapshot(), before);
+        EXPECT_TRUE(engine::redo(m_database));
+        EXPECT_EQ(snapshot(), after);
+        EXPECT_TRUE(engine::undo(m_database));
+        EXPECT_EQ(snapshot(), before);
+    }
+};
+
+TEST_F(Undo, TakesBackARestore) {
+    engine::setCurrentLayer(m_database, layer(L"Doors"));
+    states().saveLayerState(L"Plan", MaskAllProperties);
+    setColor(L"Walls", 3);
+    engine::setCurrentLayer(m_database, layer(L"Walls"));
+    checkStep([this] { restore(L"Plan", RestoreFlagLayerNotFound); });
+}
+
+TEST_F(Undo, TakesBackARestoreAsOverrides) {
+    states().saveLayerState(L"Plan", MaskAllProperties, viewportId());
+    engine::setFrozenInViewport(m_database, viewport().handle, 1, true);
+    checkStep([this] { restore(L"Plan", RestoreFlagAsOverrides, viewportId()); });
+}
+
+TEST_F(Undo, TakesBackChangesOfStates) {
+    states().saveLayerState(L"Plan", 1);
+    states().saveLayerState(L"Section", 2);
+    states().saveLayerState(L"Detail", 3);
+    restore(L"Section");
+    checkStep([this] { states().saveLayerState(L"New", 4); });
+    checkStep([this] { states().saveLayerState(L"Plan", 4); });
+    checkStep([this] { states().deleteLayerState(L"Section"); });
+    checkStep([this] { states().renameLayerState(L"Section", L"Cut"); });
+    checkStep([this] { states().setLayerStateMask(L"Plan", 77); });
+    checkStep([this] { states().setLayerStateDescription(L"Plan", L"x"); });
+    checkStep([this] {
+        KelArray<KelString> names;
+        names.append(L"Walls");
+        states().removeLayerStateLayers(L"Plan", names);
+    });
+    checkStep([this] {
+        KelDbLayerTableRecord record;
+        record.setName(L"Walls");
+        record.setIsFrozen(true);
+        impStates().updateLayerStateLayer(L"Plan", &record, true);
+    });
+}
+
+TEST_F(Undo, TakesBackManyChangesOfStatesInOneStep) {
+    states().saveLayerState(L"Plan", 1);
+    states().saveLayerState(L"Section", 2);
+    checkStep([this] {
+        states().setLayerStateMask(L"Section", 9);
+        states().deleteLayerState(L"Plan");
+        states().saveLayerState(L"New", 4);
+        states().renameLayerState(L"New", L"Newer");
+        states().deleteLayerState(L"Section");
+        states().saveLayerState(L"Plan", 5);
+        states().setLayerStateMask(L"Plan", 6);
+    });
+    EXPECT_TRUE(states().hasLayerState(L"PLAN"));
+    EXPECT_FALSE(states().hasLayerState(L"Newer"));
+}
+
+TEST_F(Undo, TakesBackChangesOfLayers) {
+    states().saveLayerState(L"Plan", MaskAllProperties);
+    engine::setFrozenInViewport(m_database, viewport().handle, layer(L"Doors"), true);
+    engine::setOverride(m_database, viewport().handle, {.layer = layer(L"Doors"), .mask = MaskColor, .color = 5});
+    checkStep([this] { setColor(L"Walls", 3); });
+    checkStep([this] { engine::addLayer(m_database, L"Notes"); });
+    checkStep([this] { engine::removeLayer(m_database, layer(L"Doors")); });
+    checkStep([this] { engine::renameLayer(m_database, layer(L"Doors"), L"Openings"); });
+    checkStep([this] { engine::renameLayer(m_database, layer(L"Doors"), L"DOORS"); });
+    checkStep([this] { engine::setCurrentLayer(m_database, layer(L"Walls")); });
+    EXPECT_TRUE(matches(L"Plan"));
+}
+
+TEST_F(Undo, TakesBackChangesOfLayersMixedInOneStep) {
+    engine::setOverride(m_database, viewport().handle, {.layer = layer(L"Furniture"), .mask = MaskColor, .color = 5});
+    checkStep([this] {
+        setColor(L"Walls", 3);
+        engine::setFrozenInViewport(m_database, viewport().handle, layer(L"Doors"), true);
+        engine::addLayer(m_database, L"Notes");
+        engine::setCurrentLayer(m_database, layer(L"Notes"));
+        setColor(L"Notes", 4);
+        engine::removeLayer(m_database, layer(L"Doors"));
+        setColor(L"Furniture", 5);
+    });
+}
+
+TEST_F(Undo, TakesBackSpaceAndViewport) {
+    checkStep([this] {
+        engine::setActiveLayout(m_database, 0);
+        engine::setCurrentViewport(m_database, viewport().handle);
+    });
+}
+
+TEST_F(Undo, IdsOfWhatComesBackAreGoodAgain) {
+    states().saveLayerState(L"Plan", 1);
+    const KelDbObjectId doors = layerId(L"Doors");
+    const KelDbObjectId plan = engine::objectId(m_database, drawing().states[0].handle);
+    step([this] {
+        engine::removeLayer(m_database, layer(L"Doors"));
+        states().deleteLayerState(L"Plan");
+    });
+    EXPECT_TRUE(doors.isErased());
+    EXPECT_TRUE(plan.isErased());
+    engine::undo(m_database);
+    EXPECT_FALSE(doors.isErased());
+    EXPECT_EQ(layerId(L"Doors"), doors);
+    EXPECT_EQ(engine::objectId(m_database, drawing().states[0].handle), plan);
+}
+
+TEST_F(Undo, GroupsNestAndTheOutermostCounts) {
+    const std::string before = snapshot();
+    engine::beginUndoGroup(m_database);
+    setColor(L"Walls", 3);
+    step([this] { setColor(L"Walls", 4); });
+    EXPECT_FALSE(engine::undo(m_database)); // not within a group
+    setColor(L"Walls", 5);
+    engine::endUndoGroup(m_database);
+    EXPECT_TRUE(engine::undo(m_database));
+    EXPECT_EQ(snapshot(), before);
+    EXPECT_FALSE(engine::canUndo(m_database));
+}
+
+TEST_F(Undo, GoesBackStepByStep) {
+    step([this] { setColor(L"Walls", 3); });
+    step([this] { setColor(L"Walls", 4); });
+    engine::undo(m_database);
+    EXPECT_EQ(values(L"Walls").color, 3u);
+    engine::undo(m_database);
+    EXPECT_EQ(values(L"Walls").color, 7u);
+    EXPECT_FALSE(engine::undo(m_database));
+    engine::redo(m_database);
+    engine::redo(m_database);
+    EXPECT_EQ(values(L"Walls").color, 4u);
+    EXPECT_FALSE(engine::redo(m_database));
+}
+
+TEST_F(Undo, GathersWhatHappensOutsideGroupsIntoOneStep) {
+    step([this] { setColor(L"Walls", 3); });
+    setColor(L"Walls", 4);
+    setColor(L"Doors", 4);
+    step([this] { setColor(L"Doors", 5); });
+    engine::undo(m_database);
+    EXPECT_EQ(values(L"Doors").color, 4u);
+    engine::undo(m_database);
+    EXPECT_EQ(values(L"Walls").color, 3u);
+    EXPECT_EQ(values(L"Doors").color, 7u);
+}
+
+TEST_F(Undo, AnEmptyGroupIsNoStep) {
+    step([] {});
+    EXPECT_FALSE(engine::canUndo(m_database));
+}
+
+TEST_F(Undo, ANewChangeForgetsWhatWasUndone) {
+    step([this] { setColor(L"Walls", 3); });
+    engine::undo(m_database);
+    EXPECT_TRUE(engine::canRedo(m_database));
+    step([this] { setColor(L"Walls", 4); });
+    EXPECT_FALSE(engine::canRedo(m_database));
+    EXPECT_FALSE(engine::redo(m_database));
+}
+
+TEST_F(Undo, CountsAsAChange) {
+    step([this] { setColor(L"Walls", 3); });
+    const std::uint64_t before = engine::changeCount(m_database);
+    engine::undo(m_database);
+    EXPECT_GT(engine::changeCount(m_database), before);
+}
+
+TEST_F(Undo, ReadingIsNoChange) {
+    states().saveLayerState(L"Plan", 1);
+    const std::uint64_t before = engine::changeCount(m_database);
+    matches(L"Plan");
+    stateNames();
+    layersOf(L"Plan");
+    states().setLayerStateMask(L"Plan", 1); // the mask that it has
+    EXPECT_EQ(engine::changeCount(m_database), before);
+}
+
+TEST_F(Undo, SharesColumnsInsteadOfCopyingThem) {
+    states().saveLayerState(L"Plan", MaskAllProperties);
+    const void* columns = drawing().columns.colors.values().data();
+    step([this] { restore(L"Plan"); });
+    EXPECT_EQ(drawing().columns.colors.values().data(), columns);
+    step([this] { setColor(L"Walls", 3); });
+    engine::undo(m_database);
+    EXPECT_EQ(drawing().columns.colors.values().data(), columns);
+}

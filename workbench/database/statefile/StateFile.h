@@ -1,0 +1,21 @@
+// Layer states files: one state a file, as JSON text with a stable order and a layer a line, so that people can read
+// them and compare them line by line.
+#pragma once
+
+#include "engine/DatabaseImp.h"
+
+namespace engine {
+
+/// Reads a state into the drawing. `name` is the name that the file carries as soon as it is known, also with
+/// eDuplicateRecordName. eFileNotFound, eFileUnreadable, eInvalidInput for a file that isn't a layer states file or
+/// contradicts itself, eNewerVersion.
+Vorn::ErrorStatus readStateFile(DatabaseImp& database, const std::wstring& path, std::wstring& name);
+/// Writes beside the file and puts the result in its place. eFileWriteFailed leaves the file as it was; eInvalidInput
+/// is the answer for names that no text can hold.
+Vorn::ErrorStatus writeStateFile(const DatabaseImp& database, std::size_t index, const std::wstring& path);
+
+/// The text of a state, and the state of a text, whose names are entered in `names`.
+std::string stateText(const zdr::LayerState& state, const zdr::NameTable& names);
+Vorn::ErrorStatus parseState(std::string_view text, zdr::NameTable& names, zdr::LayerState& state);
+
+} // namespace engine
