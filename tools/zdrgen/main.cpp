@@ -12,6 +12,7 @@ int main(int argc, char** argv) {
     zdr::GeneratorOptions options;
     std::string path;
     CLI::App program{"Writes a made-up drawing; the same options write the same bytes on every system."};
+    program.allow_windows_style_options(false); // a path may begin with a slash there too
     program.add_option("--layers", options.layers, "number of layers")
         ->check(CLI::Range(1, 1000000))
         ->capture_default_str();
