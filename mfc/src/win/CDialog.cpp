@@ -109,13 +109,15 @@ INT_PTR CDialog::DoModal() {
         return -1;
 
     const HWND parent = PreModal();
-    const bool disabledParent = parent && parent != ::GetDesktopWindow() && ::IsWindowEnabled(parent);
-    if (disabledParent)
+    const bool hasParent = parent && parent != ::GetDesktopWindow();
+    const BOOL wasEnabled = hasParent && ::IsWindowEnabled(parent);
+    if (wasEnabled)
         ::EnableWindow(parent, FALSE);
     RunCreated(dialogTemplate, parent, instance);
-    // The parent comes back before the dialog goes, or Windows activates another program's window.
-    if (disabledParent)
-        ::EnableWindow(parent, TRUE);
+    // The parent comes back before the dialog goes, or Windows activates another program's window. One that was
+    // disabled before stays so, although Wine's EndDialog enables every owner.
+    if (hasParent)
+        ::EnableWindow(parent, wasEnabled);
     if (parent && m_hWnd && ::GetActiveWindow() == m_hWnd)
         ::SetActiveWindow(parent);
     DestroyWindow();
@@ -147,7 +149,11 @@ void CDialog::PostModal() {
 void CDialog::EndDialog(int nResult) {
     if (m_nFlags & (WF_MODALLOOP | WF_CONTINUEMODAL))
         EndModalLoop(nResult);
+    const HWND owner = ::GetWindow(m_hWnd, GW_OWNER);
+    const bool staysDisabled = !(m_nFlags & WF_MODALLOOP) && owner && !::IsWindowEnabled(owner);
     ::EndDialog(m_hWnd, nResult);
+    if (staysDisabled)
+        ::EnableWindow(owner, FALSE);
 }
 
 LRESULT CDialog::HandleInitDialog(WPARAM, LPARAM) {
