@@ -206,7 +206,9 @@ TEST_F(StateList, StartsWithoutRenameOrTrackedRow) {
 TEST_F(StateList, SelectsARowAsTheOneThatKeysActOn) {
     m_list.PopulateStates(m_database, true, true);
     m_list.SelectRow(2);
-    EXPECT_EQ(m_list.FirstSelectedRow(), 2);
-    EXPECT_EQ(m_list.GetNextItem(-1, LVNI_FOCUSED), 2);
-    EXPECT_EQ(m_list.GetSelectionMark(), 2);
+    m_list.SetItemState(-1, 0, LVIS_SELECTED);
+    m_list.SelectRow(1);
+    EXPECT_EQ(m_list.FirstSelectedRow(), 1);
+    EXPECT_EQ(m_list.GetNextItem(-1, LVNI_FOCUSED), 1);
+    EXPECT_EQ(m_list.GetSelectionMark(), 1);
 }
