@@ -2,6 +2,9 @@
 // to the moment at which the shown dialog has nothing left to do. Next to it: the bytes of all states through memcmp,
 // which is the least that filling the column "same as the drawing" could cost.
 //   manager_bench [layers states]
+#include <afxwin.h>
+#include <afxcmn.h>
+
 #include "DrawingGenerator.h"
 #include "Documents.h"
 #include "KelRuntime.h"
@@ -9,9 +12,6 @@
 #include "SystemRegistry.h"
 #include "files/DrawingFile.h"
 #include "resource.h"
-
-#include <afxwin.h>
-#include <afxcmn.h>
 
 #include <algorithm>
 #include <chrono>
