@@ -31,8 +31,9 @@ class ModuleLife : public testing::Test {
     void SetUp() override { open(programFolder() / L"KelLayerApps.xmod"); }
 
     void TearDown() override {
-        if (m_running)
+        if (m_running) {
             EXPECT_EQ(send(kelrtUnloadMessage), 0);
+        }
         if (m_library)
             FreeLibrary(m_library);
         EXPECT_EQ(instruments::ledger(), std::vector<std::string>());
