@@ -10,7 +10,7 @@ class References : public EngineTest {
     /// A drawing with a reference "site" that isn't resolved yet.
     References() {
         zdr::Drawing withReference = makeDrawing({{L"Walls"}});
-        withReference.references.push_back({.name = L"site", .path = L"site.zdr", .drawing = nullptr});
+        withReference.references.push_back({.name = L"site", .path = L"site.zdr", .insertion = {}, .drawing = nullptr});
         use(std::move(withReference));
     }
     /// The drawing that is referred to: Base, Trees (red, Wavy); a state "Summer" in which Trees are green, with Trees
@@ -151,7 +151,7 @@ TEST_F(References, AnUnresolvedLayerIsNotOverriddenEither) {
 
 TEST_F(References, HeldByANewDrawingAreAttachedWithIt) {
     zdr::Drawing withReference = makeDrawing();
-    withReference.references.push_back({.name = L"site", .path = L"site.zdr", .drawing = site()});
+    withReference.references.push_back({.name = L"site", .path = L"site.zdr", .insertion = {}, .drawing = site()});
     use(std::move(withReference));
     EXPECT_THAT(stateNames(), ElementsAre(L"site!Summer"));
     EXPECT_FALSE(engine::canUndo(m_database));

@@ -93,8 +93,8 @@ using Change = std::variant<ColumnsChange, StateChange, SettingsChange, Viewport
 /// The viewport of a handle; null when there is none.
 zdr::Viewport* findViewport(zdr::Drawing& drawing, zdr::Handle handle);
 KELDB_API const zdr::Viewport* findViewport(const zdr::Drawing& drawing, zdr::Handle handle);
-LayerValues valuesAt(const zdr::LayerColumns& columns, std::size_t index);
-void setValuesAt(zdr::LayerColumns& columns, std::size_t index, const LayerValues& values);
+KELDB_API LayerValues valuesAt(const zdr::LayerColumns& columns, std::size_t index);
+KELDB_API void setValuesAt(zdr::LayerColumns& columns, std::size_t index, const LayerValues& values);
 KELDB_API void appendValues(zdr::LayerColumns& columns, const LayerValues& values);
 /// Takes the values at an index out of the columns.
 void eraseValues(zdr::LayerColumns& columns, std::size_t index);
