@@ -125,7 +125,7 @@ struct Drawing;
 struct Reference {
     std::wstring name;
     std::wstring path; ///< as attached: absolute, or relative to the drawing
-    Point insertion;
+    Point insertion = {};
     double scale = 1;
     double rotation = 0;                    ///< radians
     std::shared_ptr<const Drawing> drawing; ///< null while unresolved
