@@ -20,7 +20,7 @@ using Clock = std::chrono::steady_clock;
 constexpr auto closingTime = std::chrono::seconds(2);
 constexpr UINT tickLength = 10;
 
-std::function<std::string()> g_report = [] { return std::string(); };
+std::function<std::string()> g_lastWords = [] { return std::string(); };
 
 const testing::TestResult& resultOfTest() {
     return *testing::UnitTest::GetInstance()->current_test_info()->result();
@@ -49,7 +49,7 @@ class Performance {
             const Step& step = m_steps.front();
             ADD_FAILURE_AT(step.where.file_name(), static_cast<int>(step.where.line()))
                 << "The dialog had ended before this step: " << step.what << "\n"
-                << m_obstacle << (m_obstacle.empty() ? "" : "\n") << g_report();
+                << m_obstacle;
         }
         return !m_failed && resultOfTest().total_part_count() == failuresBefore;
     }
@@ -70,8 +70,9 @@ class Performance {
 
     void tryStep() {
         const View view = View::facing();
-        if (!view.window()) {
-            m_obstacle = "no window has the input";
+        // A dialog gets its loop, its place on the screen and the keyboard one after the other.
+        if (!view.window() || !IsWindowVisible(view.window()) || GetForegroundWindow() != view.window()) {
+            m_obstacle = "no window of the program is shown and has the input";
             giveUpWhenLate();
             return;
         }
@@ -108,8 +109,7 @@ class Performance {
         m_failed = true;
         const std::wstring shot = screenshotOfTest();
         ADD_FAILURE() << "After the last step the window \"" << narrow(View::facing().title())
-                      << "\" is still open.\nScreenshot: " << narrow(shot) << "\n"
-                      << g_report();
+                      << "\" is still open.\nScreenshot: " << narrow(shot);
         m_abandoned = true;
     }
 
@@ -117,8 +117,7 @@ class Performance {
         m_failed = true;
         const std::wstring shot = screenshotOfTest();
         ADD_FAILURE_AT(step.where.file_name(), static_cast<int>(step.where.line()))
-            << what << "\nScreenshot: " << narrow(shot) << "\n"
-            << g_report();
+            << what << "\nScreenshot: " << narrow(shot);
     }
 
     // Closes what is open, window by window, the way out that works for each kind: the close button first, and ending
@@ -140,7 +139,7 @@ class Performance {
     void lastWords() {
         std::fprintf(stderr, "%s is stuck. The step under way: %s\nScreenshot: %s\n%s\n", nameOfTest().c_str(),
                      m_steps.empty() ? "none is left" : m_steps.front().what.c_str(),
-                     narrow(screenshotOfTest()).c_str(), g_report().c_str());
+                     narrow(screenshotOfTest()).c_str(), g_lastWords().c_str());
     }
 
     static Performance* s_current;
@@ -164,8 +163,8 @@ bool perform(Script script, const std::function<void()>& action) {
     return Performance(std::move(script)).run(action);
 }
 
-void setFailureReport(std::function<std::string()> report) {
-    g_report = std::move(report);
+void setLastWords(std::function<std::string()> words) {
+    g_lastWords = std::move(words);
 }
 
 std::wstring screenshotFolder() {

@@ -16,8 +16,8 @@ namespace ui {
 /// @return whether all went well
 bool perform(Script script, const std::function<void()>& action);
 
-/// What to print about the host with a failure; each call replaces the one before.
-void setFailureReport(std::function<std::string()> report);
+/// What to print about the host when the program is stuck and has to be ended; each call replaces the one before.
+void setLastWords(std::function<std::string()> words);
 /// The folder of the screenshots of failures: $KEL_SCREENSHOTS, or `screenshots` beside the folder of the program.
 std::wstring screenshotFolder();
 /// Saves a screenshot of the running test there, and answers its path.

@@ -10,7 +10,9 @@ namespace ui {
 
 namespace {
 
-BITMAPINFOHEADER headerFor(int width, int height) {
+BITMAPINFOHEADER screenHeader() {
+    const int width = GetSystemMetrics(SM_CXSCREEN);
+    const int height = GetSystemMetrics(SM_CYSCREEN);
     BITMAPINFOHEADER header{};
     header.biSize = sizeof header;
     header.biWidth = width;
@@ -45,8 +47,12 @@ std::vector<char> screenPixels(const BITMAPINFOHEADER& header) {
 
 } // namespace
 
+std::vector<char> screenBytes() {
+    return screenPixels(screenHeader());
+}
+
 bool saveScreenshot(const std::wstring& path) {
-    const BITMAPINFOHEADER header = headerFor(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN));
+    const BITMAPINFOHEADER header = screenHeader();
     const std::vector<char> pixels = screenPixels(header);
     if (pixels.empty())
         return false;

@@ -2,8 +2,12 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace ui {
+
+/// Everything on the screen, three bytes a pixel, to be compared with another look at it; empty when it can't be had.
+std::vector<char> screenBytes();
 
 /// Writes the whole screen as a bitmap file.
 /// @return whether that went well

@@ -97,11 +97,11 @@ Script& Script::clickCell(int list, int row, int column, unsigned held, Where wh
         where);
 }
 
-Script& Script::doubleClickCell(int list, int row, int column, Where where) {
+Script& Script::doubleClickCell(int list, int row, int column, unsigned held, Where where) {
     return step(
         "double click " + cellName(row, column),
-        [=](const View& view) { return clickCellTimes(view, list, row, column, 2, holdNothing); },
-        std::chrono::seconds(5), where);
+        [=](const View& view) { return clickCellTimes(view, list, row, column, 2, held); }, std::chrono::seconds(5),
+        where);
 }
 
 Script& Script::clickCellOf(int list, std::wstring text, unsigned held, Where where) {

@@ -38,7 +38,7 @@ class Script {
     /// Clicks the control with that text; for the buttons of task dialogs.
     Script& clickText(std::wstring text, Where where = Where::current());
     Script& clickCell(int list, int row, int column, unsigned held = holdNothing, Where where = Where::current());
-    Script& doubleClickCell(int list, int row, int column, Where where = Where::current());
+    Script& doubleClickCell(int list, int row, int column, unsigned held = holdNothing, Where where = Where::current());
     /// Clicks the first cell of the row with that text.
     Script& clickCellOf(int list, std::wstring text, unsigned held = holdNothing, Where where = Where::current());
     /// Double clicks the middle of a control.

@@ -1,0 +1,47 @@
+// A test in a fresh host: an empty runtime with its instruments on, dialogs that have never been run, and at the end
+// nothing open and nothing that was handed out and not given back. The module is the real one, loaded as the host loads
+// it.
+#pragma once
+
+#include "KelDbDatabase.h"
+#include "ModuleLoader.h"
+#include "TestDrawing.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace ui {
+
+/// The folder of the running program, where the module lies too.
+std::filesystem::path programFolder();
+
+class HostTest : public testing::Test {
+  protected:
+    HostTest();
+    ~HostTest() override;
+    void SetUp() override;
+    void TearDown() override;
+
+    /// Loads KelLayerApps.xmod; the test fails when that isn't possible.
+    void loadModule();
+    /// Opens the drawing as the current document.
+    void open(const TestDrawing& drawing);
+    /// The database of the open document.
+    KelDbDatabase& database() const;
+    KelDbLayerStateManager& states() const;
+    /// Runs a command as the command line does.
+    void runCommand(const std::wstring& name);
+
+    /// What a dialog has kept under its name; -1 when it has kept nothing of that key.
+    static long kept(const std::wstring& dialog, const std::wstring& key);
+    static void keep(const std::wstring& dialog, const std::wstring& key, unsigned long value);
+
+  private:
+    std::unique_ptr<runtime::ModuleLoader> m_modules;
+};
+
+} // namespace ui

@@ -1,0 +1,113 @@
+// See TestDrawing.h. Handles are given in order, so that they can stand in the expected traces of tests: Base has 1.
+
+#include "TestDrawing.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace ui {
+
+namespace {
+constexpr zdr::Handle firstStyleHandle = 0xE0;
+} // namespace
+
+TestDrawing::TestDrawing() {
+    m_drawing.linetypes.push_back({m_drawing.names.intern(L"Continuous"), firstStyleHandle, L"", {}});
+    m_drawing.plotStyles.push_back({m_drawing.names.intern(L"Normal"), firstStyleHandle + 8});
+    layer(L"Base");
+}
+
+TestDrawing& TestDrawing::layer(const std::wstring& name, std::uint32_t color) {
+    const zdr::NameId id = m_drawing.names.intern(name);
+    m_drawing.layers.push_back({id, newHandle(), L"", zdr::kNone});
+    zdr::LayerColumns& columns = m_drawing.columns;
+    columns.flags.edit().push_back(zdr::kLayerOn | zdr::kLayerPlot);
+    columns.flags.look();
+    columns.colors.edit().push_back(color);
+    columns.colors.look();
+    columns.linetypes.edit().push_back(m_drawing.linetypes.front().name);
+    columns.linetypes.look();
+    columns.lineWeights.edit().push_back(-3);
+    columns.lineWeights.look();
+    columns.plotStyles.edit().push_back(m_drawing.plotStyles.front().name);
+    columns.plotStyles.look();
+    refreshLayerSet();
+    return *this;
+}
+
+void TestDrawing::refreshLayerSet() {
+    auto set = std::make_shared<zdr::LayerSet>();
+    for (const zdr::Layer& each : m_drawing.layers)
+        set->names.push_back(each.name);
+    m_drawing.layerSet = std::move(set);
+}
+
+TestDrawing& TestDrawing::linetype(const std::wstring& name) {
+    const zdr::Handle handle = firstStyleHandle + m_drawing.linetypes.size();
+    m_drawing.linetypes.push_back({m_drawing.names.intern(name), handle, L"", {5, -5}});
+    return *this;
+}
+
+TestDrawing& TestDrawing::state(const std::wstring& name, LayerStateMask mask, const std::wstring& description,
+                                const std::function<void(zdr::LayerColumns&)>& change) {
+    zdr::LayerState state;
+    state.name = name;
+    state.description = description;
+    state.handle = newHandle();
+    state.mask = mask;
+    state.layers = m_drawing.layerSet;
+    state.columns = m_drawing.columns;
+    if (change)
+        change(state.columns);
+    m_drawing.states.push_back(std::move(state));
+    return *this;
+}
+
+TestDrawing& TestDrawing::savedWithViewport() {
+    m_drawing.states.back().hasViewportData = true;
+    return *this;
+}
+
+TestDrawing& TestDrawing::lastRestored(const std::wstring& name) {
+    m_drawing.lastRestored = name;
+    return *this;
+}
+
+TestDrawing& TestDrawing::reference(const std::wstring& name, const TestDrawing& attached) {
+    zdr::Reference reference;
+    reference.name = name;
+    reference.path = name + L".zdr";
+    reference.drawing = std::make_shared<const zdr::Drawing>(attached.drawing());
+    m_drawing.references.push_back(std::move(reference));
+    return *this;
+}
+
+TestDrawing& TestDrawing::inViewport() {
+    zdr::Viewport viewport;
+    viewport.handle = viewportHandle;
+    viewport.number = 2;
+    viewport.corner = {10, 10};
+    viewport.width = 200;
+    viewport.height = 150;
+    zdr::Layout layout;
+    layout.name = L"Sheet";
+    layout.paperWidth = 297;
+    layout.paperHeight = 210;
+    layout.viewports.push_back(std::move(viewport));
+    m_drawing.layouts.push_back(std::move(layout));
+    m_drawing.activeLayout = m_drawing.layouts.size() - 1;
+    m_drawing.currentViewport = viewportHandle;
+    m_drawing.nextHandle = std::max(m_drawing.nextHandle, viewportHandle + 1);
+    return *this;
+}
+
+std::size_t TestDrawing::indexOf(const std::wstring& name) const {
+    const zdr::NameId id = m_drawing.names.find(name);
+    const auto found = std::find_if(m_drawing.layers.begin(), m_drawing.layers.end(),
+                                    [id](const zdr::Layer& each) { return each.name == id; });
+    if (found == m_drawing.layers.end())
+        throw std::invalid_argument("the drawing has no such layer");
+    return static_cast<std::size_t>(found - m_drawing.layers.begin());
+}
+
+} // namespace ui
