@@ -1,0 +1,172 @@
+// What the manager shows when it opens: columns, options, the current-state line, the selected row.
+
+#include "ManagerTest.h"
+
+#include "KelEditor.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using ui::Script;
+using ui::TestDrawing;
+using ui::View;
+
+class Opening : public ManagerTest {
+  protected:
+    /// The current-state line with that subject.
+    static std::wstring currentLine(const std::wstring& subject) {
+        std::wstring line = resourceText(IDS_LSTATE_CURRENT_STATE);
+        return line.replace(line.find(L"%s"), 2, subject);
+    }
+};
+
+TEST_F(Opening, TheFirstRunEverHasThePanelClosedAndTheOptionsOn) {
+    open(house());
+    lookAtOpening([](const View& view) {
+        EXPECT_TRUE(view.isTicked(IDC_LSTATE_RES_LAYERNOTFOUND));
+        EXPECT_TRUE(view.isTicked(IDC_LSTATE_RES_OVERRIDES));
+        EXPECT_FALSE(view.isTicked(IDC_LSTATE_RES_HIDEXREFS));
+        EXPECT_FALSE(view.isVisible(IDC_LSTATE_RES_PANEL));
+        EXPECT_FALSE(view.isVisible(IDC_LSTATE_RES_SELECTALL));
+        EXPECT_FALSE(view.isVisible(IDC_LSTATE_RES_CLEARALL));
+        for (const BoxBit& row : propertyBoxes)
+            EXPECT_FALSE(view.isVisible(row.box)) << row.box;
+        EXPECT_EQ(view.text(IDC_LSTATE_RES_EXPAND), resourceText(IDS_LSTATE_EXPAND));
+    });
+}
+
+TEST_F(Opening, EachOptionShowsWhatWasKeptOfIt) {
+    open(house());
+    for (const bool on : {false, true}) {
+        for (const wchar_t* key : {L"LayerNotFound", L"RestoreAsOverrides", L"ShowXrefs"})
+            keep(managerName, key, on ? 7 : 0); // any value but 0 is on
+        lookAtOpening([on](const View& view) {
+            EXPECT_EQ(view.isTicked(IDC_LSTATE_RES_LAYERNOTFOUND), on);
+            EXPECT_EQ(view.isTicked(IDC_LSTATE_RES_OVERRIDES), on);
+            EXPECT_EQ(view.isTicked(IDC_LSTATE_RES_HIDEXREFS), !on);
+        });
+    }
+}
+
+TEST_F(Opening, TheListHasFourColumnsThatShareItsWidth) {
+    open(house());
+    lookAtOpening([](const View& view) {
+        EXPECT_THAT(view.headings(IDC_LSTATE_RES_LIST),
+                    ElementsAre(resourceText(114), resourceText(115), resourceText(132), resourceText(116)));
+        const RECT list = view.rect(IDC_LSTATE_RES_LIST);
+        const double width = list.right - list.left;
+        EXPECT_THAT(view.columnWidths(IDC_LSTATE_RES_LIST),
+                    ElementsAre(static_cast<int>(width * 0.4), static_cast<int>(width * 0.14),
+                                static_cast<int>(width * 0.1), static_cast<int>(width * 0.35)));
+        EXPECT_TRUE(view.hasFullRowSelection(IDC_LSTATE_RES_LIST));
+    });
+}
+
+TEST_F(Opening, EachRowTellsItsSpaceWhetherItMatchesTheDrawingAndItsDescription) {
+    TestDrawing site;
+    site.layer(L"Trees").state(L"Survey", MaskAllProperties, L"of the site").savedWithViewport();
+    open(house().state(L"Sheet", MaskColor).savedWithViewport().reference(L"site", site));
+    const std::wstring yes = resourceText(IDS_LSTATE_YES), no = resourceText(IDS_LSTATE_NO);
+    const std::wstring model = keldbGetReservedString(10, true);
+    lookAtOpening([&](const View& view) {
+        ASSERT_EQ(view.rowCount(IDC_LSTATE_RES_LIST), 5);
+        EXPECT_THAT(view.cells(IDC_LSTATE_RES_LIST, 0), ElementsAre(L"Ground floor", model, yes, L"All that is built"));
+        EXPECT_THAT(view.cells(IDC_LSTATE_RES_LIST, 1), ElementsAre(L"Plumbing plan", model, no, L""));
+        EXPECT_THAT(view.cells(IDC_LSTATE_RES_LIST, 2), ElementsAre(L"Bare", model, yes, L""));
+        EXPECT_THAT(view.cells(IDC_LSTATE_RES_LIST, 3),
+                    ElementsAre(L"Sheet", resourceText(IDS_LSTATE_SPACE_VIEWPORT), yes, L""));
+        // A state of a reference is told as such, with a viewport or without.
+        EXPECT_THAT(view.cells(IDC_LSTATE_RES_LIST, 4),
+                    ElementsAre(L"site!Survey", resourceText(IDS_LSTATE_SPACE_REFERENCE), yes, L"of the site"));
+    });
+}
+
+TEST_F(Opening, WithNothingRestoredNoStateIsCurrentAndTheFirstRowIsSelected) {
+    open(house());
+    lookAtOpening([](const View& view) {
+        EXPECT_EQ(view.text(IDC_LSTATE_RES_CURRENT), currentLine(resourceText(IDS_LSTATE_NONE)));
+        EXPECT_THAT(view.selectedRows(IDC_LSTATE_RES_LIST), ElementsAre(0));
+        EXPECT_EQ(view.focusedRow(IDC_LSTATE_RES_LIST), 0);
+        EXPECT_EQ(view.focusedControl(), IDC_LSTATE_RES_LIST);
+    });
+}
+
+TEST_F(Opening, ALastRestoredStateThatMatchesTheDrawingIsTheCurrentOneAndSelected) {
+    open(house().state(L"Upper floor", MaskAllProperties).lastRestored(L"Upper floor"));
+    lookAtOpening([](const View& view) {
+        EXPECT_EQ(view.text(IDC_LSTATE_RES_CURRENT), currentLine(L"Upper floor"));
+        EXPECT_THAT(view.selectedRows(IDC_LSTATE_RES_LIST), ElementsAre(3));
+        EXPECT_EQ(view.focusedRow(IDC_LSTATE_RES_LIST), 3);
+    });
+}
+
+TEST_F(Opening, ALastRestoredStateThatDiffersIsNotCurrentButSelectedAllTheSame) {
+    open(house().lastRestored(L"Plumbing plan"));
+    lookAtOpening([](const View& view) {
+        EXPECT_EQ(view.text(IDC_LSTATE_RES_CURRENT), currentLine(resourceText(IDS_LSTATE_NONE)));
+        EXPECT_THAT(view.selectedRows(IDC_LSTATE_RES_LIST), ElementsAre(1));
+    });
+}
+
+TEST_F(Opening, ALastRestoredStateFarDownIsScrolledIntoView) {
+    TestDrawing drawing = house();
+    for (int i = 0; i < 60; ++i)
+        drawing.state(L"Storey " + std::to_wstring(i), MaskAllProperties);
+    open(drawing.lastRestored(L"Storey 50"));
+    lookAtOpening([](const View& view) {
+        EXPECT_THAT(view.selectedRows(IDC_LSTATE_RES_LIST), ElementsAre(53));
+        EXPECT_TRUE(view.isRowInView(IDC_LSTATE_RES_LIST, 53));
+    });
+}
+
+TEST_F(Opening, ALastRestoredStateThatIsHiddenLeavesTheFirstRowSelected) {
+    open(houseOnSite().lastRestored(L"site!Survey"));
+    keep(managerName, L"ShowXrefs", 0);
+    lookAtOpening([](const View& view) {
+        EXPECT_EQ(view.rowCount(IDC_LSTATE_RES_LIST), 3);
+        EXPECT_THAT(view.selectedRows(IDC_LSTATE_RES_LIST), ElementsAre(0));
+    });
+}
+
+TEST_F(Opening, AnEmptyDrawingHasNoRowsAndLeavesOnlyNewAndImport) {
+    open(TestDrawing());
+    lookAtOpening([](const View& view) {
+        EXPECT_EQ(view.rowCount(IDC_LSTATE_RES_LIST), 0);
+        EXPECT_THAT(view.selectedRows(IDC_LSTATE_RES_LIST), IsEmpty());
+        EXPECT_EQ(view.focusedRow(IDC_LSTATE_RES_LIST), -1);
+        EXPECT_EQ(shownMask(view), 0u);
+        EXPECT_THAT(enabledControls(view), ElementsAre(IDC_LSTATE_RES_NEW, IDC_LSTATE_RES_IMPORT));
+        EXPECT_EQ(view.text(IDC_LSTATE_RES_CURRENT), currentLine(resourceText(IDS_LSTATE_NONE)));
+    });
+}
+
+TEST_F(Opening, WithoutAStateManagerTheLineStaysAsTheTemplateHasItAndTheSetUpGoesOn) {
+    open(house());
+    for (int nth = 1; nth <= 20; ++nth)
+        instruments::failCall("getLayerStateManager", nth);
+    lookAtOpening([](const View& view) {
+        EXPECT_EQ(view.text(IDC_LSTATE_RES_CURRENT), L"");
+        EXPECT_EQ(view.rowCount(IDC_LSTATE_RES_LIST), 0);
+        EXPECT_EQ(view.headings(IDC_LSTATE_RES_LIST).size(), 4u);
+        EXPECT_THAT(enabledControls(view), ElementsAre(IDC_LSTATE_RES_NEW, IDC_LSTATE_RES_IMPORT));
+    });
+}
+
+TEST_F(Opening, AManagerThatIsMissingOnlyForTheLineLeavesTheListAndItsSelection) {
+    open(house().lastRestored(L"Plumbing plan"));
+    instruments::failCall("getLayerStateManager", 2); // the first is the list's
+    lookAtOpening([](const View& view) {
+        EXPECT_EQ(view.text(IDC_LSTATE_RES_CURRENT), L"");
+        EXPECT_THAT(view.selectedRows(IDC_LSTATE_RES_LIST), ElementsAre(0));
+    });
+}
+
+TEST_F(Opening, WithoutADrawingTheManagerIsEmptyAndUsable) {
+    lookAtOpening([](const View& view) {
+        EXPECT_EQ(view.rowCount(IDC_LSTATE_RES_LIST), 0);
+        EXPECT_THAT(enabledControls(view), ElementsAre(IDC_LSTATE_RES_NEW, IDC_LSTATE_RES_IMPORT));
+    });
+}
+
+} // namespace

@@ -1,0 +1,177 @@
+// Keys and double clicks of the manager.
+
+#include "ManagerTest.h"
+
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
+using ui::Script;
+using ui::View;
+
+class ShortCuts : public ManagerTest {
+  protected:
+    /// The names of the states that the host was asked to restore.
+    static std::vector<std::string> restores() {
+        std::vector<std::string> found;
+        for (const std::string& line : instruments::trace())
+            if (line.starts_with("restoreLayerState("))
+                found.push_back(line.substr(0, line.find(',')));
+        return found;
+    }
+    static void expectExpanded(Script& script, bool expanded) {
+        script.look(expanded ? "the panel is open" : "the panel is closed",
+                    [expanded](const View& view) { EXPECT_EQ(view.isVisible(IDC_LSTATE_RES_PANEL), expanded); });
+    }
+};
+
+TEST_F(ShortCuts, TheArrowsMoveTheSelectionAndTheControlsFollow) {
+    open(house());
+    manage(Script()
+               .press(VK_DOWN)
+               .look("the second row",
+                     [](const View& view) {
+                         EXPECT_THAT(view.selectedRows(IDC_LSTATE_RES_LIST), ElementsAre(1));
+                         EXPECT_EQ(shownMask(view), MaskOn | MaskColor | MaskLinetype);
+                     })
+               .press(VK_DOWN, ui::holdShift)
+               .look("two rows",
+                     [](const View& view) {
+                         EXPECT_THAT(view.selectedRows(IDC_LSTATE_RES_LIST), ElementsAre(1, 2));
+                         EXPECT_FALSE(view.isEnabled(IDC_LSTATE_RES_RESTORE));
+                     })
+               .press(VK_HOME)
+               .look("the first row",
+                     [](const View& view) {
+                         EXPECT_THAT(view.selectedRows(IDC_LSTATE_RES_LIST), ElementsAre(0));
+                         EXPECT_TRUE(view.isEnabled(IDC_LSTATE_RES_RESTORE));
+                     })
+               .press(VK_ESCAPE));
+}
+
+TEST_F(ShortCuts, ADoubleClickOnARowRestoresItAndClosesTheManager) {
+    for (int column = 0; column < 4; ++column) {
+        open(house());
+        manage(Script().doubleClickCell(IDC_LSTATE_RES_LIST, 1, column));
+        EXPECT_THAT(restores(), ElementsAre("restoreLayerState(\"Plumbing plan\"")) << "column " << column;
+    }
+}
+
+TEST_F(ShortCuts, ADoubleClickOnEmptySpaceDoesNothing) {
+    open(house());
+    manage(Script()
+               .doubleClickEmptySpace(IDC_LSTATE_RES_LIST)
+               .look("still open", [](const View& view) { EXPECT_EQ(view.rowCount(IDC_LSTATE_RES_LIST), 3); })
+               .press(VK_ESCAPE));
+    EXPECT_THAT(restores(), IsEmpty());
+}
+
+TEST_F(ShortCuts, ADoubleClickElsewhereInTheDialogDoesNothing) {
+    open(house());
+    manage(Script()
+               .doubleClick(IDC_LSTATE_RES_CURRENT)
+               .look("still open", [](const View& view) { EXPECT_TRUE(view.has(IDC_LSTATE_RES_LIST)); })
+               .press(VK_ESCAPE));
+    EXPECT_THAT(restores(), IsEmpty());
+}
+
+TEST_F(ShortCuts, ADoubleClickWithSeveralRowsSelectedRestoresTheTopMost) {
+    open(house());
+    // Control held keeps the other rows selected while the double click comes.
+    manage(Script()
+               .clickCell(IDC_LSTATE_RES_LIST, 1, 0)
+               .press(VK_DOWN, ui::holdShift)
+               .doubleClickCell(IDC_LSTATE_RES_LIST, 2, 0, ui::holdShift));
+    EXPECT_THAT(restores(), ElementsAre("restoreLayerState(\"Plumbing plan\""));
+}
+
+TEST_F(ShortCuts, AltWithTheAngleBracketsOpensAndClosesThePanel) {
+    open(house());
+    Script script;
+    script.pressAlt(L'<');
+    expectExpanded(script, false); // closed already: swallowed
+    script.pressAlt(L'>');
+    expectExpanded(script, true);
+    script.pressAlt(L'>');
+    expectExpanded(script, true);
+    script.pressAlt(L'<');
+    expectExpanded(script, false);
+    manage(script.press(VK_ESCAPE));
+}
+
+TEST_F(ShortCuts, EscapeEndsTheManagerWithNothingDoneAndNothingKept) {
+    open(house());
+    manage(Script().press(VK_ESCAPE));
+    EXPECT_THAT(restores(), IsEmpty());
+    EXPECT_EQ(kept(managerName, L"Expanded"), -1);
+}
+
+TEST_F(ShortCuts, EnterPressesTheDefaultButtonWhichIsRestore) {
+    open(house());
+    manage(Script().press(VK_DOWN).press(VK_RETURN));
+    EXPECT_THAT(restores(), ElementsAre("restoreLayerState(\"Plumbing plan\""));
+}
+
+TEST_F(ShortCuts, TheMnemonicsReachTheirControls) {
+    open(house());
+    const bool before = true;
+    manage(Script()
+               .look("ticked",
+                     [before](const View& view) { EXPECT_EQ(view.isTicked(IDC_LSTATE_RES_LAYERNOTFOUND), before); })
+               .pressMnemonicOf(IDC_LSTATE_RES_LAYERNOTFOUND)
+               .look("cleared", [](const View& view) { EXPECT_FALSE(view.isTicked(IDC_LSTATE_RES_LAYERNOTFOUND)); })
+               .pressMnemonicOf(IDC_LSTATE_RES_HIDEXREFS)
+               .look("ticked", [](const View& view) { EXPECT_TRUE(view.isTicked(IDC_LSTATE_RES_HIDEXREFS)); })
+               .pressMnemonicOf(IDC_LSTATE_RES_RESTORE));
+    EXPECT_THAT(restores(), ElementsAre("restoreLayerState(\"Ground floor\""));
+}
+
+TEST_F(ShortCuts, F2OpensTheNameOfTheOneSelectedStateForEditing) {
+    open(house());
+    manage(Script()
+               .clickCell(IDC_LSTATE_RES_LIST, 1, 0)
+               .press(VK_F2)
+               .look("the editor",
+                     [](const View& view) { EXPECT_EQ(view.labelEditorText(IDC_LSTATE_RES_LIST), L"Plumbing plan"); })
+               .press(VK_ESCAPE)
+               .look("closed again",
+                     [](const View& view) { EXPECT_EQ(view.labelEditorText(IDC_LSTATE_RES_LIST), std::nullopt); })
+               .press(VK_ESCAPE));
+}
+
+TEST_F(ShortCuts, F2DoesNothingForADependentState) {
+    open(houseOnSite());
+    manage(Script()
+               .clickCellOf(IDC_LSTATE_RES_LIST, L"site!Survey")
+               .press(VK_F2)
+               .look("no editor",
+                     [](const View& view) { EXPECT_EQ(view.labelEditorText(IDC_LSTATE_RES_LIST), std::nullopt); })
+               .press(VK_ESCAPE));
+}
+
+TEST_F(ShortCuts, F2DoesNothingWithTwoRowsOrNone) {
+    open(house());
+    manage(Script()
+               .press(VK_DOWN, ui::holdShift)
+               .press(VK_F2)
+               .look("two rows, no editor",
+                     [](const View& view) { EXPECT_EQ(view.labelEditorText(IDC_LSTATE_RES_LIST), std::nullopt); })
+               .clickEmptySpace(IDC_LSTATE_RES_LIST)
+               .press(VK_F2)
+               .look("no row, no editor",
+                     [](const View& view) { EXPECT_EQ(view.labelEditorText(IDC_LSTATE_RES_LIST), std::nullopt); })
+               .press(VK_ESCAPE));
+}
+
+TEST_F(ShortCuts, TheHelpButtonOpensTheManagersTopic) {
+    open(house());
+    // A page that isn't installed is told in a message box; one that is opens in a program of its own.
+    manage(Script().click(ID_HELP).answerAllUntil(IDC_LSTATE_RES_LIST).press(VK_ESCAPE));
+    EXPECT_THAT(instruments::trace(), Contains("keledHelp(null, \"RESTORELAYERSTATEDIALOG\", 0)"));
+}
+
+} // namespace
