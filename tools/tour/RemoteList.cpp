@@ -1,0 +1,69 @@
+// See RemoteList.h.
+
+#include "RemoteList.h"
+
+#include <commctrl.h>
+
+namespace tour {
+
+RemoteList::RemoteList(HWND list) : m_list(list) {
+    DWORD id = 0;
+    GetWindowThreadProcessId(list, &id);
+    m_process = OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, id);
+    m_memory = static_cast<char*>(VirtualAllocEx(m_process, nullptr, sizeof(LVITEMW) + roomForText * sizeof(wchar_t),
+                                                 MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE));
+}
+
+RemoteList::~RemoteList() {
+    if (m_memory)
+        VirtualFreeEx(m_process, m_memory, 0, MEM_RELEASE);
+    if (m_process)
+        CloseHandle(m_process);
+}
+
+int RemoteList::rowCount() const {
+    return static_cast<int>(SendMessageW(m_list, LVM_GETITEMCOUNT, 0, 0));
+}
+
+std::wstring RemoteList::text(int row, int column) const {
+    LVITEMW item{};
+    item.iSubItem = column;
+    item.pszText = reinterpret_cast<wchar_t*>(m_memory + sizeof item);
+    item.cchTextMax = static_cast<int>(roomForText);
+    wchar_t text[roomForText] = L"";
+    if (!m_memory || !WriteProcessMemory(m_process, m_memory, &item, sizeof item, nullptr))
+        return {};
+    SendMessageW(m_list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(m_memory));
+    // Read back from where the list says it is: it may answer with a text of its own.
+    ReadProcessMemory(m_process, m_memory, &item, sizeof item, nullptr);
+    ReadProcessMemory(m_process, item.pszText, text, sizeof text - sizeof(wchar_t), nullptr);
+    return text;
+}
+
+int RemoteList::rowOf(const std::wstring& wanted) const {
+    for (int row = 0; row < rowCount(); ++row)
+        if (text(row, 0) == wanted)
+            return row;
+    return -1;
+}
+
+bool RemoteList::isSelected(int row) const {
+    return SendMessageW(m_list, LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_SELECTED) & LVIS_SELECTED;
+}
+
+std::optional<RECT> RemoteList::rectOf(int row) const {
+    RECT rect{};
+    rect.left = LVIR_LABEL;
+    if (!m_memory || !WriteProcessMemory(m_process, m_memory, &rect, sizeof rect, nullptr) ||
+        !SendMessageW(m_list, LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(m_memory)) ||
+        !ReadProcessMemory(m_process, m_memory, &rect, sizeof rect, nullptr))
+        return std::nullopt;
+    MapWindowPoints(m_list, nullptr, reinterpret_cast<POINT*>(&rect), 2);
+    return rect;
+}
+
+void RemoteList::scrollTo(int row) const {
+    SendMessageW(m_list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+}
+
+} // namespace tour

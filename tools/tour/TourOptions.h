@@ -1,0 +1,21 @@
+// What the words of the command line ask of the tour.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tour {
+
+struct Options {
+    std::wstring workbench; ///< the program
+    std::wstring drawing;   ///< opened
+    std::wstring state;     ///< restored
+    std::wstring saveAs;    ///< the drawing's name afterwards
+    std::wstring shots;     ///< folder of the pictures
+};
+
+/// @param words without the program's own name. None when one is missing or unknown. Paths come out as full paths.
+std::optional<Options> parseOptions(const std::vector<std::wstring>& words);
+
+} // namespace tour
