@@ -38,7 +38,7 @@ HostTest::~HostTest() = default;
 
 void HostTest::SetUp() {
     framework::DialogStore::setRoot(dialogRoot);
-    RegDeleteTreeW(HKEY_CURRENT_USER, dialogRoot);
+    forgetDialogs();
     runtime::reset();
     instruments::watch(true);
     setLastWords(traceText);
@@ -55,7 +55,7 @@ void HostTest::TearDown() {
     instruments::watch(false);
     runtime::reset();
     framework::DialogStore::setRoot({});
-    RegDeleteTreeW(HKEY_CURRENT_USER, dialogRoot);
+    forgetDialogs();
 }
 
 void HostTest::loadModule() {
@@ -82,6 +82,10 @@ void HostTest::runCommand(const std::wstring& name) {
     const KelEdCommand* command = runtime::commandStack().lookup(name.c_str());
     ASSERT_NE(command, nullptr) << "there is no command of that name";
     command->function()();
+}
+
+void HostTest::forgetDialogs() {
+    RegDeleteTreeW(HKEY_CURRENT_USER, dialogRoot);
 }
 
 long HostTest::kept(const std::wstring& dialog, const std::wstring& key) {

@@ -38,6 +38,8 @@ class HostTest : public testing::Test {
 
     /// What a dialog has kept under its name; -1 when it has kept nothing of that key.
     static long kept(const std::wstring& dialog, const std::wstring& key);
+    /// Makes every dialog one that has never been run.
+    static void forgetDialogs();
     static void keep(const std::wstring& dialog, const std::wstring& key, unsigned long value);
 
   private:

@@ -21,6 +21,68 @@ class Opening : public ManagerTest {
     }
 };
 
+TEST_F(Opening, AsksTheHostForTheseStepsInThisOrder) {
+    TestDrawing drawing;
+    drawing.state(L"One", MaskOn, L"described").state(L"Two", MaskColor).lastRestored(L"Two");
+    open(drawing);
+    std::vector<std::string> calls;
+    lookAtOpening([&calls](const View&) { calls = instruments::trace(); });
+    const std::vector<std::string> setUp = {
+        "lookup(\"LAYERSTATE\") = object", "CKelUiDialog(201)",
+        // The name comes before the base's set-up, which restores what was kept under it.
+        "SetDialogName(\"KelLayerApps:LayerStatesManager\")", "OnInitDialog()", "SetContextHelpPrefix(\"LAST\")",
+        "SetContextHelpFileName(\"/KelDialogToolTips;Component/DialogToolTips.xaml\")", "SetUseTips(2)",
+        "GetDialogData(\"Expanded\") = false", "OnReload(\"IDB_LSTATE_RES_EXPAND\") = true",
+        "GetDialogData(\"LayerNotFound\") = false", "GetDialogData(\"RestoreAsOverrides\") = false",
+        "GetDialogData(\"ShowXrefs\") = false"};
+    const std::vector<std::string> rows = {
+        "keldbHostApplicationServices()",
+        "workingDatabase() = object",
+        "getLayerStateManager() = object",
+        "getLayerStateNames(false, true) = 0, names=[\"One\", \"Two\"]",
+        "getLayerStateMask(\"One\") = 0, mask=1",
+        // The list tells its dialog that the row has changed: no row is selected.
+        "keledGetCurViewportObjectId() = null",
+        "isDependentLayerState(\"One\") = false",
+        "layerStateHasViewportData(\"One\") = false",
+        "keldbGetReservedString(10, true) = \"Model\"",
+        "keledGetCurViewportObjectId() = null",
+        "compareLayerStateToDb(\"One\", null) = true",
+        "getLayerStateDescription(\"One\") = 0, description=\"described\"",
+        "keldbFree(\"described\")",
+        "getLayerStateMask(\"Two\") = 0, mask=32",
+        // The list tells its dialog that the row has changed: no row is selected.
+        "keledGetCurViewportObjectId() = null",
+        "isDependentLayerState(\"Two\") = false",
+        "layerStateHasViewportData(\"Two\") = false",
+        "keldbGetReservedString(10, true) = \"Model\"",
+        "keledGetCurViewportObjectId() = null",
+        "compareLayerStateToDb(\"Two\", null) = true",
+        "getLayerStateDescription(\"Two\") = 0, description=\"\"",
+        "keldbFree(\"\")",
+    };
+    const std::vector<std::string> currentLine = {
+        "keldbHostApplicationServices()",       "workingDatabase() = object",
+        "getLayerStateManager() = object",      "getLastRestoredLayerState() = 0, name=\"Two\", id=#3",
+        "keledGetCurViewportObjectId() = null", "compareLayerStateToDb(\"Two\", null) = true"};
+    const std::vector<std::string> update = {"keledGetCurViewportObjectId() = null",
+                                             "keldbHostApplicationServices()",
+                                             "workingDatabase() = object",
+                                             "getLayerStateManager() = object",
+                                             "isDependentLayerState(\"Two\") = false",
+                                             "keldbHostApplicationServices()",
+                                             "workingDatabase() = object",
+                                             "getLayerStateManager() = object",
+                                             "getLayerStateMask(\"Two\") = 0, mask=32",
+                                             "getLayerStateDescription(\"Two\") = 0, description=\"\"",
+                                             "keldbFree(\"\")"};
+    // The selection tells the dialog to update its controls, and the set-up ends with doing so.
+    std::vector<std::string> expected;
+    for (const auto& part : {setUp, rows, currentLine, update, update})
+        expected.insert(expected.end(), part.begin(), part.end());
+    EXPECT_THAT(calls, testing::ElementsAreArray(expected));
+}
+
 TEST_F(Opening, TheFirstRunEverHasThePanelClosedAndTheOptionsOn) {
     open(house());
     lookAtOpening([](const View& view) {
