@@ -1,11 +1,11 @@
 // The ids of the test program's resources and of its extension DLL's.
 #pragma once
 
-#define IDD_FORM 100       // in both modules, with different captions
+#define IDD_FORM 100 // in both modules, with different captions
 #define IDD_KEYS 101
 #define IDD_NESTED 102
 #define IDD_ONLY_EXTENSION 103
-#define IDD_NOWHERE 199    // in no module
+#define IDD_NOWHERE 199 // in no module
 
 #define IDC_TEXT 1001
 #define IDC_NUMBER 1002
