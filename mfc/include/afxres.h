@@ -27,7 +27,9 @@
 #define ID_EDIT_REDO 0xE12C
 #define ID_APP_ABOUT 0xE140
 #define ID_APP_EXIT 0xE141
+#ifndef ID_HELP // a program's resource header may have it already
 #define ID_HELP 0xE146
+#endif
 
 #define AFX_IDP_NO_ERROR_AVAILABLE 0xF020
 #define AFX_IDP_PARSE_INT 0xF110
