@@ -19,7 +19,6 @@ TestDialog::TestDialog(UINT templateId, const wchar_t* name) : CKelUiDialog(temp
 BOOL TestDialog::OnInitDialog() {
     SetDialogName(m_name);
     CKelUiDialog::OnInitDialog();
-    SetForegroundWindow(); // a program that a test before has started may have taken the input
     if (setUp)
         setUp();
     return TRUE;

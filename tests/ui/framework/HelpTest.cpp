@@ -79,18 +79,17 @@ class ReplacedClass {
     std::wstring m_before;
 };
 
-/// The command by which this program plays the one that opens pages.
-std::wstring openingCommand() {
-    wchar_t program[MAX_PATH] = {};
-    GetModuleFileNameW(nullptr, program, MAX_PATH);
-    return L'"' + std::wstring(program) + L"\" --opened \"%1\"";
-}
-
-/// What this program notes when it is asked to open a page.
+/// What the program that plays the browser was asked to open.
 class OpenedPages {
   public:
     OpenedPages() { DeleteFileW(kFile); }
     ~OpenedPages() { DeleteFileW(kFile); }
+    /// The command line under which the registry is to know that program.
+    static std::wstring command() {
+        wchar_t folder[MAX_PATH] = {};
+        GetCurrentDirectoryW(MAX_PATH, folder);
+        return L'"' + framework::frameworkFolder() + L"page_opener.exe\" \"" + folder + L'\\' + kFile + L"\" \"%1\"";
+    }
     OpenedPages(const OpenedPages&) = delete;
     OpenedPages& operator=(const OpenedPages&) = delete;
 
@@ -117,7 +116,7 @@ class OpenedPages {
 TEST_F(Help, anExistingPageIsOpenedByTheProgramForItsExtension) {
     const OpenedPages opened;
     const ReplacedClass extension(L".html", L"FrameworkTests.Page");
-    const ReplacedClass command(L"FrameworkTests.Page\\shell\\open\\command", openingCommand());
+    const ReplacedClass command(L"FrameworkTests.Page\\shell\\open\\command", OpenedPages::command());
     ui::perform({}, [] { keledHelp(nullptr, kManagerTopic, 0); });
     EXPECT_THAT(opened.wait(), EndsWith(L"\\help\\RESTORELAYERSTATEDIALOG.html"));
 }
@@ -125,7 +124,7 @@ TEST_F(Help, anExistingPageIsOpenedByTheProgramForItsExtension) {
 TEST_F(Help, whereTheExtensionHasNoProgramThePageIsOpenedByTheOneForPages) {
     const OpenedPages opened;
     const ReplacedClass extension(L".html", L"FrameworkTests.NoSuchClass");
-    const ReplacedClass command(L"htmlfile\\shell\\open\\command", openingCommand());
+    const ReplacedClass command(L"htmlfile\\shell\\open\\command", OpenedPages::command());
     ui::perform({}, [] { keledHelp(nullptr, kManagerTopic, 0); });
     EXPECT_THAT(opened.wait(), EndsWith(L"\\help\\RESTORELAYERSTATEDIALOG.html"));
 }

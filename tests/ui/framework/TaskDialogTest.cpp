@@ -161,6 +161,9 @@ TEST_F(TaskDialog, aFailedLoadForgetsTheDialogBefore) {
     EXPECT_TRUE(dialog.LoadFromFile(kFile, kImported, nullptr, 0));
     EXPECT_FALSE(dialog.LoadFromFile(kFile, L"KelLayerApps.NoSuchDialog", nullptr, 0));
     EXPECT_EQ(dialog.ShowDialog(nullptr), 0);
+    EXPECT_TRUE(dialog.LoadFromFile(kFile, kImported, nullptr, 0));
+    EXPECT_FALSE(dialog.LoadFromFile(kFile, nullptr, nullptr, 0));
+    ui::perform({}, [&] { EXPECT_EQ(dialog.ShowDialog(nullptr), 0); });
 }
 
 TEST_F(TaskDialog, itsCallsStandInTheTraceAndCanBeMadeToFail) {
