@@ -5,6 +5,8 @@
 #include "WorkbenchFixture.h"
 #include "resource.h"
 
+#include "files/DrawingFile.h"
+
 #include <fstream>
 
 namespace fs = std::filesystem;
@@ -90,9 +92,11 @@ TEST_F(DrawingFilesTest, SavesAtTheEndWhenAskedTo) {
         .then(command(L"TURNOFF"))
         .then(command(L"QUIT"))
         .then(answerBox(L"Save the changes to plan.zdr?", IDYES));
-    const auto before = fs::last_write_time(folder / "plan.zdr");
     runWith(script);
-    EXPECT_GT(fs::last_write_time(folder / "plan.zdr"), before);
+    zdr::Drawing saved;
+    std::wstring reason;
+    ASSERT_EQ(zdr::readDrawingFile(path("plan.zdr"), saved, reason), Vorn::eOk) << ui::narrow(reason);
+    EXPECT_FALSE(saved.columns.flags[0] & zdr::kLayerOn);
 }
 
 TEST_F(DrawingFilesTest, AsksBeforeItWritesOverAFileChangedByAnother) {

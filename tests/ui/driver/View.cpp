@@ -244,12 +244,28 @@ std::optional<POINT> View::emptySpace(int list) const {
 }
 
 std::vector<COLORREF> View::pixels(int id) const {
-    std::vector<COLORREF> found;
     const RECT area = rect(id);
+    const LONG width = area.right - area.left;
+    const LONG height = area.bottom - area.top;
+    if (width <= 0 || height <= 0)
+        return {};
+    // One copy of the whole: asking the screen for single pixels takes half a minute for a large window.
+    BITMAPINFO info{};
+    info.bmiHeader = {sizeof info.bmiHeader, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    void* bits = nullptr;
     const HDC screen = GetDC(nullptr);
-    for (LONG y = area.top; y < area.bottom; ++y)
-        for (LONG x = area.left; x < area.right; ++x)
-            found.push_back(GetPixel(screen, x, y));
+    const HDC memory = CreateCompatibleDC(screen);
+    const HBITMAP bitmap = CreateDIBSection(screen, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+    const HGDIOBJ former = SelectObject(memory, bitmap);
+    BitBlt(memory, 0, 0, width, height, screen, area.left, area.top, SRCCOPY);
+    GdiFlush();
+    std::vector<COLORREF> found;
+    if (const auto* quads = static_cast<const RGBQUAD*>(bits))
+        for (LONG i = 0; i < width * height; ++i)
+            found.push_back(RGB(quads[i].rgbRed, quads[i].rgbGreen, quads[i].rgbBlue));
+    SelectObject(memory, former);
+    DeleteObject(bitmap);
+    DeleteDC(memory);
     ReleaseDC(nullptr, screen);
     return found;
 }
