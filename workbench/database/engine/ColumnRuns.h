@@ -7,12 +7,42 @@
 
 namespace engine {
 
+/// Whether two scattered columns agree in those bits of each value. The drawing lacks none of the layers.
+template <class T>
+bool rowsEqual(const T* state, const T* drawing, const LayerMapping& mapping, T bits = static_cast<T>(~T{0})) {
+    constexpr std::size_t kBlock = 512;
+    const std::uint32_t* const rows = mapping.rows.data();
+    for (std::size_t begin = 0; begin < mapping.rows.size(); begin += kBlock) {
+        const std::size_t end = std::min(begin + kBlock, mapping.rows.size());
+        unsigned difference = 0;
+        for (std::size_t i = begin; i < end; ++i)
+            difference |= static_cast<unsigned>((state[i] ^ drawing[rows[i]]) & bits);
+        if (difference)
+            return false;
+    }
+    return true;
+}
+
+template <class T> void copyRows(T* drawing, const T* state, const LayerMapping& mapping) {
+    const std::uint32_t* const rows = mapping.rows.data();
+    const std::size_t count = mapping.rows.size();
+    if (mapping.missing == 0)
+        for (std::size_t i = 0; i < count; ++i)
+            drawing[rows[i]] = state[i];
+    else
+        for (std::size_t i = 0; i < count; ++i)
+            if (rows[i] != LayerMapping::kAbsent)
+                drawing[rows[i]] = state[i];
+}
+
 template <class T>
 bool runsEqual(const zdr::Column<T>& state, const zdr::Column<T>& drawing, const LayerMapping& mapping) {
     const T* const left = state.values().data();
     const T* const right = drawing.values().data();
     if (left == right && mapping.whole)
         return true;
+    if (mapping.isScattered())
+        return rowsEqual(left, right, mapping);
     for (const LayerMapping::Run& run : mapping.runs)
         if (std::memcmp(left + run.state, right + run.drawing, run.count * sizeof(T)) != 0)
             return false;
@@ -49,8 +79,12 @@ template <class T> void copyRuns(zdr::Column<T>& drawing, const zdr::Column<T>& 
         return;
     }
     T* const to = drawing.edit().data();
-    for (const LayerMapping::Run& run : mapping.runs)
-        std::memcpy(to + run.drawing, state.values().data() + run.state, run.count * sizeof(T));
+    const T* const from = state.values().data();
+    if (mapping.isScattered())
+        copyRows(to, from, mapping);
+    else
+        for (const LayerMapping::Run& run : mapping.runs)
+            std::memcpy(to + run.drawing, from + run.state, run.count * sizeof(T));
     drawing.look();
 }
 

@@ -101,9 +101,9 @@ void DatabaseImp::setActiveSpace(std::optional<std::size_t> layout, std::optiona
 }
 
 void DatabaseImp::insertState(zdr::LayerState state, std::optional<std::size_t> position) {
-    const auto firstDependent = std::ranges::find_if(
-        m_drawing.states, [](const zdr::LayerState& other) { return other.reference != zdr::kNone; });
-    const std::size_t behindOwn = static_cast<std::size_t>(firstDependent - m_drawing.states.begin());
+    std::size_t behindOwn = m_drawing.states.size();
+    while (behindOwn > 0 && m_drawing.states[behindOwn - 1].reference != zdr::kNone)
+        --behindOwn;
     const std::size_t index = position.value_or(behindOwn);
     state.handle = newHandle();
     m_history.add(StateChange{state.handle, index, std::nullopt});
@@ -148,20 +148,26 @@ void DatabaseImp::setReferenceDrawing(std::size_t reference, std::shared_ptr<con
     ++m_changes;
 }
 
-bool DatabaseImp::undo() {
-    if (!m_history.undo(m_drawing, m_objects))
+// Finding things by name is what an exchange may have put out of date.
+bool DatabaseImp::afterExchange(std::optional<StepContent> exchanged) {
+    if (!exchanged)
         return false;
-    refreshIndexes();
+    if (exchanged->layers) {
+        m_layers.fill(m_drawing.layers);
+        m_mappings.clear();
+    }
+    if (exchanged->states)
+        m_states.fill(m_drawing.states);
     ++m_changes;
     return true;
 }
 
+bool DatabaseImp::undo() {
+    return afterExchange(m_history.undo(m_drawing, m_objects));
+}
+
 bool DatabaseImp::redo() {
-    if (!m_history.redo(m_drawing, m_objects))
-        return false;
-    refreshIndexes();
-    ++m_changes;
-    return true;
+    return afterExchange(m_history.redo(m_drawing, m_objects));
 }
 
 bool DatabaseImp::hasStateDictionary() const {

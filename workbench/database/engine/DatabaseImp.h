@@ -33,6 +33,8 @@ class DatabaseImp : public KelDbImpDatabase {
     std::size_t findState(std::wstring_view name) const { return m_states.find(name); }
     bool hasLinetype(zdr::NameId name) const { return m_linetypes.has(name); }
     bool hasPlotStyle(zdr::NameId name) const { return m_plotStyles.has(name); }
+    const NameIdIndex& linetypes() const { return m_linetypes; }
+    const NameIdIndex& plotStyles() const { return m_plotStyles; }
     std::size_t findLinetype(zdr::NameId name) const { return m_linetypes.find(name); }
     std::size_t findPlotStyle(zdr::NameId name) const { return m_plotStyles.find(name); }
     bool isLayerResolved(std::size_t index) const;
@@ -86,6 +88,7 @@ class DatabaseImp : public KelDbImpDatabase {
     void layersChanged();
     void followRename(zdr::NameId from, zdr::NameId to);
     void refreshIndexes();
+    bool afterExchange(std::optional<StepContent> exchanged);
     std::shared_ptr<const zdr::LayerSet> makeLayerSet() const;
 
     KelDbDatabase& m_owner;

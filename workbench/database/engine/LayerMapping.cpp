@@ -6,21 +6,18 @@
 
 namespace engine {
 
-std::size_t LayerMapping::drawingIndex(std::size_t stateIndex) const {
-    // The runs are in the state's order, and don't overlap there.
-    const auto after = std::ranges::upper_bound(runs, stateIndex, {}, &Run::state);
-    if (after == runs.begin())
-        return zdr::kNone;
-    const Run& run = *std::prev(after);
-    return stateIndex < run.state + run.count ? run.drawing + (stateIndex - run.state) : zdr::kNone;
+namespace {
+
+constexpr std::size_t kLayersPerRun = 32;
+
+void listRows(LayerMapping& mapping, std::size_t stateCount) {
+    mapping.rows.assign(stateCount, LayerMapping::kAbsent);
+    for (const LayerMapping::Run& run : mapping.runs)
+        for (std::size_t i = 0; i < run.count; ++i)
+            mapping.rows[run.state + i] = static_cast<std::uint32_t>(run.drawing + i);
 }
 
-std::size_t LayerMapping::stateIndex(std::size_t drawingIndex) const {
-    for (const Run& run : runs)
-        if (drawingIndex >= run.drawing && drawingIndex < run.drawing + run.count)
-            return run.state + (drawingIndex - run.drawing);
-    return zdr::kNone;
-}
+} // namespace
 
 LayerMapping mapLayers(const zdr::LayerSet& stateLayers, const NameIdIndex& drawingLayers, std::size_t drawingCount) {
     LayerMapping mapping;
@@ -39,6 +36,8 @@ LayerMapping mapLayers(const zdr::LayerSet& stateLayers, const NameIdIndex& draw
             runs.push_back({i, place, 1});
     }
     mapping.whole = mapping.missing == 0 && mapping.held == drawingCount && mapping.runs.size() <= 1;
+    if (mapping.runs.size() > 1 && mapping.runs.size() * kLayersPerRun > mapping.held)
+        listRows(mapping, stateLayers.names.size());
     return mapping;
 }
 

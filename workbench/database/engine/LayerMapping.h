@@ -19,11 +19,11 @@ struct LayerMapping {
     std::size_t missing = 0; ///< layers of the state that the drawing lacks
     bool whole = false;      ///< the state holds just the drawing's layers, in its order
     std::size_t held = 0;    ///< layers of the drawing that the state holds
-
-    /// Where a layer of the state stands in the drawing, or zdr::kNone.
-    std::size_t drawingIndex(std::size_t stateIndex) const;
-    /// The other way round.
-    std::size_t stateIndex(std::size_t drawingIndex) const;
+    /// Where the layers of the state stand in the drawing, one by one, where the two orders have so little in common
+    /// that runs don't pay; otherwise empty. kAbsent for a layer that the drawing lacks.
+    std::vector<std::uint32_t> rows;
+    static constexpr std::uint32_t kAbsent = ~std::uint32_t{0};
+    bool isScattered() const { return !rows.empty(); }
 };
 
 LayerMapping mapLayers(const zdr::LayerSet& stateLayers, const NameIdIndex& drawingLayers, std::size_t drawingCount);

@@ -3,6 +3,8 @@
 
 #include "model/Drawing.h"
 
+#include <algorithm>
+#include <span>
 #include <unordered_map>
 #include <vector>
 
@@ -26,6 +28,19 @@ class NameIdIndex {
         return place == kAbsent ? zdr::kNone : place;
     }
     bool has(zdr::NameId name) const { return name < m_places.size() && m_places[name] != kAbsent; }
+    /// Whether all names of a column are in the list or the empty name. The two loops have no branches, because a
+    /// restore asks for every layer.
+    bool hasAll(std::span<const zdr::NameId> names) const {
+        zdr::NameId largest = 0;
+        for (const zdr::NameId name : names)
+            largest = std::max(largest, name);
+        if (largest >= m_places.size())
+            return largest == zdr::kNoName;
+        unsigned absent = 0;
+        for (const zdr::NameId name : names)
+            absent |= static_cast<unsigned>(name != zdr::kNoName) & static_cast<unsigned>(m_places[name] == kAbsent);
+        return absent == 0;
+    }
 
   private:
     static constexpr std::uint32_t kAbsent = ~std::uint32_t{0};

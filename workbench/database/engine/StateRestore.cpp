@@ -67,6 +67,8 @@ class Restore {
     void copyStyles(zdr::Column<zdr::NameId>& to, const zdr::Column<zdr::NameId>& from,
                     const zdr::Column<zdr::NameId>& before, bool linetype) {
         copyRuns(to, from, m_mapping);
+        if ((linetype ? m_database.linetypes() : m_database.plotStyles()).hasAll(from.values()))
+            return;
         for (const LayerMapping::Run& run : m_mapping.runs)
             for (std::size_t i = 0; i < run.count; ++i) {
                 if (hasStyle(from[run.state + i], linetype))
@@ -200,7 +202,7 @@ class Restore {
 
     DatabaseImp& m_database;
     const zdr::LayerState m_state; // a copy that shares its columns: the list may move
-    const LayerMapping m_mapping;
+    const LayerMapping& m_mapping; // stays, because no layer comes or goes
     const RestoreRequest m_request;
     const zdr::LayerColumns m_before;
     std::uint32_t m_direct = 0, m_asOverrides = 0;

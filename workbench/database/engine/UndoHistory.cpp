@@ -8,6 +8,20 @@
 
 namespace engine {
 
+namespace {
+
+StepContent contentOf(const std::vector<Change>& changes) {
+    StepContent content;
+    for (const Change& change : changes) {
+        content.states |= std::holds_alternative<StateChange>(change);
+        content.layers |=
+            std::holds_alternative<LayerChange>(change) || std::holds_alternative<LayerListChange>(change);
+    }
+    return content;
+}
+
+} // namespace
+
 void UndoHistory::beginGroup() {
     if (m_depth++ == 0)
         close();
@@ -25,30 +39,32 @@ void UndoHistory::close() {
     m_done.push_back(std::move(m_open));
     m_open = {};
     if (m_done.size() > kMaxSteps)
-        m_done.erase(m_done.begin());
+        m_done.pop_front();
 }
 
-bool UndoHistory::undo(zdr::Drawing& drawing, ObjectDirectory& objects) {
+std::optional<StepContent> UndoHistory::undo(zdr::Drawing& drawing, ObjectDirectory& objects) {
     if (inGroup() || !canUndo())
-        return false;
+        return std::nullopt;
     close();
     Step step = std::move(m_done.back());
     m_done.pop_back();
     for (auto change = step.changes.rbegin(); change != step.changes.rend(); ++change)
         std::visit([&](auto& side) { side.exchange(drawing, objects); }, *change);
+    const StepContent content = contentOf(step.changes);
     m_undone.push_back(std::move(step));
-    return true;
+    return content;
 }
 
-bool UndoHistory::redo(zdr::Drawing& drawing, ObjectDirectory& objects) {
+std::optional<StepContent> UndoHistory::redo(zdr::Drawing& drawing, ObjectDirectory& objects) {
     if (inGroup() || !canRedo())
-        return false;
+        return std::nullopt;
     Step step = std::move(m_undone.back());
     m_undone.pop_back();
     for (Change& change : step.changes)
         std::visit([&](auto& side) { side.exchange(drawing, objects); }, change);
+    const StepContent content = contentOf(step.changes);
     m_done.push_back(std::move(step));
-    return true;
+    return content;
 }
 
 void UndoHistory::clear() {

@@ -4,9 +4,15 @@
 
 #include "Changes.h"
 
+#include <deque>
 #include <unordered_set>
 
 namespace engine {
+
+/// What a step changed, as far as finding things by name goes.
+struct StepContent {
+    bool layers = false, states = false;
+};
 
 class UndoHistory {
   public:
@@ -15,9 +21,9 @@ class UndoHistory {
     bool inGroup() const { return m_depth > 0; }
     bool canUndo() const { return !m_done.empty() || !m_open.changes.empty(); }
     bool canRedo() const { return !m_undone.empty() && m_open.changes.empty(); }
-    /// Takes the last step back; false when there is none, or within a group.
-    bool undo(zdr::Drawing& drawing, ObjectDirectory& objects);
-    bool redo(zdr::Drawing& drawing, ObjectDirectory& objects);
+    /// Takes the last step back; none when there is nothing to take back, or within a group.
+    std::optional<StepContent> undo(zdr::Drawing& drawing, ObjectDirectory& objects);
+    std::optional<StepContent> redo(zdr::Drawing& drawing, ObjectDirectory& objects);
     void clear();
 
     /// Before anything of that part changes; once a step is enough, and more cost nothing.
@@ -37,7 +43,7 @@ class UndoHistory {
     void close();
 
     static constexpr std::size_t kMaxSteps = 200;
-    std::vector<Step> m_done, m_undone;
+    std::deque<Step> m_done, m_undone;
     Step m_open;
     int m_depth = 0;
 };

@@ -67,7 +67,8 @@ Json header(const zdr::LayerState& state, const zdr::NameTable& names) {
 
 std::string stateText(const zdr::LayerState& state, const zdr::NameTable& names) {
     std::string out = "{\n";
-    for (const auto& [key, value] : header(state, names).items())
+    const Json fields = header(state, names);
+    for (const auto& [key, value] : fields.items())
         out += "  " + Json(key).dump() + ": " + value.dump() + ",\n";
     out += "  " + Json(kLayersKey).dump() + ": [";
     for (std::size_t row = 0; row < state.layers->names.size(); ++row)
