@@ -76,6 +76,28 @@ class KELDB_API KelDbXrecord : public KelDbObject {
     KelDbObject* clone() const override;
 };
 
+/// Walks a dictionary in the order in which its entries stand in the drawing. The caller deletes it.
+class KELDB_API KelDbDictionaryIterator {
+  public:
+    ~KelDbDictionaryIterator();
+    bool done() const;
+    /// To the next entry.
+    void next();
+    /// The name of the entry, a text that stays the dictionary's; null when done.
+    const wchar_t* name() const;
+    /// The id of the entry's object; null when done.
+    KelDbObjectId objectId() const;
+    KelDbDictionaryIterator(const KelDbDictionaryIterator&) = delete;
+    KelDbDictionaryIterator& operator=(const KelDbDictionaryIterator&) = delete;
+
+  private:
+    explicit KelDbDictionaryIterator(const KelDbStub& dictionary) : m_dictionary(dictionary) {}
+    KelDbStub* entry() const;
+    const KelDbStub& m_dictionary;
+    int m_index = 0;
+    friend class KelDbDictionary;
+};
+
 /// Names to objects of the drawing. Names are compared without regard to case.
 class KELDB_API KelDbDictionary : public KelDbObject {
     KELRT_DECLARE_CLASS
@@ -86,6 +108,8 @@ class KELDB_API KelDbDictionary : public KelDbObject {
     /// Enters an object in memory under a name, in the place of one that stood there, and takes it over; `id` receives
     /// its new id. Open for write needed. On a failure the object stays the caller's.
     Vorn::ErrorStatus setAt(const wchar_t* name, KelDbObject* object, KelDbObjectId& id);
+    /// An iterator over the entries, which the caller deletes.
+    Vorn::ErrorStatus newIterator(KelDbDictionaryIterator*& iterator) const;
 };
 
 /// A dictionary that answers a default for a name that it doesn't hold; the plot style names stand in one.

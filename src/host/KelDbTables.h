@@ -26,6 +26,12 @@ class KELDB_API KelDbLinetypeTableRecord : public KelDbSymbolTableRecord {
     KELRT_DECLARE_CLASS
   public:
     explicit KelDbLinetypeTableRecord(KelDbObjectState* state) : KelDbSymbolTableRecord(state) {}
+    /// A new string that the caller frees with kelutDelBuffer.
+    wchar_t* description() const;
+    /// Parts of the pattern; 0 for a continuous line.
+    int numDashes() const;
+    /// Length of a part in millimetres on paper: positive a dash, negative a gap, 0 a dot; 0 outside the pattern.
+    double dashLengthAt(int index) const;
 };
 
 /// A layer, open in the table or held in memory. The writers need it open for write, or in memory.
@@ -97,6 +103,16 @@ class KELDB_API KelDbLayerTableIterator : public KelDbSymbolTableIterator {
     KelDbLayerTableIterator() = default;
 };
 
+class KELDB_API KelDbLinetypeTableIterator : public KelDbSymbolTableIterator {
+  public:
+    /// Opens the record at the iterator.
+    Vorn::ErrorStatus getRecord(KelDbLinetypeTableRecord*& record, int mode, bool openErased = false) const;
+    friend struct KelDbIteratorAccess;
+
+  private:
+    KelDbLinetypeTableIterator() = default;
+};
+
 class KELDB_API KelDbSymbolTable : public KelDbObject {
     KELRT_DECLARE_CLASS
   public:
@@ -110,6 +126,9 @@ class KELDB_API KelDbLinetypeTable : public KelDbSymbolTable {
     KELRT_DECLARE_CLASS
   public:
     explicit KelDbLinetypeTable(KelDbObjectState* state) : KelDbSymbolTable(state) {}
+    /// An iterator in table order, which the caller deletes.
+    Vorn::ErrorStatus newIterator(KelDbLinetypeTableIterator*& iterator, bool atBeginning = true,
+                                  bool skipDeleted = true) const;
 };
 
 class KELDB_API KelDbLayerTable : public KelDbSymbolTable {

@@ -90,6 +90,18 @@ Vorn::ErrorStatus KelDbDictionary::setAt(const wchar_t* name, KelDbObject* objec
     return call.answer(status);
 }
 
+Vorn::ErrorStatus KelDbDictionary::newIterator(KelDbDictionaryIterator*& iterator) const {
+    HostCall call("dictionary.newIterator", objectId());
+    if (const auto status = call.fault())
+        return call.answer(*status);
+    const KelDbStub* dictionary = engine::liveStub(*this);
+    if (!dictionary)
+        return call.answer(Vorn::eNotApplicable);
+    iterator = new KelDbDictionaryIterator(*dictionary);
+    instruments::entrust(iterator, "iterator of a dictionary");
+    return call.answer(Vorn::eOk);
+}
+
 KelDbObjectId KelDbDictionaryWithDefault::defaultId() const {
     HostCall call("dictionary.defaultId", objectId());
     const KelDbStub* dictionary = engine::liveStub(*this);

@@ -67,7 +67,19 @@ Vorn::ErrorStatus KelDbLayerTable::newIterator(KelDbLayerTableIterator*& iterato
     const KelDbStub* table = engine::liveStub(*this);
     if (!table)
         return call.answer(Vorn::eNotApplicable);
-    iterator = KelDbIteratorAccess::make(*table->database, atBeginning);
+    iterator = KelDbIteratorAccess::layers(*table->database, atBeginning);
+    return call.answer(Vorn::eOk);
+}
+
+Vorn::ErrorStatus KelDbLinetypeTable::newIterator(KelDbLinetypeTableIterator*& iterator, bool atBeginning,
+                                                  bool skipDeleted) const {
+    HostCall call("linetypeTable.newIterator", atBeginning, skipDeleted);
+    if (const auto status = call.fault())
+        return call.answer(*status);
+    const KelDbStub* table = engine::liveStub(*this);
+    if (!table)
+        return call.answer(Vorn::eNotApplicable);
+    iterator = KelDbIteratorAccess::linetypes(*table->database, atBeginning);
     return call.answer(Vorn::eOk);
 }
 

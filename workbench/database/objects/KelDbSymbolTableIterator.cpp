@@ -1,4 +1,4 @@
-// Walking the layer table. Erased layers leave the table at once, so there are none to pass over.
+// Walking the symbol tables. Erased records leave their table at once, so there are none to pass over.
 
 #include "instruments/HostCalls.h"
 #include "IteratorPosition.h"
@@ -6,12 +6,23 @@
 
 using instruments::HostCall;
 
-KelDbLayerTableIterator* KelDbIteratorAccess::make(const engine::DatabaseImp& database, bool atBeginning) {
-    auto* iterator = new KelDbLayerTableIterator;
-    const auto count = static_cast<std::ptrdiff_t>(database.drawing().layers.size());
-    *iterator->m_position = {&database, atBeginning ? 0 : count - 1};
-    instruments::entrust(iterator, "iterator of the layer table");
+template <class Iterator>
+Iterator* KelDbIteratorAccess::make(const engine::DatabaseImp& database, bool layers, bool atBeginning,
+                                    const char* what) {
+    auto* iterator = new Iterator;
+    *iterator->m_position = {&database, layers, 0};
+    if (!atBeginning)
+        iterator->m_position->index = iterator->m_position->count() - 1;
+    instruments::entrust(iterator, what);
     return iterator;
+}
+
+KelDbLayerTableIterator* KelDbIteratorAccess::layers(const engine::DatabaseImp& database, bool atBeginning) {
+    return make<KelDbLayerTableIterator>(database, true, atBeginning, "iterator of the layer table");
+}
+
+KelDbLinetypeTableIterator* KelDbIteratorAccess::linetypes(const engine::DatabaseImp& database, bool atBeginning) {
+    return make<KelDbLinetypeTableIterator>(database, false, atBeginning, "iterator of the linetype table");
 }
 
 KelDbSymbolTableIterator::KelDbSymbolTableIterator() : m_position(new Position) {}
@@ -45,6 +56,18 @@ Vorn::ErrorStatus KelDbSymbolTableIterator::getRecordId(KelDbObjectId& id) const
 }
 
 Vorn::ErrorStatus KelDbLayerTableIterator::getRecord(KelDbLayerTableRecord*& record, int mode, bool openErased) const {
+    HostCall call("iterator.getRecord", mode, openErased);
+    if (const auto status = call.fault())
+        return call.answer(*status);
+    KelDbStub* stub = m_position->stub();
+    if (!stub)
+        return call.answer(Vorn::eNotApplicable);
+    call.out("id", KelDbObjectId(stub));
+    return call.answer(engine::openAs(record, KelDbObjectId(stub), mode, openErased));
+}
+
+Vorn::ErrorStatus KelDbLinetypeTableIterator::getRecord(KelDbLinetypeTableRecord*& record, int mode,
+                                                        bool openErased) const {
     HostCall call("iterator.getRecord", mode, openErased);
     if (const auto status = call.fault())
         return call.answer(*status);

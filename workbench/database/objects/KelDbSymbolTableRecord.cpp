@@ -12,7 +12,6 @@ using engine::ObjectKind;
 using instruments::HostCall;
 
 KELRT_DEFINE_CLASS(KelDbSymbolTableRecord, KelDbObject)
-KELRT_DEFINE_CLASS(KelDbLinetypeTableRecord, KelDbSymbolTableRecord)
 
 namespace {
 
