@@ -54,6 +54,7 @@ class Batch {
         input.mi.dx = normalised(point.x, GetSystemMetrics(SM_CXSCREEN));
         input.mi.dy = normalised(point.y, GetSystemMetrics(SM_CYSCREEN));
         input.mi.dwFlags = flags;
+        input.mi.time = m_time;
         m_inputs.push_back(input);
     }
     void move(POINT point) { mouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, point); }
@@ -73,6 +74,8 @@ class Batch {
         return std::find(std::begin(extended), std::end(extended), code) != std::end(extended);
     }
     std::vector<INPUT> m_inputs;
+    // The clicks of one batch happen at one moment, however long a busy system takes to pass them on.
+    DWORD m_time = GetTickCount();
 };
 
 void waitOutDoubleClick(POINT point) {
