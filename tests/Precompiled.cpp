@@ -1,0 +1,3 @@
+// What every program of tests shares, precompiled.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
