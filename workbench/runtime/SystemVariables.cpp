@@ -7,10 +7,9 @@
 #include "engine/DatabaseAccess.h"
 #include "instruments/HostCalls.h"
 #include "model/Drawing.h"
+#include "values/RuntimeStrings.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <cwchar>
 #include <iterator>
 #include <map>
 #include <optional>
@@ -118,21 +117,13 @@ std::optional<VariableValue> valueOf(const Variable& variable) {
     return own == setValues().end() ? variable.initial : own->second;
 }
 
-// The receiver frees the string with vorn_free.
-wchar_t* newString(const std::wstring& text) {
-    auto* copy = static_cast<wchar_t*>(std::malloc((text.size() + 1) * sizeof(wchar_t)));
-    if (copy)
-        std::wmemcpy(copy, text.c_str(), text.size() + 1);
-    return copy;
-}
-
 struct Filler {
     ResultBuffer& result;
     bool operator()(std::int16_t value) const { return result.value.int16 = value, true; }
     bool operator()(std::int32_t value) const { return result.value.int32 = value, true; }
     bool operator()(double value) const { return result.value.real = value, true; }
     bool operator()(const std::wstring& value) const {
-        result.value.string = newString(value);
+        result.value.string = engine::handOutText(value, "string of a system variable");
         return result.value.string != nullptr;
     }
 };

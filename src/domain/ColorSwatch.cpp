@@ -1,0 +1,51 @@
+// See ColorSwatch.h.
+
+#include "ColorSwatch.h"
+
+#include "KelEditor.h"
+
+namespace {
+
+constexpr int swatchSide = 12;
+constexpr int byLayerIndex = 256;
+
+COLORREF fillColor(const KelCmColor& color) {
+    if (!color.isByPCI())
+        return RGB(color.red(), color.green(), color.blue());
+    const int index = color.colorIndex();
+    return index == byLayerIndex ? RGB(255, 255, 255) : keledGetRGB(index);
+}
+
+bool drawSwatch(CBitmap& bitmap, const KelCmColor& color) {
+    // Before the context, so that they go after it: GDI doesn't delete what is selected.
+    CPen pen;
+    CBrush brush;
+    CDC memory;
+    if (!memory.CreateCompatibleDC(nullptr))
+        return false;
+    const int saved = memory.SaveDC();
+    memory.SelectObject(&bitmap);
+    const bool hasTools = pen.CreatePen(PS_SOLID, 1, RGB(0, 0, 0)) && brush.CreateSolidBrush(fillColor(color));
+    if (hasTools) {
+        memory.SelectObject(&pen);
+        memory.SelectObject(&brush);
+        memory.Rectangle(0, 0, swatchSide, swatchSide);
+    }
+    memory.RestoreDC(saved);
+    return hasTools;
+}
+
+} // namespace
+
+bool makeColorSwatch(CBitmap& bitmap, KelCmColor color, CDC* dc) {
+    if (!dc)
+        return false;
+    if (bitmap.GetSafeHandle())
+        bitmap.DeleteObject();
+    if (!bitmap.CreateCompatibleBitmap(dc, swatchSide, swatchSide))
+        return false;
+    if (drawSwatch(bitmap, color))
+        return true;
+    bitmap.DeleteObject();
+    return false;
+}
