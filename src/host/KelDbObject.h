@@ -40,7 +40,8 @@ class KELDB_API KelDbObject : public KelRtObject {
     /// Replaces the extended data of the application named by the chain's 1001 node; a chain of that node alone removes
     /// it. The object must be open for write. The chain stays the caller's.
     Vorn::ErrorStatus setExtendedData(const ResultBuffer* chain);
-    /// A new object in memory, a copy without an id, that the caller deletes or gives to a dictionary.
+    /// A new object in memory, a copy without an id, that the caller deletes or gives to a dictionary. Null for what
+    /// can't be outside of its drawing: tables, linetypes, dictionaries, viewports.
     virtual KelDbObject* clone() const;
 
     /// The engine's side of the object; for the engine's use alone.
@@ -112,7 +113,18 @@ class KELDB_API KelDbDictionary : public KelDbObject {
     Vorn::ErrorStatus newIterator(KelDbDictionaryIterator*& iterator) const;
 };
 
-/// A dictionary that answers a default for a name that it doesn't hold; the plot style names stand in one.
+/// An object without data of its own, there for its name and its id: what stands for a plot style.
+class KELDB_API KelDbPlaceHolder : public KelDbObject {
+    KELRT_DECLARE_CLASS
+  public:
+    /// In memory, to be given to a dictionary.
+    KelDbPlaceHolder();
+    explicit KelDbPlaceHolder(KelDbObjectState* state) : KelDbObject(state) {}
+    KelDbObject* clone() const override;
+};
+
+/// A dictionary that knows which entry stands for a name that isn't given; the plot style names stand in one, each with
+/// a KelDbPlaceHolder. A name that it doesn't hold is answered as by any dictionary.
 class KELDB_API KelDbDictionaryWithDefault : public KelDbDictionary {
     KELRT_DECLARE_CLASS
   public:

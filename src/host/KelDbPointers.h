@@ -1,4 +1,5 @@
-// Smart pointers over opened objects: they close what is in a database and delete what isn't.
+// Smart pointers over opened objects: they close what is in a database and delete what isn't. open() answers the
+// outcome of that open, openStatus() whether the pointer holds anything.
 #pragma once
 
 #include "KelDbDatabase.h"
@@ -29,10 +30,12 @@ template <class T> class KelDbObjectPointerBase {
         m_object = nullptr;
         m_status = Vorn::eNoDatabase;
     }
-    /// Takes the outcome of an open.
+    /// Takes the outcome of an open; a failed one leaves the pointer as one that has opened nothing.
     void take(T* object, Vorn::ErrorStatus status) {
+        if (status != Vorn::eOk)
+            return;
         m_status = status;
-        m_object = status == Vorn::eOk ? object : nullptr;
+        m_object = object;
     }
 
   private:

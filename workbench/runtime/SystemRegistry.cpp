@@ -26,15 +26,25 @@ std::map<const void*, runtime::ModuleDeclarations> g_declarations;
 KelRtDictionary* makeClassDictionary() {
     auto* classes = new KelRtDictionary;
     KelRtClass* const records[] = {
-        KelRtObject::desc(),           KelRtClass::desc(),
-        KelRtDictionary::desc(),       KelRtDynamicLinker::desc(),
-        KelEdCommand::desc(),          KelEdCommandStack::desc(),
-        KelDbDatabase::desc(),         KelDbObject::desc(),
-        KelDbDictionary::desc(),       KelDbDictionaryWithDefault::desc(),
-        KelDbXrecord::desc(),          KelDbViewport::desc(),
-        KelDbSymbolTable::desc(),      KelDbLayerTable::desc(),
-        KelDbLinetypeTable::desc(),    KelDbSymbolTableRecord::desc(),
-        KelDbLayerTableRecord::desc(), KelDbLinetypeTableRecord::desc(),
+        KelRtObject::desc(),
+        KelRtClass::desc(),
+        KelRtDictionary::desc(),
+        KelRtDynamicLinker::desc(),
+        KelEdCommand::desc(),
+        KelEdCommandStack::desc(),
+        KelDbDatabase::desc(),
+        KelDbObject::desc(),
+        KelDbDictionary::desc(),
+        KelDbDictionaryWithDefault::desc(),
+        KelDbXrecord::desc(),
+        KelDbPlaceHolder::desc(),
+        KelDbViewport::desc(),
+        KelDbSymbolTable::desc(),
+        KelDbLayerTable::desc(),
+        KelDbLinetypeTable::desc(),
+        KelDbSymbolTableRecord::desc(),
+        KelDbLayerTableRecord::desc(),
+        KelDbLinetypeTableRecord::desc(),
     };
     for (KelRtClass* record : records)
         KelRtDictionaryAccess::put(*classes, record->name(), record);

@@ -31,6 +31,26 @@ TEST_F(LayerTable, IsWalkedInTableOrder) {
     EXPECT_THAT(walk(), ElementsAre(L"Base", L"Walls", L"Doors", L"Furniture"));
 }
 
+TEST_F(LayerTable, TheUsualWalkIsTheseCalls) {
+    use(makeDrawing({{L"Walls"}}));
+    const std::string base = instruments::describe(layerId(L"Base")), walls = instruments::describe(layerId(L"Walls"));
+    instruments::clearTrace();
+    {
+        KelDbSymbolTablePointer<KelDbLayerTable> table(&m_database, KelDb::kForRead);
+        KelDbLayerTableIterator* iterator = nullptr;
+        ASSERT_EQ(table->newIterator(iterator, true, true), Vorn::eOk);
+        for (KelDbObjectId id; !iterator->done(); iterator->step(true, true))
+            EXPECT_EQ(iterator->getRecordId(id), Vorn::eOk);
+        delete iterator;
+    }
+    EXPECT_THAT(instruments::trace(),
+                ElementsAre("getLayerTable(0) = 0", "layerTable.newIterator(true, true) = 0", "iterator.done() = false",
+                            "iterator.getRecordId() = 0, id=" + base, "iterator.step(true, true)",
+                            "iterator.done() = false", "iterator.getRecordId() = 0, id=" + walls,
+                            "iterator.step(true, true)", "iterator.done() = true", "iterator.delete()",
+                            "close(#layerTable) = 0"));
+}
+
 TEST_F(LayerTable, IsWalkedBackwardsFromTheEnd) {
     KelDbSymbolTablePointer<KelDbLayerTable> table(&m_database, KelDb::kForRead);
     KelDbLayerTableIterator* raw = nullptr;

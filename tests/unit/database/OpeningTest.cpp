@@ -127,8 +127,10 @@ TEST_F(Opening, PointersCloseWhatIsInADatabaseAndDeleteWhatIsNot) {
     {
         KelDbObjectPointer<KelDbLayerTableRecord> open(m_walls, KelDb::kForWrite);
         EXPECT_EQ(open.openStatus(), Vorn::eOk);
-        KelDbObjectPointer<KelDbLayerTableRecord> refused(m_walls, KelDb::kForRead);
-        EXPECT_EQ(refused.openStatus(), Vorn::eWasOpenForWrite);
+        KelDbObjectPointer<KelDbLayerTableRecord> refused;
+        EXPECT_EQ(refused.open(m_walls, KelDb::kForRead), Vorn::eWasOpenForWrite);
+        EXPECT_EQ(refused.openStatus(), Vorn::eNoDatabase) << "it has opened nothing yet";
+        EXPECT_EQ(refused.object(), nullptr);
         KelDbObjectPointer<KelDbLayerTableRecord> inMemory;
         EXPECT_EQ(inMemory.openStatus(), Vorn::eNoDatabase);
         inMemory.create();
@@ -138,8 +140,37 @@ TEST_F(Opening, PointersCloseWhatIsInADatabaseAndDeleteWhatIsNot) {
 }
 
 TEST_F(Opening, APointerClosesBeforeItOpensAnew) {
-    KelDbObjectPointer<KelDbLayerTableRecord> pointer(m_walls, KelDb::kForWrite);
-    EXPECT_EQ(pointer.open(m_walls, KelDb::kForWrite), Vorn::eOk);
+    const std::string walls = instruments::describe(m_walls);
+    {
+        KelDbObjectPointer<KelDbLayerTableRecord> pointer(m_walls, KelDb::kForWrite);
+        EXPECT_EQ(pointer.open(m_walls, KelDb::kForWrite), Vorn::eOk);
+        EXPECT_EQ(pointer.open({}, KelDb::kForRead), Vorn::eNullObjectId);
+        EXPECT_EQ(pointer.openStatus(), Vorn::eNoDatabase);
+    }
+    EXPECT_THAT(instruments::trace(), ElementsAre("openObject(" + walls + ", 1, false) = 0", "close(" + walls + ") = 0",
+                                                  "openObject(" + walls + ", 1, false) = 0", "close(" + walls + ") = 0",
+                                                  "openObject(null, 0, false) = 16"));
+}
+
+TEST_F(Opening, APointersCloseMayFailUnseen) {
+    instruments::failCall("close", 1, Vorn::eInvalidInput);
+    { KelDbObjectPointer<KelDbLayerTableRecord> pointer(m_walls, KelDb::kForWrite); }
+    EXPECT_TRUE(instruments::faultStruck());
+    open(KelDb::kForWrite)->close();
+}
+
+TEST_F(Opening, ThereAreTwoModes) {
+    KelDbObject* object = nullptr;
+    for (const int mode : {-1, 2})
+        EXPECT_EQ(keldbOpenKelDbObject(object, m_walls, mode, false), Vorn::eInvalidInput) << mode;
+    EXPECT_EQ(object, nullptr);
+}
+
+TEST_F(Opening, WhatCannotBeOutsideOfItsDrawingHasNoCopy) {
+    KelDbObjectPointer<KelDbObject> table(m_database.layerTableId(), KelDb::kForRead);
+    EXPECT_EQ(table->clone(), nullptr);
+    KelDbObjectPointer<KelDbObject> seen(viewportId(), KelDb::kForRead);
+    EXPECT_EQ(seen->clone(), nullptr);
 }
 
 TEST_F(Opening, ATablePointerOfNoDatabaseAnswersSo) {

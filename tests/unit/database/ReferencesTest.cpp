@@ -163,3 +163,114 @@ TEST_F(References, StatesOfThemAreNotInTheDictionary) {
     KelDbObjectId id;
     EXPECT_EQ(dictionary->getAt(L"site!Summer", id), Vorn::eKeyNotFound);
 }
+
+class NestedReferences : public References {
+  protected:
+    /// A drawing that refers to others.
+    static std::shared_ptr<const zdr::Drawing>
+    showing(std::vector<std::pair<const wchar_t*, std::shared_ptr<const zdr::Drawing>>> shown) {
+        zdr::Drawing drawing = makeDrawing({{L"Roof"}});
+        for (auto& [name, inner] : shown)
+            drawing.references.push_back(
+                {.name = name, .path = L"x.zdr", .insertion = {}, .drawing = std::move(inner)});
+        return std::make_shared<const zdr::Drawing>(std::move(drawing));
+    }
+    bool isResolved(const wchar_t* name) {
+        KelDbObjectPointer<KelDbLayerTableRecord> record(layerId(name), KelDb::kForRead);
+        EXPECT_TRUE(record->isDependent());
+        return record->isResolved();
+    }
+};
+
+TEST_F(NestedReferences, BringTheirLayersAndStatesUnderAllTheirNames) {
+    engine::attachReference(m_database, 0, showing({{L"plot", showing({{L"garden", site()}})}}));
+    EXPECT_NE(layer(L"site!Roof"), zdr::kNone);
+    EXPECT_NE(layer(L"site!plot!Roof"), zdr::kNone);
+    EXPECT_EQ(values(L"site!plot!garden!Trees").color, 1u);
+    EXPECT_EQ(values(L"site!plot!garden!Trees").linetype, nameId(L"site!plot!garden!Wavy"));
+    EXPECT_TRUE(isResolved(L"site!plot!garden!Trees"));
+    EXPECT_THAT(stateNames(), ElementsAre(L"site!plot!garden!Summer"));
+    EXPECT_TRUE(states().isDependentLayerState(L"site!plot!garden!Summer"));
+    EXPECT_EQ(states().deleteLayerState(L"site!plot!garden!Summer"), Vorn::eDependentRecord);
+    EXPECT_EQ(restore(L"site!plot!garden!Summer"), Vorn::eOk);
+    EXPECT_EQ(values(L"site!plot!garden!Trees").color, 3u);
+}
+
+// The view finds the look of what a nested drawing shows by the layers of the drawing around it.
+TEST_F(NestedReferences, StandInEachDrawingOnTheWay) {
+    engine::attachReference(m_database, 0, showing({{L"garden", site()}}));
+    const zdr::Drawing& middle = *drawing().references[0].drawing;
+    ASSERT_EQ(middle.layers.size(), 4u);
+    EXPECT_EQ(middle.names.text(middle.layers[3].name), L"garden!Trees");
+    EXPECT_EQ(middle.layers[3].reference, 0u);
+}
+
+TEST_F(NestedReferences, TwoOfTheSameDrawingAreToldApart) {
+    const auto garden = site();
+    engine::attachReference(m_database, 0, showing({{L"north", garden}, {L"south", garden}}));
+    EXPECT_THAT(stateNames(), ElementsAre(L"site!north!Summer", L"site!south!Summer"));
+    EXPECT_NE(layer(L"site!north!Trees"), layer(L"site!south!Trees"));
+}
+
+TEST_F(NestedReferences, ThatAreNotThereLeaveTheirLayersUnresolved) {
+    engine::attachReference(m_database, 0, showing({{L"garden", site()}}));
+    states().saveLayerState(L"Plan", MaskAllProperties);
+    setColor(L"site!garden!Trees", 5);
+    // The middle drawing is there and knows the garden's layers, the garden itself isn't.
+    zdr::Drawing middle = *drawing().references[0].drawing;
+    middle.references[0].drawing = nullptr;
+    std::erase_if(middle.states, [](const zdr::LayerState& state) { return state.reference != zdr::kNone; });
+    engine::attachReference(m_database, 0, std::make_shared<const zdr::Drawing>(std::move(middle)));
+    EXPECT_FALSE(isResolved(L"site!garden!Trees"));
+    EXPECT_TRUE(isResolved(L"site!Roof"));
+    EXPECT_EQ(restore(L"Plan"), Vorn::eLayerUnresolved);
+    EXPECT_EQ(values(L"site!garden!Trees").color, 5u);
+    engine::attachReference(m_database, 0, showing({{L"garden", site()}}));
+    EXPECT_TRUE(isResolved(L"site!garden!Trees"));
+    EXPECT_EQ(restore(L"Plan"), Vorn::eOk);
+}
+
+TEST_F(NestedReferences, OfAnyDepthAreAttached) {
+    constexpr int depth = 200;
+    std::shared_ptr<const zdr::Drawing> drawing = site();
+    std::wstring prefix = L"site!";
+    for (int i = 0; i < depth; ++i, prefix += L"n!")
+        drawing = showing({{L"n", drawing}});
+    engine::attachReference(m_database, 0, drawing);
+    EXPECT_THAT(stateNames(), ElementsAre(prefix + L"Summer"));
+    EXPECT_NE(layer((prefix + L"Trees").c_str()), zdr::kNone);
+}
+
+TEST_F(References, LayersThatTheirFileNoLongerHasGo) {
+    attach();
+    states().saveLayerState(L"Plan", MaskAllProperties);
+    zdr::Drawing bare = makeDrawing({{L"Lawn"}});
+    bare.layers[1].description = L"cut weekly";
+    engine::attachReference(m_database, 0, std::make_shared<const zdr::Drawing>(bare));
+    EXPECT_EQ(layer(L"site!Trees"), zdr::kNone);
+    EXPECT_EQ(drawing().layers[layer(L"site!Lawn")].description, L"cut weekly");
+    EXPECT_FALSE(matches(L"Plan")) << "the state goes on holding the layer";
+    bare.layers[1].description = L"wild";
+    engine::attachReference(m_database, 0, std::make_shared<const zdr::Drawing>(bare));
+    EXPECT_EQ(drawing().layers[layer(L"site!Lawn")].description, L"wild");
+}
+
+TEST_F(References, ALayerThatTheirFileNoLongerHasStaysUnresolvedWhileSomethingLiesOnIt) {
+    attach();
+    zdr::Drawing drawn = drawing();
+    drawn.entities.push_back({.layer = layer(L"site!Trees"), .color = {}, .geometry = zdr::Line{{0, 0}, {1, 1}}});
+    use(std::move(drawn));
+    engine::attachReference(m_database, 0, std::make_shared<const zdr::Drawing>(makeDrawing()));
+    KelDbObjectPointer<KelDbLayerTableRecord> record(layerId(L"site!Trees"), KelDb::kForRead);
+    EXPECT_TRUE(record->isDependent());
+    EXPECT_FALSE(record->isResolved());
+}
+
+TEST_F(References, TheirLinetypesFollowTheirFile) {
+    attach();
+    zdr::Drawing changed = *site();
+    changed.linetypes.back().pattern = {9, -9};
+    engine::attachReference(m_database, 0, std::make_shared<const zdr::Drawing>(std::move(changed)));
+    EXPECT_THAT(drawing().linetypes.back().pattern, ElementsAre(9, -9));
+    EXPECT_EQ(drawing().linetypes.size(), 4u);
+}

@@ -1,6 +1,7 @@
 // Undo and redo of everything that can be changed.
 
 #include "EngineTest.h"
+#include "KelDbPointers.h"
 
 using testing::ElementsAre;
 
@@ -118,6 +119,10 @@ TEST_F(Undo, TakesBackChangesOfLayers) {
     checkStep([this] { engine::renameLayer(m_database, layer(L"Doors"), L"Openings"); });
     checkStep([this] { engine::renameLayer(m_database, layer(L"Doors"), L"DOORS"); });
     checkStep([this] { engine::setCurrentLayer(m_database, layer(L"Walls")); });
+    checkStep([this] {
+        KelDbObjectPointer<KelDbLayerTableRecord> doors(layerId(L"Doors"), KelDb::kForWrite);
+        EXPECT_EQ(doors->setDescription(L"single-leaf"), Vorn::eOk);
+    });
     EXPECT_TRUE(matches(L"Plan"));
 }
 

@@ -138,3 +138,36 @@ TEST_F(References, drawingsThatAllShowEachOtherComeToAnEnd) {
     EXPECT_FALSE(m_problems.empty());
     EXPECT_THAT(toUtf8(m_problems.back().reason), HasSubstr("because too many references are nested"));
 }
+
+TEST_F(References, aLongChainIsFollowedToItsEnd) {
+    constexpr int length = 200;
+    for (int i = 0; i < length; ++i)
+        write(L"c" + std::to_wstring(i) + L".zdr", {L"c" + std::to_wstring(i + 1) + L".zdr"});
+    write(L"c" + std::to_wstring(length) + L".zdr", {});
+    const Drawing first = open(L"c0.zdr");
+    EXPECT_TRUE(m_problems.empty());
+    int depth = 0;
+    for (const Drawing* at = &first; !at->references.empty(); at = at->references[0].drawing.get(), ++depth)
+        ASSERT_NE(at->references[0].drawing, nullptr) << depth;
+    EXPECT_EQ(depth, length);
+}
+
+// Few files, each of them read once, but shown very often.
+TEST_F(References, drawingsThatShowTheNextOneTwiceComeToAnEnd) {
+    constexpr int length = 30;
+    for (int i = 0; i < length; ++i) {
+        Drawing drawing = plainDrawing();
+        const std::wstring next = L"t" + std::to_wstring(i + 1) + L".zdr";
+        drawing.references.push_back({L"left", next, {}, 1, 0, nullptr});
+        drawing.references.push_back({L"right", next, {}, 1, 0, nullptr});
+        std::wstring reason;
+        FileStamp stamp;
+        ASSERT_EQ(writeDrawingFile(m_folder.file(L"t" + std::to_wstring(i) + L".zdr"), drawing, reason, stamp,
+                                   Overwrite::Always),
+                  Vorn::eOk);
+    }
+    write(L"t" + std::to_wstring(length) + L".zdr", {});
+    open(L"t0.zdr");
+    ASSERT_FALSE(m_problems.empty());
+    EXPECT_THAT(toUtf8(m_problems.back().reason), HasSubstr("because too many references are nested"));
+}

@@ -4,6 +4,7 @@
 #include "KelRuntime.h"
 #include "ResultBuffer.h"
 #include "RuntimeTest.h"
+#include "VornStatus.h"
 
 #include <stdexcept>
 
@@ -53,6 +54,14 @@ TEST_F(CommandLineOutputTest, AnAbortTellsItsTextBeforeTheEnd) {
         EXPECT_STREQ(told.what(), "told");
     }
     EXPECT_THAT(instruments::trace(), testing::Contains("kelrt_abort(\"!a@66: b\")"));
+}
+
+TEST_F(CommandLineOutputTest, AnAbortOverAFailedCloseNamesPlaceAndReason) {
+    std::wstring told;
+    runtime::setAbortHandler([&told](const std::wstring& text) { throw std::runtime_error((told = text, "aborted")); });
+    EXPECT_THROW(kelrt_abort(L"!%s@%d: %s", L"Utility", 66, vornErrorStatusText(Vorn::eWasOpenForRead)),
+                 std::runtime_error);
+    EXPECT_EQ(told, L"!Utility@66: The object is open for reading");
 }
 
 TEST_F(CommandLineOutputTest, AnAbortWithoutAHandlerEndsTheProcess) {

@@ -13,8 +13,6 @@ namespace workbench {
 
 namespace {
 
-// References may show drawings that have references; a circle of them ends here.
-constexpr int kDeepestReference = 8;
 // Letters lower than this are not told apart any more.
 constexpr double kSmallestText = 2;
 
@@ -26,14 +24,14 @@ class PartPainter {
         : m_part(part), m_view(view), m_screen(screen), m_foreground(foreground),
           m_pixelsPerMillimetre(pixelsPerMillimetre), m_plotter(part.strokes, part.clip.grownBy(kMargin)) {}
 
-    /// Draws model space with what the drawing's references show.
-    void drawModel(const zdr::Drawing& drawing, const std::vector<LayerLook>& looks, const Placement& placement,
-                   int depth = 0) {
-        for (std::size_t i = 0; depth < kDeepestReference && i < drawing.references.size(); ++i) {
+    /// Draws model space with what the drawing's references show, nested as deep as they come: opening a drawing leaves
+    /// no circle in them.
+    void drawModel(const zdr::Drawing& drawing, const std::vector<LayerLook>& looks, const Placement& placement) {
+        for (std::size_t i = 0; i < drawing.references.size(); ++i) {
             const zdr::Reference& reference = drawing.references[i];
             if (reference.drawing)
                 drawModel(*reference.drawing, referencedLooks(drawing, looks, i),
-                          placement.after(Placement::of(reference)), depth + 1);
+                          placement.after(Placement::of(reference)));
         }
         draw(drawing, drawing.entities, looks, placement);
     }
@@ -114,13 +112,11 @@ void addExtents(Rect& extents, const std::vector<zdr::Entity>& entities, const P
     }
 }
 
-void addModelExtents(Rect& extents, const zdr::Drawing& drawing, const Placement& placement, int depth) {
+void addModelExtents(Rect& extents, const zdr::Drawing& drawing, const Placement& placement) {
     addExtents(extents, drawing.entities, placement);
-    if (depth == kDeepestReference)
-        return;
     for (const zdr::Reference& reference : drawing.references)
         if (reference.drawing)
-            addModelExtents(extents, *reference.drawing, placement.after(Placement::of(reference)), depth + 1);
+            addModelExtents(extents, *reference.drawing, placement.after(Placement::of(reference)));
 }
 
 } // namespace
@@ -158,7 +154,7 @@ Picture layoutPicture(const zdr::Drawing& drawing, const zdr::Layout& layout, co
 
 Rect modelExtents(const zdr::Drawing& drawing) {
     Rect extents;
-    addModelExtents(extents, drawing, {}, 0);
+    addModelExtents(extents, drawing, {});
     return extents;
 }
 

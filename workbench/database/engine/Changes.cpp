@@ -122,6 +122,19 @@ void StateChange::exchange(zdr::Drawing& drawing, ObjectDirectory& objects) {
     }
 }
 
+void PlotStyleChange::exchange(zdr::Drawing& drawing, ObjectDirectory& objects) {
+    const auto place = drawing.plotStyles.begin() + static_cast<Offset>(position);
+    if (style) {
+        drawing.plotStyles.insert(place, *style);
+        objects.insertPlotStyle(position, handle);
+        style.reset();
+    } else {
+        style = *place;
+        drawing.plotStyles.erase(place);
+        objects.removePlotStyle(position);
+    }
+}
+
 void SettingsChange::exchange(zdr::Drawing& drawing, ObjectDirectory&) {
     std::swap(drawing.currentLayer, currentLayer);
     std::swap(drawing.lastRestored, lastRestored);

@@ -25,6 +25,14 @@ struct StateChange {
     void exchange(zdr::Drawing& drawing, ObjectDirectory& objects);
 };
 
+/// A plot style was put in or taken out.
+struct PlotStyleChange {
+    zdr::Handle handle = 0;
+    std::size_t position = 0;
+    std::optional<zdr::PlotStyle> style; ///< none: the other side lacks it
+    void exchange(zdr::Drawing& drawing, ObjectDirectory& objects);
+};
+
 /// What a drawing has once.
 struct SettingsChange {
     std::size_t currentLayer = 0;
@@ -88,7 +96,7 @@ struct ApplicationsChange {
 };
 
 using Change = std::variant<ColumnsChange, StateChange, SettingsChange, ViewportChange, LayerChange, LayerListChange,
-                            ExtendedDataChange, ApplicationsChange>;
+                            ExtendedDataChange, ApplicationsChange, PlotStyleChange>;
 
 /// The viewport of a handle; null when there is none.
 zdr::Viewport* findViewport(zdr::Drawing& drawing, zdr::Handle handle);

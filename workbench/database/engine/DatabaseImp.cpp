@@ -42,10 +42,17 @@ void DatabaseImp::refreshIndexes() {
     m_mappings.clear();
 }
 
-bool DatabaseImp::isLayerResolved(std::size_t index) const {
-    const std::size_t reference = m_drawing.layers[index].reference;
-    return reference == zdr::kNone ||
-           (reference < m_drawing.references.size() && m_drawing.references[reference].drawing);
+bool isResolved(const zdr::Drawing& drawing, const zdr::Layer& layer) {
+    if (layer.reference == zdr::kNone)
+        return true;
+    return layer.reference < drawing.references.size() && drawing.references[layer.reference].drawing &&
+           !layer.unresolvedInside;
+}
+
+bool DatabaseImp::hasUnresolvedLayers() const {
+    const auto missing = [](const zdr::Reference& reference) { return reference.drawing == nullptr; };
+    return std::ranges::any_of(m_drawing.references, missing) ||
+           (!m_drawing.references.empty() && std::ranges::any_of(m_drawing.layers, &zdr::Layer::unresolvedInside));
 }
 
 const LayerMapping& DatabaseImp::mapping(const zdr::LayerState& state) const {
@@ -158,6 +165,8 @@ bool DatabaseImp::afterExchange(std::optional<StepContent> exchanged) {
     }
     if (exchanged->states)
         m_states.fill(m_drawing.states);
+    if (exchanged->plotStyles)
+        m_plotStyles.fill(m_drawing.plotStyles);
     ++m_changes;
     return true;
 }

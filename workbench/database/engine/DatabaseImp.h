@@ -10,6 +10,9 @@
 
 namespace engine {
 
+/// Whether what brings a layer to its drawing is there; true for the drawing's own layers.
+bool isResolved(const zdr::Drawing& drawing, const zdr::Layer& layer);
+
 class DatabaseImp : public KelDbImpDatabase {
   public:
     explicit DatabaseImp(KelDbDatabase& owner);
@@ -20,6 +23,8 @@ class DatabaseImp : public KelDbImpDatabase {
     KelDbDatabase& owner() const { return m_owner; }
     /// Takes the place of the drawing that was there: objects of before are erased, nothing of before can be undone.
     void adopt(zdr::Drawing drawing);
+    /// Hands the drawing out; nothing may be asked of the database afterwards.
+    zdr::Drawing release() { return std::move(m_drawing); }
 
     // Reading.
     const zdr::Drawing& drawing() const { return m_drawing; }
@@ -37,7 +42,8 @@ class DatabaseImp : public KelDbImpDatabase {
     const NameIdIndex& plotStyles() const { return m_plotStyles; }
     std::size_t findLinetype(zdr::NameId name) const { return m_linetypes.find(name); }
     std::size_t findPlotStyle(zdr::NameId name) const { return m_plotStyles.find(name); }
-    bool isLayerResolved(std::size_t index) const;
+    bool isLayerResolved(std::size_t index) const { return isResolved(m_drawing, m_drawing.layers[index]); }
+    bool hasUnresolvedLayers() const;
     const LayerMapping& mapping(const zdr::LayerState& state) const;
     /// What the viewport shows of the layers; null for the drawing's own.
     const zdr::LayerColumns& shown(const zdr::Viewport* viewport) const;
@@ -68,10 +74,17 @@ class DatabaseImp : public KelDbImpDatabase {
     /// A state of another drawing with the names of this one.
     zdr::LayerState translate(const zdr::LayerState& state, const zdr::NameTable& from);
     zdr::Handle newHandle() { return m_drawing.nextHandle++; }
-    /// Enters a style that a reference brought along; not undone.
+    /// A new plot style at a place of the list. The name is entered and free.
+    void insertPlotStyle(std::size_t index, zdr::PlotStyle style);
+    void removePlotStyle(std::size_t index);
+
+    // What a reference brings along; not undone.
     void appendLinetype(zdr::Linetype linetype);
     void appendPlotStyle(zdr::PlotStyle style);
-    /// Not undone either.
+    /// Many at once, at the end of the table; each gets a handle.
+    void appendLayers(std::vector<WholeLayer> layers);
+    void followLinetype(std::size_t index, const zdr::Linetype& theirs);
+    void followLayer(std::size_t index, const std::wstring& description, bool unresolvedInside);
     void setReferenceDrawing(std::size_t reference, std::shared_ptr<const zdr::Drawing> drawing);
     UndoHistory& history() { return m_history; }
     const UndoHistory& history() const { return m_history; }

@@ -89,6 +89,31 @@ zdr::LayerState DatabaseImp::translate(const zdr::LayerState& state, const zdr::
     return translateState(state, from, m_drawing.names);
 }
 
+void DatabaseImp::appendLayers(std::vector<WholeLayer> layers) {
+    if (layers.empty())
+        return;
+    for (WholeLayer& whole : layers) {
+        whole.layer.handle = newHandle();
+        m_objects.insertLayer(m_drawing.layers.size(), whole.layer.handle);
+        m_drawing.layers.push_back(std::move(whole.layer));
+        appendValues(m_drawing.columns, whole.values);
+    }
+    m_drawing.layerSet = makeLayerSet();
+    layersChanged();
+}
+
+void DatabaseImp::followLayer(std::size_t index, const std::wstring& description, bool unresolvedInside) {
+    m_drawing.layers[index].description = description;
+    m_drawing.layers[index].unresolvedInside = unresolvedInside;
+    ++m_changes;
+}
+
+void DatabaseImp::followLinetype(std::size_t index, const zdr::Linetype& theirs) {
+    m_drawing.linetypes[index].description = theirs.description;
+    m_drawing.linetypes[index].pattern = theirs.pattern;
+    ++m_changes;
+}
+
 void DatabaseImp::appendLinetype(zdr::Linetype linetype) {
     linetype.handle = newHandle();
     m_linetypes.put(linetype.name, m_drawing.linetypes.size());
@@ -102,6 +127,23 @@ void DatabaseImp::appendPlotStyle(zdr::PlotStyle style) {
     m_plotStyles.put(style.name, m_drawing.plotStyles.size());
     m_objects.appendPlotStyle(style.handle);
     m_drawing.plotStyles.push_back(std::move(style));
+    ++m_changes;
+}
+
+void DatabaseImp::insertPlotStyle(std::size_t index, zdr::PlotStyle style) {
+    style.handle = newHandle();
+    PlotStyleChange change{style.handle, index, style};
+    change.exchange(m_drawing, m_objects);
+    m_history.add(change);
+    m_plotStyles.fill(m_drawing.plotStyles);
+    ++m_changes;
+}
+
+void DatabaseImp::removePlotStyle(std::size_t index) {
+    PlotStyleChange change{m_drawing.plotStyles[index].handle, index, std::nullopt};
+    change.exchange(m_drawing, m_objects);
+    m_history.add(change);
+    m_plotStyles.fill(m_drawing.plotStyles);
     ++m_changes;
 }
 

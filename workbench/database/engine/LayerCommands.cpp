@@ -14,15 +14,15 @@ bool isBaseLayer(const zdr::Drawing& drawing, std::size_t index) {
     return zdr::equalFolded(drawing.names.text(drawing.layers[index].name), kBaseLayerName);
 }
 
-bool isUsed(const zdr::Drawing& drawing, std::size_t layer) {
+} // namespace
+
+bool isLayerUsed(const zdr::Drawing& drawing, std::size_t layer) {
     const auto onLayer = [layer](const zdr::Entity& entity) { return entity.layer == layer; };
     return std::ranges::any_of(drawing.entities, onLayer) ||
            std::ranges::any_of(drawing.layouts, [&](const zdr::Layout& layout) {
                return std::ranges::any_of(layout.entities, onLayer);
            });
 }
-
-} // namespace
 
 Vorn::ErrorStatus addLayer(DatabaseImp& database, std::wstring_view name, std::wstring description,
                            const LayerValues& values) {
@@ -56,7 +56,7 @@ Vorn::ErrorStatus removeLayer(DatabaseImp& database, std::size_t index) {
         return Vorn::eDependentRecord;
     if (isBaseLayer(drawing, index))
         return Vorn::eReservedName;
-    if (drawing.currentLayer == index || isUsed(drawing, index))
+    if (drawing.currentLayer == index || isLayerUsed(drawing, index))
         return Vorn::eRecordInUse;
     database.removeLayer(index);
     return Vorn::eOk;

@@ -17,6 +17,8 @@ Vorn::ErrorStatus removeLayer(DatabaseImp& database, std::size_t index);
 Vorn::ErrorStatus setCurrentLayer(DatabaseImp& database, std::size_t index);
 /// eCannotFreezeCurrentLayer, and nothing changed, when the values freeze the current layer.
 Vorn::ErrorStatus setLayerValues(DatabaseImp& database, std::size_t index, const LayerValues& values);
+/// Whether something drawn lies on a layer.
+bool isLayerUsed(const zdr::Drawing& drawing, std::size_t layer);
 /// Whether a lineweight is one of the 24 widths or by layer (-1), by block (-2), default (-3).
 bool isLineWeight(int weight);
 

@@ -34,9 +34,11 @@ class ObjectDirectory {
     void insertState(std::size_t index, zdr::Handle handle) { insert(m_states, index, handle, ObjectKind::State); }
     void removeState(std::size_t index) { remove(m_states, index); }
     void appendLinetype(zdr::Handle handle) { insert(m_linetypes, m_linetypes.size(), handle, ObjectKind::Linetype); }
-    void appendPlotStyle(zdr::Handle handle) {
-        insert(m_plotStyles, m_plotStyles.size(), handle, ObjectKind::PlotStyle);
+    void appendPlotStyle(zdr::Handle handle) { insertPlotStyle(m_plotStyles.size(), handle); }
+    void insertPlotStyle(std::size_t index, zdr::Handle handle) {
+        insert(m_plotStyles, index, handle, ObjectKind::PlotStyle);
     }
+    void removePlotStyle(std::size_t index) { remove(m_plotStyles, index); }
 
   private:
     using List = std::vector<KelDbStub*>;

@@ -1,11 +1,15 @@
-// See ReferenceAttachment.h. A layer that the drawing knows from before keeps the values that the drawing has for it.
-// Linetypes and plot styles that the drawing has under the same name are taken for the reference's; the others come in
-// under "name!style".
+// See ReferenceAttachment.h. A layer that the drawing knows from before keeps the values that the drawing has for it;
+// one that the reference no longer has goes, unless the drawing needs it. Linetypes and plot styles that the drawing
+// has under the same name are taken for the reference's; the others come in under "name!style".
 
 #include "ReferenceAttachment.h"
 
+#include "LayerCommands.h"
 #include "LayerStates.h"
 #include "values/NameRules.h"
+
+#include <algorithm>
+#include <unordered_set>
 
 namespace engine {
 namespace {
@@ -24,9 +28,10 @@ class Attachment {
             enterPlotStyle(style);
         for (std::size_t layer = 0; layer < m_from.layers.size(); ++layer)
             enterLayer(layer);
+        dropLayersThatAreGone();
+        m_database.appendLayers(std::move(m_fresh));
         for (const zdr::LayerState& state : m_from.states)
-            if (state.reference == zdr::kNone)
-                enterState(state);
+            enterState(state);
     }
 
   private:
@@ -37,10 +42,15 @@ class Attachment {
     void enterLinetype(zdr::Linetype linetype) {
         const zdr::NameId own = m_database.drawing().names.find(m_from.names.text(linetype.name));
         const bool has = own != zdr::kNoName && m_database.hasLinetype(own);
-        const zdr::NameId name = m_styles[linetype.name] = has ? own : prefixed(linetype.name);
-        if (m_database.hasLinetype(name))
+        if (has) {
+            m_styles[linetype.name] = own;
             return;
-        linetype.name = name;
+        }
+        linetype.name = m_styles[linetype.name] = prefixed(linetype.name);
+        if (m_database.hasLinetype(linetype.name)) {
+            m_database.followLinetype(m_database.findLinetype(linetype.name), linetype);
+            return;
+        }
         m_database.appendLinetype(std::move(linetype));
     }
 
@@ -62,13 +72,31 @@ class Attachment {
     }
 
     void enterLayer(std::size_t index) {
-        const zdr::NameId name = prefixed(m_from.layers[index].name);
-        if (m_database.findLayer(name) != zdr::kNone)
+        const zdr::Layer& theirs = m_from.layers[index];
+        const zdr::NameId name = prefixed(theirs.name);
+        const bool unresolved = !isResolved(m_from, theirs);
+        m_names.insert(name);
+        if (const std::size_t known = m_database.findLayer(name); known != zdr::kNone) {
+            m_database.followLayer(known, theirs.description, unresolved);
             return;
+        }
         LayerValues values = valuesAt(m_from.columns, index);
         values.linetype = styleName(values.linetype);
         values.plotStyle = styleName(values.plotStyle);
-        m_database.appendLayer({name, 0, m_from.layers[index].description, m_reference}, values);
+        m_fresh.push_back({{name, 0, theirs.description, m_reference, unresolved}, values, {}, {}});
+    }
+
+    void dropLayersThatAreGone() {
+        const zdr::Drawing& drawing = m_database.drawing();
+        for (std::size_t index = drawing.layers.size(); index-- > 0;) {
+            const zdr::Layer& layer = drawing.layers[index];
+            if (layer.reference != m_reference || m_names.contains(layer.name))
+                continue;
+            if (index == drawing.currentLayer || isLayerUsed(drawing, index))
+                m_database.followLayer(index, layer.description, true);
+            else
+                m_database.removeLayer(index);
+        }
     }
 
     std::shared_ptr<const zdr::LayerSet> layerSet(const std::shared_ptr<const zdr::LayerSet>& set) {
@@ -104,7 +132,9 @@ class Attachment {
     const std::size_t m_reference;
     const zdr::Drawing& m_from;
     const std::wstring m_prefix;
-    std::vector<zdr::NameId> m_styles; // the drawing's names by the reference's
+    std::vector<zdr::NameId> m_styles;       // the drawing's names by the reference's
+    std::unordered_set<zdr::NameId> m_names; // of all layers that the reference has
+    std::vector<WholeLayer> m_fresh;         // layers that the drawing doesn't know yet
     std::shared_ptr<const zdr::LayerSet> m_lastSet, m_lastEntered;
 };
 
@@ -114,10 +144,24 @@ void dropStates(DatabaseImp& database, std::size_t reference) {
             database.removeState(index);
 }
 
+// A referenced drawing together with what its own references bring: their layers stand in it, and come along with its
+// own as "a!b!layer".
+std::shared_ptr<const zdr::Drawing> withItsReferences(const DatabaseImp& database,
+                                                      std::shared_ptr<const zdr::Drawing> drawing) {
+    const auto isThere = [](const zdr::Reference& reference) { return reference.drawing != nullptr; };
+    if (!drawing || std::ranges::none_of(drawing->references, isThere))
+        return drawing;
+    const auto inner = std::make_unique<DatabaseImp>(database.owner()); // not on the stack: this may nest deeply
+    inner->adopt(*drawing);
+    attachReferences(*inner);
+    return std::make_shared<const zdr::Drawing>(inner->release());
+}
+
 } // namespace
 
 void attachReference(DatabaseImp& database, std::size_t reference, std::shared_ptr<const zdr::Drawing> drawing) {
     dropStates(database, reference);
+    drawing = withItsReferences(database, std::move(drawing));
     database.setReferenceDrawing(reference, drawing);
     if (drawing)
         Attachment(database, reference, *drawing).run();

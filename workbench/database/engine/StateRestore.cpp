@@ -80,9 +80,8 @@ class Restore {
 
     // Layers of the drawing that the state holds and whose reference is not there.
     std::vector<std::size_t> unresolvedRows() const {
-        const zdr::Drawing& drawing = m_database.drawing();
         std::vector<std::size_t> rows;
-        if (std::ranges::all_of(drawing.references, [](const zdr::Reference& item) { return item.drawing != nullptr; }))
+        if (!m_database.hasUnresolvedLayers())
             return rows;
         for (const LayerMapping::Run& run : m_mapping.runs)
             for (std::size_t layer = run.drawing; layer < run.drawing + run.count; ++layer)

@@ -14,6 +14,7 @@ StepContent contentOf(const std::vector<Change>& changes) {
     StepContent content;
     for (const Change& change : changes) {
         content.states |= std::holds_alternative<StateChange>(change);
+        content.plotStyles |= std::holds_alternative<PlotStyleChange>(change);
         content.layers |=
             std::holds_alternative<LayerChange>(change) || std::holds_alternative<LayerListChange>(change);
     }

@@ -11,7 +11,7 @@ namespace engine {
 
 /// What a step changed, as far as finding things by name goes.
 struct StepContent {
-    bool layers = false, states = false;
+    bool layers = false, states = false, plotStyles = false;
 };
 
 class UndoHistory {

@@ -8,8 +8,6 @@ namespace zdr {
 namespace {
 
 constexpr std::size_t kLongestName = 255;
-// The names of a reference, of those nested in it, and of the layer or style itself, with "!" between them.
-constexpr std::size_t kLongestReferenceName = 32 * (kLongestName + 1);
 
 void checkName(std::wstring_view name, const Place& place, std::size_t longest = kLongestName) {
     if (name.empty())

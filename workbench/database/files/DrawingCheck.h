@@ -14,6 +14,10 @@ inline constexpr std::uint32_t kColorByLayer = 256;
 constexpr bool isColor(std::uint32_t color) {
     return static_cast<bool>(static_cast<int>(color <= kColorByLayer) | static_cast<int>(color >> 24 == 0xC2));
 }
+/// The longest name of a layer or style of a reference: the names of the references that it is nested in and its own,
+/// with "!" between them.
+inline constexpr std::size_t kLongestReferenceName = 32 * 256;
+
 /// Whether a lineweight lies in the range of the known ones.
 constexpr bool isLineWeight(std::int16_t weight) {
     return static_cast<bool>(static_cast<int>(weight >= -3) & static_cast<int>(weight <= 211));

@@ -1,6 +1,7 @@
 // Resolving references.
 #include "References.h"
 
+#include "DrawingCheck.h"
 #include "DrawingFile.h"
 #include "TextCoding.h"
 
@@ -10,9 +11,10 @@
 namespace zdr {
 namespace {
 
-// Drawings that refer to each other crosswise open into very many nested ones.
-constexpr std::size_t kMostReads = 1000;
-constexpr std::size_t kDeepest = 64;
+// Drawings that refer to each other crosswise open into very many nested ones, each with layers of its own.
+constexpr std::size_t kMostShown = 1000;
+constexpr std::size_t kDeepest = 256;
+constexpr std::size_t kLongestLayerName = 255;
 
 /// One spelling for one file.
 std::wstring identity(const std::wstring& path) {
@@ -26,63 +28,83 @@ std::wstring identity(const std::wstring& path) {
 #endif
 }
 
+/// What nests in a drawing.
+struct Nesting {
+    std::size_t drawings = 0;   // each as often as it is shown
+    std::size_t depth = 0;      // of references within references
+    std::size_t nameLength = 0; // of the longest run of their names, "a!b!"
+};
+
+/// A drawing that was read, with what nests in it.
+struct Shown {
+    std::shared_ptr<const Drawing> drawing; // null for one that can't be shown
+    Nesting inside;
+};
+
 class Resolver {
   public:
     explicit Resolver(std::vector<ReferenceProblem>& problems) : m_problems(problems) {}
-    void resolve(Drawing& drawing, const std::wstring& path, const std::wstring& prefix);
+    Nesting resolve(Drawing& drawing, const std::wstring& path, const std::wstring& prefix);
 
   private:
-    std::shared_ptr<const Drawing> load(const std::wstring& path, const std::wstring& name);
-    std::shared_ptr<const Drawing> read(const std::wstring& path, const std::wstring& id, const std::wstring& name);
-    void problem(const std::wstring& name, const std::wstring& path, const std::wstring& reason) {
+    Shown load(const std::wstring& path, const std::wstring& name);
+    Shown read(const std::wstring& path, const std::wstring& id, const std::wstring& name);
+    bool isTooMuch(const std::wstring& name, const Nesting& inside) const {
+        return m_open.size() + inside.depth > kDeepest || m_shown + 1 + inside.drawings > kMostShown ||
+               name.size() + 1 + inside.nameLength + kLongestLayerName > kLongestReferenceName;
+    }
+    Shown refuse(const std::wstring& name, const std::wstring& path, const std::wstring& reason) {
         m_problems.push_back({name, path, reason});
+        return {};
     }
 
     std::vector<ReferenceProblem>& m_problems;
-    std::vector<std::wstring> m_open;                              // identities, from the outermost drawing inwards
-    std::map<std::wstring, std::shared_ptr<const Drawing>> m_read; // by identity; only those without any problem
-    std::size_t m_reads = 0;
+    std::vector<std::wstring> m_open;     // identities, from the outermost drawing inwards
+    std::map<std::wstring, Shown> m_read; // by identity; only those without any problem
+    std::size_t m_shown = 0;
 };
 
-void Resolver::resolve(Drawing& drawing, const std::wstring& path, const std::wstring& prefix) {
+Nesting Resolver::resolve(Drawing& drawing, const std::wstring& path, const std::wstring& prefix) {
     m_open.push_back(identity(path));
     const std::filesystem::path folder = systemPath(path).parent_path();
-    for (Reference& reference : drawing.references)
+    Nesting inside;
+    for (Reference& reference : drawing.references) {
         // An absolute path replaces the folder.
-        reference.drawing = load(widePath(folder / systemPath(reference.path)), prefix + reference.name);
+        const Shown shown = load(widePath(folder / systemPath(reference.path)), prefix + reference.name);
+        reference.drawing = shown.drawing;
+        inside.drawings += shown.drawing ? 1 + shown.inside.drawings : 0;
+        inside.depth = std::max(inside.depth, 1 + shown.inside.depth);
+        inside.nameLength = std::max(inside.nameLength, reference.name.size() + 1 + shown.inside.nameLength);
+    }
     m_open.pop_back();
+    return inside;
 }
 
-std::shared_ptr<const Drawing> Resolver::load(const std::wstring& path, const std::wstring& name) {
+Shown Resolver::load(const std::wstring& path, const std::wstring& name) {
     const std::wstring id = identity(path);
-    if (std::find(m_open.begin(), m_open.end(), id) != m_open.end()) {
-        problem(name, path, L"The file \"" + path + L"\" isn't shown here, because it refers to itself.");
-        return nullptr;
-    }
-    if (const auto known = m_read.find(id); known != m_read.end())
-        return known->second;
-    if (m_open.size() > kDeepest || m_reads >= kMostReads) {
-        problem(name, path, L"The file \"" + path + L"\" isn't shown here, because too many references are nested.");
-        return nullptr;
-    }
-    return read(path, id, name);
+    if (std::find(m_open.begin(), m_open.end(), id) != m_open.end())
+        return refuse(name, path, L"The file \"" + path + L"\" isn't shown here, because it refers to itself.");
+    const auto known = m_read.find(id);
+    const Nesting inside = known == m_read.end() ? Nesting{} : known->second.inside;
+    if (isTooMuch(name, inside))
+        return refuse(name, path,
+                      L"The file \"" + path + L"\" isn't shown here, because too many references are nested.");
+    m_shown += 1 + inside.drawings;
+    return known == m_read.end() ? read(path, id, name) : known->second;
 }
 
-std::shared_ptr<const Drawing> Resolver::read(const std::wstring& path, const std::wstring& id,
-                                              const std::wstring& name) {
-    ++m_reads;
+Shown Resolver::read(const std::wstring& path, const std::wstring& id, const std::wstring& name) {
     auto drawing = std::make_shared<Drawing>();
     std::wstring reason;
-    if (readDrawingFile(path, *drawing, reason) != Vorn::eOk) {
-        problem(name, path, reason);
-        return nullptr;
-    }
+    if (readDrawingFile(path, *drawing, reason) != Vorn::eOk)
+        return refuse(name, path, reason);
     const std::size_t before = m_problems.size();
-    resolve(*drawing, path, name + L"!");
+    const Nesting inside = resolve(*drawing, path, name + L"!");
+    const Shown shown{drawing, inside};
     // With a problem inside it may look different elsewhere: a drawing that leads back to itself here needn't there.
     if (m_problems.size() == before)
-        m_read.emplace(id, drawing);
-    return drawing;
+        m_read.emplace(id, shown);
+    return shown;
 }
 
 } // namespace

@@ -40,6 +40,8 @@ struct Layer {
     Handle handle = 0;
     std::wstring description;
     std::size_t reference = kNone; ///< index of the reference that the layer comes from
+    bool unresolvedInside =
+        false; ///< the reference's drawing is there, but what brings the layer to it isn't; not saved
 };
 
 /// A layer state. Its columns run parallel to its layer set.

@@ -5,11 +5,15 @@
 #include "ObjectState.h"
 #include "RtClass.h"
 #include "engine/LayerStates.h"
+#include "values/NameRules.h"
+
+#include <algorithm>
 
 using engine::ObjectKind;
 using instruments::HostCall;
 
 KELRT_DEFINE_CLASS(KelDbXrecord, KelDbObject)
+KELRT_DEFINE_CLASS(KelDbPlaceHolder, KelDbObject)
 KELRT_DEFINE_CLASS(KelDbDictionary, KelDbObject)
 KELRT_DEFINE_CLASS(KelDbDictionaryWithDefault, KelDbDictionary)
 
@@ -30,6 +34,15 @@ KelDbObject* KelDbXrecord::clone() const {
     return call.answer<KelDbObject*>(copy);
 }
 
+KelDbPlaceHolder::KelDbPlaceHolder() {
+    state()->memory = engine::MemoryPlaceHolder{};
+}
+
+KelDbObject* KelDbPlaceHolder::clone() const {
+    HostCall call("clone", objectId());
+    return call.answer<KelDbObject*>(call.fault() ? nullptr : new KelDbPlaceHolder);
+}
+
 namespace {
 
 KelDbStub* findEntry(const KelDbStub& dictionary, std::wstring_view name) {
@@ -45,12 +58,10 @@ KelDbStub* findEntry(const KelDbStub& dictionary, std::wstring_view name) {
 }
 
 // Only the copy of a state's record can be entered, and only in the drawing that it came from.
-Vorn::ErrorStatus putRecord(KelDbStub& dictionary, const wchar_t* name, KelDbObject* object, KelDbObjectId& id) {
-    if (!dictionary.openForWrite)
-        return Vorn::eNotOpenForWrite;
-    auto* record = object ? std::get_if<engine::MemoryRecord>(&object->state()->memory) : nullptr;
-    engine::DatabaseImp& database = *dictionary.database;
-    if (dictionary.kind != ObjectKind::StateDictionary || !record || object->state()->stub || !name)
+Vorn::ErrorStatus putRecord(engine::DatabaseImp& database, const wchar_t* name, KelDbObject& object,
+                            KelDbObjectId& id) {
+    const auto* record = std::get_if<engine::MemoryRecord>(&object.state()->memory);
+    if (!record)
         return Vorn::eInvalidInput;
     if (record->drawing.expired() || record->drawing.lock() != database.identity().lock())
         return Vorn::eInvalidInput;
@@ -58,9 +69,35 @@ Vorn::ErrorStatus putRecord(KelDbStub& dictionary, const wchar_t* name, KelDbObj
     if (status != Vorn::eOk)
         return status;
     KelDbStub* stub = database.objects().state(database.findState(name));
-    engine::becomeResident(*object, *stub);
+    engine::becomeResident(object, *stub);
     id = KelDbObjectId(stub);
     return Vorn::eOk;
+}
+
+Vorn::ErrorStatus putPlotStyle(engine::DatabaseImp& database, const wchar_t* name, KelDbObject& object,
+                               KelDbObjectId& id) {
+    if (!std::holds_alternative<engine::MemoryPlaceHolder>(object.state()->memory))
+        return Vorn::eInvalidInput;
+    std::size_t index = database.findPlotStyle(database.drawing().names.find(name));
+    if (index != zdr::kNone)
+        database.removePlotStyle(index);
+    else if (const Vorn::ErrorStatus status = engine::checkName(name); status != Vorn::eOk)
+        return status;
+    index = std::min(index, database.drawing().plotStyles.size());
+    database.insertPlotStyle(index, {database.intern(name), 0});
+    KelDbStub* stub = database.objects().plotStyle(index);
+    engine::becomeResident(object, *stub);
+    id = KelDbObjectId(stub);
+    return Vorn::eOk;
+}
+
+Vorn::ErrorStatus put(KelDbStub& dictionary, const wchar_t* name, KelDbObject* object, KelDbObjectId& id) {
+    if (!dictionary.openForWrite)
+        return Vorn::eNotOpenForWrite;
+    if (!name || !object || object->state()->stub)
+        return Vorn::eInvalidInput;
+    const bool states = dictionary.kind == ObjectKind::StateDictionary;
+    return (states ? putRecord : putPlotStyle)(*dictionary.database, name, *object, id);
 }
 
 } // namespace
@@ -85,7 +122,7 @@ Vorn::ErrorStatus KelDbDictionary::setAt(const wchar_t* name, KelDbObject* objec
     KelDbStub* dictionary = engine::liveStub(*this);
     if (!dictionary)
         return call.answer(Vorn::eNotApplicable);
-    const Vorn::ErrorStatus status = putRecord(*dictionary, name, object, id);
+    const Vorn::ErrorStatus status = put(*dictionary, name, object, id);
     call.out("id", id);
     return call.answer(status);
 }

@@ -9,12 +9,6 @@
 namespace engine {
 namespace {
 
-/// An object that has nothing but its name.
-class NamedObject : public KelDbObject {
-  public:
-    explicit NamedObject(KelDbObjectState* state) : KelDbObject(state) {}
-};
-
 KelDbObject* makeObject(KelDbStub& stub) {
     auto* state = new KelDbObjectState{&stub, {}};
     switch (stub.kind) {
@@ -37,7 +31,7 @@ KelDbObject* makeObject(KelDbStub& stub) {
     case ObjectKind::PlotStyle:
         break;
     }
-    return new NamedObject(state);
+    return new KelDbPlaceHolder(state);
 }
 
 void enterInLedger(const KelDbStub& stub, bool forWrite) {
@@ -53,6 +47,8 @@ Vorn::ErrorStatus openObject(KelDbObject*& object, KelDbObjectId id, int mode, c
     KelDbStub* stub = id.stub();
     if (!stub)
         return Vorn::eNullObjectId;
+    if (mode != KelDb::kForRead && mode != KelDb::kForWrite)
+        return Vorn::eInvalidInput;
     if (stub->erased && !openErased)
         return Vorn::eWasErased;
     if (stub->openForWrite)

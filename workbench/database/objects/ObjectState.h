@@ -26,6 +26,9 @@ struct MemoryRecord {
     std::weak_ptr<const void> drawing;
 };
 
+/// A placeholder that is in no dictionary yet.
+struct MemoryPlaceHolder {};
+
 } // namespace engine
 
 /// The way from a database to its internal side without a line in the trace.
@@ -35,7 +38,7 @@ struct KelDbDatabaseAccess {
 
 struct KelDbObjectState {
     KelDbStub* stub = nullptr; ///< null for an object in memory
-    std::variant<std::monostate, engine::MemoryLayer, engine::MemoryRecord> memory;
+    std::variant<std::monostate, engine::MemoryLayer, engine::MemoryRecord, engine::MemoryPlaceHolder> memory;
 };
 
 namespace engine {
