@@ -58,6 +58,12 @@ class Batch {
         m_inputs.push_back(input);
     }
     void move(POINT point) { mouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, point); }
+    // Names the place with each press and release: on a busy system the X server tells of an older place of the pointer
+    // after the move to the new one.
+    void button(DWORD flags) {
+        move(g_target);
+        mouse(flags);
+    }
     void send() {
         SendInput(static_cast<UINT>(m_inputs.size()), m_inputs.data(), sizeof(INPUT));
         m_inputs.clear();
@@ -112,8 +118,8 @@ void click(int times, unsigned held) {
     Batch batch;
     batch.holdAll(held, true);
     for (int i = 0; i < times; ++i) {
-        batch.mouse(MOUSEEVENTF_LEFTDOWN);
-        batch.mouse(MOUSEEVENTF_LEFTUP);
+        batch.button(MOUSEEVENTF_LEFTDOWN);
+        batch.button(MOUSEEVENTF_LEFTUP);
     }
     batch.holdAll(held, false);
     batch.send();
@@ -125,13 +131,13 @@ void click(int times, unsigned held) {
 void pressButton() {
     waitOutDoubleClick(g_target);
     Batch batch;
-    batch.mouse(MOUSEEVENTF_LEFTDOWN);
+    batch.button(MOUSEEVENTF_LEFTDOWN);
     batch.send();
 }
 
 void releaseButton() {
     Batch batch;
-    batch.mouse(MOUSEEVENTF_LEFTUP);
+    batch.button(MOUSEEVENTF_LEFTUP);
     batch.send();
 }
 
