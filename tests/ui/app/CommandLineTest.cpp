@@ -69,3 +69,51 @@ TEST_F(CommandLineTest, ListsTheCommandsOnF1) {
     script.press(VK_F1).then(said(L"QUIT - Ends the Workbench.")).then(command(L"quit"));
     runWith(script);
 }
+
+TEST_F(CommandLineTest, TabCompletesWhatStandsBeforeTheCaret) {
+    Script script;
+    script.type(L"laye").press(VK_TAB).then(expectTyped(L"LAYER "));
+    script.type(L"th").press(VK_TAB).then(expectTyped(L"LAYER THAW "));
+    script.type(L"b").press(VK_TAB).then(expectTyped(L"LAYER THAW Base "));
+    script.press(VK_RETURN).then(said(L"1 layer is thawed.")).then(command(L"QUIT"));
+    script.then(answerBox(L"Save the changes", IDNO));
+    runWith(script);
+}
+
+TEST_F(CommandLineTest, TabListsWhatItCouldBe) {
+    Script script;
+    script.type(L"RE").press(VK_TAB).then(said(L"REDO  REGEN  RELOAD")).then(expectTyped(L"RE"));
+    script.press(VK_ESCAPE).then(expectTyped(L"")).then(command(L"QUIT"));
+    runWith(script);
+}
+
+TEST_F(CommandLineTest, EnterAloneRepeatsTheLastLine) {
+    Script script;
+    script.then(command(L"LAYER LIST")).then(said(L"Base: on"));
+    script.press(VK_RETURN).then(said(L"(current)\r\nCommand: LAYER LIST\r\nBase: on")).then(command(L"QUIT"));
+    runWith(script);
+}
+
+TEST_F(CommandLineTest, EnterAloneAtTheStartDoesNothing) {
+    Script script;
+    script.press(VK_RETURN).then(command(L"LAYER LIST")).then(said(L"Base: on"));
+    script
+        .look("nothing was said before",
+              [](const View& view) {
+                  EXPECT_TRUE(
+                      View(view.control(IDC_COMMAND_PANE)).text(IDC_COMMAND_HISTORY).starts_with(L"Command: LAYER"));
+              })
+        .then(command(L"QUIT"));
+    runWith(script);
+}
+
+TEST_F(CommandLineTest, KeysAndMenuItemsRunCommands) {
+    Script script;
+    script.press('N', ui::holdControl).then(said(L"Command: NEW\r\nA new drawing is open."));
+    script.press(VK_OEM_PLUS, ui::holdControl).then(said(L"Command: ZOOM IN"));
+    script.press(VK_OEM_MINUS, ui::holdControl).then(said(L"Command: ZOOM OUT"));
+    script.press(VK_F5).then(said(L"Command: REGEN"));
+    script.pressAlt(L'o').press('Y').then(said(L"Command: LAYER LIST"));
+    script.then(command(L"QUIT"));
+    runWith(script);
+}

@@ -77,9 +77,35 @@ class DrawingViewTest : public WorkbenchTest {
         return script;
     }
 
+    workbench::DrawingView& shown() const {
+        return *static_cast<workbench::DrawingView*>(
+            CWnd::FromHandlePermanent(GetDlgItem(window->m_hWnd, IDC_DRAWING_VIEW)));
+    }
+
     int number = 0;
     std::wstring layout;
 };
+
+void sendMouse(DWORD flags) {
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = flags;
+    SendInput(1, &input, sizeof input);
+}
+
+/// Brings the pointer to a place beside the middle of the view, and sends these inputs there.
+Script mouseAt(int right, int down, std::vector<DWORD> inputs) {
+    Script script;
+    script.step("use the mouse in the view", [=](const View& view) -> ui::Obstacle {
+        const POINT middle = ui::middleOf(viewRect(view));
+        if (!ui::pointerRestsAt({middle.x + right, middle.y + down}))
+            return "the pointer is under way";
+        for (const DWORD input : inputs)
+            sendMouse(input);
+        return std::nullopt;
+    });
+    return script;
+}
 
 } // namespace
 
@@ -199,5 +225,147 @@ TEST_F(DrawingViewTest, AClickOnATabShowsItsSpace) {
         .then(clickTab(0))
         .waitUntil("the model tab is shown", [this](const View&) { return !session().drawing().activeLayout; })
         .then(command(L"QUIT"));
+    runWith(script);
+}
+
+TEST_F(DrawingViewTest, TheMiddleButtonDragsTheDrawingAlong) {
+    writeRedLine();
+    zdr::Point before;
+    Script script;
+    script.then(open())
+        .look("where the origin is",
+              [&](const View&) {
+                  before = shown().view().toScreen({0, 0});
+              })
+        .then(mouseAt(0, 0, {MOUSEEVENTF_MIDDLEDOWN}))
+        .then(mouseAt(60, 30, {}))
+        .waitUntil("the drawing has followed",
+                   [&](const View&) {
+                       const zdr::Point now = shown().view().toScreen({0, 0});
+                       return now.x - before.x == 60 && now.y - before.y == 30;
+                   })
+        .then(mouseAt(60, 30, {MOUSEEVENTF_MIDDLEUP}))
+        .then(mouseAt(0, 0, {}))
+        .look("it stays when the button is up",
+              [&](const View&) {
+                  EXPECT_EQ(shown().view().toScreen({0, 0}).x, before.x + 60);
+              })
+        .then(command(L"QUIT"));
+    runWith(script);
+}
+
+TEST_F(DrawingViewTest, ADoubleClickOfTheMiddleButtonShowsAllOfIt) {
+    writeRedLine();
+    double before = 0;
+    Script script;
+    script.then(open())
+        .look("the scale at first", [&](const View&) { before = shown().view().scale(); })
+        .then(command(L"ZOOM IN"))
+        .then(said(L"Zoomed in."))
+        .then(
+            mouseAt(0, 0, {MOUSEEVENTF_MIDDLEDOWN, MOUSEEVENTF_MIDDLEUP, MOUSEEVENTF_MIDDLEDOWN, MOUSEEVENTF_MIDDLEUP}))
+        .waitUntil("the scale of the beginning", [&](const View&) { return shown().view().scale() == before; })
+        .then(command(L"QUIT"));
+    runWith(script);
+}
+
+TEST_F(DrawingViewTest, TheWheelKeepsWhatIsUnderThePointer) {
+    writeRedLine();
+    zdr::Point held;
+    double scale = 0;
+    const auto pointer = [this] {
+        POINT point{};
+        GetCursorPos(&point);
+        ScreenToClient(shown().m_hWnd, &point);
+        return shown().view().toPlane({static_cast<double>(point.x), static_cast<double>(point.y)});
+    };
+    Script script;
+    script.then(open())
+        .then(mouseAt(100, 50, {}))
+        .look("what is there",
+              [&](const View&) {
+                  held = pointer();
+                  scale = shown().view().scale();
+              })
+        .step("turn the wheel",
+              [](const View&) -> ui::Obstacle {
+                  INPUT turn{};
+                  turn.type = INPUT_MOUSE;
+                  turn.mi.dwFlags = MOUSEEVENTF_WHEEL;
+                  turn.mi.mouseData = 2 * WHEEL_DELTA;
+                  SendInput(1, &turn, sizeof turn);
+                  return std::nullopt;
+              })
+        .waitUntil("the same is there, larger", [&](const View&) { return shown().view().scale() > 1.5 * scale; })
+        .look("it is the same",
+              [&](const View&) {
+                  EXPECT_NEAR(pointer().x, held.x, 1e-6);
+                  EXPECT_NEAR(pointer().y, held.y, 1e-6);
+              })
+        .then(command(L"QUIT"));
+    runWith(script);
+}
+
+TEST_F(DrawingViewTest, KeysMoveTheDrawingAndTurnThePages) {
+    writeRedLine();
+    zdr::Point before;
+    const auto moved = [&] {
+        const zdr::Point now = shown().view().toScreen({0, 0});
+        return std::pair(now.x - before.x, now.y - before.y);
+    };
+    Script script;
+    script.then(open()).look("where the origin is", [&](const View&) { before = shown().view().toScreen({0, 0}); });
+    script.press(VK_LEFT, ui::holdAlt).waitUntil("to the right", [=](const View&) { return moved().first > 20; });
+    script.press(VK_UP, ui::holdAlt).waitUntil("down", [=](const View&) { return moved().second > 20; });
+    script.press(VK_RIGHT, ui::holdAlt).press(VK_DOWN, ui::holdAlt).waitUntil("and back", [=](const View&) {
+        return std::abs(moved().first) < 1 && std::abs(moved().second) < 1;
+    });
+    script.press(VK_NEXT, ui::holdControl).waitUntil("the sheet", [this](const View&) {
+        return session().drawing().activeLayout == 0u;
+    });
+    script.press(VK_NEXT, ui::holdControl).waitUntil("the model tab again", [this](const View&) {
+        return !session().drawing().activeLayout;
+    });
+    script.press(VK_PRIOR, ui::holdControl).waitUntil("the sheet from the other side", [this](const View&) {
+        return session().drawing().activeLayout == 0u;
+    });
+    script.then(command(L"QUIT"));
+    runWith(script);
+}
+
+TEST_F(DrawingViewTest, TheTabOfTheSpaceOnViewIsAlwaysInSight) {
+    zdr::Drawing drawing = session().drawing();
+    for (int i = 2; i <= 60; ++i)
+        drawing.layouts.push_back({L"Layout" + std::to_wstring(i), 420, 297, {}, {}});
+    session().rebuild(drawing);
+    const auto tabRect = [](const View& view, std::size_t tab) {
+        CRect rect =
+            static_cast<workbench::SpaceTabs*>(CWnd::FromHandlePermanent(view.control(IDC_SPACE_TABS)))->tabRect(tab);
+        return std::pair(static_cast<int>(rect.left), static_cast<int>(rect.right));
+    };
+    Script script;
+    script.waitUntil("the tabs are drawn", [=](const View& view) { return tabRect(view, 1).first > 0; });
+    script.press(VK_PRIOR, ui::holdControl).waitUntil("the last tab has come into sight", [=](const View& view) {
+        const RECT bar = view.rect(IDC_SPACE_TABS);
+        const auto [left, right] = tabRect(view, 60);
+        return left > 0 && right <= bar.right - bar.left;
+    });
+    script.then(command(L"QUIT")).then(answerBox(L"Save the changes", IDNO));
+    runWith(script);
+}
+
+TEST_F(DrawingViewTest, AViewportShowsItsOverrides) {
+    writeRedLine();
+    Script script;
+    script.then(open())
+        .then(command(L"LAYOUT " + layout))
+        .then(expectRed("the line is red", [](long red) { return red > 50; }))
+        .then(command(L"VPLAYER COLOUR 0,255,0 Red IN all"))
+        .then(expectRed("it isn't red any more", [](long red) { return red == 0; }))
+        .look("but green", [](const View& view) { EXPECT_GT(count(view, RGB(0, 255, 0)), 50); })
+        .then(command(L"MODEL"))
+        .then(expectRed("in model space it is red", [](long red) { return red > 50; }))
+        .then(command(L"QUIT"))
+        .then(answerBox(L"Save the changes", IDNO));
     runWith(script);
 }

@@ -59,3 +59,12 @@ TEST(CommandHistory, WithoutLinesAnswersWhatIsTyped) {
     EXPECT_EQ(history.previous(L"abc"), L"abc");
     EXPECT_EQ(history.next(L"abc"), L"abc");
 }
+
+TEST(CommandHistory, KnowsTheLineThatWasRunLast) {
+    CommandHistory history;
+    EXPECT_EQ(history.last(), L"");
+    history.add(L"one");
+    history.add(L"two");
+    history.previous(L"");
+    EXPECT_EQ(history.last(), L"two");
+}

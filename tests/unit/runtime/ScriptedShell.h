@@ -15,6 +15,9 @@ class ScriptedShell : public workbench::Shell {
     std::optional<std::wstring> chosenFile;
     std::wstring proposal;
     int replaced = 0, changed = 0, zoomed = 0, quits = 0;
+    double scale = 1;
+    std::vector<std::wstring> scriptLines;
+    bool takesScripts = true;
 
     void print(const std::wstring& text) override { printed += text; }
     void echo(const std::wstring& text) override { printed += text; }
@@ -39,5 +42,11 @@ class ScriptedShell : public workbench::Shell {
     void drawingReplaced() override { ++replaced; }
     void drawingChanged() override { ++changed; }
     void zoomExtents() override { ++zoomed; }
+    void zoomBy(double factor) override { scale *= factor; }
+    bool runScript(const std::vector<std::wstring>& lines) override {
+        if (takesScripts)
+            scriptLines = lines;
+        return takesScripts;
+    }
     void quit() override { ++quits; }
 };

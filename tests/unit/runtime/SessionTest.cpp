@@ -226,13 +226,13 @@ TEST_F(SessionTest, ShowsLayoutsByNameAndTab) {
     session.showTab(9);
     EXPECT_EQ(session.drawing().activeLayout, 0u);
     run(L"LAYOUT Nowhere");
-    EXPECT_THAT(shell.printed, EndsWith(L"The drawing has no layout \"Nowhere\".\n"));
+    EXPECT_THAT(shell.printed, EndsWith(L"The drawing has no layout \"Nowhere\": give one of \"Layout1\".\n"));
     EXPECT_FALSE(session.isModified()) << "looking at a drawing is no change that has to be saved";
 }
 
 TEST_F(SessionTest, MakesAViewportCurrent) {
     run(L"VPORT 2");
-    EXPECT_THAT(shell.printed, EndsWith(L"The model tab has no viewports; LAYOUT shows a layout.\n"));
+    EXPECT_THAT(shell.printed, EndsWith(L"The model tab has no viewports: LAYOUT shows a layout.\n"));
     session.showTab(1);
     const auto& viewport = session.drawing().layouts.at(0).viewports.at(0);
     run(L"VPORT " + std::to_wstring(viewport.number));
@@ -242,18 +242,49 @@ TEST_F(SessionTest, MakesAViewportCurrent) {
     EXPECT_EQ(session.drawing().currentViewport, std::nullopt);
     EXPECT_TRUE(keledGetCurViewportObjectId().isNull());
     run(L"VPORT 77");
-    EXPECT_THAT(shell.printed, EndsWith(L"The layout has no viewport 77.\n"));
+    EXPECT_THAT(shell.printed, EndsWith(L"The layout has no viewport 77: give 2, or NONE.\n"));
     run(L"VPORT x");
-    EXPECT_THAT(shell.printed, EndsWith(L"VPORT takes the number of a viewport, or \"none\".\n"));
+    EXPECT_THAT(shell.printed, EndsWith(L"VPORT takes the number of a viewport, or NONE.\n"));
 }
 
 TEST_F(SessionTest, ZoomsToTheExtents) {
     run(L"ZOOM E");
     run(L"z extents");
     EXPECT_EQ(shell.zoomed, 2);
+    EXPECT_THAT(shell.printed, EndsWith(L"All of the drawing is shown.\n"));
     run(L"ZOOM w");
     EXPECT_EQ(shell.zoomed, 2);
-    EXPECT_THAT(shell.printed, HasSubstr(L"ZOOM takes"));
+}
+
+TEST_F(SessionTest, ZoomsInAndOut) {
+    run(L"ZOOM in");
+    EXPECT_EQ(shell.scale, 2);
+    run(L"ZOOM OUT");
+    run(L"Z out");
+    EXPECT_EQ(shell.scale, 0.5);
+}
+
+TEST_F(SessionTest, RegenDrawsAnew) {
+    run(L"REGEN");
+    EXPECT_EQ(shell.changed, 1);
+    EXPECT_THAT(shell.printed, EndsWith(L"Everything is drawn anew.\n"));
+}
+
+TEST_F(SessionTest, NewStartsANewDrawingAndAsksAboutUnsavedChanges) {
+    run(L"SAVEAS " + path("a.zdr"));
+    run(L"TURNOFF");
+    run(L"NEW");
+    EXPECT_FALSE(isBaseOn()) << "the question was answered by Cancel";
+    shell.saveAnswer = SaveAnswer::Discard;
+    const int before = shell.replaced;
+    run(L"NEW");
+    EXPECT_TRUE(isBaseOn());
+    EXPECT_EQ(session.path(), L"");
+    EXPECT_EQ(session.name(), L"Drawing1");
+    EXPECT_FALSE(session.isModified());
+    EXPECT_EQ(shell.replaced, before + 1);
+    EXPECT_EQ(runtime::documentCount(), 1u);
+    EXPECT_THAT(shell.printed, EndsWith(L"A new drawing is open.\n"));
 }
 
 TEST_F(SessionTest, TellsAboutReferencesThatCantBeShown) {

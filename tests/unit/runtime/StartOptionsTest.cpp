@@ -1,6 +1,7 @@
 // The words of the program's own command line, scripts, and the status line.
 
 #include "SampleDrawing.h"
+#include "ScriptLines.h"
 #include "StartOptions.h"
 #include "StatusFacts.h"
 

@@ -19,6 +19,8 @@ class CommandHistory {
     std::wstring previous(const std::wstring& typed);
     /// The line after the one recalled; beyond the newest, what was being typed before the recall.
     std::wstring next(const std::wstring& typed);
+    /// The line that was run last; empty when none was.
+    std::wstring last() const { return m_lines.empty() ? std::wstring() : m_lines.back(); }
     /// Ends a recall without running anything.
     void rewind() { m_position = m_lines.size(); }
 

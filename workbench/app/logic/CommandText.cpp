@@ -10,9 +10,14 @@ namespace workbench {
 namespace {
 
 constexpr std::wstring_view kBlanks = L" \t\r\n";
+constexpr std::size_t kLongestQuotation = 60;
 
 wchar_t upper(wchar_t letter) {
     return static_cast<wchar_t>(std::towupper(static_cast<wint_t>(letter)));
+}
+
+bool isBlank(wchar_t letter) {
+    return kBlanks.find(letter) != std::wstring_view::npos;
 }
 
 std::wstring_view trimmed(std::wstring_view text) {
@@ -22,9 +27,24 @@ std::wstring_view trimmed(std::wstring_view text) {
     return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-std::wstring_view unquoted(std::wstring_view text) {
-    const bool quoted = text.size() >= 2 && text.front() == L'"' && text.back() == L'"';
+std::wstring_view withoutOuterQuotes(std::wstring_view text) {
+    const bool quoted = text.size() >= 2 && text.front() == L'"' && text.find(L'"', 1) == text.size() - 1;
     return quoted ? text.substr(1, text.size() - 2) : text;
+}
+
+/// Calls `part(begin, end)` for each piece of `text` between separators outside quotes.
+template <class IsSeparator, class Part> void split(std::wstring_view text, IsSeparator isSeparator, Part part) {
+    bool inQuotes = false;
+    std::size_t start = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == L'"')
+            inQuotes = !inQuotes;
+        if (inQuotes || !isSeparator(text[i]))
+            continue;
+        part(start, i);
+        start = i + 1;
+    }
+    part(start, text.size());
 }
 
 } // namespace
@@ -32,9 +52,46 @@ std::wstring_view unquoted(std::wstring_view text) {
 CommandText parseCommand(std::wstring_view line) {
     const std::wstring_view text = trimmed(line);
     const std::size_t end = std::min(text.find_first_of(kBlanks), text.size());
-    CommandText command{std::wstring(text.substr(0, end)), std::wstring(unquoted(trimmed(text.substr(end))))};
+    const std::wstring_view rest = trimmed(text.substr(end));
+    CommandText command{std::wstring(text.substr(0, end)), std::wstring(withoutOuterQuotes(rest)), splitWords(rest)};
     std::transform(command.name.begin(), command.name.end(), command.name.begin(), upper);
     return command;
+}
+
+Words splitWords(std::wstring_view text) {
+    Words words;
+    split(text, isBlank, [&](std::size_t begin, std::size_t end) {
+        if (begin < end)
+            words.emplace_back(text.substr(begin, end - begin));
+    });
+    return words;
+}
+
+std::size_t lastWordStart(std::wstring_view line) {
+    std::size_t last = 0;
+    split(line, isBlank, [&last](std::size_t begin, std::size_t) { last = begin; });
+    return last;
+}
+
+std::vector<std::wstring> splitList(std::wstring_view word) {
+    std::vector<std::wstring> parts;
+    const auto isComma = [](wchar_t letter) { return letter == L','; };
+    split(word, isComma, [&](std::size_t begin, std::size_t end) {
+        std::wstring part = unquoted(word.substr(begin, end - begin));
+        if (!part.empty())
+            parts.push_back(std::move(part));
+    });
+    return parts;
+}
+
+std::wstring unquoted(std::wstring_view word) {
+    std::wstring text(word);
+    std::erase(text, L'"');
+    return text;
+}
+
+std::wstring quotedWhereNeeded(const std::wstring& name) {
+    return name.find_first_of(L" \t,") == std::wstring::npos ? name : L'"' + name + L'"';
 }
 
 int parseViewportNumber(std::wstring_view argument) {
@@ -53,6 +110,37 @@ int parseViewportNumber(std::wstring_view argument) {
 bool sameName(std::wstring_view a, std::wstring_view b) {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(),
                       [](wchar_t left, wchar_t right) { return upper(left) == upper(right); });
+}
+
+bool matches(std::wstring_view name, std::wstring_view pattern) {
+    std::size_t n = 0;
+    std::size_t p = 0;
+    // Where the last '*' stands, and up to where it reaches for now; going back further is never needed.
+    std::size_t star = std::wstring_view::npos;
+    std::size_t reached = 0;
+    while (n < name.size()) {
+        if (p < pattern.size() && pattern[p] == L'*') {
+            star = p++;
+            reached = n;
+        } else if (p < pattern.size() && (pattern[p] == L'?' || upper(pattern[p]) == upper(name[n]))) {
+            ++p;
+            ++n;
+        } else if (star != std::wstring_view::npos) {
+            p = star + 1;
+            n = ++reached;
+        } else {
+            return false;
+        }
+    }
+    return pattern.find_first_not_of(L'*', p) == std::wstring_view::npos;
+}
+
+std::wstring quotation(std::wstring_view text) {
+    std::wstring out(text.substr(0, kLongestQuotation));
+    // A line break would make several lines of the message.
+    std::replace_if(
+        out.begin(), out.end(), [](wchar_t letter) { return letter < L' '; }, L' ');
+    return L'"' + out + (text.size() > kLongestQuotation ? L"...\"" : L"\"");
 }
 
 } // namespace workbench

@@ -2,89 +2,59 @@
 
 #include "Commands.h"
 
-#include "CommandText.h"
+#include "CommandTable.h"
 #include "SystemRegistry.h"
 
-#include <algorithm>
 #include <exception>
-#include <iterator>
 
 namespace workbench {
 
 namespace {
 
-void help(Session& session, const std::wstring& argument);
-
-void viewport(Session& session, const std::wstring& argument) {
-    const int number = parseViewportNumber(argument);
-    if (number < 0)
-        session.shell().print(L"VPORT takes the number of a viewport, or \"none\".\n");
-    else
-        session.makeViewportCurrent(number);
+/// Whether there are as many words as there may be; tells what to type otherwise.
+bool isCountRight(Session& session, std::size_t words, const Count& count, const std::wstring& name,
+                  const std::wstring& usage) {
+    const int given = static_cast<int>(words);
+    if (given < count.least)
+        session.shell().print(name + L" lacks an argument: type " + usage + L".\n");
+    else if (given > count.most)
+        session.shell().print(name + L" has too many arguments: type " + usage + L".\n");
+    return given >= count.least && given <= count.most;
 }
 
-void zoom(Session& session, const std::wstring& argument) {
-    if (sameName(argument, L"e") || sameName(argument, L"extents"))
-        session.shell().zoomExtents();
-    else
-        session.shell().print(L"ZOOM takes \"e\" for the extents of the drawing; the wheel zooms by hand.\n");
+void askForOption(Session& session, const Command& command, const Words& words) {
+    std::wstring names;
+    for (const Option& option : command.options())
+        names += (names.empty() ? L"" : L", ") + std::wstring(option.name);
+    const std::wstring what = words.empty() ? L" needs an option" : L" has no option " + quotation(words.front());
+    session.shell().print(command.name + what + L": type one of " + names + L" behind it, or HELP " + command.name +
+                          L".\n");
 }
 
-void layout(Session& session, const std::wstring& argument) {
-    if (argument.empty())
-        session.shell().print(L"LAYOUT takes the name of a layout.\n");
-    else
-        session.showLayout(argument);
-}
-
-void quit(Session& session, const std::wstring&) {
-    if (session.mayClose())
-        session.shell().quit();
-}
-
-// In the order in which HELP lists them.
-constexpr Command kCommands[] = {
-    {L"OPEN", nullptr, L"[path]", L"Opens a drawing; without a path, asks for one.",
-     [](Session& session, const std::wstring& path) { session.open(path); }},
-    {L"SAVE", L"QSAVE", L"", L"Saves the drawing.", [](Session& session, const std::wstring&) { session.save(); }},
-    {L"SAVEAS", nullptr, L"[path]", L"Saves the drawing under another name; without a path, asks for one.",
-     [](Session& session, const std::wstring& path) { session.saveAs(path); }},
-    {L"UNDO", L"U", L"", L"Takes back the last change.", [](Session& session, const std::wstring&) { session.undo(); }},
-    {L"REDO", nullptr, L"", L"Makes the change again that was taken back last.",
-     [](Session& session, const std::wstring&) { session.redo(); }},
-    {L"MODEL", nullptr, L"", L"Shows model space.", [](Session& session, const std::wstring&) { session.showModel(); }},
-    {L"LAYOUT", nullptr, L"name", L"Shows a layout.", layout},
-    {L"VPORT", nullptr, L"number|none", L"Makes a viewport of the layout the current one, or none of them.", viewport},
-    {L"ZOOM", L"Z", L"e", L"Shows all of the drawing.", zoom},
-    {L"HELP", L"?", L"", L"Lists the commands.", help},
-    {L"QUIT", L"EXIT", L"", L"Ends the Workbench.", quit},
-};
-
-void help(Session& session, const std::wstring&) {
-    std::wstring text;
-    for (const Command& command : kCommands) {
-        text += command.name;
-        if (*command.usage)
-            text += std::wstring(L" ") + command.usage;
-        text += std::wstring(L" - ") + command.help + L"\n";
+void runOwn(Session& session, const Command& command, const CommandText& text) {
+    if (!command.options) {
+        if (isCountRight(session, text.words.size(), command.count, command.name, usageOf(command)))
+            command.run(session, text);
+        return;
     }
-    const KelEdCommandStack& stack = runtime::commandStack();
-    for (int i = 0; i < stack.count(); ++i)
-        text +=
-            std::wstring(stack.at(i)->globalName()) + L" - From the module group " + stack.at(i)->groupName() + L".\n";
-    session.shell().print(text);
+    const Option* option = text.words.empty() ? nullptr : findOption(command, text.words.front());
+    if (!option) {
+        askForOption(session, command, text.words);
+        return;
+    }
+    const Words rest(text.words.begin() + 1, text.words.end());
+    const std::wstring name = std::wstring(command.name) + L' ' + option->name;
+    if (isCountRight(session, rest.size(), option->count, name, usageOf(command, *option)))
+        option->run(session, rest);
 }
 
 void runCommand(Session& session, const CommandText& command) {
-    if (const Command* own = findCommand(command.name)) {
-        own->run(session, command.argument);
-        return;
-    }
-    if (const KelEdCommand* registered = runtime::commandStack().lookup(command.name.c_str())) {
+    if (const Command* own = findCommand(command.name))
+        runOwn(session, *own, command);
+    else if (const KelEdCommand* registered = runtime::commandStack().lookup(command.name.c_str()))
         session.runModuleCommand(registered->function());
-        return;
-    }
-    session.shell().print(L"Unknown command \"" + command.name + L"\". HELP lists the commands.\n");
+    else
+        session.shell().print(L"Unknown command " + quotation(command.name) + L". HELP lists the commands.\n");
 }
 
 std::wstring widened(const char* text) {
@@ -93,24 +63,23 @@ std::wstring widened(const char* text) {
 
 } // namespace
 
-const Command* findCommand(const std::wstring& name) {
-    const auto* found = std::find_if(std::begin(kCommands), std::end(kCommands), [&name](const Command& command) {
-        return name == command.name || (command.alias && name == command.alias);
-    });
-    return found == std::end(kCommands) ? nullptr : found;
-}
-
 void runLine(Session& session, const std::wstring& line) {
+    if (line.size() > kLongestLine) {
+        session.shell().print(L"The line is too long: type " + std::to_wstring(kLongestLine) +
+                              L" characters at the most.\n");
+        return;
+    }
     const CommandText command = parseCommand(line);
     if (command.name.empty())
         return;
     session.shell().echo(L"Command: " + line + L"\n");
+    const std::wstring name = command.name.substr(0, 60);
     try {
         runCommand(session, command);
     } catch (const std::exception& failure) {
-        session.shell().showFailure(command.name + L" failed: " + widened(failure.what()) + L".");
+        session.shell().showFailure(name + L" failed: " + widened(failure.what()) + L".");
     } catch (...) {
-        session.shell().showFailure(command.name + L" failed for an unknown reason.");
+        session.shell().showFailure(name + L" failed for an unknown reason.");
     }
 }
 

@@ -19,6 +19,25 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// A transaction while it lives.
+class Transaction {
+  public:
+    explicit Transaction(KelTransactionManager& manager)
+        : m_manager(manager), m_started(manager.startTransaction() != nullptr) {}
+    ~Transaction() {
+        if (m_started)
+            m_manager.endTransaction();
+    }
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    bool isStarted() const { return m_started; }
+
+  private:
+    KelTransactionManager& m_manager;
+    bool m_started;
+};
+
 constexpr const wchar_t* kExtension = L".zdr";
 
 std::wstring fullPath(const std::wstring& typed) {
@@ -80,6 +99,14 @@ void Session::replaceDrawing(zdr::Drawing drawing, std::wstring path, const zdr:
     m_path = std::move(path);
     m_stamp = stamp;
     m_savedCount = engine::changeCount(this->database());
+}
+
+void Session::newDrawing() {
+    if (!mayClose())
+        return;
+    replaceDrawing(engine::makeNewDrawing(), {}, {});
+    m_shell.drawingReplaced();
+    m_shell.print(L"A new drawing is open.\n");
 }
 
 std::optional<Session::ReadDrawing> Session::readDrawing(const std::wstring& path) {
@@ -179,61 +206,97 @@ void Session::redo() {
 }
 
 // What is looked at is kept in the file, but having looked is no change that has to be saved.
-template <class Change> void Session::changeView(Change change) {
+template <class Change> bool Session::changeView(Change change) {
     const bool wasModified = isModified();
     if (change(database()) != Vorn::eOk)
-        return;
+        return false;
     if (!wasModified)
         m_savedCount = engine::changeCount(database());
     m_shell.drawingChanged();
+    return true;
 }
 
-void Session::showSpace(std::optional<std::size_t> layout) {
-    changeView([layout](KelDbDatabase& database) { return engine::setActiveLayout(database, layout); });
+bool Session::showSpace(std::optional<std::size_t> layout) {
+    return changeView([layout](KelDbDatabase& database) { return engine::setActiveLayout(database, layout); });
 }
 
-void Session::showViewport(std::optional<zdr::Handle> viewport) {
-    changeView([viewport](KelDbDatabase& database) { return engine::setCurrentViewport(database, viewport); });
+bool Session::showViewport(std::optional<zdr::Handle> viewport) {
+    return changeView([viewport](KelDbDatabase& database) { return engine::setCurrentViewport(database, viewport); });
 }
 
 void Session::showModel() {
-    showSpace(std::nullopt);
+    if (showSpace(std::nullopt))
+        m_shell.print(L"Model space is shown.\n");
+}
+
+void Session::showSheet(std::size_t layout) {
+    if (showSpace(layout))
+        m_shell.print(L"The layout " + quotation(drawing().layouts[layout].name) + L" is shown.\n");
 }
 
 void Session::showLayout(const std::wstring& name) {
     const auto& layouts = drawing().layouts;
     const auto found = std::find_if(layouts.begin(), layouts.end(),
                                     [&name](const zdr::Layout& layout) { return sameName(layout.name, name); });
-    if (found == layouts.end())
-        m_shell.print(L"The drawing has no layout \"" + name + L"\".\n");
-    else
-        showSpace(static_cast<std::size_t>(found - layouts.begin()));
+    if (found != layouts.end()) {
+        showSheet(static_cast<std::size_t>(found - layouts.begin()));
+        return;
+    }
+    std::wstring names;
+    for (const zdr::Layout& layout : layouts)
+        names += (names.empty() ? L"" : L", ") + quotation(layout.name);
+    m_shell.print(L"The drawing has no layout " + quotation(name) +
+                  (names.empty() ? L".\n" : L": give one of " + names + L".\n"));
 }
 
 void Session::showTab(std::size_t tab) {
     if (tab == 0)
         showModel();
     else if (tab <= drawing().layouts.size())
-        showSpace(tab - 1);
+        showSheet(tab - 1);
 }
 
 void Session::makeViewportCurrent(int number) {
     const auto active = drawing().activeLayout;
     if (!active) {
-        m_shell.print(L"The model tab has no viewports; LAYOUT shows a layout.\n");
+        m_shell.print(L"The model tab has no viewports: LAYOUT shows a layout.\n");
         return;
     }
     if (number == 0) {
-        showViewport(std::nullopt);
+        if (showViewport(std::nullopt))
+            m_shell.print(L"The paper of the layout is current.\n");
         return;
     }
     const auto& viewports = drawing().layouts[*active].viewports;
     const auto found = std::find_if(viewports.begin(), viewports.end(),
                                     [number](const zdr::Viewport& viewport) { return viewport.number == number; });
-    if (found == viewports.end())
-        m_shell.print(L"The layout has no viewport " + std::to_wstring(number) + L".\n");
-    else
-        showViewport(found->handle);
+    if (found != viewports.end()) {
+        if (showViewport(found->handle))
+            m_shell.print(L"Viewport " + std::to_wstring(number) + L" is current.\n");
+        return;
+    }
+    std::wstring numbers;
+    for (const zdr::Viewport& viewport : viewports)
+        if (viewport.number > 0)
+            numbers += std::to_wstring(viewport.number) + L", ";
+    m_shell.print(L"The layout has no viewport " + std::to_wstring(number) + L": give " + numbers + L"or NONE.\n");
+}
+
+void Session::change(const std::function<void(KelDbDatabase&)>& step) {
+    {
+        const Transaction transaction(*runtime::currentDocument()->transactionManager());
+        if (!transaction.isStarted()) {
+            m_shell.print(L"The drawing can't be changed now: end what is under way and try again.\n");
+            return;
+        }
+        step(database());
+    }
+    m_shell.drawingChanged();
+}
+
+void Session::rebuild(zdr::Drawing drawing) {
+    engine::replaceDrawing(database(), std::move(drawing));
+    m_shell.drawingChanged();
 }
 
 void Session::runModuleCommand(void (*function)()) {

@@ -8,6 +8,7 @@
 #include "model/Drawing.h"
 
 #include <cstdint>
+#include <functional>
 
 class KelDbDatabase;
 
@@ -22,6 +23,7 @@ class Session {
     Session& operator=(const Session&) = delete;
 
     Shell& shell() { return m_shell; }
+    KelDbDatabase& database() const;
     const zdr::Drawing& drawing() const;
     /// The drawing's file name without its folder, or a name for one that was never saved.
     std::wstring name() const;
@@ -30,6 +32,7 @@ class Session {
     bool isModified() const;
 
     // Each tells about its own failure; a failed one leaves everything as it was. An empty path is asked for.
+    void newDrawing();
     void open(const std::wstring& path);
     bool save();
     bool saveAs(const std::wstring& path);
@@ -46,6 +49,10 @@ class Session {
     /// Makes the viewport of that number the current one; 0 for none.
     void makeViewportCurrent(int number);
 
+    /// Runs a change of the drawing as one transaction, which is one step of undo, and shows what came of it.
+    void change(const std::function<void(KelDbDatabase&)>& step);
+    /// Puts another drawing into the place of the open one, as a change of it that can't be undone.
+    void rebuild(zdr::Drawing drawing);
     /// Runs a command of a module; what it changes is one step of undo.
     void runModuleCommand(void (*function)());
 
@@ -55,14 +62,14 @@ class Session {
         zdr::FileStamp stamp;
     };
 
-    KelDbDatabase& database() const;
     /// None, when the reason has been told.
     std::optional<ReadDrawing> readDrawing(const std::wstring& path);
     void replaceDrawing(zdr::Drawing drawing, std::wstring path, const zdr::FileStamp& stamp);
     bool write(const std::wstring& path, zdr::FileStamp stamp);
-    template <class Change> void changeView(Change change);
-    void showSpace(std::optional<std::size_t> layout);
-    void showViewport(std::optional<zdr::Handle> viewport);
+    template <class Change> bool changeView(Change change);
+    bool showSpace(std::optional<std::size_t> layout);
+    bool showViewport(std::optional<zdr::Handle> viewport);
+    void showSheet(std::size_t layout);
 
     Shell& m_shell;
     std::wstring m_path;

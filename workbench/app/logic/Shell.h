@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace workbench {
 
@@ -31,6 +32,10 @@ class Shell {
     virtual void drawingChanged() = 0;
     /// Shows all of the drawing.
     virtual void zoomExtents() = 0;
+    /// Zooms about the middle of the view.
+    virtual void zoomBy(double factor) = 0;
+    /// Runs these lines before all others that wait. False when too many scripts wait for each other.
+    virtual bool runScript(const std::vector<std::wstring>& lines) = 0;
     /// Ends the program; unsaved changes have been dealt with.
     virtual void quit() = 0;
 };

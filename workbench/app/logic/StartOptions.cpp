@@ -2,10 +2,6 @@
 
 #include "StartOptions.h"
 
-#include "files/TextCoding.h"
-
-#include <algorithm>
-
 namespace workbench {
 
 namespace {
@@ -41,20 +37,6 @@ StartOptions parseStartOptions(const std::vector<std::wstring>& words) {
         }
     }
     return options;
-}
-
-std::vector<std::wstring> scriptLines(const std::string& text) {
-    std::vector<std::wstring> lines;
-    std::size_t start = text.starts_with("\xEF\xBB\xBF") ? 3 : 0;
-    while (start < text.size()) {
-        const std::size_t end = std::min(text.find('\n', start), text.size());
-        std::string line = text.substr(start, end - start);
-        line.erase(line.find_last_not_of(" \t\r") + 1);
-        if (!line.empty() && line.front() != ';')
-            lines.push_back(zdr::fromUtf8(line).value_or(std::wstring(line.begin(), line.end())));
-        start = end + 1;
-    }
-    return lines;
 }
 
 } // namespace workbench

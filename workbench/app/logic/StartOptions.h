@@ -17,8 +17,4 @@ struct StartOptions {
 /// @param words without the program's own name
 StartOptions parseStartOptions(const std::vector<std::wstring>& words);
 
-/// The lines of a script. Empty ones and those that begin with ';' are left out. The text is UTF-8; a line that
-/// isn't is taken byte by byte.
-std::vector<std::wstring> scriptLines(const std::string& text);
-
 } // namespace workbench

@@ -42,12 +42,33 @@ void CommandEdit::setLine(const std::wstring& line) {
 }
 
 void CommandEdit::run() {
-    const std::wstring typed = line();
+    const std::wstring entered = line();
+    const bool repeats = entered.find_first_not_of(L" \t") == std::wstring::npos;
+    const std::wstring typed = repeats ? m_history.last() : entered;
     m_history.add(typed);
     setLine({});
     // Last: what runs may end the program, or take long.
     if (m_run)
         m_run(typed);
+}
+
+void CommandEdit::complete() {
+    int start = 0;
+    int caret = 0;
+    GetSel(start, caret);
+    const std::wstring all = line();
+    const std::wstring behind = all.substr(std::min(all.size(), static_cast<std::size_t>(caret)));
+    const std::wstring completed = m_complete(all.substr(0, static_cast<std::size_t>(caret)));
+    setLine(completed + behind);
+    const int place = static_cast<int>(completed.size());
+    SetSel(place, place);
+}
+
+void CommandEdit::cancel() {
+    if (line().empty() && m_stop)
+        m_stop();
+    m_history.rewind();
+    setLine({});
 }
 
 void CommandEdit::OnKeyDown(UINT key, UINT repeats, UINT flags) {
@@ -61,9 +82,12 @@ void CommandEdit::OnKeyDown(UINT key, UINT repeats, UINT flags) {
     case VK_DOWN:
         setLine(m_history.next(line()));
         return;
+    case VK_TAB:
+        if (m_complete)
+            complete();
+        return;
     case VK_ESCAPE:
-        m_history.rewind();
-        setLine({});
+        cancel();
         return;
     default:
         CEdit::OnKeyDown(key, repeats, flags);
@@ -72,7 +96,7 @@ void CommandEdit::OnKeyDown(UINT key, UINT repeats, UINT flags) {
 
 void CommandEdit::OnChar(UINT letter, UINT repeats, UINT flags) {
     // The edit control would beep at these; OnKeyDown has dealt with them.
-    if (letter != L'\r' && letter != L'\n' && letter != VK_ESCAPE)
+    if (letter != L'\r' && letter != L'\n' && letter != L'\t' && letter != VK_ESCAPE)
         CEdit::OnChar(letter, repeats, flags);
 }
 

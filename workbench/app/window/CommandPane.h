@@ -9,10 +9,16 @@
 
 namespace workbench {
 
-/// The line being typed. Enter runs it, Up and Down recall earlier ones, Esc clears it.
+/// The line being typed. Enter runs it, or the last one again when it is empty; Tab completes it; Up and Down recall
+/// earlier ones; Esc clears it, and when it is empty already, stops what waits to be run.
 class CommandEdit : public CEdit {
   public:
     void onRun(std::function<void(const std::wstring& line)> run) { m_run = std::move(run); }
+    /// Called with what stands before the caret; answers what is to stand there.
+    void onComplete(std::function<std::wstring(const std::wstring& typed)> complete) {
+        m_complete = std::move(complete);
+    }
+    void onStop(std::function<void()> stop) { m_stop = std::move(stop); }
 
   protected:
     DECLARE_MESSAGE_MAP()
@@ -23,8 +29,12 @@ class CommandEdit : public CEdit {
     std::wstring line() const;
     void setLine(const std::wstring& line);
     void run();
+    void complete();
+    void cancel();
 
     std::function<void(const std::wstring&)> m_run;
+    std::function<std::wstring(const std::wstring&)> m_complete;
+    std::function<void()> m_stop;
     CommandHistory m_history;
 };
 

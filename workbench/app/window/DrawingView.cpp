@@ -27,6 +27,8 @@ ON_WM_SIZE()
 ON_WM_MOUSEWHEEL()
 ON_WM_MBUTTONDOWN()
 ON_WM_MBUTTONUP()
+ON_WM_MBUTTONDBLCLK()
+ON_WM_CAPTURECHANGED()
 ON_WM_MOUSEMOVE()
 ON_WM_LBUTTONDOWN()
 ON_WM_LBUTTONDBLCLK()
@@ -57,6 +59,16 @@ void DrawingView::zoomExtents() {
     if (!drawing)
         return;
     m_views.erase(drawing->activeLayout);
+    regenerate();
+}
+
+void DrawingView::zoomBy(double factor) {
+    view().zoom(factor, {m_size.cx / 2.0, m_size.cy / 2.0});
+    regenerate();
+}
+
+void DrawingView::panBy(double right, double down) {
+    view().pan(right * m_size.cx, down * m_size.cy);
     regenerate();
 }
 
@@ -137,6 +149,14 @@ void DrawingView::OnMButtonDown(UINT, CPoint point) {
 void DrawingView::OnMButtonUp(UINT, CPoint) {
     m_dragged.reset();
     ReleaseCapture();
+}
+
+void DrawingView::OnMButtonDblClk(UINT, CPoint) {
+    zoomExtents();
+}
+
+void DrawingView::OnCaptureChanged(CWnd*) {
+    m_dragged.reset();
 }
 
 void DrawingView::OnMouseMove(UINT flags, CPoint point) {

@@ -26,6 +26,10 @@ class DrawingView : public CWnd {
     void regenerate();
     /// Shows all of the space on view.
     void zoomExtents();
+    /// Zooms about the middle.
+    void zoomBy(double factor);
+    /// Moves what is shown by a part of the view's size: 1 is all of it, to the right and down.
+    void panBy(double right, double down);
     /// The transform of the space on view, for those who point at something in it.
     ViewTransform& view();
 
@@ -37,6 +41,8 @@ class DrawingView : public CWnd {
     afx_msg BOOL OnMouseWheel(UINT flags, short delta, CPoint screen);
     afx_msg void OnMButtonDown(UINT flags, CPoint point);
     afx_msg void OnMButtonUp(UINT flags, CPoint point);
+    afx_msg void OnMButtonDblClk(UINT flags, CPoint point);
+    afx_msg void OnCaptureChanged(CWnd* window);
     afx_msg void OnMouseMove(UINT flags, CPoint point);
     afx_msg void OnLButtonDown(UINT flags, CPoint point);
     afx_msg void OnLButtonDblClk(UINT flags, CPoint point);

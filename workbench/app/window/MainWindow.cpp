@@ -4,6 +4,7 @@
 
 #include "CommandLineOutput.h"
 #include "Commands.h"
+#include "Completion.h"
 #include "FilePrompt.h"
 #include "SavedPlacement.h"
 #include "resource.h"
@@ -14,7 +15,10 @@ namespace workbench {
 
 namespace {
 
-constexpr UINT kRunLine = WM_APP + 1;
+// The lines that wait are run by a timer, whose messages stand behind all input and painting: a posted message would
+// come before them, and a long script could neither be watched nor stopped.
+constexpr UINT_PTR kLineTimer = 1;
+constexpr ULONGLONG kLineTime = 20; // milliseconds of lines before the next look at the input
 constexpr const wchar_t* kProgramName = L"Kel Workbench";
 
 /// A menu item, the line that it runs, and the key that runs it too.
@@ -27,16 +31,43 @@ struct MenuCommand {
 
 // Ctrl+Z belongs to the line being typed.
 constexpr MenuCommand kMenuCommands[] = {
+    {ID_MENU_NEW, L"NEW", 'N', true, false},
     {ID_MENU_OPEN, L"OPEN", 'O', true, false},
     {ID_MENU_SAVE, L"SAVE", 'S', true, false},
     {ID_MENU_SAVEAS, L"SAVEAS", 'S', true, true},
+    {ID_MENU_ATTACH, L"ATTACH", 0, false, false},
     {ID_MENU_QUIT, L"QUIT", 0, false, false},
     {ID_MENU_UNDO, L"UNDO", 'Z', true, true},
     {ID_MENU_REDO, L"REDO", 'Y', true, true},
     {ID_MENU_ZOOM_EXTENTS, L"ZOOM e", 'E', true, false},
+    {ID_MENU_ZOOM_IN, L"ZOOM IN", VK_OEM_PLUS, true, false},
+    {ID_MENU_ZOOM_OUT, L"ZOOM OUT", VK_OEM_MINUS, true, false},
+    {ID_MENU_REGEN, L"REGEN", VK_F5, false, false},
+    {ID_MENU_LAYERS, L"LAYER LIST", 0, false, false},
     {ID_MENU_LAYER_STATES, L"LAYERSTATE", 'L', true, false},
     {ID_MENU_HELP, L"HELP", VK_F1, false, false},
 };
+
+/// A key that moves what is shown, together with Alt; as parts of the view.
+struct PanKey {
+    WPARAM key;
+    double right, down;
+};
+constexpr double kPanStep = 0.1;
+constexpr PanKey kPanKeys[] = {
+    {VK_LEFT, kPanStep, 0},
+    {VK_RIGHT, -kPanStep, 0},
+    {VK_UP, 0, kPanStep},
+    {VK_DOWN, 0, -kPanStep},
+};
+
+std::wstring listOf(const std::vector<std::wstring>& candidates) {
+    constexpr std::size_t most = 100;
+    std::wstring names;
+    for (std::size_t i = 0; i < std::min(candidates.size(), most); ++i)
+        names += (i == 0 ? L"" : L"  ") + candidates[i];
+    return candidates.size() > most ? names + L"  and more" : names;
+}
 
 bool isDown(int key) {
     return ::GetKeyState(key) < 0;
@@ -65,7 +96,7 @@ ON_WM_QUERYENDSESSION()
 ON_WM_DESTROY()
 ON_WM_DROPFILES()
 ON_MESSAGE(WM_DPICHANGED, OnDpiChanged)
-ON_MESSAGE(kRunLine, OnRunLine)
+ON_WM_TIMER()
 END_MESSAGE_MAP()
 
 MainWindow::MainWindow()
@@ -102,6 +133,7 @@ BOOL MainWindow::createWindow() {
 void MainWindow::showAtSavedPlace(int show) {
     ShowWindow(restorePlacement(*this, show));
     UpdateWindow();
+    SetForegroundWindow();
     SetFocus();
 }
 
@@ -118,6 +150,8 @@ int MainWindow::OnCreate(LPCREATESTRUCT create) {
             m_session->showTab(tab);
     });
     m_command.edit().onRun([this](const std::wstring& line) { run(line); });
+    m_command.edit().onComplete([this](const std::wstring& typed) { return completed(typed); });
+    m_command.edit().onStop([this] { stopScript(); });
     return 0;
 }
 
@@ -172,12 +206,34 @@ LRESULT MainWindow::OnDpiChanged(WPARAM dpi, LPARAM rect) {
 
 BOOL MainWindow::PreTranslateMessage(MSG* message) {
     // The keys of a command's dialog come past here too.
-    const MenuCommand* command = m_running ? nullptr : commandOfKey(*message);
-    if (command) {
-        run(command->line);
+    if (!m_running && runKey(*message))
         return TRUE;
-    }
     return CWnd::PreTranslateMessage(message);
+}
+
+bool MainWindow::runKey(const MSG& message) {
+    if (const MenuCommand* command = commandOfKey(message)) {
+        run(command->line);
+        return true;
+    }
+    if (message.message == WM_SYSKEYDOWN)
+        for (const PanKey& pan : kPanKeys)
+            if (pan.key == message.wParam) {
+                m_view.panBy(pan.right, pan.down);
+                return true;
+            }
+    const bool turnsPage = message.message == WM_KEYDOWN && isDown(VK_CONTROL) &&
+                           (message.wParam == VK_NEXT || message.wParam == VK_PRIOR);
+    if (turnsPage)
+        showNextTab(message.wParam == VK_NEXT ? 1 : -1);
+    return turnsPage;
+}
+
+void MainWindow::showNextTab(int step) {
+    const zdr::Drawing& drawing = m_session->drawing();
+    const auto tabs = static_cast<int>(drawing.layouts.size()) + 1;
+    const int tab = drawing.activeLayout ? static_cast<int>(*drawing.activeLayout) + 1 : 0;
+    m_session->showTab(static_cast<std::size_t>((tab + step + tabs) % tabs));
 }
 
 BOOL MainWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
@@ -194,6 +250,11 @@ void MainWindow::run(const std::wstring& line) {
     // A command's dialog disables this window, but posted messages and dropped files would still come through.
     if (m_running)
         return;
+    m_waiting.interrupt();
+    runOne(line);
+}
+
+void MainWindow::runOne(const std::wstring& line) {
     m_running = true;
     runLine(*m_session, line);
     m_running = false;
@@ -205,22 +266,46 @@ void MainWindow::run(const std::wstring& line) {
 }
 
 void MainWindow::runLater(const std::vector<std::wstring>& lines) {
-    m_waiting.insert(m_waiting.end(), lines.begin(), lines.end());
+    m_waiting.append(lines);
     runNextLine();
 }
 
 void MainWindow::runNextLine() {
-    if (!m_waiting.empty())
-        PostMessage(kRunLine);
+    if (!m_waiting.isEmpty())
+        SetTimer(kLineTimer, 0, nullptr);
 }
 
-LRESULT MainWindow::OnRunLine(WPARAM, LPARAM) {
-    if (m_waiting.empty() || m_running)
-        return 0;
-    const std::wstring line = m_waiting.front();
-    m_waiting.pop_front();
-    run(line);
-    return 0;
+bool MainWindow::runScript(const std::vector<std::wstring>& lines) {
+    return m_waiting.enter(lines);
+}
+
+void MainWindow::stopScript() {
+    if (m_waiting.isEmpty())
+        return;
+    m_waiting.clear();
+    tell(L"The script is stopped; what it has done stays.");
+}
+
+std::wstring MainWindow::completed(const std::wstring& typed) {
+    const Completion completion = complete(*m_session, typed);
+    if (!completion.candidates.empty() && completion.line == typed) {
+        m_command.print(listOf(completion.candidates) + L"\n");
+    }
+    return completion.line;
+}
+
+void MainWindow::OnTimer(UINT_PTR timer) {
+    if (timer != kLineTimer) {
+        CWnd::OnTimer(timer);
+        return;
+    }
+    if (m_running)
+        return;
+    const ULONGLONG start = ::GetTickCount64();
+    while (m_hWnd && !m_waiting.isEmpty() && ::GetTickCount64() - start < kLineTime)
+        runOne(*m_waiting.next());
+    if (m_hWnd && m_waiting.isEmpty())
+        KillTimer(kLineTimer);
 }
 
 void MainWindow::OnDropFiles(HDROP drop) {
@@ -317,6 +402,10 @@ void MainWindow::drawingChanged() {
 
 void MainWindow::zoomExtents() {
     m_view.zoomExtents();
+}
+
+void MainWindow::zoomBy(double factor) {
+    m_view.zoomBy(factor);
 }
 
 void MainWindow::quit() {

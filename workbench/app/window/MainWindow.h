@@ -4,11 +4,11 @@
 #include "CommandPane.h"
 #include "Display.h"
 #include "DrawingView.h"
+#include "ScriptLines.h"
 #include "Session.h"
 #include "SpaceTabs.h"
 #include "StatusLine.h"
 
-#include <deque>
 #include <memory>
 
 namespace workbench {
@@ -45,7 +45,7 @@ class MainWindow : public CWnd, private Shell, private runtime::DisplayObserver 
     afx_msg void OnDestroy();
     afx_msg void OnDropFiles(HDROP drop);
     afx_msg LRESULT OnDpiChanged(WPARAM dpi, LPARAM rect);
-    afx_msg LRESULT OnRunLine(WPARAM, LPARAM);
+    afx_msg void OnTimer(UINT_PTR timer);
     BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
 
   private:
@@ -60,6 +60,8 @@ class MainWindow : public CWnd, private Shell, private runtime::DisplayObserver 
     void drawingReplaced() override;
     void drawingChanged() override;
     void zoomExtents() override;
+    void zoomBy(double factor) override;
+    bool runScript(const std::vector<std::wstring>& lines) override;
     void quit() override;
 
     // runtime::DisplayObserver.
@@ -67,8 +69,14 @@ class MainWindow : public CWnd, private Shell, private runtime::DisplayObserver 
     void layersPublished() override;
     void updateDisplay() override;
 
+    /// Runs a line that a person gave.
     void run(const std::wstring& line);
+    void runOne(const std::wstring& line);
     void runNextLine();
+    void stopScript();
+    std::wstring completed(const std::wstring& typed);
+    void showNextTab(int step);
+    bool runKey(const MSG& message);
     void arrange();
     void refreshTitle();
     void refreshTabs();
@@ -81,7 +89,7 @@ class MainWindow : public CWnd, private Shell, private runtime::DisplayObserver 
     CommandPane m_command;
     StatusLine m_status;
     std::wstring m_message; // the last line printed
-    std::deque<std::wstring> m_waiting;
+    LineQueue m_waiting;
     bool m_running = false; // a command is under way, perhaps with a dialog
 };
 

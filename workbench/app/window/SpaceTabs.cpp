@@ -34,6 +34,17 @@ void SpaceTabs::arrange(CDC& dc) {
         m_rects.emplace_back(left, 0, left + width, client.bottom - m_look.px(4));
         left += width;
     }
+    showActive(client);
+}
+
+// Tabs that have no room are reached by the keyboard, or by clicking their neighbours in turn.
+void SpaceTabs::showActive(const CRect& client) {
+    if (m_active >= m_rects.size())
+        return;
+    const std::size_t next = std::min(m_active + 1, m_rects.size() - 1);
+    const int shift = std::max(0, static_cast<int>(m_rects[next].right - client.right + m_look.px(8)));
+    for (CRect& rect : m_rects)
+        rect.OffsetRect(-shift, 0);
 }
 
 void SpaceTabs::draw(CDC& dc, const CRect& client) {

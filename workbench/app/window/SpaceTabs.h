@@ -31,6 +31,7 @@ class SpaceTabs : public CWnd {
 
   private:
     void arrange(CDC& dc);
+    void showActive(const CRect& client);
     void draw(CDC& dc, const CRect& client);
 
     WindowLook& m_look;

@@ -3,11 +3,10 @@
 #include "WorkbenchApp.h"
 
 #include "CommandLineOutput.h"
+#include "ScriptLines.h"
 #include "StartOptions.h"
 
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include <commctrl.h>
 #include <shellapi.h>
@@ -32,16 +31,6 @@ std::wstring besideProgram(const wchar_t* name) {
     wchar_t path[1024];
     const DWORD length = ::GetModuleFileNameW(nullptr, path, static_cast<DWORD>(std::size(path)));
     return (std::filesystem::path(std::wstring(path, length)).parent_path() / name).wstring();
-}
-
-/// The lines of a script file; none, with a sentence in `problem`, when it can't be read.
-std::vector<std::wstring> readScript(const std::wstring& path, std::wstring& problem) {
-    std::ifstream file{std::filesystem::path(path), std::ios::binary};
-    std::ostringstream text;
-    text << file.rdbuf();
-    if (!file)
-        problem = L"The script " + path + L" can't be read.";
-    return scriptLines(text.str());
 }
 
 void reportAbort(const std::wstring& text) {

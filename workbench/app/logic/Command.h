@@ -1,0 +1,68 @@
+// What a command is: a row of the command table.
+#pragma once
+
+#include "CommandText.h"
+
+#include <span>
+
+namespace workbench {
+
+class Session;
+
+/// What Tab offers for a word.
+enum class Offer {
+    Nothing,
+    Commands,
+    Drawings,
+    Scripts,
+    Layouts,
+    Viewports,
+    Variables,
+    References,
+    Layers,
+    Colors,
+    Linetypes,
+    LineWeights,
+    PlotStyles,
+    YesNo,
+};
+
+inline constexpr int kMany = 1 << 20;
+
+/// How many words there may be.
+struct Count {
+    int least = 0;
+    int most = 0;
+};
+
+/// A word by which a command is told what to do.
+struct Option {
+    const wchar_t* name;  ///< upper case
+    const wchar_t* alias; ///< or null
+    const wchar_t* usage; ///< the words behind it, as HELP shows them
+    const wchar_t* help;  ///< one sentence
+    Count count;          ///< of the words behind it
+    Offer first, rest;    ///< for the first word behind it, and for the others
+    void (*run)(Session& session, const Words& words);
+};
+
+/// A command has options, or a function of its own.
+struct Command {
+    const wchar_t* name;  ///< upper case
+    const wchar_t* alias; ///< short form, or null
+    const wchar_t* usage; ///< the arguments as HELP shows them; empty without any
+    const wchar_t* help;  ///< one sentence
+    Count count;          ///< of its words
+    Offer first;          ///< for its first word, unless it has options
+    void (*run)(Session& session, const CommandText& text);
+    std::span<const Option> (*options)(); ///< null for a command without options
+};
+
+/// "LAYER SET name" or "OPEN [path]": how a command, or one of its options, is typed.
+std::wstring usageOf(const Command& command);
+std::wstring usageOf(const Command& command, const Option& option);
+
+/// The option of a name or alias, without regard to case; null when the command has none of that name.
+const Option* findOption(const Command& command, std::wstring_view word);
+
+} // namespace workbench

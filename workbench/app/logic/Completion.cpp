@@ -1,0 +1,182 @@
+// See Completion.h.
+
+#include "Completion.h"
+
+#include "CommandTable.h"
+#include "PropertyText.h"
+#include "Session.h"
+#include "SystemRegistry.h"
+#include "SystemVariables.h"
+
+#include "files/TextCoding.h"
+
+#include <algorithm>
+
+namespace workbench {
+
+namespace {
+
+namespace fs = std::filesystem;
+using Names = std::vector<std::wstring>;
+
+// A list of paths longer than this is no help.
+constexpr std::size_t kMostPaths = 200;
+
+Names commandNames() {
+    Names names;
+    for (const Command& command : commandTable())
+        names.emplace_back(command.name);
+    const KelEdCommandStack& stack = runtime::commandStack();
+    for (int i = 0; i < stack.count(); ++i)
+        names.emplace_back(stack.at(i)->globalName());
+    return names;
+}
+
+Names optionNames(const Command& command) {
+    Names names;
+    for (const Option& option : command.options())
+        names.emplace_back(option.name);
+    return names;
+}
+
+/// The names of things that bear a name of the drawing's table.
+template <class Thing> Names namesOf(const zdr::Drawing& drawing, const std::vector<Thing>& things) {
+    Names names;
+    for (const Thing& thing : things)
+        names.push_back(drawing.names.text(thing.name));
+    return names;
+}
+
+template <class Thing> Names ownNamesOf(const std::vector<Thing>& things) {
+    Names names;
+    for (const Thing& thing : things)
+        names.push_back(thing.name);
+    return names;
+}
+
+Names viewportNames(const zdr::Drawing& drawing) {
+    Names names{L"none"};
+    if (drawing.activeLayout)
+        for (const zdr::Viewport& viewport : drawing.layouts[*drawing.activeLayout].viewports)
+            if (viewport.number > 0)
+                names.push_back(std::to_wstring(viewport.number));
+    return names;
+}
+
+/// The entries of the folder that a path begins with, spelled as the path spells it.
+Names paths(const std::wstring& typed, bool drawingsOnly) {
+    const std::size_t separator = typed.find_last_of(L"\\/");
+    const std::wstring folder = separator == std::wstring::npos ? std::wstring() : typed.substr(0, separator + 1);
+    const wchar_t slash = separator == std::wstring::npos ? L'\\' : typed[separator];
+    std::error_code error;
+    Names names;
+    fs::directory_iterator entry(folder.empty() ? fs::path(".") : zdr::systemPath(folder), error);
+    for (; !error && entry != fs::directory_iterator() && names.size() < kMostPaths; entry.increment(error)) {
+        const std::wstring name = zdr::widePath(entry->path().filename());
+        std::error_code unknown;
+        if (entry->is_directory(unknown))
+            names.push_back(folder + name + slash);
+        else if (!drawingsOnly || sameName(zdr::widePath(entry->path().extension()), L".zdr"))
+            names.push_back(folder + name);
+    }
+    return names;
+}
+
+Names offered(const Session& session, Offer offer, const std::wstring& typed) {
+    const zdr::Drawing& drawing = session.drawing();
+    switch (offer) {
+    case Offer::Nothing:
+        return {};
+    case Offer::Commands:
+        return commandNames();
+    case Offer::Drawings:
+    case Offer::Scripts:
+        return paths(typed, offer == Offer::Drawings);
+    case Offer::Layouts:
+        return ownNamesOf(drawing.layouts);
+    case Offer::Viewports:
+        return viewportNames(drawing);
+    case Offer::Variables:
+        return runtime::systemVariableNames();
+    case Offer::References:
+        return ownNamesOf(drawing.references);
+    case Offer::Layers:
+        return namesOf(drawing, drawing.layers);
+    case Offer::Colors:
+        return colorNames();
+    case Offer::Linetypes:
+        return namesOf(drawing, drawing.linetypes);
+    case Offer::LineWeights:
+        return lineWeightNames();
+    case Offer::PlotStyles:
+        return namesOf(drawing, drawing.plotStyles);
+    case Offer::YesNo:
+        return {L"yes", L"no"};
+    }
+    return {};
+}
+
+/// What may stand in the last word behind the words before it.
+Names candidatesFor(const Session& session, const Words& before, const std::wstring& typed) {
+    if (before.empty())
+        return commandNames();
+    const Command* command = findCommand(before[0]);
+    if (!command)
+        return {};
+    if (!command->options)
+        return before.size() == 1 ? offered(session, command->first, typed) : Names();
+    if (before.size() == 1)
+        return optionNames(*command);
+    const Option* option = findOption(*command, before[1]);
+    return option ? offered(session, before.size() == 2 ? option->first : option->rest, typed) : Names();
+}
+
+bool beginsWith(const std::wstring& name, const std::wstring& beginning) {
+    return name.size() >= beginning.size() && sameName(name.substr(0, beginning.size()), beginning);
+}
+
+/// The longest beginning that all names share, in the first one's spelling.
+std::wstring commonBeginning(const Names& names) {
+    std::wstring common = names.front();
+    for (const std::wstring& name : names)
+        while (!beginsWith(name, common))
+            common.pop_back();
+    return common;
+}
+
+bool endsInSeparator(const std::wstring& name) {
+    return !name.empty() && (name.back() == L'\\' || name.back() == L'/');
+}
+
+/// The name as it is typed. The closing quote waits while something may follow.
+std::wstring typedForm(const std::wstring& name, bool whole) {
+    const std::wstring quoted = quotedWhereNeeded(name);
+    const bool open = quoted != name && !whole;
+    return open ? quoted.substr(0, quoted.size() - 1) : quoted;
+}
+
+} // namespace
+
+Completion complete(const Session& session, const std::wstring& line) {
+    const std::size_t wordStart = lastWordStart(line);
+    // In a list only the part behind the last comma is completed.
+    const std::wstring word = line.substr(wordStart);
+    const std::size_t comma = word.find_last_of(L',');
+    const bool inList = comma != std::wstring::npos && std::ranges::count(word.substr(0, comma), L'"') % 2 == 0;
+    const std::size_t start = inList ? wordStart + comma + 1 : wordStart;
+    const std::wstring typed = unquoted(line.substr(start));
+    Names names = candidatesFor(session, splitWords(line.substr(0, wordStart)), typed);
+    std::erase_if(names, [&typed](const std::wstring& name) { return !beginsWith(name, typed); });
+    if (names.empty())
+        return {line, {}};
+    std::ranges::sort(names);
+    if (names.size() == 1) {
+        const bool whole = !endsInSeparator(names[0]);
+        return {line.substr(0, start) + typedForm(names[0], whole) + (whole ? L" " : L""), {}};
+    }
+    const std::wstring common = commonBeginning(names);
+    // Nothing to add: what was typed stays as it was typed.
+    return {common.size() > typed.size() ? line.substr(0, start) + typedForm(common, false) : line, names};
+}
+
+} // namespace workbench

@@ -1,0 +1,39 @@
+// The commands of drawing files and scripts.
+
+#include "CommandGroups.h"
+#include "ScriptLines.h"
+#include "Session.h"
+
+namespace workbench::commands {
+
+void newDrawing(Session& session, const CommandText&) {
+    session.newDrawing();
+}
+
+void open(Session& session, const CommandText& text) {
+    session.open(text.argument);
+}
+
+void save(Session& session, const CommandText&) {
+    session.save();
+}
+
+void saveAs(Session& session, const CommandText& text) {
+    session.saveAs(text.argument);
+}
+
+void script(Session& session, const CommandText& text) {
+    std::wstring problem;
+    const std::vector<std::wstring> lines = readScript(text.argument, problem);
+    if (problem.empty() && !session.shell().runScript(lines))
+        problem = L"The script " + quotation(text.argument) +
+                  L" isn't run, because too many scripts wait for each other: look for one that runs itself.";
+    session.shell().print(problem.empty() ? L"Running " + text.argument + L".\n" : problem + L"\n");
+}
+
+void quit(Session& session, const CommandText&) {
+    if (session.mayClose())
+        session.shell().quit();
+}
+
+} // namespace workbench::commands

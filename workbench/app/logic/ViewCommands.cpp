@@ -1,0 +1,83 @@
+// The commands that change what is looked at, and those that take changes back.
+
+#include "CommandGroups.h"
+#include "Session.h"
+
+namespace workbench::commands {
+
+namespace {
+
+constexpr double kZoomStep = 2;
+
+constexpr Option kZoomOptions[] = {
+    {L"EXTENTS",
+     L"E",
+     L"",
+     L"Shows all of the drawing.",
+     {0, 0},
+     Offer::Nothing,
+     Offer::Nothing,
+     [](Session& session, const Words&) {
+         session.shell().zoomExtents();
+         session.shell().print(L"All of the drawing is shown.\n");
+     }},
+    {L"IN",
+     nullptr,
+     L"",
+     L"Shows half as much, twice as large.",
+     {0, 0},
+     Offer::Nothing,
+     Offer::Nothing,
+     [](Session& session, const Words&) {
+         session.shell().zoomBy(kZoomStep);
+         session.shell().print(L"Zoomed in.\n");
+     }},
+    {L"OUT",
+     nullptr,
+     L"",
+     L"Shows twice as much, half as large.",
+     {0, 0},
+     Offer::Nothing,
+     Offer::Nothing,
+     [](Session& session, const Words&) {
+         session.shell().zoomBy(1 / kZoomStep);
+         session.shell().print(L"Zoomed out.\n");
+     }},
+};
+
+} // namespace
+
+std::span<const Option> zoomOptions() {
+    return kZoomOptions;
+}
+
+void undo(Session& session, const CommandText&) {
+    session.undo();
+}
+
+void redo(Session& session, const CommandText&) {
+    session.redo();
+}
+
+void model(Session& session, const CommandText&) {
+    session.showModel();
+}
+
+void layout(Session& session, const CommandText& text) {
+    session.showLayout(text.argument);
+}
+
+void viewport(Session& session, const CommandText& text) {
+    const int number = parseViewportNumber(text.argument);
+    if (number < 0)
+        session.shell().print(L"VPORT takes the number of a viewport, or NONE.\n");
+    else
+        session.makeViewportCurrent(number);
+}
+
+void regenerate(Session& session, const CommandText&) {
+    session.shell().drawingChanged();
+    session.shell().print(L"Everything is drawn anew.\n");
+}
+
+} // namespace workbench::commands
