@@ -1,0 +1,88 @@
+// See GuiObjects.h. Windows answers GetGuiResources. Wine answers 0 there, but keeps the table of a process's GDI
+// objects where Windows keeps it: in the process environment block. That table's form is no documented one, so counting
+// by it proves itself first on pens made for the purpose.
+
+#include "GuiObjects.h"
+
+#include <windows.h>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+namespace {
+
+struct TableEntry {
+    std::uint64_t object;
+    std::uint32_t owner;
+    std::uint16_t unique;
+    std::uint8_t type; ///< 0: free
+    std::uint8_t flags;
+    std::uint64_t user;
+};
+static_assert(sizeof(TableEntry) == 24);
+constexpr int kEntries = 0x4000;
+constexpr std::ptrdiff_t kTableInBlock = 0xF8;  // of the process environment block, 64 bits
+constexpr std::ptrdiff_t kBlockInThread = 0x60; // of the thread environment block, 64 bits
+
+const TableEntry* table() {
+    const auto* thread = reinterpret_cast<const std::byte*>(NtCurrentTeb());
+    const auto* block = *reinterpret_cast<const std::byte* const*>(thread + kBlockInThread);
+    return *reinterpret_cast<const TableEntry* const*>(block + kTableInBlock);
+}
+
+int countTable(const TableEntry* entries) {
+    int count = 0;
+    for (int i = 0; i < kEntries; ++i)
+        count += entries[i].type != 0;
+    return count;
+}
+
+bool isReadable(const void* address) {
+    MEMORY_BASIC_INFORMATION region{};
+    return address && VirtualQuery(address, &region, sizeof region) && region.State == MEM_COMMIT &&
+           !(region.Protect & (PAGE_NOACCESS | PAGE_GUARD)) && region.RegionSize >= sizeof(TableEntry) * kEntries;
+}
+
+bool provesItself(const TableEntry* entries) {
+    std::array<HPEN, 50> pens{};
+    const int before = countTable(entries);
+    for (HPEN& pen : pens)
+        pen = CreatePen(PS_SOLID, 1, 0);
+    const int during = countTable(entries);
+    for (const HPEN pen : pens)
+        DeleteObject(pen);
+    return during == before + static_cast<int>(pens.size()) && countTable(entries) == before;
+}
+
+BOOL CALLBACK countOne(HWND, LPARAM count) {
+    ++*reinterpret_cast<int*>(count);
+    return TRUE;
+}
+
+BOOL CALLBACK countWithChildren(HWND window, LPARAM count) {
+    countOne(window, count);
+    EnumChildWindows(window, countOne, count);
+    return TRUE;
+}
+
+} // namespace
+
+std::optional<int> countGdiObjects() {
+    if (const DWORD counted = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS))
+        return static_cast<int>(counted);
+    const TableEntry* entries = table();
+    if (!isReadable(entries) || !provesItself(entries))
+        return std::nullopt;
+    return countTable(entries);
+}
+
+int countWindows() {
+    int count = 0;
+    EnumThreadWindows(GetCurrentThreadId(), countWithChildren, reinterpret_cast<LPARAM>(&count));
+    const DWORD own = GetCurrentThreadId();
+    for (HWND window = FindWindowExW(HWND_MESSAGE, nullptr, nullptr, nullptr); window;
+         window = FindWindowExW(HWND_MESSAGE, window, nullptr, nullptr))
+        count += GetWindowThreadProcessId(window, nullptr) == own;
+    return count;
+}

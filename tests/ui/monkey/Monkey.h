@@ -1,0 +1,41 @@
+// Random input on the Workbench and on whatever it opens, one thing at each tick of a timer.
+#pragma once
+
+#include "Nonsense.h"
+
+#include <windows.h>
+
+#include <cstdio>
+#include <functional>
+#include <random>
+#include <string>
+
+class Monkey {
+  public:
+    /// @param folder where its files may go, with a separator at its end
+    /// @param log keeps what was done, for whoever wants to know afterwards
+    Monkey(unsigned seed, std::wstring folder, std::FILE* log);
+
+    /// Does one thing to the window that takes the input.
+    void act(HWND mainWindow);
+    /// Does one thing that brings the end of the life nearer: closes what is in front.
+    void leave(HWND mainWindow);
+    long actions() const { return m_actions; }
+
+  private:
+    void actOnMain(HWND window);
+    void actOnDialog(HWND window);
+    void typeLine();
+    void pressSomeKey();
+    void useMouse(HWND window);
+    void clickSomeControl(HWND window);
+    void note(const std::string& what);
+    std::size_t below(std::size_t bound) { return std::uniform_int_distribution<std::size_t>(0, bound - 1)(m_random); }
+
+    std::mt19937 m_random;
+    Nonsense m_nonsense;
+    std::FILE* m_log;
+    HWND m_front = nullptr; // the dialog in front, and how long it has been
+    int m_patience = 0;
+    long m_actions = 0;
+};

@@ -1,0 +1,216 @@
+// workbench_monkey: random input on the Workbench with the sample drawing open. It lives several lives, each with a
+// window of its own; after each one nothing may be open or handed out, no window may be left, and no more GDI objects
+// than after the life before. A crash, an assertion, or a window that stops answering ends the program with a failure.
+
+#include "GuiObjects.h"
+#include "Monkey.h"
+
+#include "MainWindow.h"
+#include "ModuleLoader.h"
+#include "Runtime.h"
+#include "View.h"
+#include "Watchdog.h"
+#include "instruments/HostCalls.h"
+#include "persistence/DialogStore.h"
+
+#include <afxwin.h>
+
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <string>
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+class TestApp : public CWinApp {};
+TestApp g_app;
+
+constexpr const wchar_t* kDialogRoot = L"Software\\KelTests\\MonkeyDialogs";
+constexpr UINT kTick = 10;
+// What the system keeps of windows that are shown for the first time, as measured; a leak in what is painted, or in a
+// dialog, makes more in a few seconds.
+constexpr int kKeptBySystem = 24;
+
+struct Options {
+    unsigned seed = std::random_device{}();
+    int seconds = 60;
+    fs::path samples;
+};
+
+/// One life: a window with the module, from its opening to its end.
+class Life {
+  public:
+    /// @param length none: no random input; only what the lines open is closed
+    Life(Monkey& monkey, ui::Watchdog& watchdog, std::optional<std::chrono::milliseconds> length)
+        : m_monkey(monkey), m_watchdog(watchdog), m_end(Clock::now() + length.value_or(0ms)), m_isRandom(length) {}
+
+    void live(const std::vector<std::wstring>& firstLines) {
+        workbench::MainWindow window;
+        runtime::ModuleLoader modules;
+        if (!window.createWindow() || !modules.load(modulePath()).empty()) {
+            std::puts("The Workbench can't be started.");
+            std::exit(1);
+        }
+        AfxGetApp()->m_pMainWnd = &window;
+        m_window = window.m_hWnd;
+        window.showAtSavedPlace(SW_SHOWNORMAL);
+        window.runLater(firstLines);
+        s_current = this;
+        const UINT_PTR timer = SetTimer(nullptr, 0, kTick, [](HWND, UINT, UINT_PTR, DWORD) { s_current->tick(); });
+        AfxGetApp()->Run();
+        KillTimer(nullptr, timer);
+        modules.unloadAll();
+        AfxGetApp()->m_pMainWnd = nullptr;
+    }
+
+  private:
+    static std::wstring modulePath() {
+        wchar_t path[1024];
+        const fs::path program(std::wstring(path, GetModuleFileNameW(nullptr, path, 1024)));
+        return (program.parent_path() / "KelLayerApps.xmod").wstring();
+    }
+
+    // A dialog's loop hands out the timer's messages too, so the monkey goes on in there.
+    void tick() {
+        if (m_inTick)
+            return;
+        m_inTick = true;
+        m_watchdog.progress();
+        instruments::clearTrace();
+        if (m_isRandom && Clock::now() < m_end)
+            m_monkey.act(m_window);
+        else if (m_isRandom || GetActiveWindow() != m_window)
+            m_monkey.leave(m_window);
+        m_inTick = false;
+    }
+
+    static Life* s_current;
+
+    Monkey& m_monkey;
+    ui::Watchdog& m_watchdog;
+    Clock::time_point m_end;
+    bool m_isRandom;
+    HWND m_window = nullptr;
+    bool m_inTick = false;
+};
+
+Life* Life::s_current = nullptr;
+
+void prepareFolder(const fs::path& folder, const fs::path& samples) {
+    fs::remove_all(folder);
+    fs::create_directories(folder);
+    for (const char* name : {"house.zdr", "site.zdr"})
+        fs::copy_file(samples / name, folder / name);
+    std::ofstream(folder / "text.zdr") << "This is no drawing.";
+    std::ofstream(folder / "lines.scr")
+        << "LAYER OFF *\nLAYOUT A1 sheet\nVPORT 2\nVPLAYER FREEZE *\nLAYER ON *\nREGEN\n";
+    std::ofstream(folder / "self.scr") << "REGEN\nSCRIPT \"" << folder.string() << "\\self.scr\"\n";
+    // What is typed without a folder stays in this one.
+    fs::current_path(folder);
+}
+
+/// What is left after a life.
+struct Rest {
+    std::vector<std::string> ledger;
+    int windows = 0;
+    std::optional<int> gdiObjects;
+};
+
+Rest liveOnce(Life life, const std::vector<std::wstring>& lines) {
+    runtime::reset();
+    instruments::watch(true);
+    life.live(lines);
+    Rest rest{instruments::ledger(), countWindows(), countGdiObjects()};
+    instruments::watch(false);
+    runtime::reset();
+    return rest;
+}
+
+bool isClean(const Rest& rest, const Rest& first) {
+    for (const std::string& entry : rest.ledger)
+        std::printf("still open, or not given back: %s\n", entry.c_str());
+    const int more = rest.gdiObjects.value_or(0) - first.gdiObjects.value_or(0);
+    if (rest.windows > 0)
+        std::printf("windows left: %d\n", rest.windows);
+    if (more > kKeptBySystem)
+        std::printf("GDI objects left: %d\n", more);
+    return rest.ledger.empty() && rest.windows == 0 && more <= kKeptBySystem;
+}
+
+bool parse(int argc, char** argv, Options& options) {
+    wchar_t quick[4] = L"";
+    if (GetEnvironmentVariableW(L"KEL_TEST_QUICK", quick, 4) != 0 && std::wstring(quick) == L"1")
+        options.seconds = 3;
+    for (int i = 1; i + 1 < argc; i += 2) {
+        const std::string name = argv[i];
+        if (name == "--seed")
+            options.seed = static_cast<unsigned>(std::stoul(argv[i + 1]));
+        else if (name == "--seconds")
+            options.seconds = std::stoi(argv[i + 1]);
+        else if (name == "--samples")
+            options.samples = argv[i + 1];
+        else
+            return false;
+    }
+    return argc % 2 == 1 && !options.samples.empty() && options.seconds > 0;
+}
+
+/// Lives until the time is over. Answers whether nothing was left behind.
+bool liveAll(Monkey& monkey, const Options& options, const std::wstring& folder) {
+    ui::Watchdog watchdog([] { std::puts("The Workbench doesn't answer any more."); }, 30s);
+    const std::wstring open = L"OPEN \"" + folder + L"house.zdr\"";
+    // One of each window, so that the system has kept what it keeps.
+    const Rest first = liveOnce({monkey, watchdog, std::nullopt}, {open, L"LAYOUT A1 sheet", L"OPEN missing", L"OPEN",
+                                                                   L"LAYERSTATE", L"LAYER ON *", L"QUIT"});
+    const auto length = std::chrono::milliseconds(options.seconds * 1000 / std::max(2, options.seconds / 15));
+    const auto end = Clock::now() + std::chrono::seconds(options.seconds);
+    bool clean = isClean(first, first);
+    for (int life = 1; Clock::now() < end; ++life) {
+        const Rest rest = liveOnce({monkey, watchdog, length}, {open});
+        std::printf("life %d: %ld actions so far, %d windows left, %s GDI objects more\n", life, monkey.actions(),
+                    rest.windows,
+                    rest.gdiObjects ? std::to_string(*rest.gdiObjects - *first.gdiObjects).c_str() : "uncounted");
+        std::fflush(stdout);
+        clean = isClean(rest, first) && clean;
+    }
+    return clean;
+}
+
+int run(const Options& options) {
+    const fs::path folder = fs::temp_directory_path() / "kel-workbench-monkey";
+    const fs::path logPath = fs::temp_directory_path() / "kel-workbench-monkey.log";
+    prepareFolder(folder, fs::absolute(options.samples));
+    framework::DialogStore::setRoot(kDialogRoot);
+    std::printf("workbench_monkey: seed %u, %d s; what it does stands in %s\n", options.seed, options.seconds,
+                logPath.string().c_str());
+    std::fflush(stdout);
+    std::FILE* log = std::fopen(logPath.string().c_str(), "w");
+    if (!log)
+        return 1;
+    const std::wstring inFolder = folder.wstring() + L"\\";
+    Monkey monkey(options.seed, inFolder, log);
+    const bool clean = liveAll(monkey, options, inFolder);
+    std::fclose(log);
+    RegDeleteTreeW(HKEY_CURRENT_USER, kDialogRoot);
+    std::printf("%s\n", clean ? "nothing was left behind" : "something was left behind");
+    return clean ? 0 : 1;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    Options options;
+    if (!parse(argc, argv, options)) {
+        std::puts("workbench_monkey --samples folder [--seed n] [--seconds n]");
+        return 2;
+    }
+    if (!AfxWinInit(GetModuleHandle(nullptr), nullptr, GetCommandLine(), SW_SHOWNORMAL))
+        return 1;
+    return run(options);
+}
