@@ -1,4 +1,5 @@
-// The two handles that the whole module shares. Each is written once, on the main thread, and only read afterwards.
+// The two handles that the whole module shares. Each is written once, on the main thread, and only read from then on
+// until the unload.
 #pragma once
 
 #include <afxwin.h>

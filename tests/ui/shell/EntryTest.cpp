@@ -112,16 +112,25 @@ TEST_F(Entry, TheCommandIsFoundUnderItsGlobalNameWhateverTheCase) {
 }
 
 TEST_F(Entry, ADialogThatCantStartEndsTheCommandWithoutAWord) {
-    // Without its templates no dialog can be made; the strings are still there.
-    struct NoTemplate {
+    // The dialog's own window can't be made; any later one, of a message box for example, could.
+    struct FirstWindow {
         static LRESULT CALLBACK refuse(int code, WPARAM wParam, LPARAM lParam) {
-            return code == HCBT_CREATEWND ? 1 : CallNextHookEx(nullptr, code, wParam, lParam);
+            if (code == HCBT_CREATEWND && isNext()) {
+                isNext() = false;
+                return 1;
+            }
+            return CallNextHookEx(nullptr, code, wParam, lParam);
+        }
+        static bool& isNext() {
+            static bool next = true;
+            return next;
         }
     };
-    const HHOOK hook = SetWindowsHookExW(WH_CBT, NoTemplate::refuse, nullptr, GetCurrentThreadId());
+    const HHOOK hook = SetWindowsHookExW(WH_CBT, FirstWindow::refuse, nullptr, GetCurrentThreadId());
     ASSERT_NE(hook, nullptr);
     callsOf(Script(), [this] { runCommand(L"LAYERSTATE"); });
     UnhookWindowsHookEx(hook);
+    EXPECT_FALSE(FirstWindow::isNext());
     EXPECT_THAT(instruments::ledger(), IsEmpty());
 }
 

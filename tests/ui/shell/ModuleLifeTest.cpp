@@ -1,5 +1,5 @@
-// The module's load and unload messages: what it enters into the host's registry, in which order, and what it takes
-// out.
+// The module's load and unload messages: what it enters into the host's registry, what it takes out, and where it
+// finds its resources. MessagesTest.cpp has the order of the calls.
 #include "KelRuntime.h"
 #include "instruments/HostCalls.h"
 #include "Runtime.h"
@@ -100,49 +100,52 @@ TEST_F(ModuleLife, LoadRegistersTheServiceAndTheCommand) {
     EXPECT_NE(command->function(), nullptr);
 }
 
-TEST_F(ModuleLife, LoadTakesTheCommandsLocalNameFromTheResourceModule) {
-    ASSERT_EQ(send(kelrtLoadMessage), 0);
-    wchar_t text[64] = {};
-    ASSERT_GT(LoadStringW(GetModuleHandleW(L"KelLayerAppsRes.dll"), 120, text, 64), 0);
-    ASSERT_EQ(commandCount(), 1u);
-    EXPECT_STREQ(runtime::commandStack().at(0)->localName(), text);
-}
-
-TEST_F(ModuleLife, LoadDeclaresItselfToTheLinkerAndForSeveralDocumentsBeforeItRegistersAnything) {
+TEST_F(ModuleLife, LoadHandsItsPacketToTheLinkerAndDeclaresItselfForSeveralDocuments) {
     ASSERT_EQ(send(kelrtLoadMessage), 0);
     EXPECT_TRUE(runtime::declarationsOf(this).acceptsUnload);
     EXPECT_TRUE(runtime::declarationsOf(this).mdiAware);
-    std::vector<std::string> steps;
-    for (const std::string& name : operations())
-        if (name == "acceptApplication" || name == "kelrtRegisterAppMDIAware" || name == "kelrtServiceIsRegistered" ||
-            name == "kelrtRegisterService" || name == "addCommand")
-            steps.push_back(name);
-    EXPECT_EQ(steps, (std::vector<std::string>{"acceptApplication", "kelrtRegisterAppMDIAware",
-                                               "kelrtServiceIsRegistered", "kelrtRegisterService", "addCommand"}));
 }
 
-TEST_F(ModuleLife, SecondLoadLeavesTheServiceAloneAndStillAddsTheCommand) {
+TEST_F(ModuleLife, UnloadLeavesNeitherServiceNorCommand) {
     ASSERT_EQ(send(kelrtLoadMessage), 0);
-    instruments::clearTrace();
-    ASSERT_EQ(send(kelrtLoadMessage), 0);
-    const std::vector<std::string> names = operations();
-    EXPECT_EQ(std::count(names.begin(), names.end(), "kelrtRegisterService"), 0);
-    EXPECT_EQ(std::count(names.begin(), names.end(), "addCommand"), 1);
-    EXPECT_EQ(commandCount(), 2u);
-    // The one unload that follows gives back one of the two holds on the resource module.
-    FreeLibrary(GetModuleHandleW(L"KelLayerAppsRes.dll"));
-}
-
-TEST_F(ModuleLife, UnloadTakesTheServiceAndThenTheCommandGroupOut) {
-    ASSERT_EQ(send(kelrtLoadMessage), 0);
-    instruments::clearTrace();
     ASSERT_EQ(send(kelrtUnloadMessage), 0);
-    const std::vector<std::string> names = operations();
     EXPECT_FALSE(serviceIsThere());
     EXPECT_EQ(commandCount(), 0u);
-    const auto removed = std::find(names.begin(), names.end(), "remove");
-    ASSERT_NE(removed, names.end());
-    EXPECT_NE(std::find(removed, names.end(), "removeGroup"), names.end());
+}
+
+TEST_F(ModuleLife, AnUnloadWithoutALoadFindsNothingToTakeOut) {
+    EXPECT_EQ(send(kelrtUnloadMessage), 0);
+    EXPECT_EQ(operations(), (std::vector<std::string>{"kelrtServiceIsRegistered", "kelrtSystemRegistry", "at",
+                                                      "kelrtSystemRegistry", "at", "at", "removeGroup"}));
+}
+
+namespace {
+
+/// A service that tells when it is deleted.
+class WatchedService : public KelRtObject {
+  public:
+    explicit WatchedService(bool& deleted) : m_deleted(deleted) {}
+    ~WatchedService() override { m_deleted = true; }
+
+  private:
+    bool& m_deleted;
+};
+
+KelRtDictionary& services() {
+    return *kelrtCast<KelRtDictionary>(runtime::systemRegistry().at(kelrtServiceDictionaryKey));
+}
+
+} // namespace
+
+TEST_F(ModuleLife, AServiceOfItsNameThatIsThereIsLeftAloneAndDeletedAtTheUnload) {
+    bool deleted = false;
+    auto* service = new WatchedService(deleted);
+    services().atPut(L"KelLayerApps", service);
+    ASSERT_EQ(send(kelrtLoadMessage), 0);
+    EXPECT_FALSE(deleted);
+    EXPECT_EQ(services().at(L"KelLayerApps"), service);
+    ASSERT_EQ(send(kelrtUnloadMessage), 0);
+    EXPECT_TRUE(deleted);
 }
 
 TEST_F(ModuleLife, UnloadFreesTheResourceModule) {
@@ -152,31 +155,12 @@ TEST_F(ModuleLife, UnloadFreesTheResourceModule) {
     EXPECT_EQ(GetModuleHandleW(L"KelLayerAppsRes.dll"), nullptr);
 }
 
-TEST_F(ModuleLife, UnloadPassesOverAServiceThatSomeoneElseRemoved) {
-    ASSERT_EQ(send(kelrtLoadMessage), 0);
-    auto* services = kelrtCast<KelRtDictionary>(runtime::systemRegistry().at(kelrtServiceDictionaryKey));
-    delete services->remove(L"KelLayerApps");
-    instruments::clearTrace();
-    ASSERT_EQ(send(kelrtUnloadMessage), 0);
-    const std::vector<std::string> names = operations();
-    EXPECT_EQ(std::count(names.begin(), names.end(), "remove"), 0);
-    EXPECT_EQ(commandCount(), 0u);
-}
-
 TEST_F(ModuleLife, LoadsAgainAfterAnUnload) {
     ASSERT_EQ(send(kelrtLoadMessage), 0);
     ASSERT_EQ(send(kelrtUnloadMessage), 0);
     ASSERT_EQ(send(kelrtLoadMessage), 0);
     EXPECT_TRUE(serviceIsThere());
     EXPECT_EQ(commandCount(), 1u);
-}
-
-TEST_F(ModuleLife, AnswersZeroToAnUnknownMessageAndChangesNothing) {
-    EXPECT_EQ(send(0), 0);
-    EXPECT_EQ(send(3), 0);
-    EXPECT_EQ(send(0xffffffff), 0);
-    EXPECT_EQ(operations(), std::vector<std::string>());
-    EXPECT_EQ(commandCount(), 0u);
 }
 
 TEST_F(ModuleLife, SurvivesTheFailureOfEachHostCallOfALoad) {
@@ -194,30 +178,67 @@ TEST_F(ModuleLife, SurvivesTheFailureOfEachHostCallOfALoad) {
     }
 }
 
+TEST_F(ModuleLife, FreesItsResourcesWhicheverHostCallOfAnUnloadFails) {
+    bool struck = true;
+    for (int nth = 1; struck; ++nth) {
+        ASSERT_EQ(send(kelrtLoadMessage), 0);
+        instruments::failAnyCall(nth);
+        EXPECT_EQ(send(kelrtUnloadMessage), 0) << "with call " << nth << " failing";
+        EXPECT_EQ(GetModuleHandleW(L"KelLayerAppsRes.dll"), nullptr) << "with call " << nth << " failing";
+        struck = instruments::faultStruck();
+        instruments::clearFaults();
+        runtime::reset(); // what that unload couldn't take out
+    }
+}
+
 namespace {
 
-/// A copy of the module under a name whose resource module doesn't exist.
-class ModuleWithoutResources : public ModuleLife {
+namespace fs = std::filesystem;
+
+/// Copies of the module under another name, with files of their own beside it.
+class ModuleCopy : public ModuleLife {
   protected:
-    void SetUp() override {
-        std::filesystem::copy_file(programFolder() / L"KelLayerApps.xmod", m_copy,
-                                   std::filesystem::copy_options::overwrite_existing);
-        open(m_copy);
-    }
+    void SetUp() override {}
     void TearDown() override {
         ModuleLife::TearDown();
         std::error_code ignored;
-        std::filesystem::remove(m_copy, ignored);
+        for (const fs::path& file : m_files)
+            fs::remove(file, ignored);
+    }
+    /// Copies a file of the program's folder; the copy goes at the test's end.
+    const fs::path& copy(const wchar_t* from, const fs::path& to) {
+        fs::create_directories(to.parent_path());
+        fs::copy_file(programFolder() / from, to, fs::copy_options::overwrite_existing);
+        return m_files.emplace_back(to);
     }
 
-    std::filesystem::path m_copy = programFolder() / L"WithoutResources.xmod";
+  private:
+    std::vector<fs::path> m_files;
 };
 
 } // namespace
 
-TEST_F(ModuleWithoutResources, LoadAnswers3AndTouchesNothing) {
+TEST_F(ModuleCopy, WithoutItsResourceModuleLoadAnswers3AndTouchesNothing) {
+    open(copy(L"KelLayerApps.xmod", programFolder() / L"Lonely.xmod"));
     EXPECT_EQ(send(kelrtLoadMessage), 3);
     EXPECT_EQ(operations(), std::vector<std::string>());
     EXPECT_FALSE(serviceIsThere());
     EXPECT_EQ(commandCount(), 0u);
+}
+
+TEST_F(ModuleCopy, TheSystemsSearchOrderAndNotItsOwnFolderDecidesWhereItsResourcesComeFrom) {
+    const fs::path elsewhere = programFolder() / L"elsewhere";
+    open(copy(L"KelLayerApps.xmod", elsewhere / L"Wanderer.xmod"));
+    copy(L"KelLayerAppsRes.dll", elsewhere / L"WandererRes.dll");
+    EXPECT_EQ(send(kelrtLoadMessage), 3) << "only beside the module, where nobody looks";
+    copy(L"KelLayerAppsRes.dll", programFolder() / L"WandererRes.dll");
+    EXPECT_EQ(send(kelrtLoadMessage), 0) << "beside the program, where the system looks first";
+}
+
+TEST_F(ModuleCopy, TheCommandsLocalNameComesFromTheResourceModuleAndItsGlobalNameDoesnt) {
+    open(copy(L"KelLayerApps.xmod", programFolder() / L"Translated.xmod")); // TranslatedRes.dll is built for this test
+    ASSERT_EQ(send(kelrtLoadMessage), 0);
+    ASSERT_EQ(commandCount(), 1u);
+    EXPECT_STREQ(runtime::commandStack().at(0)->globalName(), L"LAYERSTATE");
+    EXPECT_STREQ(runtime::commandStack().at(0)->localName(), L"TRANSLATED");
 }

@@ -1,15 +1,13 @@
 // The resource scope: inside it ids resolve in the resource module, outside it wherever they did before.
 #include "CResourceScope.h"
+#include "FrameworkFaults.h"
 #include "ModuleHandles.h"
 #include "resource.h"
 
 #include <gtest/gtest.h>
 
+#include <new>
 #include <stdexcept>
-
-// The module's two values, given by the test in the module's place.
-HINSTANCE g_moduleInstance = nullptr;
-HINSTANCE g_resourceModule = nullptr;
 
 namespace {
 
@@ -20,7 +18,10 @@ class ResourceScope : public testing::Test {
         ASSERT_NE(g_resourceModule, nullptr);
         AfxSetResourceHandle(m_before);
     }
-    void TearDown() override { FreeLibrary(g_resourceModule); }
+    void TearDown() override {
+        FreeLibrary(g_resourceModule);
+        g_resourceModule = nullptr;
+    }
 
     const HINSTANCE m_before = GetModuleHandleW(nullptr);
 };
@@ -65,5 +66,11 @@ TEST_F(ResourceScope, LoadsAStringThatThePreviousModuleLacks) {
 
 TEST_F(ResourceScope, LoadsAMissingStringAsEmpty) {
     EXPECT_STREQ(loadResourceString(64000).GetString(), L"");
+    EXPECT_EQ(AfxGetResourceHandle(), m_before);
+}
+
+TEST_F(ResourceScope, PutsThePreviousModuleBackWhenTheLoadOfAStringThrows) {
+    failFramework(FrameworkCall::loadString);
+    EXPECT_THROW(static_cast<void>(loadResourceString(IDS_LSTATE_COLUMN_NAME)), std::bad_alloc);
     EXPECT_EQ(AfxGetResourceHandle(), m_before);
 }

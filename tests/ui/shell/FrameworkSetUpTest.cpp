@@ -1,0 +1,103 @@
+// The module's set-up in the framework and its handles, with the module's own sources in this program: what happens
+// when the framework can't do its part.
+#include <afxwin.h>
+
+#include "FrameworkFaults.h"
+#include "HostTest.h"
+#include "KelRuntime.h"
+#include "LayerStateCommand.h"
+#include "ModuleHandles.h"
+#include "SystemRegistry.h"
+#include "resource.h"
+
+extern "C" int kelrtEntryPoint(unsigned int message, void* packet);
+extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID reserved);
+
+// No command is run here, so no dialog is needed.
+void runLayerStateCommand() {}
+
+namespace {
+
+class FrameworkSetUp : public ui::HostTest {
+  protected:
+    void SetUp() override {
+        HostTest::SetUp();
+        // The file tells the name of the resource module. That it holds a template itself shows where it is found.
+        copyResources(m_file);
+        copyResources(m_resources);
+        m_module = LoadLibraryW(m_file.c_str());
+        ASSERT_NE(m_module, nullptr);
+        g_moduleInstance = m_module;
+    }
+    void TearDown() override {
+        failFramework(FrameworkCall::none);
+        EXPECT_EQ(kelrtEntryPoint(kelrtUnloadMessage, this), 0);
+        g_moduleInstance = nullptr;
+        FreeLibrary(m_module);
+        std::filesystem::remove(m_file);
+        std::filesystem::remove(m_resources);
+        HostTest::TearDown();
+    }
+    static void copyResources(const std::filesystem::path& to) {
+        std::filesystem::copy_file(ui::programFolder() / L"KelLayerAppsRes.dll", to,
+                                   std::filesystem::copy_options::overwrite_existing);
+    }
+    static HINSTANCE placeOfTemplate() { return AfxFindResourceHandle(MAKEINTRESOURCE(IDD_LSTATE_RES), RT_DIALOG); }
+    void expectLoaded() {
+        EXPECT_EQ(kelrtEntryPoint(kelrtLoadMessage, this), 0);
+        EXPECT_TRUE(kelrtServiceIsRegistered(L"KelLayerApps"));
+        EXPECT_EQ(runtime::commandStack().count(), 1);
+    }
+
+    const std::filesystem::path m_file = ui::programFolder() / L"Stand-in.xmod";
+    const std::filesystem::path m_resources = ui::programFolder() / L"Stand-inRes.dll";
+    HMODULE m_module = nullptr;
+    const int m_linkObjectsBefore = linkObjectsMade();
+};
+
+TEST_F(FrameworkSetUp, PutsTheModuleIntoTheSearchForResourcesUntilItIsUnloaded) {
+    EXPECT_NE(placeOfTemplate(), m_module);
+    expectLoaded();
+    EXPECT_EQ(linkObjectsMade(), m_linkObjectsBefore + 1);
+    EXPECT_EQ(placeOfTemplate(), m_module);
+    EXPECT_EQ(kelrtEntryPoint(kelrtUnloadMessage, this), 0);
+    EXPECT_NE(placeOfTemplate(), m_module);
+}
+
+TEST_F(FrameworkSetUp, ARecordThatCantBeInitialisedLeavesTheLinkObjectOutAndTheLoadGoesOn) {
+    failFramework(FrameworkCall::initExtensionModule);
+    expectLoaded();
+    EXPECT_EQ(linkObjectsMade(), m_linkObjectsBefore);
+}
+
+TEST_F(FrameworkSetUp, ALinkObjectThatCantBeMadeDoesntStopTheLoad) {
+    failFramework(FrameworkCall::makeLinkObject);
+    expectLoaded();
+    EXPECT_EQ(linkObjectsMade(), m_linkObjectsBefore);
+}
+
+TEST_F(FrameworkSetUp, AnExceptionInTheLoadEndsAtTheDoorAsAFailure) {
+    failFramework(FrameworkCall::loadString);
+    EXPECT_EQ(kelrtEntryPoint(kelrtLoadMessage, this), kelrtAnswerLoadFailed);
+}
+
+TEST_F(FrameworkSetUp, TheAttachAloneTellsTheModulesHandle) {
+    const auto other = reinterpret_cast<HINSTANCE>(0x1000);
+    for (const DWORD reason : {DLL_PROCESS_DETACH, DLL_THREAD_ATTACH, DLL_THREAD_DETACH}) {
+        EXPECT_TRUE(DllMain(other, reason, nullptr)) << reason;
+        EXPECT_EQ(g_moduleInstance, m_module) << reason;
+    }
+    EXPECT_TRUE(DllMain(other, DLL_PROCESS_ATTACH, nullptr));
+    EXPECT_EQ(g_moduleInstance, other);
+}
+
+TEST_F(FrameworkSetUp, AModuleWhosePathCantBeToldHasNoResourceModule) {
+    // Without a path there is nothing in front of the suffix; a file of that bare name must not be taken.
+    const std::filesystem::path trap = ui::programFolder() / L"Res.dll";
+    copyResources(trap);
+    g_moduleInstance = reinterpret_cast<HINSTANCE>(0x1000);
+    EXPECT_EQ(loadResourceModule(), nullptr);
+    std::filesystem::remove(trap);
+}
+
+} // namespace
