@@ -104,7 +104,8 @@ void CLayerStatesRestoreDlg::restoreSelected(KelDbLayerStateManager& states) {
     const Vorn::ErrorStatus status = states.restoreLayerState(m_stateName, viewport, flags, nullptr);
     if (!m_regenLayers.isEmpty())
         keledRegenLayers(m_regenLayers, keledRegenPending());
-    if (status != Vorn::eOk && status != Vorn::eDuplicateRecordName)
+    // A name that exists isn't a restore's failure; nothing is said of it.
+    if (status != Vorn::eDuplicateRecordName)
         reportRestoreFailure(static_cast<unsigned int>(status));
 }
 
@@ -129,6 +130,8 @@ void CLayerStatesRestoreDlg::reportRestoreFailure(unsigned int status) {
     if (!m_reportFailure)
         return;
     const RestoreReport report = restoreReport(status);
+    if (report.form == RestoreReport::Form::none)
+        return;
     if (report.form == RestoreReport::Form::taskDialog && showCannotRestoreDialog()) {
         m_reportFailure = false;
         return;

@@ -2,10 +2,23 @@
 
 #include <afxwin.h>
 
+#include "instruments/HostCalls.h"
+
 #include <gmock/gmock.h>
 
 namespace {
-CWinApp theProgram;
+
+class Program : public CWinApp {
+  public:
+    // In the trace, so that tests see what runs under the wait cursor: 1 shows it, -1 hides it.
+    void DoWaitCursor(int code) override {
+        const instruments::HostCall call("DoWaitCursor", code);
+        CWinApp::DoWaitCursor(code);
+    }
+};
+
+Program theProgram;
+
 } // namespace
 
 int main(int count, char** words) {

@@ -184,6 +184,38 @@ TEST_F(Boxes, ShowTheStoredMaskAgainWhenThePanelIsOpened) {
                .press(VK_ESCAPE));
 }
 
+TEST_F(Boxes, AControlThatIsAbsentIsPassedOver) {
+    open(house());
+    keep(managerName, L"Expanded", 1);
+    manage(Script()
+               .look("some controls are gone",
+                     [](const View& view) {
+                         for (const int control : {IDC_LSTATE_RES_DELETE, IDC_LSTATE_RES_LOCKED, IDC_LSTATE_RES_COLOR,
+                                                   IDC_LSTATE_RES_OVERRIDES})
+                             DestroyWindow(view.control(control));
+                     })
+               .clickCell(IDC_LSTATE_RES_LIST, 1, 0)
+               .look("the others",
+                     [](const View& view) {
+                         EXPECT_EQ(shownMask(view), MaskOn | MaskLinetype);
+                         EXPECT_TRUE(view.isEnabled(IDC_LSTATE_RES_EXPORT));
+                         EXPECT_TRUE(view.isEnabled(IDC_LSTATE_RES_PLOTSTYLE));
+                         EXPECT_TRUE(view.isEnabled(IDC_LSTATE_RES_CLEARALL));
+                     })
+               .click(IDC_LSTATE_RES_SELECTALL)
+               .look("all that are left and enabled",
+                     [](const View& view) {
+                         EXPECT_EQ(shownMask(view), MaskAllProperties & ~(MaskViewportFrozen | MaskLocked | MaskColor));
+                     })
+               .clickEmptySpace(IDC_LSTATE_RES_LIST)
+               .look("none",
+                     [](const View& view) {
+                         EXPECT_EQ(shownMask(view), 0u);
+                         EXPECT_FALSE(view.isEnabled(IDC_LSTATE_RES_EXPORT));
+                     })
+               .click(IDC_LSTATE_RES_CLOSE));
+}
+
 TEST_F(Boxes, InAViewportOnAndFrozenAreDisabledAndStillShowTheStoredMask) {
     open(house().inViewport());
     lookAtOpening([](const View& view) {

@@ -4,6 +4,8 @@
 
 #include "KelEditor.h"
 
+#include <commctrl.h>
+
 namespace {
 
 using testing::ElementsAre;
@@ -83,6 +85,19 @@ TEST_F(Opening, AsksTheHostForTheseStepsInThisOrder) {
     EXPECT_THAT(calls, testing::ElementsAreArray(expected));
 }
 
+TEST_F(Opening, InAViewportEveryStateIsComparedWithWhatTheViewportShows) {
+    open(house().lastRestored(L"Bare").inViewport());
+    std::vector<std::string> compared;
+    lookAtOpening([&compared](const View&) {
+        for (const std::string& line : instruments::trace())
+            if (line.starts_with("compareLayerStateToDb("))
+                compared.push_back(line.substr(0, line.find(')') + 1));
+    });
+    EXPECT_THAT(compared, ElementsAre("compareLayerStateToDb(\"Ground floor\", #F0)",
+                                      "compareLayerStateToDb(\"Plumbing plan\", #F0)",
+                                      "compareLayerStateToDb(\"Bare\", #F0)", "compareLayerStateToDb(\"Bare\", #F0)"));
+}
+
 TEST_F(Opening, TheFirstRunEverHasThePanelClosedAndTheOptionsOn) {
     open(house());
     lookAtOpening([](const View& view) {
@@ -122,6 +137,14 @@ TEST_F(Opening, TheListHasFourColumnsThatShareItsWidth) {
                     ElementsAre(static_cast<int>(width * 0.4), static_cast<int>(width * 0.14),
                                 static_cast<int>(width * 0.1), static_cast<int>(width * 0.35)));
         EXPECT_TRUE(view.hasFullRowSelection(IDC_LSTATE_RES_LIST));
+        for (int index = 0; index < 4; ++index) {
+            LVCOLUMNW column = {};
+            column.mask = LVCF_FMT | LVCF_SUBITEM;
+            SendMessageW(view.control(IDC_LSTATE_RES_LIST), LVM_GETCOLUMNW, static_cast<WPARAM>(index),
+                         reinterpret_cast<LPARAM>(&column));
+            EXPECT_EQ(column.fmt & LVCFMT_JUSTIFYMASK, LVCFMT_LEFT) << index;
+            EXPECT_EQ(column.iSubItem, index);
+        }
     });
 }
 

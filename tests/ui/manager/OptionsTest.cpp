@@ -38,17 +38,19 @@ TEST_F(Options, HidingTheStatesOfReferencesFillsTheListAnewAndSelectsTheFirstRow
     manage(script.press(VK_ESCAPE));
 }
 
-TEST_F(Options, HidingInAnEmptyDrawingSelectsNothing) {
+TEST_F(Options, HidingInAnEmptyDrawingEnablesTheListAndSelectsNothing) {
     open(ui::TestDrawing());
-    manage(Script()
-               .click(IDC_LSTATE_RES_HIDEXREFS)
-               .look("no row",
-                     [](const View& view) {
-                         EXPECT_EQ(view.rowCount(IDC_LSTATE_RES_LIST), 0);
-                         EXPECT_TRUE(view.isEnabled(IDC_LSTATE_RES_LIST));
-                         EXPECT_EQ(kept(managerName, L"ShowXrefs"), 0);
-                     })
-               .press(VK_ESCAPE));
+    manage(
+        Script()
+            .look("a disabled list", [](const View& view) { EnableWindow(view.control(IDC_LSTATE_RES_LIST), FALSE); })
+            .click(IDC_LSTATE_RES_HIDEXREFS)
+            .look("no row in a list that is enabled",
+                  [](const View& view) {
+                      EXPECT_EQ(view.rowCount(IDC_LSTATE_RES_LIST), 0);
+                      EXPECT_TRUE(view.isEnabled(IDC_LSTATE_RES_LIST));
+                      EXPECT_EQ(kept(managerName, L"ShowXrefs"), 0);
+                  })
+            .press(VK_ESCAPE));
 }
 
 TEST_F(Options, TurningOffUnknownLayersIsKeptAtOnce) {

@@ -168,7 +168,7 @@ TEST_F(Panel, IsKeptByCloseAndReopensAsItWas) {
                            .click(IDC_LSTATE_RES_CLOSE)));
 }
 
-TEST_F(Panel, IsNotKeptByEscapeNorByTheCloseButtonOfTheTitleBar) {
+TEST_F(Panel, IsNotKeptByEscapeNorByClosingTheWindow) {
     open(house());
     ASSERT_TRUE(manage(Script().click(IDC_LSTATE_RES_EXPAND).press(VK_ESCAPE)));
     EXPECT_EQ(kept(managerName, L"Expanded"), -1);

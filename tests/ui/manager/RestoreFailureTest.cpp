@@ -1,12 +1,17 @@
 // What the user is told when the host refuses a restore, and what the manager does when any of its host calls fails.
 
+#include <afxwin.h>
+
 #include "ManagerTest.h"
 
 #include "Documents.h"
 
+#include <algorithm>
+
 namespace {
 
 using testing::Contains;
+using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 using testing::StartsWith;
@@ -18,10 +23,11 @@ constexpr int exclamation = 32515;
 class RestoreFailure : public ManagerTest {
   protected:
     /// Restores the selected state with the host answering that status.
-    Script restoreAnswering(int status) const {
+    Script restoreAnswering(int status) {
         return Script()
             .look("the host is to refuse",
-                  [status](const View&) {
+                  [this, status](const View& view) {
+                      manager = view.window();
                       instruments::clearTrace();
                       instruments::failCall("restoreLayerState", 1, static_cast<Vorn::ErrorStatus>(status));
                   })
@@ -42,6 +48,8 @@ class RestoreFailure : public ManagerTest {
         EXPECT_EQ(callsOf("keledUpdateDisplay"), 2);
         EXPECT_EQ(kept(managerName, L"Expanded"), 0);
     }
+
+    HWND manager = nullptr;
 };
 
 struct Report {
@@ -54,8 +62,10 @@ TEST_P(RestoreReports, ComeAsAMessageBoxAndTheManagerEnds) {
     open(house());
     manage(restoreAnswering(GetParam().status)
                .waitForText(resourceText(GetParam().stringId))
-               .look("its icon and its button",
-                     [](const View& view) {
+               .look("its owner, its title, its icon and its button",
+                     [this](const View& view) {
+                         EXPECT_EQ(GetWindow(view.window(), GW_OWNER), manager);
+                         EXPECT_EQ(view.title(), L"Error"); // the system's, of a box without a title of its own
                          EXPECT_EQ(view.icon(), LoadIconW(nullptr, MAKEINTRESOURCEW(exclamation)));
                          EXPECT_TRUE(view.has(IDOK) || view.has(IDCANCEL)); // a lone OK button may bear either id
                          EXPECT_FALSE(view.has(IDYES));
@@ -93,6 +103,41 @@ TEST_F(RestoreFailure, AnyOtherStatusIsToldByTheTaskDialog) {
                .press(VK_RETURN));
     EXPECT_EQ(callsOf("taskDialog.ShowDialog"), 1);
     expectGoneThrough();
+}
+
+TEST_F(RestoreFailure, TheTaskDialogIsOwnedByTheMainWindowOfTheThread) {
+    open(house());
+    CWnd mainWindow;
+    ASSERT_TRUE(mainWindow.CreateEx(0, AfxRegisterWndClass(0), L"Main window", WS_OVERLAPPEDWINDOW,
+                                    CRect(0, 0, 600, 400), nullptr, 0));
+    Script script;
+    script.look("a main window", [&mainWindow](const View&) { AfxGetThread()->m_pMainWnd = &mainWindow; });
+    manage(
+        script.then(restoreAnswering(Vorn::eInvalidInput))
+            .waitUntil("the task dialog is shown", [](const View& view) { return !view.has(IDC_LSTATE_RES_LIST); })
+            .look("its owner",
+                  [&mainWindow](const View& view) { EXPECT_EQ(GetWindow(view.window(), GW_OWNER), mainWindow.m_hWnd); })
+            .press(VK_RETURN));
+    AfxGetThread()->m_pMainWnd = nullptr;
+    mainWindow.DestroyWindow();
+}
+
+TEST_F(RestoreFailure, ARefusedRestoreIsReportedBehindTheRegenerationAndWithinTheTransaction) {
+    open(house());
+    manage(restoreAnswering(Vorn::eInvalidInput)
+               .waitUntil("the task dialog is shown", [](const View& view) { return !view.has(IDC_LSTATE_RES_LIST); })
+               .press(VK_RETURN));
+    const std::vector<std::string> calls = instruments::trace();
+    const auto restored = std::find_if(calls.begin(), calls.end(),
+                                       [](const std::string& line) { return line.starts_with("restoreLayerState("); });
+    EXPECT_THAT(std::vector<std::string>(restored, calls.end()),
+                ElementsAre("restoreLayerState(\"Ground floor\", null, 5, null) = 3", "keledRegenPending() = 0",
+                            "keledRegenLayers(4, 0)", StartsWith("taskDialog.LoadFromFile("),
+                            StartsWith("taskDialog.ShowDialog("), "kelDocManagerPtr()", "currentDocument() = object",
+                            "transactionManager() = object", "endTransaction() = 0",
+                            "applyCurZdrLayerTableChanges() = 0", "keledUpdateDisplay()",
+                            "applyCurZdrLayerTableChanges() = 0", "keledUpdateDisplay()",
+                            "SetDialogData(\"Expanded\", 0) = true"));
 }
 
 TEST_F(RestoreFailure, ATaskDialogThatCantBeLoadedBecomesAMessageBoxWithoutText) {

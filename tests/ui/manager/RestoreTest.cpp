@@ -2,6 +2,8 @@
 
 #include "ManagerTest.h"
 
+#include "Documents.h"
+
 namespace {
 
 using testing::Contains;
@@ -34,30 +36,30 @@ class Restore : public ManagerTest {
 
 TEST_F(Restore, AsksTheHostForTheseStepsInThisOrder) {
     open(house());
-    EXPECT_THAT(callsOfRestore(Script().clickCell(IDC_LSTATE_RES_LIST, 1, 0)),
-                ElementsAre("kelDocManagerPtr()", "currentDocument() = object", "transactionManager() = object",
-                            "startTransaction() = object",                                             //
-                            "keldbHostApplicationServices()", "workingDatabase() = object",            //
-                            "getLayerStateManager() = object", "keledGetCurViewportObjectId() = null", //
-                            // All layers are collected before the restore.
-                            "keldbHostApplicationServices()", "workingDatabase() = object", "getLayerTable(0) = 0",
-                            "layerTable.newIterator(true, true) = 0",                                            //
-                            "iterator.done() = false", "iterator.getRecordId() = 0, id=#1",                      //
-                            "iterator.step(true, true)", "iterator.done() = false",                              //
-                            "iterator.getRecordId() = 0, id=#2", "iterator.step(true, true)",                    //
-                            "iterator.done() = false", "iterator.getRecordId() = 0, id=#3",                      //
-                            "iterator.step(true, true)", "iterator.done() = false",                              //
-                            "iterator.getRecordId() = 0, id=#4", "iterator.step(true, true)",                    //
-                            "iterator.done() = true", "iterator.delete()", "close(#layerTable) = 0",             //
-                            "setLayerStateMask(\"Plumbing plan\", 97) = 0",                                      //
-                            "restoreLayerState(\"Plumbing plan\", null, 5, null) = 0",                           //
-                            "keledRegenPending() = 0", "keledRegenLayers(4, 0)",                                 //
-                            "kelDocManagerPtr()", "currentDocument() = object", "transactionManager() = object", //
-                            "endTransaction() = 0",                                                              //
-                            // Published by the restore, and once more by the button's handler.
-                            "applyCurZdrLayerTableChanges() = 0", "keledUpdateDisplay()",
-                            "applyCurZdrLayerTableChanges() = 0", "keledUpdateDisplay()",
-                            "SetDialogData(\"Expanded\", 0) = true"));
+    EXPECT_THAT(
+        callsOfRestore(Script().clickCell(IDC_LSTATE_RES_LIST, 1, 0)),
+        ElementsAre("kelDocManagerPtr()", "currentDocument() = object", "transactionManager() = object",
+                    "startTransaction() = object",                                             //
+                    "keldbHostApplicationServices()", "workingDatabase() = object",            //
+                    "getLayerStateManager() = object", "keledGetCurViewportObjectId() = null", //
+                    // All layers are collected before the restore.
+                    "keldbHostApplicationServices()", "workingDatabase() = object", "getLayerTable(0) = 0",
+                    "layerTable.newIterator(true, true) = 0", "DoWaitCursor(1)",                                 //
+                    "iterator.done() = false", "iterator.getRecordId() = 0, id=#1",                              //
+                    "iterator.step(true, true)", "iterator.done() = false",                                      //
+                    "iterator.getRecordId() = 0, id=#2", "iterator.step(true, true)",                            //
+                    "iterator.done() = false", "iterator.getRecordId() = 0, id=#3",                              //
+                    "iterator.step(true, true)", "iterator.done() = false",                                      //
+                    "iterator.getRecordId() = 0, id=#4", "iterator.step(true, true)",                            //
+                    "iterator.done() = true", "DoWaitCursor(-1)", "iterator.delete()", "close(#layerTable) = 0", //
+                    "setLayerStateMask(\"Plumbing plan\", 97) = 0",                                              //
+                    "restoreLayerState(\"Plumbing plan\", null, 5, null) = 0",                                   //
+                    "keledRegenPending() = 0", "keledRegenLayers(4, 0)",                                         //
+                    "kelDocManagerPtr()", "currentDocument() = object", "transactionManager() = object",         //
+                    "endTransaction() = 0",                                                                      //
+                    // Published by the restore, and once more by the button's handler.
+                    "applyCurZdrLayerTableChanges() = 0", "keledUpdateDisplay()", "applyCurZdrLayerTableChanges() = 0",
+                    "keledUpdateDisplay()", "SetDialogData(\"Expanded\", 0) = true"));
 }
 
 TEST_F(Restore, ChangesTheLayersAndMakesTheStateTheLastRestoredOne) {
@@ -129,6 +131,30 @@ INSTANTIATE_TEST_SUITE_P(Options, RestoreFlags,
                                     (named.param.inViewport ? "InAViewport" : "InModelSpace");
                          });
 
+TEST_F(Restore, FollowsAnOptionThatWasJustClicked) {
+    open(house().inViewport());
+    const auto flagsOf = [this](int box) {
+        const std::vector<std::string> calls = callsOfRestore(Script().click(box));
+        return only(calls, "restoreLayerState");
+    };
+    EXPECT_THAT(flagsOf(IDC_LSTATE_RES_LAYERNOTFOUND), ElementsAre(HasSubstr("#F0, 4, null")));
+    EXPECT_THAT(flagsOf(IDC_LSTATE_RES_OVERRIDES), ElementsAre(HasSubstr("#F0, 0, null")));
+    EXPECT_THAT(flagsOf(IDC_LSTATE_RES_LAYERNOTFOUND), ElementsAre(HasSubstr("#F0, 1, null")));
+}
+
+TEST_F(Restore, TouchesOnlyTheCurrentOfSeveralDrawings) {
+    open(house());
+    runtime::Document& current = *runtime::currentDocument();
+    open(house());
+    runtime::Document& other = *runtime::currentDocument();
+    runtime::setCurrentDocument(current);
+    callsOfRestore(Script().clickCell(IDC_LSTATE_RES_LIST, 1, 0));
+    EXPECT_EQ(runtime::currentDocument(), &current);
+    EXPECT_TRUE(current.data().getLayerStateManager()->compareLayerStateToDb(L"Plumbing plan", KelDbObjectId()));
+    EXPECT_FALSE(other.data().getLayerStateManager()->compareLayerStateToDb(L"Plumbing plan", KelDbObjectId()));
+    EXPECT_TRUE(other.data().getLayerStateManager()->compareLayerStateToDb(L"Ground floor", KelDbObjectId()));
+}
+
 TEST_F(Restore, RegeneratesEveryLayerOfTheDrawingAndNotOnlyThoseOfTheState) {
     ui::TestDrawing drawing = house();
     for (int i = 0; i < 20; ++i)
@@ -186,11 +212,25 @@ TEST_F(Restore, WithoutATransactionDoesNothingAndTheManagerStaysOpen) {
                .look("still open",
                      [](const View& view) {
                          EXPECT_TRUE(view.has(IDC_LSTATE_RES_LIST));
-                         const std::vector<std::string> calls = instruments::trace();
-                         EXPECT_THAT(only(calls, "setLayerStateMask"), IsEmpty());
-                         EXPECT_THAT(only(calls, "restoreLayerState"), IsEmpty());
-                         EXPECT_THAT(only(calls, "endTransaction"), IsEmpty());
-                         EXPECT_THAT(only(calls, "applyCurZdrLayerTableChanges"), IsEmpty());
+                         EXPECT_THAT(instruments::trace(),
+                                     ElementsAre("kelDocManagerPtr()", "currentDocument() = object",
+                                                 "transactionManager() = object", "startTransaction() = null"));
+                     })
+               .press(VK_ESCAPE));
+    EXPECT_EQ(kept(managerName, L"Expanded"), -1);
+}
+
+TEST_F(Restore, WithoutASelectedRowDoesNothingAndTheManagerStaysOpen) {
+    open(house());
+    // With Control held the first press takes the row out of the selection, and the second makes the double click.
+    manage(Script()
+               .look("the calls count from here", [](const View&) { instruments::clearTrace(); })
+               .doubleClickCell(IDC_LSTATE_RES_LIST, 0, 0, ui::holdControl)
+               .look("still open",
+                     [](const View& view) {
+                         EXPECT_THAT(view.selectedRows(IDC_LSTATE_RES_LIST), IsEmpty());
+                         EXPECT_THAT(only(instruments::trace(), "kelDocManagerPtr"), IsEmpty());
+                         EXPECT_THAT(only(instruments::trace(), "applyCurZdrLayerTableChanges"), IsEmpty());
                      })
                .press(VK_ESCAPE));
     EXPECT_EQ(kept(managerName, L"Expanded"), -1);

@@ -2,6 +2,8 @@
 
 #include "ManagerTest.h"
 
+#include <commctrl.h>
+
 namespace {
 
 using testing::Contains;
@@ -81,7 +83,7 @@ TEST_F(ShortCuts, ADoubleClickElsewhereInTheDialogDoesNothing) {
 
 TEST_F(ShortCuts, ADoubleClickWithSeveralRowsSelectedRestoresTheTopMost) {
     open(house());
-    // Control held keeps the other rows selected while the double click comes.
+    // Shift held keeps both rows selected while the double click comes.
     manage(Script()
                .clickCell(IDC_LSTATE_RES_LIST, 1, 0)
                .press(VK_DOWN, ui::holdShift)
@@ -103,6 +105,49 @@ TEST_F(ShortCuts, AltWithTheAngleBracketsOpensAndClosesThePanel) {
     manage(script.press(VK_ESCAPE));
 }
 
+// Counts the characters with Alt that get through to a window.
+LRESULT CALLBACK countAltCharacters(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                    DWORD_PTR count) {
+    if (message == WM_SYSCHAR)
+        ++*reinterpret_cast<int*>(count);
+    return DefSubclassProc(window, message, wParam, lParam);
+}
+
+TEST_F(ShortCuts, AltWithAnAngleBracketIsConsumedWhetherOrNotThereIsSomethingToDo) {
+    open(house());
+    int reached = 0;
+    const auto listOf = [](const View& view) { return view.control(IDC_LSTATE_RES_LIST); };
+    Script script;
+    script.look("count at the list, which has the focus", [&](const View& view) {
+        EXPECT_EQ(view.focusedControl(), IDC_LSTATE_RES_LIST);
+        SetWindowSubclass(listOf(view), countAltCharacters, 1, reinterpret_cast<DWORD_PTR>(&reached));
+    });
+    for (const wchar_t character : {L'<', L'>', L'>', L'<'})
+        script.pressAlt(character);
+    // A character that is nobody's gets through, and so comes after all of them.
+    script.pressAlt(L'j').waitUntil("the last one", [&](const View&) { return reached > 0; });
+    script.look("no more than that one", [&](const View& view) {
+        EXPECT_EQ(reached, 1);
+        RemoveWindowSubclass(listOf(view), countAltCharacters, 1);
+    });
+    manage(script.press(VK_ESCAPE));
+}
+
+TEST_F(ShortCuts, ADoubleClickOnARowIsConsumedAlsoWhenTheRestoreCantStart) {
+    open(house());
+    manage(Script()
+               .look("no transaction can be started",
+                     [](const View&) {
+                         instruments::failCall("startTransaction", 1);
+                         instruments::clearTrace();
+                     })
+               .doubleClickCell(IDC_LSTATE_RES_LIST, 0, 0)
+               .waitUntil("the restore was tried", [](const View&) { return instruments::faultStruck(); })
+               .look("the list hasn't been told of it",
+                     [](const View&) { EXPECT_EQ(instruments::trace().back(), "startTransaction() = null"); })
+               .press(VK_ESCAPE));
+}
+
 TEST_F(ShortCuts, EscapeEndsTheManagerWithNothingDoneAndNothingKept) {
     open(house());
     manage(Script().press(VK_ESCAPE));
@@ -114,6 +159,17 @@ TEST_F(ShortCuts, EnterPressesTheDefaultButtonWhichIsRestore) {
     open(house());
     manage(Script().press(VK_DOWN).press(VK_RETURN));
     EXPECT_THAT(restores(), ElementsAre("restoreLayerState(\"Plumbing plan\""));
+}
+
+TEST_F(ShortCuts, EnterDoesNothingWhileRestoreIsDisabled) {
+    open(house());
+    manage(Script()
+               .press(VK_DOWN, ui::holdShift)
+               .press(VK_RETURN)
+               .look("still open",
+                     [](const View& view) { EXPECT_THAT(view.selectedRows(IDC_LSTATE_RES_LIST), ElementsAre(0, 1)); })
+               .press(VK_ESCAPE));
+    EXPECT_THAT(restores(), IsEmpty());
 }
 
 TEST_F(ShortCuts, TheMnemonicsReachTheirControls) {
@@ -141,6 +197,21 @@ TEST_F(ShortCuts, F2OpensTheNameOfTheOneSelectedStateForEditing) {
                .look("closed again",
                      [](const View& view) { EXPECT_EQ(view.labelEditorText(IDC_LSTATE_RES_LIST), std::nullopt); })
                .press(VK_ESCAPE));
+}
+
+TEST_F(ShortCuts, F2TakesTheRowThatTheArrowsOrTheOpeningSelected) {
+    open(house().lastRestored(L"Plumbing plan"));
+    const auto expectEditing = [](Script& script, const wchar_t* name) {
+        script.press(VK_F2)
+            .look("the editor",
+                  [name](const View& view) { EXPECT_EQ(view.labelEditorText(IDC_LSTATE_RES_LIST), name); })
+            .press(VK_ESCAPE);
+    };
+    Script script;
+    expectEditing(script, L"Plumbing plan");
+    script.press(VK_DOWN);
+    expectEditing(script, L"Bare");
+    manage(script.press(VK_ESCAPE));
 }
 
 TEST_F(ShortCuts, F2DoesNothingForADependentState) {

@@ -182,6 +182,31 @@ TEST_F(StateList, GoesOnWhenAMaskCantBeRead) {
     EXPECT_EQ(column(3), (Texts{L"", L"for the plan", L""}));
 }
 
+TEST_F(StateList, KeepsARowWithoutANameWithItsOtherCellsBlank) {
+    zdr::Drawing drawing = engine::drawingOf(*m_database);
+    drawing.states[0].name.clear();
+    drawing.states[0].description = L"of nothing";
+    engine::replaceDrawing(*m_database, std::move(drawing));
+    instruments::clearTrace();
+    EXPECT_TRUE(m_list.PopulateStates(m_database, true, true));
+    ASSERT_EQ(column(0), (Texts{L"", L"Beta", L"gamma"}));
+    for (int index = 1; index < 4; ++index)
+        EXPECT_EQ(column(index)[0], L"") << index;
+    EXPECT_EQ(column(3)[1], L"for the plan");
+    EXPECT_EQ(calls("getLayerStateMask"), 2) << "nothing is asked about the row without a name";
+}
+
+TEST_F(StateList, NamesAStateByTheFirst258CharactersOfItsRow) {
+    zdr::Drawing drawing = engine::drawingOf(*m_database);
+    const std::wstring name(300, L'n');
+    drawing.states[0].name = name;
+    engine::replaceDrawing(*m_database, std::move(drawing));
+    m_list.PopulateStates(m_database, true, true);
+    EXPECT_STREQ(m_list.StateName(0).GetString(), name.substr(0, 258).c_str());
+    EXPECT_EQ(m_list.FindState(name.c_str()), -1);
+    EXPECT_EQ(m_list.FindState(name.substr(0, 258).c_str()), 0);
+}
+
 TEST_F(StateList, FindsAStateWithoutRegardToCase) {
     m_list.PopulateStates(m_database, true, true);
     EXPECT_EQ(m_list.FindState(L"alpha"), 0);
