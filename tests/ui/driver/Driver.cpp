@@ -44,6 +44,31 @@ std::string nameOfTest() {
     return test ? std::string(test->test_suite_name()) + "." + test->name() : "no test";
 }
 
+/// The window of this thread that a person could answer; null when there is none.
+HWND answerableWindow() {
+    HWND found = nullptr;
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND window, LPARAM out) -> BOOL {
+            const bool answerable = IsWindowVisible(window) && IsWindowEnabled(window);
+            if (answerable)
+                *reinterpret_cast<HWND*>(out) = window;
+            return !answerable;
+        },
+        reinterpret_cast<LPARAM>(&found));
+    return found;
+}
+
+/// The desktop of a fresh session may come up behind the first windows of the first program and take their input away;
+/// a person would click into the window. Between the program's own windows nothing is changed.
+void takeInputFromOthers() {
+    DWORD owner = 0;
+    GetWindowThreadProcessId(GetForegroundWindow(), &owner);
+    const HWND window = owner == GetCurrentProcessId() ? nullptr : answerableWindow();
+    if (window)
+        SetForegroundWindow(window);
+}
+
 class Performance {
   public:
     explicit Performance(Script script)
@@ -87,6 +112,7 @@ class Performance {
         // A dialog gets its loop, its place on the screen and the keyboard one after the other.
         if (!view.window() || !IsWindowVisible(view.window()) || GetForegroundWindow() != view.window()) {
             m_obstacle = "no window of the program is shown and has the input";
+            takeInputFromOthers();
             giveUpWhenLate();
             return;
         }

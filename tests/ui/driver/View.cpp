@@ -10,6 +10,9 @@ namespace ui {
 
 namespace {
 
+// Of dialogs, and so of the pages inside a dialog with tabs.
+constexpr const wchar_t* pageClass = L"#32770";
+
 std::wstring withoutMnemonic(std::wstring text) {
     text.erase(std::remove(text.begin(), text.end(), L'&'), text.end());
     return text;
@@ -49,7 +52,12 @@ View View::facing() {
 }
 
 HWND View::control(int id) const {
-    return m_window ? GetDlgItem(m_window, id) : nullptr;
+    if (!m_window)
+        return nullptr;
+    HWND found = GetDlgItem(m_window, id);
+    for (HWND page = nullptr; !found && (page = FindWindowExW(m_window, page, pageClass, nullptr));)
+        found = IsWindowVisible(page) ? GetDlgItem(page, id) : nullptr;
+    return found;
 }
 
 std::wstring View::title() const {

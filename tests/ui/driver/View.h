@@ -19,6 +19,7 @@ class View {
     static View facing();
 
     HWND window() const { return m_window; }
+    /// A control of the window, or of the page that it shows.
     HWND control(int id) const;
     bool has(int id) const { return control(id) != nullptr; }
     std::wstring title() const;

@@ -2,14 +2,12 @@
 
 #include "ComponentFile.h"
 
-#include <windows.h>
+#include "FrameworkModule.h"
 
 namespace framework {
 
 std::wstring frameworkFolder() {
-    HMODULE self = nullptr;
-    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                       reinterpret_cast<LPCWSTR>(&frameworkFolder), &self);
+    const HMODULE self = frameworkModule();
     std::wstring path(MAX_PATH, L'\0');
     DWORD length = GetModuleFileNameW(self, path.data(), static_cast<DWORD>(path.size()));
     // A full buffer means that the path was cut; paths end at 32767 characters.

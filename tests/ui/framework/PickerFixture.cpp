@@ -1,0 +1,93 @@
+// See PickerFixture.h.
+
+#include "PickerFixture.h"
+
+#include "Documents.h"
+#include "Runtime.h"
+#include "engine/DatabaseAccess.h"
+#include "instruments/HostCalls.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr POINT kAway = {1270, 1014};
+constexpr int kMostCalls = 500;
+
+bool startsWith(const std::string& text, const std::string& start) {
+    return text.compare(0, start.size(), start) == 0;
+}
+
+/// Enter once a window is there, and then Escape as long as one still is.
+ui::Script confirmOrLeave() {
+    ui::Script script;
+    script.ifStillOpen();
+    script.press(VK_RETURN);
+    const auto presses = std::make_shared<int>(0);
+    script.step("leave", [presses](const ui::View&) -> ui::Obstacle {
+        constexpr int kPatience = 10; // of looks, for a dialog that Enter is closing
+        if (++*presses > kPatience)
+            ui::pressKey(VK_ESCAPE);
+        return "it is still open";
+    });
+    return script;
+}
+
+} // namespace
+
+PickerFixture::PickerFixture() {
+    runtime::reset();
+}
+
+PickerFixture::~PickerFixture() {
+    instruments::clearFaults();
+    runtime::reset();
+}
+
+void PickerFixture::open(const zdr::Drawing& drawing) {
+    auto opened = std::make_unique<KelDbDatabase>(false, false);
+    engine::replaceDrawing(*opened, drawing);
+    runtime::openDocument(std::move(opened), L"");
+    instruments::clearTrace();
+}
+
+KelDbDatabase& PickerFixture::database() const {
+    return runtime::currentDocument()->data();
+}
+
+KelDbObjectId PickerFixture::linetypeId(const wchar_t* name) const {
+    const zdr::Drawing& drawing = engine::drawingOf(database());
+    const auto found = std::find_if(drawing.linetypes.begin(), drawing.linetypes.end(),
+                                    [&](const auto& linetype) { return drawing.names.text(linetype.name) == name; });
+    return found == drawing.linetypes.end() ? KelDbObjectId() : engine::objectId(database(), found->handle);
+}
+
+void PickerFixture::answer(const ui::Script& script, const std::function<void()>& pick) {
+    while (!ui::pointerRestsAt(kAway))
+        Sleep(5);
+    ui::perform(script, pick);
+}
+
+std::vector<std::string> PickerFixture::tracedCalls(const std::string& operation) {
+    std::vector<std::string> calls;
+    for (const std::string& line : instruments::trace())
+        if (startsWith(line, operation + "("))
+            calls.push_back(line);
+    return calls;
+}
+
+int sweepFailures(const std::function<void()>& pick, const std::function<void()>& check) {
+    for (int call = 1; call < kMostCalls; ++call) {
+        SCOPED_TRACE("failing call " + std::to_string(call));
+        instruments::failAnyCall(call);
+        ui::perform(confirmOrLeave(), pick);
+        const bool struck = instruments::faultStruck();
+        instruments::clearFaults();
+        check();
+        EXPECT_THAT(instruments::ledger(), testing::IsEmpty());
+        if (!struck || testing::Test::HasFailure())
+            return call - 1;
+    }
+    ADD_FAILURE() << "there is no end of calls that can fail";
+    return kMostCalls;
+}

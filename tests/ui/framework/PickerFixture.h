@@ -1,0 +1,33 @@
+// What the tests of the pickers share: a current drawing, and a script that begins once the picker is there.
+#pragma once
+
+#include "DialogFixture.h"
+
+#include "KelDbDatabase.h"
+#include "TestDrawing.h"
+
+#include <initializer_list>
+#include <memory>
+#include <string>
+#include <vector>
+
+class PickerFixture : public DialogFixture {
+  protected:
+    PickerFixture();
+    ~PickerFixture() override;
+
+    /// Opens the drawing as the current document.
+    void open(const zdr::Drawing& drawing);
+    KelDbDatabase& database() const;
+    KelDbObjectId linetypeId(const wchar_t* name) const;
+
+    /// Runs `pick`, which opens a picker, and the script in it, with the pointer away from it at first.
+    static void answer(const ui::Script& script, const std::function<void()>& pick);
+    /// The lines of the trace that end the calls of `operation`.
+    static std::vector<std::string> tracedCalls(const std::string& operation);
+};
+
+/// Runs `pick` again and again, with each host call inside it failing once, and confirms by Enter (or cancels, where
+/// Enter does nothing) whatever appears. After each run `check` is called, and nothing may be left in the ledger.
+/// @return how many calls could fail
+int sweepFailures(const std::function<void()>& pick, const std::function<void()>& check);

@@ -1,0 +1,73 @@
+// Lets the user choose a lineweight, each beside a bar of its width.
+
+#include "OrvUiPickers.h"
+
+#include "KelEditor.h"
+#include "instruments/HostCalls.h"
+#include "pickers/ListPicker.h"
+#include "pickers/PickerIds.h"
+#include "pickers/model/LineWeightRows.h"
+#include "values/ReservedWords.h"
+
+using framework::hostWord;
+using instruments::HostCall;
+using pickers::LineWeightRow;
+
+namespace {
+
+constexpr int kSampleColumn = 1;
+// Above and below the thickest bar, in pixels.
+constexpr int kRoom = 4;
+
+/// The drawing's default lineweight; -1 when it can't be read.
+int drawingDefault() {
+    ResultBuffer value = {};
+    if (keledGetVar(L"LWDEFAULT", &value) != kResultNormal)
+        return -1;
+    return value.type == kVariableInt16 ? value.value.int16 : -1;
+}
+
+void drawBar(HDC dc, const RECT& area, const LineWeightRow& row, COLORREF color) {
+    if (!row.bar)
+        return;
+    const int room = static_cast<int>(area.bottom - area.top) - kRoom;
+    const int thickness = pickers::barThickness(*row.bar, GetDeviceCaps(dc, LOGPIXELSY), room);
+    const LONG top = area.top + (area.bottom - area.top - thickness) / 2;
+    const RECT bar = {area.left, top, area.right, top + thickness};
+    SetDCBrushColor(dc, color);
+    FillRect(dc, &bar, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+}
+
+framework::PickerList shownList(const std::vector<LineWeightRow>& rows) {
+    framework::PickerList list;
+    list.templateId = IDD_PICK_LINEWEIGHT;
+    list.dialogName = L"Workbench:SelectLineweight";
+    list.columns = {{L"Lineweight", 60}, {L"Appearance", 105}};
+    for (const LineWeightRow& row : rows)
+        list.rows.push_back({row.text});
+    list.note = L"The bars are as wide as the lines on paper.";
+    list.sampleColumn = kSampleColumn;
+    list.drawSample = [&rows](HDC dc, const RECT& area, int row, COLORREF color) {
+        drawBar(dc, area, rows[static_cast<std::size_t>(row)], color);
+    };
+    return list;
+}
+
+} // namespace
+
+bool keledLineWeightDialog(int current, bool byReference, int& chosen) {
+    HostCall call("keledLineWeightDialog", current, byReference);
+    if (call.fault())
+        return call.answer(false);
+    const auto rows = pickers::lineWeightRows(
+        {hostWord(engine::kByLayerWord), hostWord(engine::kByBlockWord), hostWord(engine::kDefaultWord)}, byReference,
+        drawingDefault());
+    framework::PickerList list = shownList(rows);
+    list.selected = pickers::rowOfWeight(rows, current);
+    const auto row = framework::pickFromList(list);
+    if (!row)
+        return call.answer(false);
+    chosen = rows[*row].weight;
+    call.out("chosen", chosen);
+    return call.answer(true);
+}
