@@ -196,7 +196,7 @@ TEST_F(DriverTest, ATaskDialogIsReadAndAnsweredByTheTextOfItsButton) {
 
 TEST_F(DriverTest, AStepThatCantBeDoneWithinItsBoundIsAFailureAndTheDialogIsClosed) {
     bool well = true;
-    EXPECT_NONFATAL_FAILURE(well = ui::perform(Script().step(
+    EXPECT_NONFATAL_FAILURE(well = ui::perform(Script().waitForControl(IDOK).step(
                                                    "a step that can't be done", [](const View&) { return "so it is"; },
                                                    std::chrono::milliseconds(100)),
                                                runSample),

@@ -51,6 +51,20 @@ TEST_F(RegistryAccess, aValueOfTheOtherTypeIsEmptyOrZero) {
     EXPECT_EQ(key.GetDWord(L"Text"), 0u);
 }
 
+TEST_F(RegistryAccess, aNumberOfAnotherSizeIsNoneAndATextNeedsNoEnd) {
+    writeValue(path, L"Short", REG_DWORD, L"a", 2);
+    writeValue(path, L"Long", REG_DWORD, L"abcd", 8);
+    writeValue(path, L"Endless", REG_SZ, L"text", 8);
+    writeValue(path, L"Odd", REG_SZ, L"text", 5);
+    writeValue(path, L"Nothing", REG_SZ, L"", 0);
+    const COrvUiRegistryAccess key(HKEY_CURRENT_USER, path.c_str());
+    EXPECT_EQ(key.GetDWord(L"Short"), 0u);
+    EXPECT_EQ(key.GetDWord(L"Long"), 0u);
+    EXPECT_STREQ(key.GetString(L"Endless"), L"text");
+    EXPECT_EQ(key.GetString(L"Odd").Left(2), L"te");
+    EXPECT_TRUE(key.GetString(L"Nothing").IsEmpty());
+}
+
 TEST_F(RegistryAccess, aMissingOrClosedKeyAnswersAsIfNothingWereThere) {
     const COrvUiRegistryAccess missing(HKEY_CURRENT_USER, L"Software\\KelWorkbenchTests\\NoSuchKey");
     EXPECT_FALSE(missing.IsOpen());

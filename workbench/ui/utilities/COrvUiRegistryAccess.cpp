@@ -49,7 +49,8 @@ unsigned int COrvUiRegistryAccess::GetDWord(const CString& valueName) const {
     DWORD value = 0;
     DWORD size = sizeof value;
     if (!m_key || call.fault() ||
-        RegGetValueW(m_key, nullptr, valueName, RRF_RT_REG_DWORD, nullptr, &value, &size) != ERROR_SUCCESS)
+        RegGetValueW(m_key, nullptr, valueName, RRF_RT_REG_DWORD, nullptr, &value, &size) != ERROR_SUCCESS ||
+        size != sizeof value)
         return call.answer(0u);
     return call.answer(static_cast<unsigned int>(value));
 }
