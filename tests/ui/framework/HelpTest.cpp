@@ -7,6 +7,11 @@
 #include "help/HelpPage.h"
 #include "instruments/HostCalls.h"
 
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <regex>
+
 using framework::helpPage;
 using testing::Contains;
 using testing::ElementsAre;
@@ -33,8 +38,37 @@ TEST(HelpPages, noTopicLeadsOutOfTheFolder) {
     EXPECT_EQ(helpPage(L"", L""), L"");
 }
 
-TEST(HelpPages, theManagersPageIsInstalled) {
-    EXPECT_TRUE(exists(helpPage(L"", kManagerTopic)));
+constexpr const wchar_t* kTopics[] = {L"EDITLAYERSTATESDIALOG", L"SELECTLAYERSTOADDDIALOG", L"NEWLAYERSTATEDIALOG",
+                                      kManagerTopic, L"IMPORTLAYERSTATESDIALOG"};
+
+std::string contentOf(const std::wstring& path) {
+    std::ifstream file(std::filesystem::path(path), std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// The files that a page shows or leads to.
+std::vector<std::wstring> namedFiles(const std::string& page) {
+    std::vector<std::wstring> files;
+    const std::regex reference("(?:src|href)=\"([^\"]+)\"");
+    for (std::sregex_iterator found(page.begin(), page.end(), reference), end; found != end; ++found) {
+        const std::string name = (*found)[1];
+        files.emplace_back(name.begin(), name.end());
+    }
+    return files;
+}
+
+TEST(HelpPages, thereIsOneForEachTopicOfTheModule) {
+    for (const wchar_t* topic : kTopics)
+        EXPECT_THAT(contentOf(helpPage(L"", topic)), HasSubstr("</html>")) << ui::narrow(topic);
+}
+
+TEST(HelpPages, whatTheyShowAndLeadToIsInstalled) {
+    for (const wchar_t* topic : kTopics) {
+        const auto files = namedFiles(contentOf(helpPage(L"", topic)));
+        EXPECT_THAT(files, Contains(L"help.css"));
+        for (const std::wstring& file : files)
+            EXPECT_TRUE(exists(framework::frameworkFolder() + L"help\\" + file)) << ui::narrow(file);
+    }
 }
 
 class Help : public DialogFixture {};
@@ -47,6 +81,18 @@ TEST_F(Help, aMissingPageIsTold) {
         .press(VK_RETURN);
     ui::perform(script, [] { keledHelp(nullptr, L"NOSUCHTOPIC", 0); });
     EXPECT_THAT(instruments::trace(), ElementsAre("keledHelp(null, \"NOSUCHTOPIC\", 0)"));
+}
+
+TEST_F(Help, aTopicThatCanBeNoPageIsToldToo) {
+    for (const wchar_t* topic : {L"..\\secret", static_cast<const wchar_t*>(nullptr)}) {
+        ui::Script script;
+        script.waitUntil("a message", [](const ui::View& view) { return view.title() == L"Help"; })
+            .look(
+                "what it says",
+                [](const ui::View& view) { EXPECT_THAT(view.texts(), Contains(HasSubstr(L"There is no help page"))); })
+            .press(VK_RETURN);
+        EXPECT_TRUE(ui::perform(script, [topic] { keledHelp(nullptr, topic, 0); }));
+    }
 }
 
 /// A value of the registry's classes, replaced while this lives.

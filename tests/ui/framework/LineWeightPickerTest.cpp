@@ -197,6 +197,19 @@ TEST_F(LineWeightPicker, itsSizeAndPlaceAreKept) {
     EXPECT_EQ(listAfter.bottom - listAfter.top, listBefore.bottom - listBefore.top + 80);
 }
 
+TEST_F(LineWeightPicker, setsItselfUpInTheOrderOfAllDialogs) {
+    pick(ui::Script().waitForControl(IDC_PICKER_LIST).press(VK_ESCAPE));
+    std::vector<std::string> setUp;
+    for (const std::string& line : instruments::trace())
+        for (const char* call : {"SetDialogName", "OnInitDialog", "SetControlProperty", "SetUseTips", "GetColumnSizes",
+                                 "SetPersistency", "SaveColumnSizes"})
+            if (line.rfind(call, 0) == 0)
+                setUp.push_back(line.substr(0, line.find(' ')));
+    EXPECT_THAT(setUp,
+                ElementsAre("SetDialogName(\"Workbench:SelectLineweight\")", "OnInitDialog()", "SetControlProperty(4)",
+                            "SetUseTips(2)", "GetColumnSizes(1401)", "SetPersistency(1)", "SaveColumnSizes(1401)"));
+}
+
 TEST_F(LineWeightPicker, eachFailingCallIsSurvived) {
     const int calls = sweepFailures(
         [this] {
