@@ -126,9 +126,9 @@ TEST_F(ColorSwatch, ATrueColourHasRedInTheLowByte) {
 TEST_F(ColorSwatch, TakesThePlaceOfABitmapThatWasThere) {
     make(indexed(1));
     const HGDIOBJ first = m_bitmap.GetSafeHandle();
-    // Its handle may come back for the next one, so the place of the first is taken meanwhile.
     make(indexed(3));
     EXPECT_EQ(pixels(), square(RGB(0, 255, 0)));
+    // The system may give the handle of the deleted one out again.
     EXPECT_TRUE(m_bitmap.GetSafeHandle() == first || !lives(first));
 }
 

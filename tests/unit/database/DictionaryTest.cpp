@@ -45,7 +45,9 @@ TEST_F(Dictionary, StatesAreWalkedWithoutThoseOfReferences) {
     states().saveLayerState(L"Plan", MaskAllProperties);
     states().saveLayerState(L"Section", MaskAllProperties);
     zdr::Drawing attached = makeDrawing();
-    attached.states.push_back({.name = L"Theirs", .mask = MaskAllProperties});
+    zdr::LayerState& theirs = attached.states.emplace_back();
+    theirs.name = L"Theirs";
+    theirs.mask = MaskAllProperties;
     zdr::Drawing drawing = this->drawing();
     drawing.references.push_back(
         {.name = L"Site", .path = L"site.zdr", .drawing = std::make_shared<const zdr::Drawing>(std::move(attached))});

@@ -95,6 +95,7 @@ TEST_F(LinetypeTable, ALinetypeTellsItsDescriptionAndItsPattern) {
     EXPECT_EQ(center->dashLengthAt(0), 12);
     EXPECT_EQ(center->dashLengthAt(1), -3);
     EXPECT_EQ(center->dashLengthAt(2), 0);
+    EXPECT_EQ(center->dashLengthAt(3), -3);
     EXPECT_EQ(center->dashLengthAt(4), 0);
     EXPECT_EQ(center->dashLengthAt(-1), 0);
     KelDbObjectPointer<KelDbLinetypeTableRecord> continuous(linetypeId(L"Continuous"), KelDb::kForRead);
