@@ -115,3 +115,81 @@ TEST_F(Compare, WorksOverColumnsLongerThanAnyBlockOfMemory) {
         EXPECT_TRUE(matches(L"Plan"));
     }
 }
+
+// An answer is kept until something that it rests on changes; each test asks before and after one such change.
+class KeptAnswer : public Compare {
+  protected:
+    void expectMatch(bool expected) {
+        for (int times = 0; times < 2; ++times)
+            EXPECT_EQ(matches(L"Plan"), expected);
+    }
+    bool matchesInViewport() { return matches(L"Plan", viewportId()); }
+};
+
+TEST_F(KeptAnswer, EndsWithAChangeOfALayer) {
+    expectMatch(true);
+    setColor(L"Doors", 2);
+    expectMatch(false);
+}
+
+TEST_F(KeptAnswer, EndsWithUndoAndRedo) {
+    engine::beginUndoGroup(m_database);
+    setColor(L"Doors", 2);
+    engine::endUndoGroup(m_database);
+    expectMatch(false);
+    engine::undo(m_database);
+    expectMatch(true);
+    engine::redo(m_database);
+    expectMatch(false);
+}
+
+TEST_F(KeptAnswer, EndsWithALayerRemovedAndOneAdded) {
+    expectMatch(true);
+    engine::removeLayer(m_database, layer(L"Furniture"));
+    expectMatch(false);
+    engine::addLayer(m_database, L"Furniture");
+    expectMatch(true);
+}
+
+TEST_F(KeptAnswer, EndsWithAChangeOfTheState) {
+    setColor(L"Doors", 2);
+    expectMatch(false);
+    states().setLayerStateMask(L"Plan", MaskOn);
+    expectMatch(true);
+    states().setLayerStateMask(L"Plan", MaskColor);
+    expectMatch(false);
+    KelDbLayerTableRecord record;
+    record.setName(L"Doors");
+    KelCmColor color;
+    color.setColorIndex(2);
+    record.setColor(color);
+    EXPECT_TRUE(impStates().updateLayerStateLayer(L"Plan", &record, false));
+    expectMatch(true);
+}
+
+TEST_F(KeptAnswer, IsOfOneViewportAndEndsWithAChangeOfIt) {
+    expectMatch(true);
+    EXPECT_TRUE(matchesInViewport());
+    engine::setOverride(m_database, viewport().handle, {.layer = layer(L"Walls"), .mask = MaskColor, .color = 5});
+    EXPECT_FALSE(matchesInViewport());
+    expectMatch(true);
+    EXPECT_FALSE(matchesInViewport());
+    engine::setOverride(m_database, viewport().handle, {.layer = layer(L"Walls")});
+    EXPECT_TRUE(matchesInViewport());
+}
+
+TEST_F(KeptAnswer, IsNotAnotherStatesOfTheSameName) {
+    expectMatch(true);
+    states().deleteLayerState(L"Plan");
+    expectMatch(false);
+    states().saveLayerState(L"Plan", MaskAllProperties);
+    expectMatch(true);
+}
+
+TEST_F(KeptAnswer, EndsWithTheDrawing) {
+    expectMatch(true);
+    zdr::Drawing other = drawing();
+    other.columns.colors.set(1, 4);
+    use(std::move(other));
+    expectMatch(false);
+}

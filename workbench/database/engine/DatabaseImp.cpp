@@ -40,6 +40,7 @@ void DatabaseImp::refreshIndexes() {
     m_plotStyles.fill(m_drawing.plotStyles);
     m_states.fill(m_drawing.states);
     m_mappings.clear();
+    m_comparisons.clear();
 }
 
 bool isResolved(const zdr::Drawing& drawing, const zdr::Layer& layer) {
@@ -72,18 +73,21 @@ const zdr::Viewport* DatabaseImp::viewport(KelDbObjectId id) const {
 
 zdr::LayerColumns& DatabaseImp::editColumns() {
     m_history.beforeColumns(m_drawing);
+    m_comparisons.clear();
     ++m_changes;
     return m_drawing.columns;
 }
 
 zdr::LayerState& DatabaseImp::editState(std::size_t index) {
     m_history.beforeState(m_drawing, index);
+    m_comparisons.forget(m_drawing.states[index].handle);
     ++m_changes;
     return m_drawing.states[index];
 }
 
 zdr::Viewport& DatabaseImp::editViewport(const zdr::Viewport& viewport) {
     m_history.beforeViewport(viewport);
+    m_comparisons.clear();
     ++m_changes;
     return const_cast<zdr::Viewport&>(viewport);
 }
@@ -163,6 +167,7 @@ bool DatabaseImp::afterExchange(std::optional<StepContent> exchanged) {
         m_layers.fill(m_drawing.layers);
         m_mappings.clear();
     }
+    m_comparisons.clear();
     if (exchanged->states)
         m_states.fill(m_drawing.states);
     if (exchanged->plotStyles)

@@ -2,6 +2,7 @@
 // Every change goes through the members below, so that it can be undone and is counted.
 #pragma once
 
+#include "ComparisonCache.h"
 #include "KelDbDatabase.h"
 #include "LayerMapping.h"
 #include "ObjectDirectory.h"
@@ -45,6 +46,8 @@ class DatabaseImp : public KelDbImpDatabase {
     bool isLayerResolved(std::size_t index) const { return isResolved(m_drawing, m_drawing.layers[index]); }
     bool hasUnresolvedLayers() const;
     const LayerMapping& mapping(const zdr::LayerState& state) const;
+    /// Answers of comparisons that still hold.
+    ComparisonCache& comparisons() const { return m_comparisons; }
     /// What the viewport shows of the layers; null for the drawing's own.
     const zdr::LayerColumns& shown(const zdr::Viewport* viewport) const;
     /// The viewport of an id; null when the id isn't one of a viewport of this drawing.
@@ -116,6 +119,7 @@ class DatabaseImp : public KelDbImpDatabase {
     std::uint64_t m_changes = 1;
     bool m_stateDictionaryMade = false;
     mutable MappingCache m_mappings;
+    mutable ComparisonCache m_comparisons;
     mutable ShownColumnsCache m_shown;
 };
 

@@ -19,6 +19,7 @@ std::shared_ptr<const zdr::LayerSet> DatabaseImp::makeLayerSet() const {
 void DatabaseImp::layersChanged() {
     m_layers.fill(m_drawing.layers);
     m_mappings.clear();
+    m_comparisons.clear();
     ++m_changes;
 }
 

@@ -24,15 +24,11 @@ bool flagsMatch(const zdr::Column<std::uint8_t>& state, const zdr::Column<std::u
     });
 }
 
-} // namespace
-
-bool stateMatches(const DatabaseImp& database, std::size_t index, const zdr::Viewport* viewport) {
-    const zdr::Drawing& drawing = database.drawing();
-    const zdr::LayerState& state = drawing.states[index];
+bool compare(const DatabaseImp& database, const zdr::LayerState& state, const zdr::Viewport* viewport) {
     const LayerMapping& mapping = database.mapping(state);
     if (mapping.missing > 0)
         return false;
-    std::uint32_t mask = effectiveMask(drawing, state.mask);
+    std::uint32_t mask = effectiveMask(database.drawing(), state.mask);
     if (!viewport || !state.hasViewportData)
         mask &= ~MaskViewportFrozen;
     const zdr::LayerColumns& shown = database.shown(viewport);
@@ -42,6 +38,18 @@ bool stateMatches(const DatabaseImp& database, std::size_t index, const zdr::Vie
            (!(mask & MaskLinetype) || runsEqual(own.linetypes, shown.linetypes, mapping)) &&
            (!(mask & MaskLineWeight) || runsEqual(own.lineWeights, shown.lineWeights, mapping)) &&
            (!(mask & MaskPlotStyle) || runsEqual(own.plotStyles, shown.plotStyles, mapping));
+}
+
+} // namespace
+
+bool stateMatches(const DatabaseImp& database, std::size_t index, const zdr::Viewport* viewport) {
+    const zdr::LayerState& state = database.drawing().states[index];
+    const zdr::Handle space = viewport ? viewport->handle : 0;
+    if (const std::optional<bool> kept = database.comparisons().find(state.handle, space))
+        return *kept;
+    const bool matches = compare(database, state, viewport);
+    database.comparisons().keep(state.handle, space, matches);
+    return matches;
 }
 
 } // namespace engine
