@@ -3,10 +3,14 @@
 #include "KelRuntime.h"
 #include "ModuleLoader.h"
 #include "Runtime.h"
+#include "instruments/HostCalls.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
 
 #include <windows.h>
 
@@ -61,6 +65,28 @@ TEST_F(ModuleLoaderTest, UnloadsWhatIsLeftAtTheEnd) {
     EXPECT_EQ(GetModuleHandleW(L"good.xmod"), nullptr);
 }
 
+TEST_F(ModuleLoaderTest, UnloadsTheModuleThatWasLoadedLastFirst) {
+    ASSERT_EQ(loader.load(module("good").wstring()), L"");
+    ASSERT_EQ(loader.load((programFolder() / "KelLayerApps.xmod").wstring()), L"");
+    instruments::watch(true);
+    loader.unloadAll();
+    std::vector<std::string> removed;
+    for (const std::string& line : instruments::trace())
+        if (line.starts_with("remove("))
+            removed.push_back(line);
+    instruments::watch(false);
+    EXPECT_EQ(removed,
+              (std::vector<std::string>{"remove(\"KelLayerApps\") = object", "remove(\"TestModule\") = object"}));
+}
+
+TEST_F(ModuleLoaderTest, KeepsAModuleThatHasntAgreedToBeUnloadedUntilTheEnd) {
+    ASSERT_EQ(loader.load(module("staying").wstring()), L"");
+    EXPECT_FALSE(loader.unload(module("staying").wstring()));
+    EXPECT_EQ(loader.count(), 1u);
+    loader.unloadAll();
+    EXPECT_FALSE(kelrtServiceIsRegistered(L"TestModule"));
+}
+
 TEST_F(ModuleLoaderTest, LoadsAModuleOnce) {
     ASSERT_EQ(loader.load(module("good").wstring()), L"");
     EXPECT_EQ(loader.load(module("good").wstring()), L"good.xmod is loaded already.");
@@ -93,6 +119,14 @@ TEST_F(ModuleLoaderTest, TellsWhichResourceFileIsMissing) {
     EXPECT_EQ(refusal(module("noresources")),
               L"noresources.xmod could not start: its resource file noresourcesRes.dll is "
               L"missing beside it.");
+}
+
+TEST_F(ModuleLoaderTest, TellsWhichResourceFileIsThereAndCantBeLoaded) {
+    const fs::path resources = module("noresources").replace_filename("noresourcesRes.dll");
+    std::ofstream(resources) << "No module.";
+    EXPECT_EQ(refusal(module("noresources")),
+              L"noresources.xmod could not start: its resource file noresourcesRes.dll could not be loaded.");
+    fs::remove(resources);
 }
 
 TEST_F(ModuleLoaderTest, TellsAnyOtherRefusal) {

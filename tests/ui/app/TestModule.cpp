@@ -13,7 +13,9 @@ extern "C" __declspec(dllexport) int kelrtEntryPoint(unsigned int message, void*
         if (TEST_MODULE_ANSWER == -99)
             throw 1;
         if (TEST_MODULE_ANSWER == kelrtAnswerOk) {
-            kelrtCast<KelRtDynamicLinker>(kelrtSystemRegistry()->at(kelrtDynamicLinkerKey))->acceptApplication(packet);
+            if (TEST_MODULE_AGREES)
+                kelrtCast<KelRtDynamicLinker>(kelrtSystemRegistry()->at(kelrtDynamicLinkerKey))
+                    ->acceptApplication(packet);
             kelrtRegisterService(L"TestModule");
         }
         return TEST_MODULE_ANSWER;

@@ -11,6 +11,8 @@
 #include "files/DrawingFile.h"
 #include "files/TextCoding.h"
 
+#include "drawing_generated.h"
+
 #include <filesystem>
 #include <fstream>
 
@@ -19,6 +21,7 @@ using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::StartsWith;
 using workbench::SaveAnswer;
 
 namespace {
@@ -38,6 +41,15 @@ void turnBaseLayerOff() {
 
 void failWithoutWord() {
     throw 1;
+}
+
+/// A file as a newer program might write it.
+std::string drawingOfNewerVersion() {
+    flatbuffers::FlatBufferBuilder builder;
+    const auto start = builder.StartTable();
+    builder.AddElement<std::uint32_t>(zdr::file::Drawing::VT_VERSION, 2, 0);
+    builder.Finish(flatbuffers::Offset<zdr::file::Drawing>(builder.EndTable(start)), zdr::file::DrawingIdentifier());
+    return {reinterpret_cast<const char*>(builder.GetBufferPointer()), builder.GetSize()};
 }
 
 class SessionTest : public RuntimeTest {
@@ -144,13 +156,20 @@ TEST_F(SessionTest, ADrawingThatCantBeReadLeavesTheOpenOneUntouched) {
     fs::copy_file(folder / "good.zdr", folder / "cut.zdr");
     fs::resize_file(folder / "cut.zdr", size / 2);
     writeBytes("text.zdr", "This is no drawing.");
+    writeBytes("newer.zdr", drawingOfNewerVersion());
     run(L"TURNOFF");
     const int before = shell.replaced;
-    for (const char* name : {"missing.zdr", "text.zdr", "cut.zdr"}) {
+    const std::pair<const char*, const wchar_t*> refusals[] = {
+        {"missing.zdr", L"doesn't exist"},
+        {"text.zdr", L"isn't a drawing"},
+        {"cut.zdr", L"is cut off"},
+        {"newer.zdr", L"was written by a newer version of this program"},
+    };
+    for (const auto& [name, reason] : refusals) {
         shell.failures.clear();
         run(L"OPEN " + path(name));
         ASSERT_EQ(shell.failures.size(), 1u) << name;
-        EXPECT_THAT(shell.failures[0], HasSubstr(path(name)));
+        EXPECT_THAT(shell.failures[0], StartsWith(L"The file \"" + path(name) + L"\" " + reason));
         EXPECT_THAT(shell.failures[0], EndsWith(L"."));
     }
     EXPECT_THAT(shell.questions, IsEmpty()) << "nothing is asked for a file that can't be opened";
