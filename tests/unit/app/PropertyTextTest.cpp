@@ -23,7 +23,8 @@ TEST(PropertyText, ReadsTheStandardLineweights) {
     EXPECT_EQ(parseLineWeight(L"0"), 0);
     EXPECT_EQ(parseLineWeight(L"2.11"), 211);
     EXPECT_EQ(parseLineWeight(L"DEFAULT"), -3);
-    for (const wchar_t* wrong : {L"", L"0.26", L"0.251", L"0.255", L"25", L"-0.01", L"-0.03", L"1e300", L"wide", L"0.25mm"})
+    for (const wchar_t* wrong :
+         {L"", L"0.26", L"0.251", L"0.255", L"25", L"-0.01", L"-0.03", L"1e300", L"wide", L"0.25mm"})
         EXPECT_EQ(parseLineWeight(wrong), std::nullopt) << testing::PrintToString(wrong);
 }
 
