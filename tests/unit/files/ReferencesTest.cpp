@@ -140,7 +140,7 @@ TEST_F(References, drawingsThatAllShowEachOtherComeToAnEnd) {
 }
 
 TEST_F(References, aLongChainIsFollowedToItsEnd) {
-    constexpr int length = 200;
+    constexpr int length = 100;
     for (int i = 0; i < length; ++i)
         write(L"c" + std::to_wstring(i) + L".zdr", {L"c" + std::to_wstring(i + 1) + L".zdr"});
     write(L"c" + std::to_wstring(length) + L".zdr", {});
