@@ -235,17 +235,20 @@ TEST_F(ColorPicker, aHiddenPageDoesNotTakeKeys) {
 }
 
 TEST_F(ColorPicker, theSystemsDialogChoosesToo) {
+    constexpr int kSystemsRed = 706; // COLOR_RED of the system's template
     ui::Script script;
     script.waitForControl(IDC_COLOR_MORE)
         .pressMnemonicOf(IDC_COLOR_MORE)
-        .waitUntil("the system's dialog",
-                   [](const ui::View& view) { return !view.has(IDC_COLOR_TABS) && view.has(IDOK); })
+        .waitForControl(kSystemsRed)
+        .doubleClick(kSystemsRed)
+        .type(L"200")
         .press(VK_RETURN)
         .waitForControl(IDC_COLOR_MORE)
+        .look("it is in the fields", [](const ui::View& view) { EXPECT_EQ(view.text(IDC_COLOR_RED), L"200"); })
         .click(IDOK);
     pick(script, trueColor(10, 20, 30));
     EXPECT_EQ(answered, kColorChosen);
-    EXPECT_EQ(color, trueColor(10, 20, 30));
+    EXPECT_EQ(color, trueColor(200, 20, 30));
 }
 
 TEST_F(ColorPicker, onlyTheTabsAskedForAreThere) {
