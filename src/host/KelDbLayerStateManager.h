@@ -33,7 +33,7 @@ class KELDB_API KelDbLayerStateManager {
     Vorn::ErrorStatus renameLayerState(const wchar_t* name, const wchar_t* newName);
     Vorn::ErrorStatus getLayerStateMask(const wchar_t* name, LayerStateMask& mask);
     Vorn::ErrorStatus setLayerStateMask(const wchar_t* name, LayerStateMask mask);
-    /// On success `description` is a buffer that the caller frees with keldbFree.
+    /// On success `description` is a buffer that the caller frees with keldbFree. eOutOfMemory leaves it as it was.
     Vorn::ErrorStatus getLayerStateDescription(const wchar_t* name, wchar_t*& description);
     Vorn::ErrorStatus setLayerStateDescription(const wchar_t* name, const wchar_t* description);
     /// The layers that the state holds; `invert` asks for the layers of the drawing that it doesn't hold.

@@ -34,8 +34,8 @@ class KELDB_API KelDbObject : public KelRtObject {
     Vorn::ErrorStatus upgradeOpen();
     /// Changes an open for write into one for read.
     Vorn::ErrorStatus downgradeOpen();
-    /// A new chain of the object's extended data of that registered application, 1001 node first; null if it has none.
-    /// The caller releases it with kelutRelRb.
+    /// A new chain of the object's extended data of that registered application, 1001 node first; null if it has none,
+    /// and when memory runs out. The caller releases it with kelutRelRb.
     ResultBuffer* getExtendedData(const wchar_t* appName) const;
     /// Replaces the extended data of the application named by the chain's 1001 node; a chain of that node alone removes
     /// it. The object must be open for write. The chain stays the caller's.

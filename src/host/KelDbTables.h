@@ -12,7 +12,7 @@ class KELDB_API KelDbSymbolTableRecord : public KelDbObject {
     explicit KelDbSymbolTableRecord(KelDbObjectState* state) : KelDbObject(state) {}
     /// A pointer that stays the record's.
     Vorn::ErrorStatus getName(const wchar_t*& name) const;
-    /// A copy that the caller frees with kelutDelBuffer.
+    /// A copy that the caller frees with kelutDelBuffer. eOutOfMemory leaves `name` as it was.
     Vorn::ErrorStatus getName(wchar_t*& name) const;
     Vorn::ErrorStatus setName(const wchar_t* name);
     /// Whether the record comes from an attached reference.
@@ -53,10 +53,11 @@ class KELDB_API KelDbLayerTableRecord : public KelDbSymbolTableRecord {
     KelDbObjectId linetypeObjectId() const;
     /// Hundredths of a millimetre; -1 by layer, -2 by block, -3 the drawing's default.
     int lineWeight() const;
-    /// A new string that the caller frees with the runtime library's free; null when the record has no plot style.
+    /// A new string that the caller frees with the runtime library's free; null when the record has no plot style, or
+    /// when memory runs out.
     wchar_t* plotStyleName() const;
     KelDbObjectId plotStyleNameId() const;
-    /// A new string that the caller frees with kelutDelBuffer.
+    /// A new string that the caller frees with kelutDelBuffer; null when memory runs out.
     wchar_t* description() const;
 
     /// eCannotFreezeCurrentLayer for the current layer.

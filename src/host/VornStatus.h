@@ -13,6 +13,7 @@ enum ErrorStatus : std::int32_t {
     eOk = 0,
     eNotApplicable = 2,
     eInvalidInput = 3, ///< also: a symbol name holds characters that aren't allowed
+    eOutOfMemory = 4,
     eNotOpenForWrite = 5,
     eWasOpenForRead = 6,
     eWasOpenForWrite = 7,

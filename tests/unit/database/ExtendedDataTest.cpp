@@ -136,3 +136,18 @@ TEST_F(ExtendedData, IsUndone) {
     engine::redo(m_database);
     EXPECT_EQ(data(L"OLD"), Nodes{});
 }
+
+TEST_F(ExtendedData, IsHandedOutWholeOrNotAtAllWhenMemoryRunsOut) {
+    int failed = 0;
+    for (;; ++failed) {
+        KelDbObjectPointer<KelDbLayerTableRecord> record(layerId(L"Walls"), KelDb::kForRead);
+        instruments::failAllocation(failed + 1);
+        ResultBuffer* chain = record->getExtendedData(L"OLD");
+        instruments::clearFaults();
+        EXPECT_EQ(chain == nullptr, instruments::faultStruck());
+        kelutRelRb(chain);
+        if (chain)
+            break;
+    }
+    EXPECT_EQ(failed, 5); // three nodes, two texts
+}

@@ -202,3 +202,17 @@ TEST_F(LayerRecord, RenamingThroughTheRecordFollowsTheRules) {
                                                           KelDb::kForWrite);
     EXPECT_EQ(linetype->setName(L"Stroked"), Vorn::eNotApplicable);
 }
+
+TEST_F(LayerRecord, TextsForWhichThereIsNoMemoryAreNotHandedOut) {
+    KelDbObjectPointer<KelDbLayerTableRecord> record(layerId(L"Walls"), KelDb::kForRead);
+    wchar_t* name = nullptr;
+    instruments::failAllocation(1);
+    EXPECT_EQ(record->getName(name), Vorn::eOutOfMemory);
+    EXPECT_EQ(name, nullptr);
+    instruments::failAllocation(1);
+    EXPECT_EQ(record->description(), nullptr);
+    instruments::failAllocation(1);
+    EXPECT_EQ(record->plotStyleName(), nullptr);
+    instruments::failAllocation(1);
+    EXPECT_EQ(kelutNewRb(kExtendedInt16), nullptr);
+}

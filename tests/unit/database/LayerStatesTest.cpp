@@ -108,6 +108,14 @@ TEST_F(LayerStates, DescriptionsAreHandedOutAsCopies) {
     keldbFree(description);
 }
 
+TEST_F(LayerStates, ADescriptionForWhichThereIsNoMemoryIsAnsweredAsSuch) {
+    states().saveLayerState(L"Plan", 5);
+    wchar_t* description = nullptr;
+    instruments::failAllocation(1);
+    EXPECT_EQ(states().getLayerStateDescription(L"Plan", description), Vorn::eOutOfMemory);
+    EXPECT_EQ(description, nullptr);
+}
+
 TEST_F(LayerStates, ANullDescriptionEmptiesIt) {
     states().saveLayerState(L"Plan", 5);
     states().setLayerStateDescription(L"Plan", L"x");

@@ -254,3 +254,8 @@ TEST_F(LayerTable, ADatabaseThatCannotReadAFileStaysAsItWas) {
     EXPECT_THAT(walk(), ElementsAre(L"Base", L"Walls", L"Doors", L"Furniture"));
     EXPECT_THAT(engine::lastReadProblem(m_database), testing::HasSubstr(L"no such drawing.zdr"));
 }
+
+TEST_F(LayerTable, ANewLayerIsSpelledAsItWasNamed) {
+    ASSERT_EQ(engine::addLayer(m_database, L"DASHED"), Vorn::eOk); // there is a linetype Dashed
+    EXPECT_EQ(drawing().names.text(drawing().layers.back().name), L"DASHED");
+}

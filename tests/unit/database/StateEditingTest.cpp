@@ -280,3 +280,25 @@ TEST_F(StateEditing, ThePlotStylesStandInADictionaryWithADefault) {
     EXPECT_EQ(dictionary->defaultId().handle().value(), drawing().plotStyles[0].handle);
     dictionary->close();
 }
+
+TEST_F(StateEditing, HoldsARenamedLayerOnceAlsoWhenItTakesTheNameOfAGoneOne) {
+    setColor(L"Walls", 3);
+    states().saveLayerState(L"Plan", MaskAllProperties);
+    engine::removeLayer(m_database, layer(L"Doors"));
+    engine::beginUndoGroup(m_database);
+    engine::renameLayer(m_database, layer(L"Walls"), L"Doors");
+    engine::endUndoGroup(m_database);
+    EXPECT_THAT(layersOf(L"Plan"), ElementsAre(L"Base", L"Doors", L"Furniture"));
+    EXPECT_EQ(held(L"Doors").color, 3u);
+    engine::undo(m_database);
+    EXPECT_THAT(layersOf(L"Plan"), ElementsAre(L"Base", L"Walls", L"Doors", L"Furniture"));
+}
+
+TEST_F(StateEditing, LosesACurrentLayerThatIsGoneWhenItsNameIsTaken) {
+    engine::setCurrentLayer(m_database, layer(L"Doors"));
+    states().saveLayerState(L"Plan", MaskAllProperties);
+    engine::setCurrentLayer(m_database, layer(L"Base"));
+    engine::removeLayer(m_database, layer(L"Doors"));
+    engine::renameLayer(m_database, layer(L"Walls"), L"Doors");
+    EXPECT_EQ(plan().currentLayer, zdr::kNoName);
+}

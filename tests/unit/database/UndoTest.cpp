@@ -139,6 +139,28 @@ TEST_F(Undo, TakesBackChangesOfLayersMixedInOneStep) {
     });
 }
 
+TEST_F(Undo, TakesBackANewLayerThatBecameTheCurrentOne) {
+    checkStep([this] {
+        engine::setCurrentLayer(m_database, layer(L"Walls"));
+        engine::addLayer(m_database, L"Notes");
+        engine::setCurrentLayer(m_database, layer(L"Notes"));
+    });
+    engine::redo(m_database);
+    EXPECT_EQ(drawing().currentLayer, layer(L"Notes"));
+}
+
+TEST_F(Undo, BringsALayerBackInItsOwnSpelling) {
+    step([this] { engine::removeLayer(m_database, layer(L"Doors")); });
+    step([this] { engine::addLayer(m_database, L"DOORS"); });
+    EXPECT_EQ(drawing().names.text(drawing().layers.back().name), L"DOORS");
+    engine::undo(m_database);
+    engine::undo(m_database);
+    EXPECT_EQ(drawing().names.text(drawing().layers[2].name), L"Doors");
+    engine::redo(m_database);
+    engine::redo(m_database);
+    EXPECT_EQ(drawing().names.text(drawing().layers.back().name), L"DOORS");
+}
+
 TEST_F(Undo, TakesBackSpaceAndViewport) {
     checkStep([this] {
         engine::setActiveLayout(m_database, 0);

@@ -19,7 +19,7 @@ bool sameLayer(const zdr::ViewportOverride& layer, std::size_t index) {
 // Everything that counts layers, made to count without or with one at `index`.
 void shiftIndices(zdr::Drawing& drawing, std::size_t index, bool inserted) {
     const auto shift = [=](std::size_t& layer) {
-        if (inserted ? layer >= index : layer > index)
+        if (layer != zdr::kNone && (inserted ? layer >= index : layer > index))
             layer = inserted ? layer + 1 : layer - 1;
     };
     shift(drawing.currentLayer);
@@ -41,7 +41,8 @@ template <class Action> void forEachViewport(zdr::Drawing& drawing, Action actio
 }
 
 WholeLayer takeOut(zdr::Drawing& drawing, std::size_t index) {
-    WholeLayer whole{std::move(drawing.layers[index]), valuesAt(drawing.columns, index), {}, {}};
+    const std::wstring spelling = drawing.names.text(drawing.layers[index].name);
+    WholeLayer whole{std::move(drawing.layers[index]), valuesAt(drawing.columns, index), {}, {}, spelling};
     forEachViewport(drawing, [&](zdr::Viewport& viewport) {
         if (index < viewport.frozen.size()) {
             if (viewport.frozen[index])
@@ -54,6 +55,10 @@ WholeLayer takeOut(zdr::Drawing& drawing, std::size_t index) {
             return sameLayer(layer, index);
         });
     });
+    // The step's settings, which are exchanged next, say which layer is current without this one.
+    whole.isCurrent = drawing.currentLayer == index;
+    if (whole.isCurrent)
+        drawing.currentLayer = zdr::kNone;
     drawing.layers.erase(drawing.layers.begin() + static_cast<Offset>(index));
     eraseValues(drawing.columns, index);
     shiftIndices(drawing, index, false);
@@ -62,8 +67,12 @@ WholeLayer takeOut(zdr::Drawing& drawing, std::size_t index) {
 
 void putIn(zdr::Drawing& drawing, std::size_t index, WholeLayer whole) {
     shiftIndices(drawing, index, true);
+    if (!whole.spelling.empty())
+        drawing.names.respell(whole.layer.name, whole.spelling);
     drawing.layers.insert(drawing.layers.begin() + static_cast<Offset>(index), std::move(whole.layer));
     insertValues(drawing.columns, index, whole.values);
+    if (whole.isCurrent)
+        drawing.currentLayer = index;
     forEachViewport(drawing, [index](zdr::Viewport& viewport) {
         if (index < viewport.frozen.size())
             viewport.frozen.insert(viewport.frozen.begin() + static_cast<Offset>(index), false);

@@ -72,6 +72,9 @@ struct WholeLayer {
     LayerValues values;
     std::vector<zdr::Handle> frozenIn; ///< viewports
     std::vector<std::pair<zdr::Handle, zdr::ViewportOverride>> overrides;
+    std::wstring spelling =
+        {};                 ///< of its name, which may be spelled otherwise while the layer is gone; empty: as it is
+    bool isCurrent = false; ///< taken out within a step that made it current, or before one that does
 };
 
 /// A layer was put in or taken out.

@@ -64,8 +64,9 @@ class DatabaseImp : public KelDbImpDatabase {
     void insertState(zdr::LayerState state, std::optional<std::size_t> position = std::nullopt);
     void removeState(std::size_t index);
     void renameState(std::size_t index, std::wstring name);
-    /// At the end of the table; gives it a handle, which it answers. The name is entered by the caller.
-    zdr::Handle appendLayer(zdr::Layer layer, const LayerValues& values);
+    /// At the end of the table, under a name that is valid, free and spelled so from then on; gives it a handle, which
+    /// it answers.
+    zdr::Handle appendLayer(zdr::Layer layer, std::wstring_view name, const LayerValues& values);
     void removeLayer(std::size_t index);
     /// The name is valid and no other layer's. The drawing's own states follow.
     void renameLayer(std::size_t index, std::wstring_view name);

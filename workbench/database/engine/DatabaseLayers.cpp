@@ -23,10 +23,12 @@ void DatabaseImp::layersChanged() {
     ++m_changes;
 }
 
-zdr::Handle DatabaseImp::appendLayer(zdr::Layer layer, const LayerValues& values) {
+zdr::Handle DatabaseImp::appendLayer(zdr::Layer layer, std::wstring_view name, const LayerValues& values) {
+    layer.name = intern(name);
     layer.handle = newHandle();
     const zdr::Handle handle = layer.handle;
-    LayerListChange change{m_drawing.layers.size(), WholeLayer{std::move(layer), values, {}, {}}, nullptr};
+    WholeLayer whole{std::move(layer), values, {}, {}, std::wstring(name)};
+    LayerListChange change{m_drawing.layers.size(), std::move(whole), nullptr};
     change.exchange(m_drawing, m_objects);
     m_drawing.layerSet = makeLayerSet();
     m_history.add(std::move(change));
@@ -54,27 +56,53 @@ void DatabaseImp::renameLayer(std::size_t index, std::wstring_view name) {
     layersChanged();
 }
 
-// States that share a set of layers go on sharing the renamed one.
+namespace {
+
+/// A set of layers in which a layer was renamed.
+struct RenamedSet {
+    std::shared_ptr<const zdr::LayerSet> set;
+    std::size_t dropped = zdr::kNone; ///< the row of a layer that is gone and bore the new name
+};
+
+RenamedSet renameInSet(const std::shared_ptr<const zdr::LayerSet>& set, zdr::NameId from, zdr::NameId to) {
+    if (std::ranges::find(set->names, from) == set->names.end())
+        return {set};
+    auto copy = std::make_shared<zdr::LayerSet>(*set);
+    RenamedSet renamed;
+    if (const auto gone = std::ranges::find(copy->names, to); gone != copy->names.end()) {
+        renamed.dropped = static_cast<std::size_t>(gone - copy->names.begin());
+        copy->names.erase(gone);
+    }
+    std::ranges::replace(copy->names, from, to);
+    renamed.set = std::move(copy);
+    return renamed;
+}
+
+} // namespace
+
+// States that share a set of layers go on sharing the renamed one. A state that holds a layer of the new name holds it
+// for one that the drawing no longer has; the row of the renamed layer takes its place.
 void DatabaseImp::followRename(zdr::NameId from, zdr::NameId to) {
-    std::map<const zdr::LayerSet*, std::shared_ptr<const zdr::LayerSet>> renamed;
+    std::map<const zdr::LayerSet*, RenamedSet> renamed;
     const auto rename = [&](const std::shared_ptr<const zdr::LayerSet>& set) {
-        const auto [entry, isNew] = renamed.try_emplace(set.get(), set);
-        if (isNew && std::ranges::find(set->names, from) != set->names.end()) {
-            auto copy = std::make_shared<zdr::LayerSet>(*set);
-            std::ranges::replace(copy->names, from, to);
-            entry->second = std::move(copy);
-        }
+        const auto [entry, isNew] = renamed.try_emplace(set.get());
+        if (isNew)
+            entry->second = renameInSet(set, from, to);
         return entry->second;
     };
-    m_drawing.layerSet = rename(m_drawing.layerSet);
+    m_drawing.layerSet = rename(m_drawing.layerSet).set;
     for (std::size_t i = 0; i < m_drawing.states.size(); ++i) {
         const zdr::LayerState& state = m_drawing.states[i];
-        const auto set = state.reference == zdr::kNone ? rename(state.layers) : state.layers;
-        if (set == state.layers)
+        const RenamedSet after = state.reference == zdr::kNone ? rename(state.layers) : RenamedSet{state.layers};
+        if (after.set == state.layers)
             continue;
         zdr::LayerState& changed = editState(i);
-        changed.layers = set;
-        if (changed.currentLayer == from)
+        changed.layers = after.set;
+        if (after.dropped != zdr::kNone)
+            eraseValues(changed.columns, after.dropped);
+        if (changed.currentLayer == to)
+            changed.currentLayer = zdr::kNoName;
+        else if (changed.currentLayer == from)
             changed.currentLayer = to;
     }
 }

@@ -30,7 +30,7 @@ Vorn::ErrorStatus addLayer(DatabaseImp& database, std::wstring_view name, std::w
         return status;
     if (database.findLayer(name) != zdr::kNone)
         return Vorn::eDuplicateRecordName;
-    database.appendLayer({database.intern(name), 0, std::move(description), zdr::kNone}, values);
+    database.appendLayer({zdr::kNoName, 0, std::move(description), zdr::kNone}, name, values);
     return Vorn::eOk;
 }
 

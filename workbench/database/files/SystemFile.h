@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <span>
 #include <string>
@@ -45,10 +46,13 @@ class ReplacementFile {
     void replace();
 
   private:
+    struct Unopened {};
+    ReplacementFile(std::wstring target, Unopened);
     void close();
 
     std::wstring m_target; // where a link at the given path leads
     std::wstring m_path;
+    std::filesystem::path m_made; // m_path as the system takes it, once it is there; needed where there is no memory
     std::intptr_t m_handle;
     bool m_replaced = false;
 };

@@ -56,10 +56,7 @@ void copyPermissions(int handle, const std::wstring& target) {
 }
 
 /// A rename is safe from a power failure only once its folder is on the disk too.
-void flushFolder(const std::wstring& target) {
-    std::filesystem::path folder = systemPath(target).parent_path();
-    if (folder.empty())
-        folder = ".";
+void flushFolder(const std::filesystem::path& folder) {
     const int handle = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (handle < 0)
         return;
@@ -106,26 +103,32 @@ std::size_t InputFile::read(std::span<std::byte> bytes) {
     }
 }
 
-ReplacementFile::ReplacementFile(const std::wstring& target) : m_target(behindLinks(target)), m_handle(-1) {
+ReplacementFile::ReplacementFile(std::wstring target, Unopened) : m_target(std::move(target)), m_handle(-1) {}
+
+// Delegates, so that the destructor removes the file also when something fails behind its making.
+ReplacementFile::ReplacementFile(const std::wstring& target) : ReplacementFile(behindLinks(target), Unopened{}) {
     const std::filesystem::path system = systemPath(m_target);
     if (std::error_code error; std::filesystem::is_directory(system, error))
         writeFailure(L"opening the file", EISDIR);
     // A rename asks only for rights on the folder; a file that is protected against writing is not to be replaced.
     if (access(system.c_str(), W_OK) != 0 && errno != ENOENT)
         writeFailure(L"opening the file", errno);
+    std::filesystem::path made;
     do {
         m_path = besidePath(m_target);
-        m_handle = open(systemPath(m_path).c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        made = systemPath(m_path);
+        m_handle = open(made.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     } while (m_handle < 0 && errno == EEXIST);
     if (m_handle < 0)
         writeFailure(L"making a file in its folder", errno);
+    m_made = std::move(made);
     copyPermissions(descriptor(m_handle), m_target);
 }
 
 ReplacementFile::~ReplacementFile() {
     close();
-    if (!m_replaced)
-        unlink(systemPath(m_path).c_str());
+    if (!m_replaced && !m_made.empty())
+        unlink(m_made.c_str());
 }
 
 void ReplacementFile::close() {
@@ -155,10 +158,13 @@ FileFacts ReplacementFile::flush() {
 }
 
 void ReplacementFile::replace() {
-    if (rename(systemPath(m_path).c_str(), systemPath(m_target).c_str()) != 0)
+    const std::filesystem::path target = systemPath(m_target);
+    const std::filesystem::path folder = target.has_parent_path() ? target.parent_path() : ".";
+    // From here on nothing may fail but the rename itself.
+    if (rename(m_made.c_str(), target.c_str()) != 0)
         writeFailure(L"replacing the old file", errno);
     m_replaced = true;
-    flushFolder(m_target);
+    flushFolder(folder);
 }
 
 std::optional<FileFacts> fileFacts(const std::wstring& path) {

@@ -155,26 +155,32 @@ std::size_t InputFile::read(std::span<std::byte> bytes) {
     return count;
 }
 
-ReplacementFile::ReplacementFile(const std::wstring& target)
-    : m_target(behindLinks(target)), m_handle(numberOf(INVALID_HANDLE_VALUE)) {
+ReplacementFile::ReplacementFile(std::wstring target, Unopened)
+    : m_target(std::move(target)), m_handle(numberOf(INVALID_HANDLE_VALUE)) {}
+
+// Delegates, so that the destructor removes the file also when something fails behind its making.
+ReplacementFile::ReplacementFile(const std::wstring& target) : ReplacementFile(behindLinks(target), Unopened{}) {
     const DWORD attributes = GetFileAttributesW(longPath(m_target).c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)))
         writeFailure(L"opening the file", ERROR_ACCESS_DENIED);
     HANDLE handle = INVALID_HANDLE_VALUE;
+    std::filesystem::path made;
     do {
         m_path = besidePath(m_target);
-        handle = CreateFileW(longPath(m_path).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_NEW,
-                             FILE_ATTRIBUTE_NORMAL, nullptr);
+        made = longPath(m_path);
+        handle = CreateFileW(made.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL,
+                             nullptr);
     } while (handle == INVALID_HANDLE_VALUE && GetLastError() == ERROR_FILE_EXISTS);
     if (handle == INVALID_HANDLE_VALUE)
         writeFailure(L"making a file in its folder", GetLastError());
     m_handle = numberOf(handle);
+    m_made = std::move(made);
 }
 
 ReplacementFile::~ReplacementFile() {
     close();
-    if (!m_replaced)
-        DeleteFileW(longPath(m_path).c_str());
+    if (!m_replaced && !m_made.empty())
+        DeleteFileW(m_made.c_str());
 }
 
 void ReplacementFile::close() {

@@ -2,6 +2,7 @@
 
 #include "HostCalls.h"
 
+#include <cstdlib>
 #include <map>
 #include <sstream>
 
@@ -15,6 +16,7 @@ struct Fault {
     std::string operation; // empty: any operation that can fail
     int remaining;
     Vorn::ErrorStatus status;
+    StatusOfOperation statusOf; // in the place of `status`, unless it is null
 };
 
 struct Entry {
@@ -25,7 +27,9 @@ struct Entry {
 struct Watch {
     std::vector<std::string> lines;
     std::vector<Fault> faults;
+    int allocationsLeft = 0; // until one fails; 0: none is to
     bool struck = false;
+    std::string struckOperation;
     std::map<const void*, Entry> entries;
     // Lines of calls that began before a clearTrace() must not be written to afterwards.
     std::uint64_t generation = 0;
@@ -127,21 +131,58 @@ void clearTrace() {
     ++theWatch().generation;
 }
 
-void failCall(std::string_view operation, int nth, Vorn::ErrorStatus status) {
-    theWatch().faults.push_back({std::string(operation), nth, status});
+namespace {
+
+void plan(Fault fault) {
+    theWatch().faults.push_back(std::move(fault));
     theWatch().struck = false;
+    theWatch().struckOperation.clear();
+}
+
+void strike(const std::string& operation) {
+    theWatch().struck = true;
+    theWatch().struckOperation = operation;
+}
+
+} // namespace
+
+void failCall(std::string_view operation, int nth, Vorn::ErrorStatus status) {
+    plan({std::string(operation), nth, status, nullptr});
 }
 
 void failAnyCall(int nth, Vorn::ErrorStatus status) {
-    failCall({}, nth, status);
+    plan({{}, nth, status, nullptr});
+}
+
+void failAnyCall(int nth, StatusOfOperation statusOf) {
+    plan({{}, nth, Vorn::eInvalidInput, statusOf});
+}
+
+void failAllocation(int nth) {
+    theWatch().allocationsLeft = nth;
+    theWatch().struck = false;
+    theWatch().struckOperation.clear();
 }
 
 bool faultStruck() {
     return theWatch().struck;
 }
 
+std::string struckOperation() {
+    return theWatch().struckOperation;
+}
+
 void clearFaults() {
     theWatch().faults.clear();
+    theWatch().allocationsLeft = 0;
+}
+
+void* allocate(std::size_t size) {
+    if (g_watching && theWatch().allocationsLeft > 0 && --theWatch().allocationsLeft == 0) {
+        strike("allocation");
+        return nullptr;
+    }
+    return std::calloc(1, size);
 }
 
 void entrust(const void* key, std::string what) {
@@ -184,10 +225,10 @@ std::optional<Vorn::ErrorStatus> HostCall::plannedFault() {
         if (!fault.operation.empty() && fault.operation != m_operation)
             continue;
         if (fault.remaining > 0 && --fault.remaining == 0)
-            status = fault.status;
+            status = fault.statusOf ? fault.statusOf(m_operation) : fault.status;
     }
     if (status)
-        theWatch().struck = true;
+        strike(m_operation);
     return status;
 }
 

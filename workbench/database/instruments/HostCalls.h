@@ -60,9 +60,20 @@ KELDB_API void clearTrace();
 KELDB_API void failCall(std::string_view operation, int nth, Vorn::ErrorStatus status = Vorn::eInvalidInput);
 /// Makes the `nth` call (from 1) of any operation that can fail, counted from now, fail.
 KELDB_API void failAnyCall(int nth, Vorn::ErrorStatus status = Vorn::eInvalidInput);
+/// The status with which a call of an operation is to fail.
+using StatusOfOperation = Vorn::ErrorStatus (*)(std::string_view operation);
+/// The same with a status that fits the operation.
+KELDB_API void failAnyCall(int nth, StatusOfOperation statusOf);
+/// Makes the `nth` allocation (from 1) of what the host hands out, counted from now, find no memory.
+KELDB_API void failAllocation(int nth);
 /// Whether a planned fault has struck since it was planned.
 KELDB_API bool faultStruck();
+/// The operation that the last planned fault has struck; empty when none has.
+KELDB_API std::string struckOperation();
 KELDB_API void clearFaults();
+/// Memory on the runtime library's heap, zeroed, for something that is handed out; null when there is none, or when a
+/// failure is planned. Ended by free().
+KELDB_API void* allocate(std::size_t size);
 
 /// The ledger: `what` was opened or handed out under `key`, an address; it may be entered more than once.
 KELDB_API void entrust(const void* key, std::string what);

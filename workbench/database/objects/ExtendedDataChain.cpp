@@ -17,9 +17,21 @@ bool isText(int code) {
     return code == kExtendedString || code == kExtendedHandle;
 }
 
+// Frees what was made of a chain that can't be handed out whole.
+void discard(ResultBuffer* chain) {
+    while (chain) {
+        ResultBuffer* const next = chain->next;
+        if (isText(chain->type) || chain->type == kExtendedAppName)
+            std::free(chain->value.string);
+        instruments::giveBack(chain);
+        std::free(chain);
+        chain = next;
+    }
+}
+
 // Appends a node behind `*end` and moves `end` to its link; false when memory runs out.
 bool append(ResultBuffer**& end, std::int16_t code, const std::variant<std::int32_t, std::wstring>& value) {
-    auto* node = static_cast<ResultBuffer*>(std::calloc(1, sizeof(ResultBuffer)));
+    auto* node = static_cast<ResultBuffer*>(instruments::allocate(sizeof(ResultBuffer)));
     if (!node)
         return false;
     instruments::entrust(node, "chain node of type " + std::to_string(code));
@@ -36,6 +48,19 @@ bool append(ResultBuffer**& end, std::int16_t code, const std::variant<std::int3
     else
         node->value.int32 = number;
     return true;
+}
+
+// Null when memory runs out: half of somebody's data would be worse than none.
+ResultBuffer* chainOf(const zdr::ExtendedData& data) {
+    ResultBuffer* chain = nullptr;
+    ResultBuffer** end = &chain;
+    bool whole = append(end, kExtendedAppName, data.application);
+    for (const zdr::ExtendedValue& value : data.values)
+        whole = whole && append(end, value.code, value.value);
+    if (whole)
+        return chain;
+    discard(chain);
+    return nullptr;
 }
 
 std::optional<zdr::ExtendedValue> valueOf(const ResultBuffer& node) {
@@ -61,12 +86,7 @@ ResultBuffer* makeChain(const zdr::Drawing& drawing, zdr::Handle object, std::ws
         const zdr::ExtendedData& data = *item;
         if (!zdr::equalFolded(data.application, application))
             continue;
-        ResultBuffer* chain = nullptr;
-        ResultBuffer** end = &chain;
-        append(end, kExtendedAppName, data.application);
-        for (const zdr::ExtendedValue& value : data.values)
-            append(end, value.code, value.value);
-        return chain;
+        return chainOf(data);
     }
     return nullptr;
 }

@@ -153,7 +153,10 @@ Vorn::ErrorStatus KelDbLayerStateManager::getLayerStateDescription(const wchar_t
     HostCall call("getLayerStateDescription", name);
     return withState(call, of(m_database), name, false, [&](std::size_t index) {
         const std::wstring& text = of(m_database).drawing().states[index].description;
-        description = engine::handOutText(text, "description of a state");
+        wchar_t* copy = engine::handOutText(text, "description of a state");
+        if (!copy)
+            return Vorn::eOutOfMemory;
+        description = copy;
         call.out("description", text);
         return Vorn::eOk;
     });

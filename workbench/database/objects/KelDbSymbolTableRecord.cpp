@@ -62,7 +62,10 @@ Vorn::ErrorStatus KelDbSymbolTableRecord::getName(wchar_t*& name) const {
     const std::wstring* text = nameOfRecord(*this);
     if (!text)
         return call.answer(Vorn::eNotApplicable);
-    name = engine::handOutText(*text, "copy of the name");
+    wchar_t* copy = engine::handOutText(*text, "copy of the name");
+    if (!copy)
+        return call.answer(Vorn::eOutOfMemory);
+    name = copy;
     call.out("name", *text);
     return call.answer(Vorn::eOk);
 }

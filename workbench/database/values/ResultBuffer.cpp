@@ -13,11 +13,10 @@ using instruments::HostCall;
 namespace engine {
 
 wchar_t* copyText(std::wstring_view text) {
-    auto* copy = static_cast<wchar_t*>(std::malloc((text.size() + 1) * sizeof(wchar_t)));
+    auto* copy = static_cast<wchar_t*>(instruments::allocate((text.size() + 1) * sizeof(wchar_t)));
     if (!copy)
         return nullptr;
     text.copy(copy, text.size());
-    copy[text.size()] = L'\0';
     return copy;
 }
 
@@ -49,7 +48,7 @@ ResultBuffer* kelutNewRb(int type) {
     HostCall call("kelutNewRb", type);
     if (call.fault())
         return call.answer<ResultBuffer*>(nullptr);
-    auto* node = static_cast<ResultBuffer*>(std::calloc(1, sizeof(ResultBuffer)));
+    auto* node = static_cast<ResultBuffer*>(instruments::allocate(sizeof(ResultBuffer)));
     if (node) {
         node->type = static_cast<std::int16_t>(type);
         instruments::entrust(node, "chain node of type " + std::to_string(type));

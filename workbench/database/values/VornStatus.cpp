@@ -14,6 +14,8 @@ const wchar_t* statusText(Vorn::ErrorStatus status) {
         return L"Not applicable";
     case Vorn::eInvalidInput:
         return L"Invalid input";
+    case Vorn::eOutOfMemory:
+        return L"There isn't enough memory";
     case Vorn::eNotOpenForWrite:
         return L"The object isn't open for writing";
     case Vorn::eWasOpenForRead:

@@ -1,0 +1,30 @@
+// Running a sequence of operations on the model and on the engine, and making a sequence that shows a difference small.
+#pragma once
+
+#include "Operation.h"
+
+#include <functional>
+
+namespace model {
+
+/// Where the two differ.
+struct Divergence {
+    std::size_t operation = 0; ///< after which
+    std::string what;
+};
+
+/// Does the operations on both from a new drawing on; none when they agree to the end and the engine's drawing is whole
+/// then.
+std::optional<Divergence> run(const std::vector<Operation>& operations);
+
+/// A sequence of random operations; the same seed makes the same sequence on every system.
+std::vector<Operation> randomSequence(std::uint32_t seed, std::size_t length);
+
+/// The smallest part of a sequence, with the simplest arguments, that can be found in passing and still fails.
+std::vector<Operation> shrink(std::vector<Operation> operations,
+                              const std::function<bool(const std::vector<Operation>&)>& fails);
+
+/// A test case to be kept: the operations, a line each, and what differs.
+std::string report(const std::vector<Operation>& operations);
+
+} // namespace model
