@@ -116,8 +116,8 @@ void Comparison::layers() {
         name("name", "the current layer", layerOf(m_expected.current).name,
              m_actual.layers[m_actual.currentLayer].name);
     const std::size_t used = m_actual.entities[0].layer;
-    if (fine() && (used >= m_actual.layers.size() || m_actual.layers[used].handle != m_handles[2]))
-        note("layer of the circle", "the one that was Walls", "another");
+    if (fine() && (used >= m_actual.layers.size() || m_actual.layers[used].handle != m_handles[3]))
+        note("layer of the circle", "the one that was Doors", "another");
 }
 
 void Comparison::states() {

@@ -74,7 +74,7 @@ zdr::Drawing engineDrawing(const Drawing& drawing) {
     for (const State& state : drawing.states)
         result.states.push_back(engineState(state, names));
     addLayouts(result);
-    result.entities.push_back({.layer = 1, .color = {}, .geometry = zdr::Circle{{1, 2}, 3}});
+    result.entities.push_back({.layer = result.layers.size() - 1, .color = {}, .geometry = zdr::Circle{{1, 2}, 3}});
     result.references.push_back({.name = L"site", .path = L"site.zdr", .insertion = {}, .drawing = nullptr});
     // Handles are given, and sets of layers made, as for any drawing that comes in.
     KelDbDatabase database(false, true);

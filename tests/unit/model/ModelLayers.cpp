@@ -17,17 +17,17 @@ Look look(std::uint32_t color = 7, const char* linetype = "Continuous", const ch
     return {kNewFlags, color, linetype, -3, plotStyle};
 }
 
-constexpr int kBaseId = 1, kWallsId = 2;
+constexpr int kBaseId = 1, kDoorsId = 3;
 
 } // namespace
 
-// Something lies on Walls.
+// Something lies on Doors, the last layer.
 Drawing Model::start(bool colorDependent) {
     Drawing drawing;
     drawing.colorDependent = colorDependent;
     drawing.layers = {{kBaseId, "Base", "", look(), false},
-                      {kWallsId, "Walls", "", look(), false},
-                      {3, "Doors", "", look(3, "Dashed"), false}};
+                      {2, "Walls", "", look(), false},
+                      {kDoorsId, "Doors", "", look(3, "Dashed"), false}};
     drawing.current = kBaseId;
     drawing.linetypes = {"Continuous", "Dashed"};
     drawing.plotStyles = {"Normal", "Fine"};
@@ -161,7 +161,7 @@ int Model::eraseLayer(Layer& layer) {
         return Vorn::eDependentRecord;
     if (same(layer.name, "Base"))
         return Vorn::eReservedName;
-    if (layer.id == m_now.current || layer.id == kWallsId)
+    if (layer.id == m_now.current || layer.id == kDoorsId)
         return Vorn::eRecordInUse;
     for (Viewport& viewport : m_now.viewports) {
         viewport.frozen.erase(layer.id);

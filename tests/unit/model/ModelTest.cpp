@@ -8,13 +8,30 @@
 
 #include <gmock/gmock.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer)
+extern "C" void __sanitizer_set_death_callback(void (*callback)());
+#define KEL_TELLS_OF_ITS_DEATH
+#endif
+#endif
+
 namespace model {
 namespace {
+
+std::uint32_t g_seed = 0; // of the sequence that is being run
+
+// A sequence that ends the program can't be shrunk, but it can be run again.
+void tellSeedOnDeath() {
+#ifdef KEL_TELLS_OF_ITS_DEATH
+    __sanitizer_set_death_callback([] { std::fprintf(stderr, "That was the sequence of seed %u.\n", g_seed); });
+#endif
+}
 
 const char* variable(const char* name) {
     const char* value = std::getenv(name);
@@ -62,7 +79,9 @@ TEST(Model, agreesWithTheEngineOverRandomSequences) {
     const char* firstSeed = variable("KEL_MODEL_SEED");
     auto seed = static_cast<std::uint32_t>(firstSeed ? std::strtoul(firstSeed, nullptr, 10) : 1);
     std::size_t done = 0;
+    tellSeedOnDeath();
     for (const std::size_t wanted = operationsToDo(); done < wanted; ++seed) {
+        g_seed = seed;
         const std::vector<Operation> operations = randomSequence(seed, lengthOf(seed));
         const auto divergence = run(operations);
         ASSERT_FALSE(divergence) << "seed " << seed << ", operation " << divergence->operation << ", "
