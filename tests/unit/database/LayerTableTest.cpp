@@ -252,7 +252,7 @@ TEST_F(LayerTable, ADatabaseThatCannotReadAFileStaysAsItWas) {
     EXPECT_EQ(m_database.readZdrFile(L"no such drawing.zdr", 64, false, nullptr), Vorn::eFileNotFound);
     EXPECT_EQ(m_database.readZdrFile(nullptr, 64, false, nullptr), Vorn::eFileNotFound);
     EXPECT_THAT(walk(), ElementsAre(L"Base", L"Walls", L"Doors", L"Furniture"));
-    EXPECT_THAT(engine::lastReadProblem(m_database), testing::HasSubstr(L"no such drawing.zdr"));
+    EXPECT_THAT(engine::lastFileProblem(m_database), testing::HasSubstr(L"no such drawing.zdr"));
 }
 
 TEST_F(LayerTable, ANewLayerIsSpelledAsItWasNamed) {

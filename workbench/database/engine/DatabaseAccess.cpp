@@ -159,8 +159,8 @@ void attachReference(KelDbDatabase& database, std::size_t reference, std::shared
     attachReference(impOf(database), reference, std::move(drawing));
 }
 
-const std::wstring& lastReadProblem(const KelDbDatabase& database) {
-    return impOf(database).readProblem;
+const std::wstring& lastFileProblem(const KelDbDatabase& database) {
+    return impOf(database).fileProblem;
 }
 
 } // namespace engine

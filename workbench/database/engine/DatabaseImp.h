@@ -99,7 +99,7 @@ class DatabaseImp : public KelDbImpDatabase {
     bool hasStateDictionary() const;
     void makeStateDictionary() { m_stateDictionaryMade = true; }
 
-    std::wstring readProblem; ///< why the last reading of a file failed
+    std::wstring fileProblem; ///< why the last reading or writing of a file failed
 
   private:
     void layersChanged();

@@ -5,6 +5,7 @@
 #include "values/NameRules.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace engine {
 namespace {
@@ -49,11 +50,11 @@ void joinLayerSets(zdr::Drawing& drawing) {
 
 void orderExtendedData(zdr::Drawing& drawing) {
     std::ranges::stable_sort(drawing.extendedData, {}, &zdr::ExtendedData::object);
-    auto& applications = drawing.applications;
+    std::unordered_set<std::wstring, zdr::FoldedHash, zdr::FoldedEqual> registered(drawing.applications.begin(),
+                                                                                   drawing.applications.end());
     for (const zdr::ExtendedData& data : drawing.extendedData)
-        if (std::ranges::none_of(applications,
-                                 [&](const std::wstring& name) { return zdr::equalFolded(name, data.application); }))
-            applications.push_back(data.application);
+        if (registered.insert(data.application).second)
+            drawing.applications.push_back(data.application);
 }
 
 constexpr double kPaperWidth = 420, kPaperHeight = 297, kMargin = 10;

@@ -1,23 +1,18 @@
 // The rules that hold between the parts of a drawing.
 #include "DrawingCheck.h"
 
+#include "ResultBuffer.h"
+#include "TextCoding.h"
+
 #include <cmath>
 #include <unordered_map>
 
 namespace zdr {
 namespace {
 
-constexpr std::size_t kLongestName = 255;
-
 void checkName(std::wstring_view name, const Place& place, std::size_t longest = kLongestName) {
-    if (name.empty())
-        refuse(place, L"has no name");
-    if (name.size() > longest)
-        refuse(place, L"has a name of " + std::to_wstring(name.size()) + L" characters; names have at most " +
-                          std::to_wstring(longest));
-    for (const wchar_t c : name)
-        if (static_cast<std::uint32_t>(c) < 0x20)
-            refuse(place, L"has a control character in its name");
+    if (const auto fault = nameFault(name, longest))
+        refuse(place, *fault);
 }
 
 void checkNumber(double number, const Place& place) {
@@ -89,6 +84,7 @@ class DrawingCheck {
     void checkLayouts();
     void checkReferences();
     void checkApplications();
+    void checkExtendedData();
 
     const Drawing& m_drawing;
     std::unordered_map<Handle, std::wstring> m_handles; // with the place that has it
@@ -96,6 +92,10 @@ class DrawingCheck {
 };
 
 void DrawingCheck::run() {
+    // The engine gives the highest ones to its tables, and a drawing must be able to grow.
+    if (constexpr Handle enough = Handle{1} << 62; m_drawing.nextHandle > enough)
+        refuse({L"the next handle to give"},
+               L"is " + std::to_wstring(m_drawing.nextHandle) + L", and there are none so high");
     checkStyles();
     checkLayers();
     checkStates();
@@ -103,6 +103,7 @@ void DrawingCheck::run() {
     checkLayouts();
     checkReferences();
     checkApplications();
+    checkExtendedData();
 }
 
 void DrawingCheck::checkHandle(Handle handle, const Place& place) {
@@ -279,7 +280,47 @@ void DrawingCheck::checkApplications() {
         names.add(m_drawing.applications[i], {L"registered application", i, m_drawing.applications[i]});
 }
 
+/// The value that a code's node has. Whoever walks a chain tells its strings by the code alone.
+void checkExtendedValue(const ExtendedValue& value, const Place& place) {
+    const auto* number = std::get_if<std::int32_t>(&value.value);
+    const auto* text = std::get_if<std::wstring>(&value.value);
+    const bool isText = value.code == kExtendedString || value.code == kExtendedHandle;
+    if (!isText && value.code != kExtendedInt16 && value.code != kExtendedInt32)
+        refuse(place, L"has the code " + std::to_wstring(value.code) + L", which isn't one of extended data");
+    if (isText != (text != nullptr))
+        refuse(place, L"has the code " + std::to_wstring(value.code) + (isText ? L", but no text" : L", but a text"));
+    if (text && text->find(L'\0') != std::wstring::npos)
+        refuse(place, L"has a text with the character 0 in it");
+    if (value.code == kExtendedInt16 && (*number < INT16_MIN || *number > INT16_MAX))
+        refuse(place, L"has the number " + std::to_wstring(*number) + L", which needs more than its 16 bits");
+}
+
+void DrawingCheck::checkExtendedData() {
+    std::set<std::pair<Handle, std::wstring>> blocks;
+    for (std::size_t i = 0; i < m_drawing.extendedData.size(); ++i) {
+        const ExtendedData& data = m_drawing.extendedData[i];
+        const Place place{L"extended data", i, data.application};
+        checkName(data.application, place);
+        if (!blocks.emplace(data.object, foldCase(data.application)).second)
+            refuse(place, L"is the second of its application for the object " + std::to_wstring(data.object));
+        for (std::size_t j = 0; j < data.values.size(); ++j)
+            checkExtendedValue(data.values[j], {L"value", j, {}, &place});
+    }
+}
+
 } // namespace
+
+std::optional<std::wstring> nameFault(std::wstring_view name, std::size_t longest) {
+    if (name.empty())
+        return L"has no name";
+    if (const std::size_t length = lengthInUnits(name); length > longest)
+        return L"has a name of " + std::to_wstring(length) + L" characters; names have at most " +
+               std::to_wstring(longest);
+    for (const wchar_t c : name)
+        if (static_cast<std::uint32_t>(c) < 0x20)
+            return L"has a control character in its name";
+    return std::nullopt;
+}
 
 void checkDrawing(const Drawing& drawing) {
     DrawingCheck(drawing).run();

@@ -4,6 +4,7 @@
 
 #include "Refusal.h"
 
+#include <optional>
 #include <set>
 #include <tuple>
 
@@ -14,14 +15,18 @@ inline constexpr std::uint32_t kColorByLayer = 256;
 constexpr bool isColor(std::uint32_t color) {
     return static_cast<bool>(static_cast<int>(color <= kColorByLayer) | static_cast<int>(color >> 24 == 0xC2));
 }
-/// The longest name of a layer or style of a reference: the names of the references that it is nested in and its own,
-/// with "!" between them.
-inline constexpr std::size_t kLongestReferenceName = 32 * 256;
 
 /// Whether a lineweight lies in the range of the known ones.
 constexpr bool isLineWeight(std::int16_t weight) {
     return static_cast<bool>(static_cast<int>(weight >= -3) & static_cast<int>(weight <= 211));
 }
+
+inline constexpr std::size_t kLongestName = 255;
+/// The names of a reference, of those nested in it, and of the layer or style itself, with "!" between them.
+inline constexpr std::size_t kLongestReferenceName = 32 * (kLongestName + 1);
+/// What keeps a text from being a name of at most `longest` 16-bit characters, as the end of a sentence; none when it
+/// is one.
+std::optional<std::wstring> nameFault(std::wstring_view name, std::size_t longest);
 
 /// Whose columns are checked: only a state's flags may tell what was frozen in a viewport.
 enum class ColumnsOf { Drawing, State };

@@ -8,7 +8,6 @@
 #include "SystemFile.h"
 
 #include <cstring>
-#include <new>
 
 namespace zdr {
 namespace {
@@ -92,21 +91,6 @@ class MemorySink final : public ByteSink {
     std::vector<std::byte>& m_bytes;
 };
 
-/// Runs `action`; turns what it throws into a status and a whole sentence.
-template <class Action>
-Vorn::ErrorStatus answer(const std::wstring& path, Vorn::ErrorStatus noMemory, std::wstring& reason, Action action) {
-    try {
-        action();
-        return Vorn::eOk;
-    } catch (const Refusal& refusal) {
-        reason = L"The file \"" + path + L"\" " + refusal.cause + L".";
-        return refusal.status;
-    } catch (const std::bad_alloc&) {
-        reason = L"There isn't enough memory for the file \"" + path + L"\".";
-        return noMemory;
-    }
-}
-
 void refuseChanged(const std::wstring& path, const FileStamp& stamp, Overwrite overwrite) {
     if (overwrite == Overwrite::IfUnchanged && isFileChanged(path, stamp))
         throw Refusal{Vorn::eFileChangedOnDisk,
@@ -129,7 +113,7 @@ FileStamp writeFile(const std::wstring& path, const DrawingWriter& writer, const
 } // namespace
 
 Vorn::ErrorStatus readDrawingFile(const std::wstring& path, Drawing& drawing, std::wstring& reason, FileStamp* stamp) {
-    return answer(path, Vorn::eFileUnreadable, reason, [&] {
+    return fileAnswer(path, Vorn::eFileUnreadable, reason, [&] {
         const FileBytes file = readFile(path);
         drawing = drawingFromBytes(file.span(), file.bytes);
         if (stamp)
@@ -139,7 +123,7 @@ Vorn::ErrorStatus readDrawingFile(const std::wstring& path, Drawing& drawing, st
 
 Vorn::ErrorStatus readDrawingBytes(std::span<const std::byte> bytes, const std::wstring& name, Drawing& drawing,
                                    std::wstring& reason) {
-    return answer(name, Vorn::eFileUnreadable, reason, [&] {
+    return fileAnswer(name, Vorn::eFileUnreadable, reason, [&] {
         // A copy, because the drawing goes on looking at it.
         const auto copy = std::make_shared_for_overwrite<std::byte[]>(bytes.size());
         std::copy(bytes.begin(), bytes.end(), copy.get());
@@ -149,14 +133,14 @@ Vorn::ErrorStatus readDrawingBytes(std::span<const std::byte> bytes, const std::
 
 Vorn::ErrorStatus writeDrawingFile(const std::wstring& path, const Drawing& drawing, std::wstring& reason,
                                    FileStamp& stamp, Overwrite overwrite) {
-    return answer(path, Vorn::eFileWriteFailed, reason, [&] {
+    return fileAnswer(path, Vorn::eFileWriteFailed, reason, [&] {
         refuseChanged(path, stamp, overwrite);
         stamp = writeFile(path, DrawingWriter(drawing), stamp, overwrite);
     });
 }
 
 Vorn::ErrorStatus drawingBytes(const Drawing& drawing, std::vector<std::byte>& bytes, std::wstring& reason) {
-    return answer(L"in memory", Vorn::eFileWriteFailed, reason, [&] {
+    return fileAnswer(L"in memory", Vorn::eFileWriteFailed, reason, [&] {
         const DrawingWriter writer(drawing);
         std::vector<std::byte> result;
         result.reserve(writer.size());

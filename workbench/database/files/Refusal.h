@@ -5,6 +5,7 @@
 #include "VornStatus.h"
 #include "model/Drawing.h"
 
+#include <new>
 #include <string>
 #include <string_view>
 
@@ -29,5 +30,21 @@ struct Place {
 [[noreturn]] void refuse(const Place& place, const std::wstring& what);
 /// Refuses an index that is out of range: "<place> refers to <kind> 7, but the drawing has only 3".
 [[noreturn]] void refuseIndex(const Place& place, const wchar_t* kind, std::uint64_t index, std::size_t count);
+
+/// Runs `action`; turns a Refusal that it throws, or a lack of memory, into a status and a whole sentence for the user.
+template <class Action>
+Vorn::ErrorStatus fileAnswer(const std::wstring& path, Vorn::ErrorStatus noMemory, std::wstring& reason,
+                             Action action) {
+    try {
+        action();
+        return Vorn::eOk;
+    } catch (const Refusal& refusal) {
+        reason = L"The file \"" + path + L"\" " + refusal.cause + L".";
+        return refusal.status;
+    } catch (const std::bad_alloc&) {
+        reason = L"There isn't enough memory for the file \"" + path + L"\".";
+        return noMemory;
+    }
+}
 
 } // namespace zdr

@@ -108,8 +108,12 @@ ReplacementFile::ReplacementFile(std::wstring target, Unopened) : m_target(std::
 // Delegates, so that the destructor removes the file also when something fails behind its making.
 ReplacementFile::ReplacementFile(const std::wstring& target) : ReplacementFile(behindLinks(target), Unopened{}) {
     const std::filesystem::path system = systemPath(m_target);
-    if (std::error_code error; std::filesystem::is_directory(system, error))
-        writeFailure(L"opening the file", EISDIR);
+    // A rename would put a file in the place of a device, too.
+    if (struct stat status{}; stat(system.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
+        if (S_ISDIR(status.st_mode))
+            writeFailure(L"opening the file", EISDIR);
+        throw Refusal{Vorn::eFileWriteFailed, L"can't be written: it isn't a file"};
+    }
     // A rename asks only for rights on the folder; a file that is protected against writing is not to be replaced.
     if (access(system.c_str(), W_OK) != 0 && errno != ENOENT)
         writeFailure(L"opening the file", errno);

@@ -82,6 +82,16 @@ HANDLE openForReading(const std::wstring& path) {
                        FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
 }
 
+/// Whether the path is a device's, such as NUL, which stands in every folder.
+bool isDevice(const std::wstring& path) {
+    const HANDLE handle = openForReading(path);
+    if (handle == INVALID_HANDLE_VALUE)
+        return false;
+    const bool isFile = GetFileType(handle) == FILE_TYPE_DISK;
+    CloseHandle(handle);
+    return !isFile;
+}
+
 std::wstring besidePath(const std::wstring& target) {
     static std::atomic<unsigned> counter{0};
     const std::wstring name =
@@ -163,6 +173,8 @@ ReplacementFile::ReplacementFile(const std::wstring& target) : ReplacementFile(b
     const DWORD attributes = GetFileAttributesW(longPath(m_target).c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)))
         writeFailure(L"opening the file", ERROR_ACCESS_DENIED);
+    if (isDevice(m_target))
+        throw Refusal{Vorn::eFileWriteFailed, L"can't be written: it isn't a file"};
     HANDLE handle = INVALID_HANDLE_VALUE;
     std::filesystem::path made;
     do {

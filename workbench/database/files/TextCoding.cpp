@@ -126,6 +126,11 @@ std::optional<std::wstring> fromUtf8(std::string_view bytes) {
     return text;
 }
 
+std::size_t lengthInUnits(std::wstring_view text) {
+    return text.size() + static_cast<std::size_t>(std::ranges::count_if(
+                             text, [](wchar_t c) { return static_cast<std::uint64_t>(c) >> 16 != 0; }));
+}
+
 std::filesystem::path systemPath(const std::wstring& path) {
 #if defined(_WIN32)
     return std::filesystem::path(path);

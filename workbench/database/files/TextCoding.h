@@ -18,6 +18,9 @@ KELDB_API std::string toUtf8(std::wstring_view text);
 /// The wide text of UTF-8 bytes, unpaired surrogates included; none when the bytes aren't well formed.
 KELDB_API std::optional<std::wstring> fromUtf8(std::string_view bytes);
 
+/// The length of a wide text in 16-bit units, which is the same on every system.
+KELDB_API std::size_t lengthInUnits(std::wstring_view text);
+
 /// A path as the system takes it. Where `\` doesn't separate folders it is read as `/`, so that a relative path written
 /// on Windows is found everywhere.
 KELDB_API std::filesystem::path systemPath(const std::wstring& path);

@@ -73,7 +73,7 @@ Vorn::ErrorStatus KelDbDatabase::readZdrFile(const wchar_t* fileName, int shareM
         return call.answer(Vorn::eFileNotFound);
     engine::DatabaseImp& imp = engine::impOf(*this);
     zdr::Drawing drawing;
-    const Vorn::ErrorStatus status = zdr::readDrawingFile(fileName, drawing, imp.readProblem);
+    const Vorn::ErrorStatus status = zdr::readDrawingFile(fileName, drawing, imp.fileProblem);
     if (status == Vorn::eOk)
         imp.adopt(std::move(drawing));
     return call.answer(status);

@@ -279,7 +279,7 @@ Vorn::ErrorStatus KelDbLayerStateManager::importLayerState(const wchar_t* fileNa
 
 Vorn::ErrorStatus KelDbLayerStateManager::exportLayerState(const wchar_t* name, const wchar_t* fileName) {
     HostCall call("exportLayerState", name, fileName);
-    const engine::DatabaseImp& database = of(m_database);
+    engine::DatabaseImp& database = of(m_database);
     return withState(call, database, name, false, [&](std::size_t index) {
         return fileName ? engine::writeStateFile(database, index, fileName) : Vorn::eInvalidInput;
     });

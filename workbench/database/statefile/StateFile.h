@@ -8,14 +8,16 @@ namespace engine {
 
 /// Reads a state into the drawing. `name` is the name that the file carries as soon as it is known, also with
 /// eDuplicateRecordName. eFileNotFound, eFileUnreadable, eInvalidInput for a file that isn't a layer states file or
-/// contradicts itself, eNewerVersion.
+/// contradicts itself, eNameTooLong, eNewerVersion. The database's file problem then says in a sentence which file,
+/// where in it, and why; the drawing is as it was.
 Vorn::ErrorStatus readStateFile(DatabaseImp& database, const std::wstring& path, std::wstring& name);
 /// Writes beside the file and puts the result in its place. eFileWriteFailed leaves the file as it was; eInvalidInput
-/// is the answer for names that no text can hold.
-Vorn::ErrorStatus writeStateFile(const DatabaseImp& database, std::size_t index, const std::wstring& path);
+/// is the answer for names that no text can hold. The database's file problem says why.
+Vorn::ErrorStatus writeStateFile(DatabaseImp& database, std::size_t index, const std::wstring& path);
 
-/// The text of a state, and the state of a text, whose names are entered in `names`.
+/// The text of a state, and the state of a text, whose names are entered in `names`. `cause` says why there is none, as
+/// the end of a sentence that begins with the file.
 std::string stateText(const zdr::LayerState& state, const zdr::NameTable& names);
-Vorn::ErrorStatus parseState(std::string_view text, zdr::NameTable& names, zdr::LayerState& state);
+Vorn::ErrorStatus parseState(std::string_view text, zdr::NameTable& names, zdr::LayerState& state, std::wstring& cause);
 
 } // namespace engine

@@ -4,9 +4,11 @@
 #include "StateFile.h"
 
 #include "KelCmColor.h"
-#include "engine/LayerStates.h"
 #include "StateFileFormat.h"
+#include "StateFileText.h"
 #include "engine/LayerCommands.h"
+#include "engine/LayerStates.h"
+#include "files/DrawingCheck.h"
 #include "files/Refusal.h"
 #include "files/SystemFile.h"
 #include "files/TextCoding.h"
@@ -14,53 +16,80 @@
 
 #include <algorithm>
 #include <initializer_list>
-#include <nlohmann/json.hpp>
+#include <new>
 
 namespace engine {
 namespace {
 
 using namespace statefile;
 using Json = nlohmann::json;
+using zdr::Place;
 
-/// The file isn't what it should be. Thrown within this source only.
-struct Malformed {
-    Vorn::ErrorStatus status = Vorn::eInvalidInput;
-};
+const Place kHeader{L"the layer state"};
 
-void require(bool condition) {
-    if (!condition)
-        throw Malformed{};
+[[noreturn]] void refuseValue(const Place& place, const char* key, const std::wstring& what) {
+    refuseStateFile(place.text() + L" has a \"" + *zdr::fromUtf8(key) + L"\" that " + what);
 }
 
-const Json& member(const Json& object, const char* key) {
+const Json& member(const Json& object, const char* key, const Place& place) {
     const auto found = object.find(key);
-    require(found != object.end());
+    if (found == object.end())
+        refuseStateFile(place.text() + L" has no \"" + *zdr::fromUtf8(key) + L"\"");
     return *found;
 }
 
-bool truth(const Json& object, const char* key) {
-    const Json& value = member(object, key);
-    require(value.is_boolean());
+bool truth(const Json& object, const char* key, const Place& place) {
+    const Json& value = member(object, key, place);
+    if (!value.is_boolean())
+        refuseValue(place, key, L"is neither true nor false");
     return value.get<bool>();
 }
 
-std::int64_t number(const Json& value, std::int64_t least, std::int64_t most) {
-    require(value.is_number_integer() && value >= least && value <= most);
-    return value.get<std::int64_t>();
+/// The whole number of a value; none for anything else. The library takes numbers beyond 63 bits for negative ones
+/// where it compares.
+std::optional<std::int64_t> wholeNumber(const Json& value, std::int64_t least, std::int64_t most) {
+    if (!value.is_number_integer())
+        return std::nullopt;
+    if (value.is_number_unsigned() && value.get<std::uint64_t>() > static_cast<std::uint64_t>(most))
+        return std::nullopt;
+    const auto number = value.get<std::int64_t>();
+    return number >= least && number <= most ? std::optional(number) : std::nullopt;
 }
 
-std::wstring text(const Json& object, const char* key) {
-    const Json& value = member(object, key);
-    require(value.is_string());
+std::int64_t number(const Json& object, const char* key, std::int64_t least, std::int64_t most, const Place& place) {
+    const auto number = wholeNumber(member(object, key, place), least, most);
+    if (!number)
+        refuseValue(place, key,
+                    L"isn't a whole number from " + std::to_wstring(least) + L" to " + std::to_wstring(most));
+    return *number;
+}
+
+std::wstring text(const Json& object, const char* key, const Place& place) {
+    const Json& value = member(object, key, place);
+    if (!value.is_string())
+        refuseValue(place, key, L"isn't a text");
     auto wide = zdr::fromUtf8(value.get_ref<const std::string&>());
-    require(wide && wide->find(L'\0') == std::wstring::npos);
+    if (!wide || wide->find(L'\0') != std::wstring::npos)
+        refuseValue(place, key, L"holds characters that no text has");
     return std::move(*wide);
 }
 
-template <class Known> void requireKnownKeys(const Json& object, Known known) {
-    require(object.is_object());
+/// A name as a drawing can hold it, references' names included; empty where that is allowed.
+zdr::NameId drawingName(const Json& object, const char* key, bool mayBeEmpty, const Place& place,
+                        zdr::NameTable& names) {
+    const std::wstring name = text(object, key, place);
+    if (const auto fault = zdr::nameFault(name, zdr::kLongestReferenceName); fault && !(mayBeEmpty && name.empty()))
+        refuseStateFile(place.text() + L" " + *fault + L", in \"" + *zdr::fromUtf8(key) + L"\"");
+    return names.intern(name);
+}
+
+template <class Known> void requireKnownKeys(const Json& object, const Place& place, Known known) {
+    if (!object.is_object())
+        refuseStateFile(place.text() + L" isn't an object");
     for (const auto& [key, value] : object.items())
-        require(known(key));
+        if (!known(key))
+            refuseStateFile(place.text() + L" has a \"" + zdr::fromUtf8(key).value_or(L"?") +
+                            L"\", which this format doesn't know");
 }
 
 bool isHeaderKey(std::string_view key) {
@@ -76,143 +105,162 @@ bool isLayerKey(std::string_view key) {
 
 LayerStateMask readMask(const Json& file) {
     LayerStateMask mask = 0;
-    const Json& words = member(file, kRestoresKey);
-    require(words.is_array());
+    const Json& words = member(file, kRestoresKey, kHeader);
+    if (!words.is_array())
+        refuseValue(kHeader, kRestoresKey, L"isn't a list");
     for (const Json& word : words) {
         const auto found = std::ranges::find_if(kMaskWords, [&](const MaskWord& known) { return word == known.word; });
-        require(found != std::end(kMaskWords) && !(mask & found->bit));
+        if (found == std::end(kMaskWords))
+            refuseValue(kHeader, kRestoresKey, L"lists something that is no property of layers");
+        if (mask & found->bit)
+            refuseValue(kHeader, kRestoresKey, L"lists \"" + *zdr::fromUtf8(found->word) + L"\" twice");
         mask |= found->bit;
     }
     if (file.contains(kFurtherBitsKey)) {
-        const auto further = static_cast<LayerStateMask>(number(member(file, kFurtherBitsKey), 1, 0xFFFFFFFF));
-        require(!(further & MaskAllProperties));
+        const auto further = static_cast<LayerStateMask>(number(file, kFurtherBitsKey, 1, 0xFFFFFFFF, kHeader));
+        if (further & MaskAllProperties)
+            refuseValue(kHeader, kFurtherBitsKey, L"holds bits of the properties");
         mask |= further;
     }
     return mask;
 }
 
-std::uint32_t readColor(const Json& value) {
+std::uint32_t readColor(const Json& row, const Place& place) {
+    const Json& value = member(row, kColorKey, place);
     KelCmColor color;
-    if (value.is_array()) {
-        require(value.size() == 3);
-        const auto channel = [&](std::size_t i) { return static_cast<std::uint8_t>(number(value[i], 0, 255)); };
-        color.setRGB(channel(0), channel(1), channel(2));
-    } else {
-        color.setColorIndex(static_cast<unsigned short>(number(value, 0, 256)));
+    if (const auto index = wholeNumber(value, 0, 256)) {
+        color.setColorIndex(static_cast<unsigned short>(*index));
+        return color.packed();
     }
+    std::vector<std::uint8_t> channels;
+    if (value.is_array())
+        for (const Json& channel : value)
+            if (const auto light = wholeNumber(channel, 0, 255))
+                channels.push_back(static_cast<std::uint8_t>(*light));
+    if (channels.size() != 3 || value.size() != 3)
+        refuseValue(place, kColorKey, L"is neither a number from 0 to 256 nor a list of three from 0 to 255");
+    color.setRGB(channels[0], channels[1], channels[2]);
     return color.packed();
 }
 
-LayerValues readLayer(const Json& row, bool withViewport, zdr::NameTable& names) {
+LayerValues readLayer(const Json& row, bool withViewport, const Place& place, zdr::NameTable& names) {
     LayerValues values;
     for (const MaskWord& property : kMaskWords)
-        if (property.flag && truth(row, property.word))
+        if (property.flag && truth(row, property.word, place))
             values.flags = static_cast<std::uint8_t>(values.flags | property.flag);
-    require(withViewport || !(values.flags & zdr::kLayerViewportFrozen));
-    values.color = readColor(member(row, kColorKey));
-    values.linetype = names.intern(text(row, kLinetypeKey));
-    values.lineWeight = static_cast<std::int16_t>(number(member(row, kLineWeightKey), -3, 211));
-    require(isLineWeight(values.lineWeight));
-    values.plotStyle = names.intern(text(row, kPlotStyleKey));
+    if (!withViewport && (values.flags & zdr::kLayerViewportFrozen))
+        refuseStateFile(place.text() + L" is frozen in a viewport, but the state was saved without one");
+    values.color = readColor(row, place);
+    values.linetype = drawingName(row, kLinetypeKey, true, place, names);
+    values.lineWeight = static_cast<std::int16_t>(number(row, kLineWeightKey, -3, 211, place));
+    if (!engine::isLineWeight(values.lineWeight))
+        refuseValue(place, kLineWeightKey, L"isn't a lineweight: " + std::to_wstring(values.lineWeight));
+    values.plotStyle = drawingName(row, kPlotStyleKey, true, place, names);
     return values;
 }
 
+void requireDifferent(const std::vector<zdr::NameId>& layers, const zdr::NameTable& names) {
+    std::vector<std::size_t> first(names.size(), zdr::kNone);
+    for (std::size_t row = 0; row < layers.size(); ++row) {
+        std::size_t& earlier = first[layers[row]];
+        if (earlier != zdr::kNone)
+            refuseStateFile(Place{L"layer", row, names.text(layers[row])}.text() + L" has the name of layer " +
+                            std::to_wstring(earlier + 1));
+        earlier = row;
+    }
+}
+
 void readLayers(const Json& rows, zdr::NameTable& names, zdr::LayerState& state) {
-    require(rows.is_array());
+    if (!rows.is_array())
+        refuseValue(kHeader, kLayersKey, L"isn't a list");
     auto set = std::make_shared<zdr::LayerSet>();
     for (const Json& row : rows) {
-        requireKnownKeys(row, isLayerKey);
-        const zdr::NameId name = names.intern(text(row, kNameKey));
-        require(name != zdr::kNoName);
-        set->names.push_back(name);
-        appendValues(state.columns, readLayer(row, state.hasViewportData, names));
+        Place place{L"layer", set->names.size()};
+        requireKnownKeys(row, place, isLayerKey);
+        set->names.push_back(drawingName(row, kNameKey, false, place, names));
+        place.name = names.text(set->names.back());
+        appendValues(state.columns, readLayer(row, state.hasViewportData, place, names));
     }
-    std::vector<zdr::NameId> sorted = set->names;
-    std::ranges::sort(sorted);
-    require(std::ranges::adjacent_find(sorted) == sorted.end());
+    requireDifferent(set->names, names);
     state.layers = std::move(set);
 }
 
-void readState(const Json& file, zdr::NameTable& names, zdr::LayerState& state) {
-    require(file.is_object());
-    if (number(member(file, kVersionKey), 1, INT32_MAX) > kVersion)
-        throw Malformed{Vorn::eNewerVersion};
-    requireKnownKeys(file, isHeaderKey);
-    state.name = text(file, kNameKey);
-    state.description = text(file, kDescriptionKey);
-    state.mask = readMask(file);
-    state.hasViewportData = truth(file, kViewportKey);
-    readLayers(member(file, kLayersKey), names, state);
-    if (file.contains(kCurrentLayerKey)) {
-        state.currentLayer = names.find(text(file, kCurrentLayerKey));
-        require(std::ranges::find(state.layers->names, state.currentLayer) != state.layers->names.end());
-    }
+void requireVersion(const Json& file) {
+    if (!file.is_object() || !file.contains(kVersionKey))
+        throw zdr::Refusal{Vorn::eInvalidInput, L"isn't a layer states file: it has no \"layerStateFile\""};
+    const std::int64_t version = number(file, kVersionKey, 1, INT32_MAX, kHeader);
+    if (version > kVersion)
+        throw zdr::Refusal{Vorn::eNewerVersion, L"was written by a newer version of this program: its format is " +
+                                                    std::to_wstring(version) +
+                                                    L", and this program reads formats up to " +
+                                                    std::to_wstring(kVersion)};
 }
 
-// The library keeps the last of two members of one name; a file with two is refused instead.
-Json parse(std::string_view content) {
-    std::vector<std::vector<std::string>> keys;
-    const auto unique = [&keys](int, Json::parse_event_t event, Json& value) {
-        if (event == Json::parse_event_t::object_start)
-            keys.emplace_back();
-        else if (event == Json::parse_event_t::object_end)
-            keys.pop_back();
-        else if (event == Json::parse_event_t::key) {
-            require(std::ranges::find(keys.back(), value.get_ref<const std::string&>()) == keys.back().end());
-            keys.back().push_back(value.get<std::string>());
-        }
-        return true;
-    };
-    return Json::parse(content, unique);
+void readState(const Json& file, zdr::NameTable& names, zdr::LayerState& state) {
+    requireVersion(file);
+    requireKnownKeys(file, kHeader, isHeaderKey);
+    state.name = text(file, kNameKey, kHeader);
+    state.description = text(file, kDescriptionKey, kHeader);
+    state.mask = readMask(file);
+    state.hasViewportData = truth(file, kViewportKey, kHeader);
+    readLayers(member(file, kLayersKey, kHeader), names, state);
+    if (file.contains(kCurrentLayerKey)) {
+        state.currentLayer = names.find(text(file, kCurrentLayerKey, kHeader));
+        if (std::ranges::find(state.layers->names, state.currentLayer) == state.layers->names.end())
+            refuseValue(kHeader, kCurrentLayerKey, L"is none of its layers");
+    }
 }
 
 std::string readAll(const std::wstring& path) {
     constexpr std::uint64_t kLargest = std::uint64_t{1} << 28;
     zdr::InputFile file(path);
-    const std::uint64_t size = file.facts().size;
-    require(size <= kLargest);
-    std::string content(static_cast<std::size_t>(size), '\0');
+    const zdr::FileFacts facts = file.facts();
+    if (facts.size > kLargest)
+        throw zdr::Refusal{Vorn::eInvalidInput, L"is larger than a layer states file can be"};
+    std::string content(static_cast<std::size_t>(facts.size), '\0');
     std::size_t filled = 0;
     while (const std::size_t read = file.read(std::as_writable_bytes(std::span(content).subspan(filled))))
         filled += read;
-    content.resize(filled);
+    if (filled != content.size() || file.facts() != facts)
+        throw zdr::Refusal{Vorn::eFileUnreadable, L"can't be read: it is being written by another program"};
     return content;
+}
+
+zdr::Refusal nameRefusal(Vorn::ErrorStatus status, const std::wstring& name) {
+    if (status == Vorn::eDuplicateRecordName)
+        return {status, L"holds the layer state \"" + name + L"\", and the drawing has one of that name"};
+    return {status, L"is damaged: the layer state has a \"name\" that isn't allowed: \"" + name + L"\""};
+}
+
+/// Reads a file and enters its state, or throws the Refusal.
+void importFile(DatabaseImp& database, const std::wstring& path, std::wstring& name) {
+    zdr::NameTable names;
+    zdr::LayerState state;
+    readState(parseText(readAll(path)), names, state);
+    name = state.name;
+    if (database.findState(name) != zdr::kNone)
+        throw nameRefusal(Vorn::eDuplicateRecordName, name);
+    if (const Vorn::ErrorStatus valid = checkName(name); valid != Vorn::eOk)
+        throw nameRefusal(valid, name);
+    enterForeignState(database, state, names);
 }
 
 } // namespace
 
-Vorn::ErrorStatus parseState(std::string_view text, zdr::NameTable& names, zdr::LayerState& state) {
+Vorn::ErrorStatus parseState(std::string_view text, zdr::NameTable& names, zdr::LayerState& state,
+                             std::wstring& cause) {
     try {
-        readState(parse(text), names, state);
+        readState(parseText(text), names, state);
         return Vorn::eOk;
-    } catch (const Malformed& malformed) {
-        return malformed.status;
-    } catch (const nlohmann::json::exception&) {
-        return Vorn::eInvalidInput;
+    } catch (const zdr::Refusal& refusal) {
+        cause = refusal.cause;
+        return refusal.status;
     }
 }
 
 Vorn::ErrorStatus readStateFile(DatabaseImp& database, const std::wstring& path, std::wstring& name) {
-    std::string content;
-    try {
-        content = readAll(path);
-    } catch (const zdr::Refusal& refusal) {
-        return refusal.status;
-    } catch (const Malformed& malformed) {
-        return malformed.status;
-    }
-    zdr::NameTable names;
-    zdr::LayerState state;
-    const Vorn::ErrorStatus status = parseState(content, names, state);
-    if (status != Vorn::eOk)
-        return status;
-    name = state.name;
-    if (database.findState(name) != zdr::kNone)
-        return Vorn::eDuplicateRecordName;
-    if (const Vorn::ErrorStatus valid = checkName(name); valid != Vorn::eOk)
-        return valid;
-    enterForeignState(database, state, names);
-    return Vorn::eOk;
+    return zdr::fileAnswer(path, Vorn::eFileUnreadable, database.fileProblem,
+                           [&] { importFile(database, path, name); });
 }
 
 } // namespace engine

@@ -63,6 +63,16 @@ Json header(const zdr::LayerState& state, const zdr::NameTable& names) {
     return fields;
 }
 
+/// Refuses names that the text can't hold: one with half a character pair.
+std::string wholeText(const zdr::LayerState& state, const zdr::NameTable& names) {
+    try {
+        return stateText(state, names);
+    } catch (const nlohmann::json::exception&) {
+        throw zdr::Refusal{Vorn::eInvalidInput, L"can't be written: a name in the layer state \"" + state.name +
+                                                    L"\" holds half a character, which no JSON text can hold"};
+    }
+}
+
 } // namespace
 
 std::string stateText(const zdr::LayerState& state, const zdr::NameTable& names) {
@@ -76,20 +86,15 @@ std::string stateText(const zdr::LayerState& state, const zdr::NameTable& names)
     return out + "\n  ]\n}\n";
 }
 
-Vorn::ErrorStatus writeStateFile(const DatabaseImp& database, std::size_t index, const std::wstring& path) {
+Vorn::ErrorStatus writeStateFile(DatabaseImp& database, std::size_t index, const std::wstring& path) {
     const zdr::Drawing& drawing = database.drawing();
-    try {
-        const std::string content = stateText(drawing.states[index], drawing.names);
+    return zdr::fileAnswer(path, Vorn::eFileWriteFailed, database.fileProblem, [&] {
+        const std::string content = wholeText(drawing.states[index], drawing.names);
         zdr::ReplacementFile file(path);
         file.write(std::as_bytes(std::span(content)));
         file.flush();
         file.replace();
-        return Vorn::eOk;
-    } catch (const nlohmann::json::exception&) {
-        return Vorn::eInvalidInput; // a name with half a character pair
-    } catch (const zdr::Refusal& refusal) {
-        return refusal.status;
-    }
+    });
 }
 
 } // namespace engine

@@ -4,6 +4,7 @@
 
 #include "instruments/HostCalls.h"
 #include "KelEditor.h"
+#include "files/TextCoding.h"
 #include "model/CaseFolding.h"
 
 #include <algorithm>
@@ -29,18 +30,13 @@ bool allowedInOldName(wchar_t character, bool allowVerticalBar) {
            (character == L'|' && allowVerticalBar);
 }
 
-std::size_t lengthInUnits(std::wstring_view name) {
-    const auto wide = std::ranges::count_if(name, [](wchar_t c) { return static_cast<std::uint64_t>(c) >> 16 != 0; });
-    return name.size() + static_cast<std::size_t>(wide);
-}
-
 } // namespace
 
 Vorn::ErrorStatus checkName(std::wstring_view name, bool allowVerticalBar, bool extended) {
     const auto allowed = extended ? allowedInExtendedName : allowedInOldName;
     if (name.empty() || !std::ranges::all_of(name, [&](wchar_t c) { return allowed(c, allowVerticalBar); }))
         return Vorn::eInvalidInput;
-    return lengthInUnits(name) > (extended ? kMaxNameLength : kMaxOldNameLength) ? Vorn::eNameTooLong : Vorn::eOk;
+    return zdr::lengthInUnits(name) > (extended ? kMaxNameLength : kMaxOldNameLength) ? Vorn::eNameTooLong : Vorn::eOk;
 }
 
 bool isReservedLayer(std::wstring_view name) {
