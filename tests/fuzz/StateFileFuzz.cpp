@@ -1,0 +1,43 @@
+// Fuzzer of the layer states file reader: no text may make it crash, hang or take memory without measure, and whatever
+// it accepts is written as one text, means the same when that is read, and can be saved in a drawing.
+#include "FuzzRules.h"
+#include "engine/DatabaseAccess.h"
+#include "engine/LayerStates.h"
+#include "files/TextCoding.h"
+#include "statefile/StateFile.h"
+#include "values/NameRules.h"
+
+namespace {
+
+void enterInADrawing(const zdr::LayerState& state, const zdr::NameTable& names) {
+    KelDbDatabase database(true, false);
+    engine::enterForeignState(engine::impOf(database), state, names);
+    const zdr::Drawing drawing = savedAndRead(engine::drawingOf(database));
+    const zdr::LayerState& entered = drawing.states.at(0);
+    // The drawing spells a name as it has known it before.
+    const auto folded = [](const std::string& text) { return zdr::foldCase(zdr::fromUtf8(text).value()); };
+    stopUnless(folded(engine::stateText(entered, drawing.names)) == folded(engine::stateText(state, names)),
+               "a drawing changes the state", zdr::toUtf8(state.name));
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+    const std::string_view input(reinterpret_cast<const char*>(data), size);
+    zdr::NameTable names;
+    zdr::LayerState state;
+    std::wstring cause;
+    if (engine::parseState(input, names, state, cause) != Vorn::eOk) {
+        stopUnless(!cause.empty(), "a refusal without a cause");
+        return 0;
+    }
+    const std::string text = engine::stateText(state, names);
+    zdr::NameTable namesAgain;
+    zdr::LayerState again;
+    stopUnless(engine::parseState(text, namesAgain, again, cause) == Vorn::eOk, "what was written can't be read",
+               zdr::toUtf8(cause));
+    stopUnless(engine::stateText(again, namesAgain) == text, "reading changes what was written", text);
+    if (engine::checkName(state.name) == Vorn::eOk)
+        enterInADrawing(state, names);
+    return 0;
+}

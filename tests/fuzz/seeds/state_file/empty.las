@@ -1,0 +1,9 @@
+{
+  "layerStateFile": 1,
+  "name": "Empty",
+  "description": "",
+  "restores": ["on"],
+  "savedWithViewport": false,
+  "layers": [
+  ]
+}

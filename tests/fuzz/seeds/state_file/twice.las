@@ -1,0 +1,1 @@
+{"layerStateFile":1,"layerStateFile":1}
