@@ -1,0 +1,38 @@
+#include "ChildProgram.h"
+
+#include "files/TextCoding.h"
+
+#include <csignal>
+#include <spawn.h>
+#include <stdexcept>
+#include <sys/wait.h>
+#include <unistd.h>
+
+ChildProgram::ChildProgram(const std::string& name, const std::vector<std::wstring>& arguments) {
+    std::vector<std::string> texts = {std::string(PROGRAMS) + "/" + name};
+    for (const std::wstring& argument : arguments)
+        texts.push_back(zdr::toUtf8(argument));
+    std::vector<char*> pointers;
+    for (std::string& text : texts)
+        pointers.push_back(text.data());
+    pointers.push_back(nullptr);
+    pid_t process = 0;
+    if (posix_spawn(&process, texts[0].c_str(), nullptr, nullptr, pointers.data(), environ) != 0)
+        throw std::runtime_error("can't start " + texts[0]);
+    m_process = process;
+}
+
+ChildProgram::~ChildProgram() {
+    kill();
+}
+
+bool ChildProgram::kill() {
+    if (m_process == 0)
+        return false;
+    const pid_t process = static_cast<pid_t>(m_process);
+    m_process = 0;
+    ::kill(process, SIGKILL);
+    int status = 0;
+    waitpid(process, &status, 0);
+    return WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
+}

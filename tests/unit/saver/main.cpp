@@ -1,0 +1,21 @@
+// A program that saves in a loop until it is killed: saver drawing|state file. The file "<file>.started" tells that it
+// is at it; it ends by itself only when saving fails, or when nobody has killed it for very long.
+#include "SavedFiles.h"
+#include "files/TextCoding.h"
+
+#include <fstream>
+
+int main(int count, char** arguments) {
+    if (count != 3)
+        return 2;
+    const auto kind = zdr::fromUtf8(arguments[1]) == nameOf(SavedKind::State) ? SavedKind::State : SavedKind::Drawing;
+    const std::wstring path = zdr::fromUtf8(arguments[2]).value();
+    constexpr int kEnough = 100'000;
+    for (int i = 0; i < kEnough; ++i) {
+        if (!save(kind, i % 2 == 0, path))
+            return 1;
+        if (i == 1)
+            std::ofstream(zdr::systemPath(path + L".started")).put('\n');
+    }
+    return 0;
+}
