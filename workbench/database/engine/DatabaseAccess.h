@@ -64,8 +64,8 @@ KELDB_API bool canRedo(const KelDbDatabase& database);
 KELDB_API void attachReference(KelDbDatabase& database, std::size_t reference,
                                std::shared_ptr<const zdr::Drawing> drawing);
 
-/// The sentence for the user about the last file that couldn't be read into this database, or written from it, by a host
-/// call: which file, where in it, and why.
+/// The sentence for the user about the last file that couldn't be read into this database, or written from it, by a
+/// host call: which file, where in it, and why.
 KELDB_API const std::wstring& lastFileProblem(const KelDbDatabase& database);
 
 } // namespace engine
