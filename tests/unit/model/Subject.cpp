@@ -287,7 +287,7 @@ Vorn::ErrorStatus Subject::reload() {
     require(zdr::drawingBytes(engine::drawingOf(m_database), bytes, reason), reason);
     writeBytes(path, bytes);
     const Vorn::ErrorStatus status = m_database.readZdrFile(path.c_str(), 64, false, nullptr);
-    require(status, engine::lastReadProblem(m_database));
+    require(status, engine::lastFileProblem(m_database));
     return status;
 }
 
