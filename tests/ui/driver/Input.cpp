@@ -89,10 +89,9 @@ void waitOutDoubleClick(POINT point) {
                           std::abs(point.y - g_lastClick.y) <= GetSystemMetrics(SM_CYDOUBLECLK);
     if (!g_clicked || !sameSpot)
         return;
-    const DWORD since = GetTickCount() - g_lastClickTime;
-    const DWORD span = GetDoubleClickTime() + 10;
-    if (since < span)
-        Sleep(span - since);
+    // The tick count goes by steps that may come late, so a sleep of the right length isn't enough.
+    while (GetTickCount() - g_lastClickTime <= GetDoubleClickTime())
+        Sleep(5);
 }
 
 } // namespace

@@ -1,11 +1,11 @@
-// See MainWindow.h. The commands stand in logic/Commands.cpp; here they are only started.
+// See MainWindow.h. The commands stand in logic/Commands.cpp; here they are only started. What they and the host ask of
+// the window is in MainWindowShell.cpp.
 
 #include "MainWindow.h"
 
 #include "CommandLineOutput.h"
 #include "Commands.h"
 #include "Completion.h"
-#include "FilePrompt.h"
 #include "SavedPlacement.h"
 #include "resource.h"
 
@@ -19,7 +19,6 @@ namespace {
 // come before them, and a long script could neither be watched nor stopped.
 constexpr UINT_PTR kLineTimer = 1;
 constexpr ULONGLONG kLineTime = 20; // milliseconds of lines before the next look at the input
-constexpr const wchar_t* kProgramName = L"Kel Workbench";
 
 /// A menu item, the line that it runs, and the key that runs it too.
 struct MenuCommand {
@@ -346,85 +345,6 @@ void MainWindow::refreshTabs() {
 
 void MainWindow::refreshStatus() {
     m_status.show(statusOf(m_session->drawing(), m_message));
-}
-
-void MainWindow::print(const std::wstring& text) {
-    m_command.print(text);
-    if (const std::wstring line = lastLine(text); !line.empty())
-        m_message = line;
-    if (m_session)
-        refreshStatus();
-}
-
-void MainWindow::showFailure(const std::wstring& text) {
-    print(text + L"\n");
-    MessageBox(text.c_str(), kProgramName, MB_OK | MB_ICONEXCLAMATION);
-}
-
-SaveAnswer MainWindow::askToSave(const std::wstring& name) {
-    const std::wstring question = L"Save the changes to " + name + L"?";
-    switch (MessageBox(question.c_str(), kProgramName, MB_YESNOCANCEL | MB_ICONQUESTION)) {
-    case IDYES:
-        return SaveAnswer::Save;
-    case IDNO:
-        return SaveAnswer::Discard;
-    default:
-        return SaveAnswer::Cancel;
-    }
-}
-
-bool MainWindow::askToOverwrite(const std::wstring& reason) {
-    const std::wstring question = reason + L"\n\nWrite over it?";
-    return MessageBox(question.c_str(), kProgramName, MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES;
-}
-
-std::optional<std::wstring> MainWindow::chooseFileToOpen() {
-    return promptForDrawingToOpen(m_hWnd);
-}
-
-std::optional<std::wstring> MainWindow::chooseFileToSave(const std::wstring& proposal) {
-    return promptForDrawingToSave(m_hWnd, proposal);
-}
-
-void MainWindow::drawingReplaced() {
-    m_view.drawingReplaced();
-    refreshTabs();
-    refreshTitle();
-    refreshStatus();
-}
-
-void MainWindow::drawingChanged() {
-    m_view.regenerate();
-    refreshTabs();
-    refreshTitle();
-    refreshStatus();
-}
-
-void MainWindow::zoomExtents() {
-    m_view.zoomExtents();
-}
-
-void MainWindow::zoomBy(double factor) {
-    m_view.zoomBy(factor);
-}
-
-void MainWindow::quit() {
-    m_waiting.clear();
-    DestroyWindow();
-}
-
-void MainWindow::regenerateLayers(const KelArray<KelDbObjectId>&) {
-    m_view.regenerate();
-}
-
-void MainWindow::layersPublished() {
-    m_view.regenerate();
-    refreshTitle();
-    refreshStatus();
-}
-
-void MainWindow::updateDisplay() {
-    m_view.UpdateWindow();
 }
 
 } // namespace workbench

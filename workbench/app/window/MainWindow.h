@@ -15,6 +15,8 @@ namespace workbench {
 
 /// The window class of the main window, by which other programs find it.
 inline constexpr const wchar_t* kMainWindowClass = L"KelWorkbench";
+/// The program's name in titles.
+inline constexpr const wchar_t* kProgramName = L"Kel Workbench";
 
 class MainWindow : public CWnd, private Shell, private runtime::DisplayObserver {
   public:

@@ -1,0 +1,87 @@
+// What the commands and the host ask of the main window: to print, to ask, and to show what has changed.
+
+#include "FilePrompt.h"
+#include "MainWindow.h"
+
+namespace workbench {
+
+void MainWindow::print(const std::wstring& text) {
+    m_command.print(text);
+    if (const std::wstring line = lastLine(text); !line.empty())
+        m_message = line;
+    if (m_session)
+        refreshStatus();
+}
+
+void MainWindow::showFailure(const std::wstring& text) {
+    print(text + L"\n");
+    MessageBox(text.c_str(), kProgramName, MB_OK | MB_ICONEXCLAMATION);
+}
+
+SaveAnswer MainWindow::askToSave(const std::wstring& name) {
+    const std::wstring question = L"Save the changes to " + name + L"?";
+    switch (MessageBox(question.c_str(), kProgramName, MB_YESNOCANCEL | MB_ICONQUESTION)) {
+    case IDYES:
+        return SaveAnswer::Save;
+    case IDNO:
+        return SaveAnswer::Discard;
+    default:
+        return SaveAnswer::Cancel;
+    }
+}
+
+bool MainWindow::askToOverwrite(const std::wstring& reason) {
+    const std::wstring question = reason + L"\n\nWrite over it?";
+    return MessageBox(question.c_str(), kProgramName, MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES;
+}
+
+std::optional<std::wstring> MainWindow::chooseFileToOpen() {
+    return promptForDrawingToOpen(m_hWnd);
+}
+
+std::optional<std::wstring> MainWindow::chooseFileToSave(const std::wstring& proposal) {
+    return promptForDrawingToSave(m_hWnd, proposal);
+}
+
+void MainWindow::drawingReplaced() {
+    m_view.drawingReplaced();
+    refreshTabs();
+    refreshTitle();
+    refreshStatus();
+}
+
+void MainWindow::drawingChanged() {
+    m_view.regenerate();
+    refreshTabs();
+    refreshTitle();
+    refreshStatus();
+}
+
+void MainWindow::zoomExtents() {
+    m_view.zoomExtents();
+}
+
+void MainWindow::zoomBy(double factor) {
+    m_view.zoomBy(factor);
+}
+
+void MainWindow::quit() {
+    m_waiting.clear();
+    DestroyWindow();
+}
+
+void MainWindow::regenerateLayers(const KelArray<KelDbObjectId>&) {
+    m_view.regenerate();
+}
+
+void MainWindow::layersPublished() {
+    m_view.regenerate();
+    refreshTitle();
+    refreshStatus();
+}
+
+void MainWindow::updateDisplay() {
+    m_view.UpdateWindow();
+}
+
+} // namespace workbench
