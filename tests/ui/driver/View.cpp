@@ -18,6 +18,8 @@ std::wstring withoutMnemonic(std::wstring text) {
     return text;
 }
 
+} // namespace
+
 std::vector<HWND> visibleControls(HWND window) {
     std::vector<HWND> controls;
     EnumChildWindows(
@@ -30,8 +32,6 @@ std::vector<HWND> visibleControls(HWND window) {
         reinterpret_cast<LPARAM>(&controls));
     return controls;
 }
-
-} // namespace
 
 std::wstring textOf(HWND window) {
     std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');

@@ -70,6 +70,8 @@ class View {
 
 /// The text of any window.
 std::wstring textOf(HWND window);
+/// All that is shown inside a window, at any depth.
+std::vector<HWND> visibleControls(HWND window);
 /// For messages of a test.
 std::string narrow(const std::wstring& text);
 

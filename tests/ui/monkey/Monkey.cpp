@@ -32,19 +32,6 @@ constexpr std::array kDialogKeys{
     Key{VK_END, 0},    Key{VK_NEXT, 0},  Key{VK_LEFT, 0}, Key{VK_RIGHT, 0},  Key{VK_DOWN, 1},
 };
 
-std::vector<HWND> visibleChildren(HWND window) {
-    std::vector<HWND> children;
-    EnumChildWindows(
-        window,
-        [](HWND child, LPARAM out) -> BOOL {
-            if (IsWindowVisible(child))
-                reinterpret_cast<std::vector<HWND>*>(out)->push_back(child);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&children));
-    return children;
-}
-
 bool isOfClass(HWND window, const wchar_t* name) {
     wchar_t text[64] = L"";
     GetClassNameW(window, text, 64);
@@ -53,7 +40,7 @@ bool isOfClass(HWND window, const wchar_t* name) {
 
 /// The system's file dialog reaches every file there is, so a monkey only closes it.
 bool isFileDialog(HWND window) {
-    for (const HWND child : visibleChildren(window))
+    for (const HWND child : ui::visibleControls(window))
         if (isOfClass(child, L"SHELLDLL_DefView"))
             return true;
     return false;
@@ -211,7 +198,7 @@ void Monkey::useMouse(HWND window) {
 }
 
 void Monkey::clickSomeControl(HWND window) {
-    const std::vector<HWND> controls = visibleChildren(window);
+    const std::vector<HWND> controls = ui::visibleControls(window);
     if (controls.empty())
         return;
     const HWND control = controls[below(controls.size())];

@@ -55,25 +55,23 @@ Vorn::ErrorStatus KelDbSymbolTableIterator::getRecordId(KelDbObjectId& id) const
     return call.answer(Vorn::eOk);
 }
 
-Vorn::ErrorStatus KelDbLayerTableIterator::getRecord(KelDbLayerTableRecord*& record, int mode, bool openErased) const {
+// The getRecord of both tables; `stub` is of the record at the iterator, null behind the last.
+template <class Record>
+static Vorn::ErrorStatus openRecord(KelDbStub* stub, Record*& record, int mode, bool openErased) {
     HostCall call("iterator.getRecord", mode, openErased);
     if (const auto status = call.fault())
         return call.answer(*status);
-    KelDbStub* stub = m_position->stub();
     if (!stub)
         return call.answer(Vorn::eNotApplicable);
     call.out("id", KelDbObjectId(stub));
     return call.answer(engine::openAs(record, KelDbObjectId(stub), mode, openErased));
 }
 
+Vorn::ErrorStatus KelDbLayerTableIterator::getRecord(KelDbLayerTableRecord*& record, int mode, bool openErased) const {
+    return openRecord(m_position->stub(), record, mode, openErased);
+}
+
 Vorn::ErrorStatus KelDbLinetypeTableIterator::getRecord(KelDbLinetypeTableRecord*& record, int mode,
                                                         bool openErased) const {
-    HostCall call("iterator.getRecord", mode, openErased);
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    KelDbStub* stub = m_position->stub();
-    if (!stub)
-        return call.answer(Vorn::eNotApplicable);
-    call.out("id", KelDbObjectId(stub));
-    return call.answer(engine::openAs(record, KelDbObjectId(stub), mode, openErased));
+    return openRecord(m_position->stub(), record, mode, openErased);
 }
