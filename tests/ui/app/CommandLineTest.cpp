@@ -30,11 +30,11 @@ TEST_F(CommandLineTest, TakesTypingAtOnceAndEndsTheProgramByQuit) {
 TEST_F(CommandLineTest, AnswersAnUnknownCommandAndShowsTheAnswerInTheStatusLine) {
     Script script;
     script.then(command(L"foo"))
-        .then(said(L"Command: foo\r\nUnknown command \"FOO\". HELP lists the commands."))
+        .then(said(L"Command: foo\r\nUnknown command \"FOO\": HELP lists the commands."))
         .look("the status line",
               [](const View& view) {
                   EXPECT_EQ(view.text(IDC_STATUS_LINE),
-                            L"Base | Model | Unknown command \"FOO\". HELP lists the commands.");
+                            L"Base | Model | Unknown command \"FOO\": HELP lists the commands.");
               })
         .then(command(L"quit"));
     runWith(script);

@@ -149,6 +149,24 @@ TEST_F(CommandsTest, AScriptRunsItsLinesInOrder) {
     runAndThrowAway(script);
 }
 
+TEST_F(CommandsTest, ScriptAsksForAFile) {
+    writeText("lines.scr", "LAYER NEW Scripted\n");
+    Script script;
+    script.then(command(L"SCRIPT"))
+        .waitUntil("the file dialog", [](const View& view) { return view.title() == L"Open"; })
+        .type(path("lines.scr"))
+        .press(VK_RETURN)
+        .then(said(L"Running " + path("lines.scr") + L"."))
+        .then(said(L"Command: LAYER NEW Scripted\r\n1 layer is made."))
+        .pressAlt(L'f')
+        .press('R')
+        .waitUntil("the file dialog by the menu", [](const View& view) { return view.title() == L"Open"; })
+        .press(VK_ESCAPE)
+        .waitUntil("the main window again", [](const View& view) { return view.has(IDC_COMMAND_PANE); })
+        .look("nothing more was run", [this](const View&) { EXPECT_EQ(drawing().layers.size(), 2u); });
+    runAndThrowAway(script);
+}
+
 TEST_F(CommandsTest, EscStopsAScript) {
     std::string lines;
     for (int i = 0; i < 100000; ++i)

@@ -5,6 +5,7 @@
 #include "WorkbenchFixture.h"
 #include "resource.h"
 
+#include "engine/DatabaseAccess.h"
 #include "files/DrawingFile.h"
 
 #include <algorithm>
@@ -365,6 +366,46 @@ TEST_F(DrawingViewTest, AViewportShowsItsOverrides) {
         .look("but green", [](const View& view) { EXPECT_GT(count(view, RGB(0, 255, 0)), 50); })
         .then(command(L"MODEL"))
         .then(expectRed("in model space it is red", [](long red) { return red > 50; }))
+        .then(command(L"QUIT"))
+        .then(answerBox(L"Save the changes", IDNO));
+    runWith(script);
+}
+
+TEST_F(DrawingViewTest, ShowsEveryChangeAtOnce) {
+    writeRedLine();
+    const auto gone = [](long red) { return red == 0; };
+    const auto there = [](long red) { return red > 500; };
+    Script script;
+    script.then(open())
+        .then(command(L"LAYER OFF Red"))
+        .then(expectRed("the line is gone", gone))
+        .then(command(L"UNDO"))
+        .then(expectRed("the line is back", there))
+        .then(command(L"REDO"))
+        .then(expectRed("the line is gone again", gone))
+        .then(command(L"LAYER ON Red"))
+        .then(expectRed("the line is on", there))
+        .then(command(L"QUIT"))
+        .then(answerBox(L"Save the changes", IDNO));
+    runWith(script);
+}
+
+TEST_F(DrawingViewTest, F5DrawsAnewWhatHasChangedUntold) {
+    writeRedLine();
+    Script script;
+    script.then(open())
+        .then(expectRed("a red line", [](long red) { return red > 500; }))
+        .look("the layer goes off behind the window's back",
+              [this](const View&) {
+                  KelDbDatabase& database = session().database();
+                  const std::size_t layer = engine::layerIndex(database, L"Red");
+                  engine::LayerValues values = engine::layerValues(database, layer);
+                  values.flags &= static_cast<std::uint8_t>(~zdr::kLayerOn);
+                  EXPECT_EQ(engine::setLayerValues(database, layer, values), Vorn::eOk);
+              })
+        .look("it is still on view", [](const View& view) { EXPECT_GT(count(view, kRed), 500); })
+        .press(VK_F5)
+        .then(expectRed("nothing red", [](long red) { return red == 0; }))
         .then(command(L"QUIT"))
         .then(answerBox(L"Save the changes", IDNO));
     runWith(script);

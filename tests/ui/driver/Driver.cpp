@@ -168,7 +168,10 @@ class Performance {
             return;
         m_closingTicks = window == m_closing ? m_closingTicks + 1 : 0;
         m_closing = window;
-        if (m_closingTicks == 0)
+        // A question whether to save is answered by No: closed, it would only be asked again.
+        if (m_closingTicks == 0 && GetDlgItem(window, IDNO))
+            PostMessageW(window, WM_COMMAND, IDNO, 0);
+        else if (m_closingTicks == 0)
             PostMessageW(window, WM_CLOSE, 0, 0);
         else if (m_closingTicks == 20)
             PostMessageW(window, WM_COMMAND, IDCANCEL, 0);

@@ -1,21 +1,17 @@
 // Every command and every option with none, wrong, too many and enormous arguments: one sentence that says what to do,
 // and nothing changed.
 
-#include "CommandTable.h"
+#include "BadLines.h"
 #include "CommandTest.h"
-#include "PropertyText.h"
 
 #include "engine/DatabaseAccess.h"
 
 #include <algorithm>
 
-using testing::AllOf;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using workbench::Command;
-using workbench::commandTable;
-using workbench::Option;
+using testing::StartsWith;
 
 namespace {
 
@@ -38,12 +34,6 @@ class BadArgumentsTest : public CommandTest {
         EXPECT_THAT(shell.failures, IsEmpty()) << about;
         EXPECT_EQ(engine::changeCount(session.database()), before) << about << ": the drawing was changed";
     }
-    static std::wstring many(int count) {
-        std::wstring words;
-        for (int i = 0; i < count; ++i)
-            words += L" word";
-        return words;
-    }
 };
 
 const std::wstring kEnormous(workbench::kLongestLine - 100, L'x');
@@ -51,29 +41,18 @@ const std::wstring kEnormous(workbench::kLongestLine - 100, L'x');
 } // namespace
 
 TEST_F(BadArgumentsTest, TooFewAreToldWithTheUsage) {
-    for (const Command& command : commandTable()) {
-        if (command.options || command.count.least > 0)
-            expectRefusal(command.name);
-        for (const Option& option : command.options ? command.options() : std::span<const Option>()) {
-            if (option.count.least == 0)
-                continue;
-            const std::wstring name = std::wstring(command.name) + L' ' + option.name;
-            expectRefusal(name + many(option.count.least - 1));
-            EXPECT_THAT(shell.printed, HasSubstr(name + L" lacks an argument: type " + usageOf(command, option)));
-        }
-    }
+    for (const std::wstring& line : bad::linesWithTooFew())
+        expectRefusal(line);
+    EXPECT_EQ(run(L"LAYOUT"), L"LAYOUT lacks an argument: type LAYOUT name.\n");
+    EXPECT_EQ(run(L"LAYER RENAME Walls"), L"LAYER RENAME lacks an argument: type LAYER RENAME name newname.\n");
 }
 
 TEST_F(BadArgumentsTest, TooManyAreToldWithTheUsage) {
-    for (const Command& command : commandTable()) {
-        if (!command.options && command.count.most < workbench::kMany) {
-            expectRefusal(command.name + many(command.count.most + 1));
-            EXPECT_THAT(shell.printed, HasSubstr(L" has too many arguments: type " + usageOf(command) + L".\n"));
-        }
-        for (const Option& option : command.options ? command.options() : std::span<const Option>())
-            if (option.count.most < workbench::kMany)
-                expectRefusal(std::wstring(command.name) + L' ' + option.name + many(option.count.most + 1));
+    for (const std::wstring& line : bad::linesWithTooMany()) {
+        expectRefusal(line);
+        EXPECT_THAT(shell.printed, HasSubstr(L" has too many arguments: type "));
     }
+    EXPECT_EQ(run(L"VPORT 1 2"), L"VPORT has too many arguments: type VPORT number|NONE.\n");
 }
 
 TEST_F(BadArgumentsTest, AnUnknownOptionIsToldWithAllThatThereAre) {
@@ -84,37 +63,31 @@ TEST_F(BadArgumentsTest, AnUnknownOptionIsToldWithAllThatThereAre) {
 }
 
 TEST_F(BadArgumentsTest, EnormousOnesAreRefusedByEveryCommand) {
-    for (const std::wstring line : {L"LAYOUT ",
-                                    L"VPORT ",
-                                    L"RELOAD ",
-                                    L"UNLOAD ",
-                                    L"DETACH ",
-                                    L"SETVAR ",
-                                    L"SETVAR LTSCALE ",
-                                    L"SCRIPT ",
-                                    L"HELP ",
-                                    L"ATTACH ",
-                                    L"LAYER SET ",
-                                    L"LAYER MAKE ",
-                                    L"LAYER NEW ",
-                                    L"LAYER RENAME Walls ",
-                                    L"LAYER DELETE ",
-                                    L"LAYER ON ",
-                                    L"LAYER COLOUR ",
-                                    L"LAYER LINETYPE ",
-                                    L"LAYER LINEWEIGHT ",
-                                    L"LAYER PLOTSTYLE ",
-                                    L"LAYER PLOT yes ",
-                                    L"LAYER PLOT ",
-                                    L"LAYER LIST ",
-                                    L"LAYER NEWVIEWPORTS ",
-                                    L"VPLAYER FREEZE "})
+    for (const std::wstring& line : bad::enormousLines())
+        expectRefusal(line);
+    for (const std::wstring line : {L"SETVAR LTSCALE ", L"SETVAR CTAB ", L"LAYER RENAME Walls ", L"LAYER PLOT yes "})
         expectRefusal(line + kEnormous);
     for (const std::wstring line : {L"OPEN ", L"SAVEAS "}) {
         run(line + kEnormous);
         EXPECT_EQ(shell.failures.size(), 1u) << "a file that can't be used is told so that it can't be missed";
         shell.failures.clear();
     }
+}
+
+TEST_F(BadArgumentsTest, EnormousOnesAreRefusedInAViewportToo) {
+    run(L"LAYOUT Layout1");
+    run(L"VPORT 2");
+    for (const std::wstring& line : bad::enormousLines())
+        if (line.starts_with(L"VPLAYER"))
+            expectRefusal(line);
+    expectRefusal(L"VPLAYER FREEZE Base IN " + kEnormous);
+    expectRefusal(L"VPLAYER COLOUR red " + kEnormous);
+}
+
+TEST_F(BadArgumentsTest, AnEnormousLineIsEchoedByItsBeginning) {
+    run(L"LAYER SET " + kEnormous);
+    EXPECT_THAT(shell.printed, StartsWith(L"Command: LAYER SET xxx"));
+    EXPECT_EQ(shell.printed.find(L"...\n"), std::wstring(L"Command: ").size() + 1000);
 }
 
 TEST_F(BadArgumentsTest, ALineBeyondAllMeasureIsRefusedAsAWhole) {
@@ -124,32 +97,19 @@ TEST_F(BadArgumentsTest, ALineBeyondAllMeasureIsRefusedAsAWhole) {
 }
 
 TEST_F(BadArgumentsTest, WrongValuesAreToldWithThoseThatAreRight) {
-    for (const wchar_t* line : {L"VPORT two",
-                                L"LAYER SET nowhere",
-                                L"LAYER ON nowhere,Walls",
-                                L"LAYER ON ,",
-                                L"LAYER COLOUR 256",
-                                L"LAYER COLOUR 1,2",
-                                L"LAYER COLOUR 1,2,256",
-                                L"LAYER LINETYPE dotted",
-                                L"LAYER LINEWEIGHT 0.26",
-                                L"LAYER PLOTSTYLE nowhere",
-                                L"LAYER PLOT perhaps Walls",
-                                L"LAYER NEW a:b",
-                                L"LAYER MAKE a|b",
-                                L"LAYER RENAME Walls Base",
-                                L"LAYER RENAME Base Other",
-                                L"LAYER DELETE Base",
-                                L"LAYER FREEZE Base",
-                                L"VPLAYER FREEZE Walls",
-                                L"DETACH *",
-                                L"RELOAD *",
-                                L"SETVAR nowhere",
-                                L"SETVAR LTSCALE much",
-                                L"SETVAR LAYERCOUNT 7",
-                                L"SETVAR TILEMODE 2",
-                                L"SETVAR CVPORT x",
-                                L"SCRIPT nowhere.txt",
-                                L"ATTACH nowhere.zdr"})
+    for (const wchar_t* line : bad::kWrongLines)
         expectRefusal(line);
+}
+
+TEST_F(BadArgumentsTest, AFileThatCantBeUsedIsToldWithWhatToDo) {
+    run(L"OPEN " + path("nowhere.zdr"));
+    EXPECT_EQ(shell.failures.at(0),
+              L"The file \"" + path("nowhere.zdr") + L"\" doesn't exist: check its name and folder.");
+    writeBytes("text.zdr", "This is no drawing.");
+    run(L"OPEN " + path("text.zdr"));
+    EXPECT_THAT(shell.failures.at(1), EndsWith(L": choose another one."));
+    run(L"SAVEAS " + path("nowhere/a.zdr"));
+    EXPECT_THAT(shell.failures.at(2), EndsWith(L": choose another name or folder by SAVEAS."));
+    EXPECT_THAT(run(L"ATTACH " + path("nowhere.zdr")),
+                EndsWith(L"doesn't exist: check the path, or attach another one.\n"));
 }

@@ -6,7 +6,10 @@
 
 #include <gmock/gmock.h>
 
+using testing::EndsWith;
 using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
 
 namespace {
 
@@ -192,4 +195,26 @@ TEST_F(LayerCommandTest, AFailingDescriptionIsTold) {
     instruments::failCall("record.setDescription", 1);
     EXPECT_THAT(run(L"LAYER DESCRIPTION x Walls"), HasSubstr(L"Not all layers are described, because"));
     instruments::clearFaults();
+}
+
+TEST_F(LayerCommandTest, NewTellsWhenThereIsNothingToMake) {
+    run(L"LAYER NEW Old");
+    EXPECT_EQ(run(L"LAYER NEW old,base"), L"2 layers are there already.\n");
+    EXPECT_EQ(run(L"LAYER NEW old,New"), L"1 layer is made.\n");
+    EXPECT_EQ(run(L"LAYER NEW ,"), L"No layer is named: give names with commas between.\n");
+}
+
+TEST_F(LayerCommandTest, TellsWhatANameMustBe) {
+    EXPECT_EQ(run(L"LAYER MAKE \"\""), L"\"\" isn't made, because that can't be a name: give 1 to 255 characters "
+                                       L"without < > / \\ \" : ? * | !.\n");
+    EXPECT_EQ(run(L"LAYER MAKE a;b=c"), L"\"a;b=c\" is made and is the current layer.\n");
+    EXPECT_THAT(run(L"LAYER MAKE " + std::wstring(256, L'a')),
+                HasSubstr(L"because the name is too long: give 1 to 255 characters"));
+}
+
+TEST_F(LayerCommandTest, ListEndsWithTheNumberOfSeveral) {
+    run(L"LAYER NEW a1,a2,b");
+    EXPECT_THAT(run(L"LAYER LIST a*"), EndsWith(L"2 layers are listed.\n"));
+    EXPECT_THAT(run(L"LAYER LIST b"), StartsWith(L"b: on"));
+    EXPECT_THAT(run(L"LAYER LIST b"), Not(HasSubstr(L"listed")));
 }

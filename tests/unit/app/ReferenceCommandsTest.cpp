@@ -95,6 +95,23 @@ TEST_F(ReferenceCommandsTest, AttachRefusesNamesThatAreTakenOrNotAllowed) {
     EXPECT_EQ(drawing().references.size(), 1u);
 }
 
+TEST_F(ReferenceCommandsTest, AttachForbidsInANameJustWhatItSays) {
+    for (wchar_t letter = L'!'; letter <= L'~'; ++letter) {
+        const std::wstring name = std::wstring(L"a") + letter + L'b';
+        const std::wstring said = run(L"ATTACH " + path("site.zdr") + L' ' + name);
+        const bool forbidden = said.find(L"can't be the name of a reference") != std::wstring::npos;
+        const bool named = std::wstring(L"< > / \\ \" : ? * | !").find(letter) != std::wstring::npos;
+        // A quote is taken off what is typed before it is looked at.
+        EXPECT_EQ(forbidden, named && letter != L'"') << static_cast<char>(letter);
+        EXPECT_EQ(forbidden, !hasLayer((name + L"!Trees").c_str()) && letter != L'"') << static_cast<char>(letter);
+        if (forbidden) {
+            EXPECT_EQ(said, L"\"" + name +
+                                L"\" can't be the name of a reference: give 1 to 255 characters without "
+                                L"< > / \\ \" : ? * | !; a path with blanks goes in quotes.\n");
+        }
+    }
+}
+
 TEST_F(ReferenceCommandsTest, ReloadReadsTheFileAgain) {
     run(L"ATTACH " + path("site.zdr"));
     run(L"LAYER COLOUR red site!Trees");

@@ -16,6 +16,15 @@ TEST_F(ScriptTest, RunsTheLinesOfAFile) {
     EXPECT_THAT(shell.scriptLines, ElementsAre(L"MODEL", L"LAYER NEW T\u00FCr"));
 }
 
+TEST_F(ScriptTest, AsksForAPathThatWasntGiven) {
+    writeBytes("a.scr", "MODEL\n");
+    EXPECT_EQ(run(L"SCRIPT"), L"") << "the user has thought better of it";
+    shell.chosenFile = path("a.scr");
+    EXPECT_EQ(run(L"SCRIPT"), L"Running " + path("a.scr") + L".\n");
+    EXPECT_THAT(shell.scriptLines, ElementsAre(L"MODEL"));
+    EXPECT_THAT(shell.questions, ElementsAre(L"script", L"script"));
+}
+
 TEST_F(ScriptTest, AnEmptyFileIsAScript) {
     writeBytes("empty.scr", "");
     run(L"SCRIPT " + path("empty.scr"));

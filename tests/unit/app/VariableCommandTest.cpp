@@ -48,3 +48,13 @@ TEST_F(VariableCommandTest, SetsWhatACommandChangesByThatCommand) {
     run(L"SETVAR CTAB Model");
     EXPECT_FALSE(drawing().activeLayout);
 }
+
+TEST_F(VariableCommandTest, TilemodeAlwaysSaysWhatIsShown) {
+    EXPECT_EQ(run(L"SETVAR TILEMODE 0"), L"The layout \"Layout1\" is shown.\n");
+    EXPECT_EQ(run(L"SETVAR TILEMODE 0"), L"The layout \"Layout1\" is shown.\n");
+    zdr::Drawing bare = drawing();
+    bare.layouts.clear();
+    bare.activeLayout.reset();
+    session.rebuild(bare);
+    EXPECT_EQ(run(L"SETVAR TILEMODE 0"), L"The drawing has no layout that TILEMODE could show: leave it at 1.\n");
+}

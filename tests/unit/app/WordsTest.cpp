@@ -72,3 +72,17 @@ TEST(Quotations, AreCutWhereTheyAreTooLongAndStayOnOneLine) {
     EXPECT_EQ(quotation(std::wstring(100, L'x')), L'"' + std::wstring(60, L'x') + L"...\"");
     EXPECT_EQ(quotation(L"a\nb"), L"\"a b\"");
 }
+
+TEST(Sentences, ListNoMoreThanCanBeRead) {
+    EXPECT_EQ(workbench::listed({}), L"");
+    EXPECT_EQ(workbench::listed({L"a", L"b"}), L"a, b");
+    EXPECT_EQ(workbench::listed(std::vector<std::wstring>(13, L"a")), L"a, a, a, a, a, a, a, a, a, a, a, a and more");
+    const std::wstring wide(200, L'w');
+    EXPECT_EQ(workbench::listed({wide, wide, wide}), wide + L" and more");
+    EXPECT_EQ(workbench::listed({std::wstring(400, L'w')}).size(), 400u) << "one at least";
+}
+
+TEST(Sentences, TakeAdviceBehindAColon) {
+    EXPECT_EQ(workbench::advised(L"It isn't there.", L"look again"), L"It isn't there: look again.");
+    EXPECT_EQ(workbench::advised(L"It isn't there", L"look again"), L"It isn't there: look again.");
+}

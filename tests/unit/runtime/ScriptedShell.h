@@ -39,6 +39,10 @@ class ScriptedShell : public workbench::Shell {
         proposal = name;
         return chosenFile;
     }
+    std::optional<std::wstring> chooseScript() override {
+        questions.push_back(L"script");
+        return chosenFile;
+    }
     void drawingReplaced() override { ++replaced; }
     void drawingChanged() override { ++changed; }
     void zoomExtents() override { ++zoomed; }

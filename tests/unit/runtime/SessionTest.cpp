@@ -87,7 +87,7 @@ TEST_F(SessionTest, StartsWithANewUnmodifiedDrawing) {
 
 TEST_F(SessionTest, AnswersAnUnknownCommandInOneSentence) {
     run(L"foo bar");
-    EXPECT_EQ(shell.printed, L"Command: foo bar\nUnknown command \"FOO\". HELP lists the commands.\n");
+    EXPECT_EQ(shell.printed, L"Command: foo bar\nUnknown command \"FOO\": HELP lists the commands.\n");
 }
 
 TEST_F(SessionTest, SaysNothingToAnEmptyLine) {

@@ -35,7 +35,7 @@ constexpr Command kCommands[] = {
     {L"UNLOAD", nullptr, L"name|*", L"Leaves attached drawings out until they are reloaded.", kOne, Offer::References, commands::unload, nullptr},
     {L"DETACH", nullptr, L"name|*", L"Takes attached drawings out, with their layers.", kOne, Offer::References, commands::detach, nullptr},
     {L"SETVAR", nullptr, L"[name [value]]", L"Shows a system variable or sets it; without a name, lists them all.", {0, 2}, Offer::Variables, commands::setVariable, nullptr},
-    {L"SCRIPT", nullptr, L"path", L"Runs the lines of a text file.", kSomeText, Offer::Scripts, commands::script, nullptr},
+    {L"SCRIPT", nullptr, L"[path]", L"Runs the lines of a text file; without a path, asks for one.", kText, Offer::Scripts, commands::script, nullptr},
     {L"HELP", L"?", L"[command]", L"Lists the commands, or explains one.", {0, 1}, Offer::Commands, commands::help, nullptr},
     {L"QUIT", L"EXIT", L"", L"Ends the Workbench.", kNone, Offer::Nothing, commands::quit, nullptr},
 };

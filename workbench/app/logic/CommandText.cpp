@@ -11,6 +11,8 @@ namespace {
 
 constexpr std::wstring_view kBlanks = L" \t\r\n";
 constexpr std::size_t kLongestQuotation = 60;
+constexpr std::size_t kLongestList = 300;
+constexpr std::size_t kMostListed = 12;
 
 wchar_t upper(wchar_t letter) {
     return static_cast<wchar_t>(std::towupper(static_cast<wint_t>(letter)));
@@ -141,6 +143,23 @@ std::wstring quotation(std::wstring_view text) {
     std::replace_if(
         out.begin(), out.end(), [](wchar_t letter) { return letter < L' '; }, L' ');
     return L'"' + out + (text.size() > kLongestQuotation ? L"...\"" : L"\"");
+}
+
+std::wstring listed(const std::vector<std::wstring>& words) {
+    std::wstring text;
+    std::size_t count = 0;
+    for (const std::wstring& word : words) {
+        if (count == kMostListed || (count > 0 && text.size() + word.size() > kLongestList))
+            return text + L" and more";
+        text += (count++ == 0 ? L"" : L", ") + word;
+    }
+    return text;
+}
+
+std::wstring advised(std::wstring sentence, const wchar_t* advice) {
+    if (sentence.ends_with(L'.'))
+        sentence.pop_back();
+    return sentence + L": " + advice + L'.';
 }
 
 } // namespace workbench

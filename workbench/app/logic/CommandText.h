@@ -39,5 +39,12 @@ bool matches(std::wstring_view name, std::wstring_view pattern);
 
 /// A typed text in quotes for a message, cut where it is too long to be read.
 std::wstring quotation(std::wstring_view text);
+/// The first of the words with commas between, as many as can be read in a message, and whether there are more.
+std::wstring listed(const std::vector<std::wstring>& words);
+/// A sentence with what to do about it behind a colon instead of its full stop.
+std::wstring advised(std::wstring sentence, const wchar_t* advice);
+
+/// What a new name of the drawing must be, as the end of a sentence.
+inline constexpr const wchar_t* kNameAdvice = L"give 1 to 255 characters without < > / \\ \" : ? * | !";
 
 } // namespace workbench

@@ -54,11 +54,17 @@ void runCommand(Session& session, const CommandText& command) {
     else if (const KelEdCommand* registered = runtime::commandStack().lookup(command.name.c_str()))
         session.runModuleCommand(registered->function());
     else
-        session.shell().print(L"Unknown command " + quotation(command.name) + L". HELP lists the commands.\n");
+        session.shell().print(L"Unknown command " + quotation(command.name) + L": HELP lists the commands.\n");
 }
 
 std::wstring widened(const char* text) {
     return {text, text + std::char_traits<char>::length(text)};
+}
+
+/// A line as the history shows it: a very long one would push out all that was said before.
+std::wstring shortened(const std::wstring& line) {
+    constexpr std::size_t longest = 1000;
+    return line.size() > longest ? line.substr(0, longest) + L"..." : line;
 }
 
 } // namespace
@@ -72,7 +78,7 @@ void runLine(Session& session, const std::wstring& line) {
     const CommandText command = parseCommand(line);
     if (command.name.empty())
         return;
-    session.shell().echo(L"Command: " + line + L"\n");
+    session.shell().echo(L"Command: " + shortened(line) + L"\n");
     const std::wstring name = command.name.substr(0, 60);
     try {
         runCommand(session, command);

@@ -23,12 +23,15 @@ void saveAs(Session& session, const CommandText& text) {
 }
 
 void script(Session& session, const CommandText& text) {
+    const auto path = text.argument.empty() ? session.shell().chooseScript() : text.argument;
+    if (!path)
+        return;
     std::wstring problem;
-    const std::vector<std::wstring> lines = readScript(text.argument, problem);
+    const std::vector<std::wstring> lines = readScript(*path, problem);
     if (problem.empty() && !session.shell().runScript(lines))
-        problem = L"The script " + quotation(text.argument) +
+        problem = L"The script " + quotation(*path) +
                   L" isn't run, because too many scripts wait for each other: look for one that runs itself.";
-    session.shell().print(problem.empty() ? L"Running " + text.argument + L".\n" : problem + L"\n");
+    session.shell().print(problem.empty() ? L"Running " + *path + L".\n" : problem + L"\n");
 }
 
 void quit(Session& session, const CommandText&) {

@@ -80,9 +80,9 @@ void setYesNo(Session& session, const Words& words, const Question& question) {
 std::wstring reasonOf(Vorn::ErrorStatus status) {
     switch (status) {
     case Vorn::eInvalidInput:
-        return L"the name holds characters that aren't allowed: leave out < > / \\ \" : ; ? * | = ! and the like";
+        return std::wstring(L"that can't be a name: ") + kNameAdvice;
     case Vorn::eNameTooLong:
-        return L"the name is too long: give one of at most 255 characters";
+        return std::wstring(L"the name is too long: ") + kNameAdvice;
     case Vorn::eDuplicateRecordName:
         return L"there is a layer of that name already: give another one";
     case Vorn::eDependentRecord:
@@ -123,22 +123,35 @@ void set(Session& session, const Words& words) {
         makeCurrent(session, *layer);
 }
 
+std::vector<std::wstring> namesIn(const Words& words) {
+    std::vector<std::wstring> names;
+    for (const std::wstring& word : words)
+        for (std::wstring& name : splitList(word))
+            names.push_back(std::move(name));
+    return names;
+}
+
 /// Makes the layers that aren't there yet, up to the first that can't be made.
 void makeLayers(Session& session, const Words& words) {
+    const std::vector<std::wstring> names = namesIn(words);
+    if (names.empty()) {
+        session.shell().print(L"No layer is named: give names with commas between.\n");
+        return;
+    }
     std::size_t made = 0;
     std::wstring failure;
     session.change([&](KelDbDatabase& database) {
-        for (const std::wstring& word : words)
-            for (const std::wstring& name : splitList(word)) {
-                if (!failure.empty() || engine::layerIndex(database, name) != zdr::kNone)
-                    continue;
-                const Vorn::ErrorStatus status = engine::addLayer(database, name);
-                made += status == Vorn::eOk;
-                if (status != Vorn::eOk)
-                    failure = quotation(name) + L" isn't made, because " + reasonOf(status);
-            }
+        for (const std::wstring& name : names) {
+            if (!failure.empty() || engine::layerIndex(database, name) != zdr::kNone)
+                continue;
+            const Vorn::ErrorStatus status = engine::addLayer(database, name);
+            made += status == Vorn::eOk;
+            if (status != Vorn::eOk)
+                failure = quotation(name) + L" isn't made, because " + reasonOf(status);
+        }
     });
-    session.shell().print(failure.empty() ? layersAre(made) + L" made.\n" : failure + L".\n");
+    const std::wstring done = made > 0 ? layersAre(made) + L" made" : layersAre(names.size()) + L" there already";
+    session.shell().print((failure.empty() ? done : failure) + L".\n");
 }
 
 void make(Session& session, const Words& words) {
@@ -259,6 +272,8 @@ void list(Session& session, const Words& words) {
         text += describe(session.drawing(), (*layers)[i]);
     if (layers->size() > most)
         text += std::to_wstring(layers->size() - most) + L" more: a pattern such as A* shows fewer.\n";
+    else if (layers->size() > 1)
+        text += layersAre(layers->size()) + L" listed.\n";
     session.shell().print(text);
 }
 

@@ -29,12 +29,11 @@ bool add(const Session& session, const std::wstring& pattern, std::vector<bool>&
     return any;
 }
 
-template <class Style> std::wstring listed(const zdr::Drawing& drawing, const std::vector<Style>& styles) {
-    constexpr std::size_t most = 12;
-    std::wstring names;
-    for (std::size_t i = 0; i < std::min(styles.size(), most); ++i)
-        names += (i == 0 ? L"" : L", ") + quotedWhereNeeded(drawing.names.text(styles[i].name));
-    return styles.size() > most ? names + L" and more" : names;
+template <class Style> std::wstring namesOf(const zdr::Drawing& drawing, const std::vector<Style>& styles) {
+    std::vector<std::wstring> names;
+    for (const Style& style : styles)
+        names.push_back(quotedWhereNeeded(drawing.names.text(style.name)));
+    return listed(names);
 }
 
 } // namespace
@@ -96,7 +95,7 @@ std::optional<std::uint32_t> linetypeOf(Session& session, const std::wstring& te
     if (linetype != zdr::kNoName)
         return linetype;
     session.shell().print(L"The drawing has no linetype " + quotation(unquoted(text)) + L": give one of " +
-                          listed(drawing, drawing.linetypes) + L".\n");
+                          namesOf(drawing, drawing.linetypes) + L".\n");
     return std::nullopt;
 }
 
@@ -110,7 +109,7 @@ std::optional<std::uint32_t> plotStyleOf(Session& session, const std::wstring& t
     if (style != zdr::kNoName)
         return style;
     session.shell().print(L"The drawing has no plot style " + quotation(unquoted(text)) + L": give one of " +
-                          listed(drawing, drawing.plotStyles) + L".\n");
+                          namesOf(drawing, drawing.plotStyles) + L".\n");
     return std::nullopt;
 }
 

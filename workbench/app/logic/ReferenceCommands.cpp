@@ -47,7 +47,7 @@ std::shared_ptr<const zdr::Drawing> readReferenced(const Session& session, const
     zdr::resolveReferences(holder, session.path(), problems);
     const auto own = std::ranges::find(problems, reference.name, &zdr::ReferenceProblem::name);
     if (own != problems.end())
-        reason = own->reason;
+        reason = advised(own->reason, L"check the path, or attach another one");
     return holder.references[0].drawing;
 }
 
@@ -58,8 +58,8 @@ std::wstring nameProblem(const Session& session, const std::wstring& name) {
     if (known)
         return L"A reference is called " + quotation(name) + L" already: give another name behind the path.";
     if (KelDbSymbolUtilities::servicesPtr106()->validateSymbolName(name.c_str(), false) != Vorn::eOk)
-        return quotation(name) +
-               L" can't be the name of a reference: give 1 to 255 characters without < > / \\ \" : ; ? * | = !.";
+        return quotation(name) + L" can't be the name of a reference: " + kNameAdvice +
+               L"; a path with blanks goes in quotes.";
     return {};
 }
 
@@ -88,12 +88,12 @@ std::vector<std::size_t> referencesNamed(Session& session, const CommandText& te
             found.push_back(i);
     if (!found.empty())
         return found;
-    std::wstring names;
+    std::vector<std::wstring> names;
     for (const zdr::Reference& reference : references)
-        names += (names.empty() ? L"" : L", ") + quotedWhereNeeded(reference.name);
+        names.push_back(quotedWhereNeeded(reference.name));
     session.shell().print(names.empty() ? std::wstring(L"No drawing is attached: ATTACH attaches one.\n")
-                                        : L"No reference is called " + quotation(text.argument) + L": give " + names +
-                                              L", or * for all.\n");
+                                        : L"No reference is called " + quotation(text.argument) + L": give " +
+                                              listed(names) + L", or * for all.\n");
     return found;
 }
 

@@ -4,11 +4,13 @@
 
 #include "CommandText.h"
 #include "Documents.h"
+#include "KelEditor.h"
 
 #include "engine/DatabaseAccess.h"
 #include "files/DrawingFile.h"
 #include "files/References.h"
 #include "files/TextCoding.h"
+#include "values/ReservedWords.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -112,9 +114,11 @@ void Session::newDrawing() {
 std::optional<Session::ReadDrawing> Session::readDrawing(const std::wstring& path) {
     ReadDrawing read;
     std::wstring reason;
-    if (zdr::readDrawingFile(path, read.drawing, reason, &read.stamp) == Vorn::eOk)
+    const Vorn::ErrorStatus status = zdr::readDrawingFile(path, read.drawing, reason, &read.stamp);
+    if (status == Vorn::eOk)
         return read;
-    m_shell.showFailure(reason);
+    m_shell.showFailure(
+        advised(reason, status == Vorn::eFileNotFound ? L"check its name and folder" : L"choose another one"));
     return std::nullopt;
 }
 
@@ -148,7 +152,7 @@ bool Session::write(const std::wstring& path, zdr::FileStamp stamp) {
         status = zdr::writeDrawingFile(path, drawing(), reason, stamp, zdr::Overwrite::Always);
     }
     if (status != Vorn::eOk) {
-        m_shell.showFailure(reason);
+        m_shell.showFailure(advised(reason, L"choose another name or folder by SAVEAS"));
         return false;
     }
     m_path = path;
@@ -242,11 +246,17 @@ void Session::showLayout(const std::wstring& name) {
         showSheet(static_cast<std::size_t>(found - layouts.begin()));
         return;
     }
-    std::wstring names;
+    // The model tab bears a name like the others.
+    const wchar_t* model = keldbGetReservedString(engine::kModelSpaceWord, true);
+    if (model && sameName(name, model)) {
+        showModel();
+        return;
+    }
+    std::vector<std::wstring> names;
     for (const zdr::Layout& layout : layouts)
-        names += (names.empty() ? L"" : L", ") + quotation(layout.name);
+        names.push_back(quotation(layout.name));
     m_shell.print(L"The drawing has no layout " + quotation(name) +
-                  (names.empty() ? L".\n" : L": give one of " + names + L".\n"));
+                  (names.empty() ? L": MODEL shows all that it has.\n" : L": give one of " + listed(names) + L".\n"));
 }
 
 void Session::showTab(std::size_t tab) {
@@ -275,11 +285,12 @@ void Session::makeViewportCurrent(int number) {
             m_shell.print(L"Viewport " + std::to_wstring(number) + L" is current.\n");
         return;
     }
-    std::wstring numbers;
+    std::vector<std::wstring> numbers;
     for (const zdr::Viewport& viewport : viewports)
         if (viewport.number > 0)
-            numbers += std::to_wstring(viewport.number) + L", ";
-    m_shell.print(L"The layout has no viewport " + std::to_wstring(number) + L": give " + numbers + L"or NONE.\n");
+            numbers.push_back(std::to_wstring(viewport.number));
+    m_shell.print(L"The layout has no viewport " + std::to_wstring(number) + L": give " +
+                  (numbers.empty() ? L"" : listed(numbers) + L", or ") + L"NONE.\n");
 }
 
 void Session::change(const std::function<void(KelDbDatabase&)>& step) {

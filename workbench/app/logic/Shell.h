@@ -26,6 +26,7 @@ class Shell {
     /// A path from the user; none when he thinks better of it.
     virtual std::optional<std::wstring> chooseFileToOpen() = 0;
     virtual std::optional<std::wstring> chooseFileToSave(const std::wstring& proposal) = 0;
+    virtual std::optional<std::wstring> chooseScript() = 0;
     /// Another drawing is open, or the same under another name.
     virtual void drawingReplaced() = 0;
     /// The drawing has changed, or what is shown of it: space, viewport.

@@ -73,19 +73,19 @@ std::optional<runtime::VariableValue> valueOf(const std::wstring& text, int type
 }
 
 void setCurrentTab(Session& session, const std::wstring& name) {
-    if (sameName(name, keldbGetReservedString(10, true)))
-        session.showModel();
-    else
-        session.showLayout(name);
+    session.showLayout(name);
 }
 
 void setTileMode(Session& session, const std::wstring& value) {
+    const zdr::Drawing& drawing = session.drawing();
     if (value == L"1")
         session.showModel();
-    else if (value == L"0" && !session.drawing().activeLayout)
-        session.showTab(1);
     else if (value != L"0")
         session.shell().print(L"TILEMODE takes 1 for model space or 0 for a layout.\n");
+    else if (drawing.layouts.empty())
+        session.shell().print(L"The drawing has no layout that TILEMODE could show: leave it at 1.\n");
+    else
+        session.showTab(drawing.activeLayout.value_or(0) + 1);
 }
 
 void setCurrentViewport(Session& session, const std::wstring& value) {

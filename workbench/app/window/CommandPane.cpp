@@ -11,6 +11,7 @@ namespace {
 constexpr const wchar_t* kPrompt = L"Command:";
 // Beyond this many characters the first half of the history goes.
 constexpr int kHistoryLimit = 60000;
+constexpr UINT kNoLimit = 0x7FFFFFFE;
 
 std::wstring withWindowsLineEnds(const std::wstring& text) {
     std::wstring out;
@@ -118,7 +119,9 @@ BOOL CommandPane::createIn(CWnd& parent, UINT id) {
         !m_history.Create(history, nothing, this, IDC_COMMAND_HISTORY) ||
         !m_edit.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL, nothing, this, IDC_COMMAND_EDIT))
         return FALSE;
-    m_history.SetLimitText(0x7FFFFFFE);
+    m_history.SetLimitText(kNoLimit);
+    // What is pasted is not to lose its end unsaid; the command tells when a line is too long.
+    m_edit.SetLimitText(kNoLimit);
     applyLook();
     return TRUE;
 }

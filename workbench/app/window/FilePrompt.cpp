@@ -8,21 +8,28 @@ namespace workbench {
 
 namespace {
 
-constexpr const wchar_t* kFilter = L"Drawings (*.zdr)\0*.zdr\0Templates and standards (*.zdt, *.zds)\0*.zdt;*.zds\0"
-                                   L"All files (*.*)\0*.*\0";
+/// A kind of files: the rows of the dialog's list of kinds, and the ending that is added to a name without one.
+struct FileKind {
+    const wchar_t* filter;
+    const wchar_t* ending; ///< null for none
+};
+constexpr FileKind kDrawings{L"Drawings (*.zdr)\0*.zdr\0Templates and standards (*.zdt, *.zds)\0*.zdt;*.zds\0"
+                             L"All files (*.*)\0*.*\0",
+                             L"zdr"};
+constexpr FileKind kScripts{L"Scripts (*.scr, *.txt)\0*.scr;*.txt\0All files (*.*)\0*.*\0", nullptr};
 constexpr DWORD kLongestPath = 4096;
 
-std::optional<std::wstring> prompt(HWND owner, const std::wstring& proposal, DWORD flags,
+std::optional<std::wstring> prompt(HWND owner, const FileKind& kind, const std::wstring& proposal, DWORD flags,
                                    BOOL(WINAPI* ask)(OPENFILENAMEW*)) {
     std::wstring path(kLongestPath, L'\0');
     proposal.copy(path.data(), kLongestPath - 1);
     OPENFILENAMEW arguments{};
     arguments.lStructSize = sizeof arguments;
     arguments.hwndOwner = owner;
-    arguments.lpstrFilter = kFilter;
+    arguments.lpstrFilter = kind.filter;
     arguments.lpstrFile = path.data();
     arguments.nMaxFile = kLongestPath;
-    arguments.lpstrDefExt = L"zdr";
+    arguments.lpstrDefExt = kind.ending;
     arguments.Flags = flags | OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
     if (!ask(&arguments))
         return std::nullopt;
@@ -34,12 +41,16 @@ std::optional<std::wstring> prompt(HWND owner, const std::wstring& proposal, DWO
 
 std::optional<std::wstring> promptForDrawingToOpen(HWND owner) {
     // A file that isn't there is told by the reading, with its reason, like every other failure.
-    return prompt(owner, {}, OFN_PATHMUSTEXIST, GetOpenFileNameW);
+    return prompt(owner, kDrawings, {}, OFN_PATHMUSTEXIST, GetOpenFileNameW);
+}
+
+std::optional<std::wstring> promptForScript(HWND owner) {
+    return prompt(owner, kScripts, {}, OFN_PATHMUSTEXIST, GetOpenFileNameW);
 }
 
 std::optional<std::wstring> promptForDrawingToSave(HWND owner, const std::wstring& proposal) {
     // No OFN_OVERWRITEPROMPT: the saving asks about a file that is there, however its name was given.
-    return prompt(owner, proposal, OFN_PATHMUSTEXIST, GetSaveFileNameW);
+    return prompt(owner, kDrawings, proposal, OFN_PATHMUSTEXIST, GetSaveFileNameW);
 }
 
 } // namespace workbench

@@ -1,4 +1,4 @@
-// The system's file dialog, asked for drawings.
+// The system's file dialog, asked for drawings and scripts.
 #pragma once
 
 #include <afxwin.h>
@@ -8,7 +8,9 @@
 
 namespace workbench {
 
+/// Each answers a path, or none when the user thinks better of it.
 std::optional<std::wstring> promptForDrawingToOpen(HWND owner);
+std::optional<std::wstring> promptForScript(HWND owner);
 /// @param proposal the name, or the full path, that stands in the dialog at first
 std::optional<std::wstring> promptForDrawingToSave(HWND owner, const std::wstring& proposal);
 

@@ -35,6 +35,7 @@ constexpr MenuCommand kMenuCommands[] = {
     {ID_MENU_SAVE, L"SAVE", 'S', true, false},
     {ID_MENU_SAVEAS, L"SAVEAS", 'S', true, true},
     {ID_MENU_ATTACH, L"ATTACH", 0, false, false},
+    {ID_MENU_SCRIPT, L"SCRIPT", 0, false, false},
     {ID_MENU_QUIT, L"QUIT", 0, false, false},
     {ID_MENU_UNDO, L"UNDO", 'Z', true, true},
     {ID_MENU_REDO, L"REDO", 'Y', true, true},

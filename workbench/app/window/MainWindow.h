@@ -59,6 +59,7 @@ class MainWindow : public CWnd, private Shell, private runtime::DisplayObserver 
     bool askToOverwrite(const std::wstring& reason) override;
     std::optional<std::wstring> chooseFileToOpen() override;
     std::optional<std::wstring> chooseFileToSave(const std::wstring& proposal) override;
+    std::optional<std::wstring> chooseScript() override;
     void drawingReplaced() override;
     void drawingChanged() override;
     void zoomExtents() override;

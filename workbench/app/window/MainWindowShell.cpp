@@ -43,6 +43,10 @@ std::optional<std::wstring> MainWindow::chooseFileToSave(const std::wstring& pro
     return promptForDrawingToSave(m_hWnd, proposal);
 }
 
+std::optional<std::wstring> MainWindow::chooseScript() {
+    return promptForScript(m_hWnd);
+}
+
 void MainWindow::drawingReplaced() {
     m_view.drawingReplaced();
     refreshTabs();

@@ -13,19 +13,20 @@
 #define IDI_WORKBENCH 101
 #define IDR_MENU 102
 
-// Menu items; each runs a line of the command table (see MenuCommands.h).
-#define ID_MENU_NEW 40005
-#define ID_MENU_ATTACH 40006
+// Menu items; each runs a line of the command table (see MainWindow.cpp).
 #define ID_MENU_OPEN 40001
 #define ID_MENU_SAVE 40002
 #define ID_MENU_SAVEAS 40003
 #define ID_MENU_QUIT 40004
+#define ID_MENU_NEW 40005
+#define ID_MENU_ATTACH 40006
+#define ID_MENU_SCRIPT 40007
 #define ID_MENU_UNDO 40011
 #define ID_MENU_REDO 40012
 #define ID_MENU_ZOOM_EXTENTS 40021
 #define ID_MENU_ZOOM_IN 40022
 #define ID_MENU_ZOOM_OUT 40023
 #define ID_MENU_REGEN 40024
-#define ID_MENU_LAYERS 40032
 #define ID_MENU_LAYER_STATES 40031
+#define ID_MENU_LAYERS 40032
 #define ID_MENU_HELP 40041
