@@ -283,7 +283,7 @@ TEST_F(ColorPicker, tabReachesEveryControl) {
     script.press(VK_ESCAPE);
     pick(script, indexed(1), true);
     EXPECT_THAT(*focused,
-                ElementsAre(IDC_COLOR_PALETTE, IDC_COLOR_BYLAYER, IDC_COLOR_BYBLOCK, IDC_COLOR_TABS, IDOK, IDCANCEL));
+                ElementsAre(IDC_COLOR_PALETTE, IDC_COLOR_BYLAYER, IDC_COLOR_BYBLOCK, IDOK, IDCANCEL, IDC_COLOR_TABS));
 }
 
 TEST_F(ColorPicker, itsPaletteHasANameForScreenReaders) {

@@ -120,6 +120,36 @@ TEST_F(DialogData, theSetUpStandsInTheTraceInItsOrder) {
                             "SaveColumnSizes(1104)"));
 }
 
+TEST_F(DialogData, itsOkAndCancelAnswerOneAndTwo) {
+    const auto answerTo = [this](WORD key) {
+        INT_PTR answer = 0;
+        ui::perform(ui::Script().waitForControl(IDOK).press(key), [&] { answer = dialog.DoModal(); });
+        return answer;
+    };
+    EXPECT_EQ(answerTo(VK_RETURN), 1);
+    EXPECT_EQ(answerTo(VK_ESCAPE), 2);
+}
+
+TEST_F(DialogData, theTemplateComesFromTheCurrentResourceModuleUnlessOneIsNamed) {
+    const HINSTANCE own = AfxGetResourceHandle();
+    CKelUiDialog named(IDD_FIXED, nullptr, own);
+    CKelUiDialog current(IDD_FIXED);
+    const auto titleOf = [](CDialog& shown) {
+        std::wstring title;
+        ui::Script script;
+        script.ifStillOpen();
+        script.look("its title", [&](const ui::View& view) { title = view.title(); }).press(VK_ESCAPE);
+        ui::perform(script, [&] { shown.DoModal(); });
+        return title;
+    };
+    EXPECT_EQ(titleOf(current), L"Fixed");
+    AfxSetResourceHandle(GetModuleHandleW(L"kernel32.dll")); // without dialogs
+    EXPECT_EQ(titleOf(current), L"");
+    EXPECT_EQ(titleOf(named), L"Fixed");
+    EXPECT_EQ(AfxGetResourceHandle(), GetModuleHandleW(L"kernel32.dll")) << "is current again afterwards";
+    AfxSetResourceHandle(own);
+}
+
 TEST_F(DialogData, aTemplateThatIsMissingEndsTheDialogAsCancelled) {
     TestDialog missing{999};
     bool ran = false;

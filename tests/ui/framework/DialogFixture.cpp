@@ -5,6 +5,8 @@
 #include "instruments/HostCalls.h"
 #include "persistence/DialogStore.h"
 
+#include <commctrl.h>
+
 namespace {
 
 constexpr const wchar_t* kTestRoot = L"Software\\KelWorkbenchTests\\Dialogs";
@@ -72,6 +74,22 @@ RECT screenRect(HWND window) {
     RECT rect = {};
     GetWindowRect(window, &rect);
     return rect;
+}
+
+std::wstring shownTip() {
+    std::wstring text;
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND window, LPARAM result) -> BOOL {
+            wchar_t name[64] = {};
+            GetClassNameW(window, name, 64);
+            if (std::wstring_view(name) != TOOLTIPS_CLASSW || !IsWindowVisible(window))
+                return TRUE;
+            *reinterpret_cast<std::wstring*>(result) = ui::textOf(window);
+            return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&text));
+    return text;
 }
 
 DialogFixture::DialogFixture() {

@@ -29,12 +29,12 @@ class FileDialog : public DialogFixture {
         RemoveDirectoryW(folder.c_str());
     }
 
-    int ask(int flags, const ui::Script& script) {
+    int ask(int flags, const ui::Script& script, const wchar_t* name = nullptr) {
         ui::Script whole;
         whole.waitUntil("the dialog", [](const ui::View& view) { return view.title() == L"Pick"; }).then(script);
         int answer = 0;
         ui::perform(whole, [&] {
-            answer = keledGetFileNavDialog(L"Pick", nullptr, L"las;zdr", L"FrameworkTestsFileDialog", flags, &chain);
+            answer = keledGetFileNavDialog(L"Pick", name, L"las;zdr", L"FrameworkTestsFileDialog", flags, &chain);
         });
         return answer;
     }
@@ -81,6 +81,35 @@ TEST_F(FileDialog, savingOverAFileIsAskedFirst) {
         .press(VK_ESCAPE);
     EXPECT_EQ(ask(1, script), kResultCancel);
     EXPECT_EQ(chain, nullptr);
+}
+
+TEST_F(FileDialog, beginsWithTheNameWithoutWhatAPathCantHold) {
+    const framework::DialogStore store(L"FrameworkTestsFileDialog");
+    ASSERT_TRUE(store.setText(L"Folder", folder));
+    EXPECT_EQ(ask(1, ui::Script().press(VK_RETURN), L"Pl|an: <one>/\"two\"\\*?"), kResultNormal);
+    ASSERT_NE(chain, nullptr);
+    EXPECT_EQ(chain->value.string, folder + L"\\Plan onetwo.las");
+}
+
+TEST_F(FileDialog, aNameLongerThanAnyPathIsCut) {
+    EXPECT_EQ(ask(1, ui::Script().press(VK_ESCAPE), std::wstring(100'000, L'x').c_str()), kResultCancel);
+}
+
+TEST_F(FileDialog, aFileThatIsMissingIsNotOpened) {
+    ui::Script script;
+    script.type(folder + L"\\missing.las")
+        .press(VK_RETURN)
+        .waitUntil("a message", [](const ui::View& view) { return view.title() != L"Pick"; })
+        .press(VK_RETURN)
+        .waitUntil("the dialog again", [](const ui::View& view) { return view.title() == L"Pick"; })
+        .press(VK_ESCAPE);
+    EXPECT_EQ(ask(0, script), kResultCancel);
+    EXPECT_EQ(chain, nullptr);
+}
+
+TEST_F(FileDialog, theRootOfADriveIsKeptAsAFolder) {
+    EXPECT_EQ(ask(1, ui::Script().type(L"C:\\framework-tests.las").press(VK_RETURN)), kResultNormal);
+    EXPECT_EQ(framework::DialogStore(L"FrameworkTestsFileDialog").text(L"Folder"), L"C:\\");
 }
 
 TEST_F(FileDialog, aPlannedFailureShowsNothing) {

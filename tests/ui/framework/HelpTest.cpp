@@ -95,6 +95,19 @@ TEST_F(Help, aTopicThatCanBeNoPageIsToldToo) {
     }
 }
 
+TEST_F(Help, aFolderInThePlaceOfAPageIsNoPage) {
+    wchar_t temporary[MAX_PATH] = {};
+    GetTempPathW(MAX_PATH, temporary);
+    const std::wstring folder = std::wstring(temporary) + L"framework-tests-help";
+    CreateDirectoryW(folder.c_str(), nullptr);
+    CreateDirectoryW((folder + L"\\TOPIC.html").c_str(), nullptr);
+    ui::Script script;
+    script.waitForText(L"There is no help page for \u201cTOPIC\u201d.").press(VK_ESCAPE);
+    EXPECT_TRUE(ui::perform(script, [&] { keledHelp(folder.c_str(), L"TOPIC", 0); }));
+    RemoveDirectoryW((folder + L"\\TOPIC.html").c_str());
+    RemoveDirectoryW(folder.c_str());
+}
+
 /// A value of the registry's classes, replaced while this lives.
 class ReplacedClass {
   public:
@@ -175,17 +188,34 @@ TEST_F(Help, whereTheExtensionHasNoProgramThePageIsOpenedByTheOneForPages) {
     EXPECT_THAT(opened.wait(), EndsWith(L"\\help\\RESTORELAYERSTATEDIALOG.html"));
 }
 
+// The number of a Help button's command.
+constexpr UINT kHelpCommand = 57670;
+
+/// Routes the command to the common handler, as the dialogs of modules do.
+class HelpingDialog : public TestDialog {
+  public:
+    using TestDialog::TestDialog;
+    int asked = 0;
+    void OnDialogHelp() override { ++asked; }
+
+  protected:
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(HelpingDialog, TestDialog)
+ON_COMMAND(kHelpCommand, onHelpCommand)
+END_MESSAGE_MAP()
+
 TEST_F(Help, theCommonHandlerAsksTheDialogForItsOwnHelp) {
-    class HelpingDialog : public TestDialog {
-      public:
-        using TestDialog::TestDialog;
-        int asked = 0;
-        void OnDialogHelp() override { ++asked; }
-        void press() { onHelpCommand(); }
-    };
     HelpingDialog dialog{IDD_FIXED};
-    dialog.press();
+    dialog.run(look("the command of a Help button", [&] { dialog.SendMessage(WM_COMMAND, kHelpCommand, 0); }));
     EXPECT_EQ(dialog.asked, 1);
+}
+
+TEST_F(Help, aDialogWithoutItsOwnHelpShowsNone) {
+    TestDialog dialog{IDD_FIXED};
+    EXPECT_EQ(dialog.run(look("help", [&] { dialog.OnDialogHelp(); })), IDOK);
+    EXPECT_THAT(instruments::trace(), testing::Not(Contains(HasSubstr("keledHelp"))));
 }
 
 TEST_F(Help, thereIsNoMainWindowWithoutTheApplicationsWindow) {

@@ -201,12 +201,15 @@ TEST_F(LineWeightPicker, setsItselfUpInTheOrderOfAllDialogs) {
     pick(ui::Script().waitForControl(IDC_PICKER_LIST).press(VK_ESCAPE));
     std::vector<std::string> setUp;
     for (const std::string& line : instruments::trace())
-        for (const char* call : {"SetDialogName", "OnInitDialog", "SetControlProperty", "SetUseTips", "GetColumnSizes",
-                                 "SetPersistency", "SaveColumnSizes"})
+        for (const char* call :
+             {"SetDialogName", "OnInitDialog", "SetControlProperty", "SetContextHelpPrefix", "SetContextHelpFileName",
+              "SetUseTips", "GetColumnSizes", "SetPersistency", "SaveColumnSizes"})
             if (line.rfind(call, 0) == 0)
                 setUp.push_back(line.substr(0, line.find(' ')));
     EXPECT_THAT(setUp,
                 ElementsAre("SetDialogName(\"Workbench:SelectLineweight\")", "OnInitDialog()", "SetControlProperty(4)",
+                            "SetContextHelpPrefix(\"LAST\")",
+                            "SetContextHelpFileName(\"/KelDialogToolTips;Component/DialogToolTips.xaml\")",
                             "SetUseTips(2)", "GetColumnSizes(1401)", "SetPersistency(1)", "SaveColumnSizes(1401)"));
 }
 

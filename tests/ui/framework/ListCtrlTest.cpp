@@ -54,15 +54,59 @@ TEST_F(ListCtrl, theHitTestTellsTheCell) {
     }));
 }
 
-TEST_F(ListCtrl, beyondTheLastRowThereIsNoCellAndNoTip) {
+TEST_F(ListCtrl, beyondTheLastRowAndColumnThereIsNoCellAndNoTip) {
     dialog.run(look("the cells", [&] {
-        int row = 5;
-        int column = 5;
-        CPoint point(20, 100);
-        EXPECT_NE(list.GetItemAtPoint(point, row, column), 0);
-        EXPECT_LT(row, 0);
-        EXPECT_LT(column, 0);
+        for (const CPoint& where : {CPoint(20, 100), CPoint(200, middleOf(0, 0).y), CPoint(-5, -5)}) {
+            int row = 5;
+            int column = 5;
+            CPoint point = where;
+            EXPECT_NE(list.GetItemAtPoint(point, row, column), 0);
+            EXPECT_LT(row, 0);
+            EXPECT_LT(column, 0);
+            CRect rect;
+            CString text;
+            EXPECT_FALSE(list.TipAtPoint(where, rect, text));
+        }
     }));
+}
+
+/// A list that decides itself about tips, as the grids of modules do.
+class DecidingList : public COrvUiListCtrl {
+  public:
+    BOOL answer = FALSE;
+    BOOL OnGetTipRect(CRect& rect) override {
+        COrvUiListCtrl::OnGetTipRect(rect);
+        rect.right = rect.left + 11;
+        return answer;
+    }
+};
+
+TEST_F(ListCtrl, aDerivedListDecidesWhetherATipShowsAndWhere) {
+    DecidingList deciding;
+    CPoint cell;
+    const auto setUp = dialog.setUp;
+    dialog.setUp = [&] {
+        setUp();
+        cell = middleOf(0, 1);
+        list.UnsubclassWindow();
+        deciding.SubclassDlgItem(IDC_TEST_LIST, &dialog);
+    };
+    ui::Script script;
+    pointAt(script, [&] {
+        POINT point = cell;
+        ClientToScreen(deciding.GetSafeHwnd(), &point);
+        return point;
+    });
+    script.look("its decision", [&](const ui::View&) {
+        CRect rect;
+        CString text;
+        EXPECT_FALSE(deciding.TipAtPoint(cell, rect, text));
+        deciding.answer = TRUE;
+        EXPECT_TRUE(deciding.TipAtPoint(cell, rect, text));
+        EXPECT_EQ(rect.Width(), 11);
+        EXPECT_STREQ(text, L"A text too long for it");
+    });
+    dialog.run(script);
 }
 
 TEST_F(ListCtrl, aTipShowsForCutOffTextOnly) {

@@ -94,6 +94,34 @@ TEST_F(Resize, aSizeRestoredBeforeTheTableCameIsLaidOutAsWell) {
     }));
 }
 
+TEST_F(Resize, aLaterTableTakesThePlaceOfAnEarlierOneAndNoneIsOneToo) {
+    dialog.setUp = [this] { dialog.SetControlProperty(rows, 4); };
+    dialog.run(look("another table, and none", [&] {
+        const RECT stretch = place(IDC_TEST_STRETCH);
+        const RECT corner = place(IDOK);
+        dialog.SetControlProperty(rows + 2, 1);
+        grow(60, 50);
+        expectRect(place(IDC_TEST_STRETCH), stretch);
+        expectRect(place(IDOK), {corner.left + 60, corner.top + 50, corner.right + 60, corner.bottom + 50});
+        dialog.SetControlProperty(nullptr, 3);
+        grow(10, 10);
+        expectRect(place(IDOK), {corner.left + 60, corner.top + 50, corner.right + 60, corner.bottom + 50});
+    }));
+}
+
+TEST_F(Resize, theRowsAreCopied) {
+    _dlgControlTag row = rows[2];
+    dialog.setUp = [&] {
+        dialog.SetControlProperty(&row, 1);
+        row = {};
+    };
+    dialog.run(look("growing", [&] {
+        const RECT corner = place(IDOK);
+        grow(60, 50);
+        expectRect(place(IDOK), {corner.left + 60, corner.top + 50, corner.right + 60, corner.bottom + 50});
+    }));
+}
+
 TEST_F(Resize, theDialogCannotBeMadeSmallerThanItsTemplate) {
     dialog.setUp = [this] { dialog.SetControlProperty(rows, 4); };
     dialog.run(look("shrinking", [&] {

@@ -84,15 +84,58 @@ bool loads(const std::string& content) {
     return dialog.LoadFromFile(file.path().c_str(), L"K", nullptr, 0) != 0;
 }
 
+std::string wide(const std::string& content) {
+    std::string bytes = "\xFF\xFE";
+    for (const char character : content)
+        bytes.append({character, '\0'});
+    return bytes;
+}
+
 TEST(TaskDialogFile, isRefusedWhereItIsBroken) {
     EXPECT_TRUE(loads("<T><TaskDialog Key='K'><Instruction>x</Instruction></TaskDialog></T>"));
     EXPECT_FALSE(loads("")) << "empty";
     EXPECT_FALSE(loads("<T><TaskDialog Key='K'><Instruction>x</Instruction></TaskDia")) << "cut off";
     EXPECT_FALSE(loads("<T><TaskDialog Key='K'></T></TaskDialog>")) << "crossed elements";
+    const std::string whole = "<T><TaskDialog Key='K'><Instruction>x</Instruction></TaskDialog>";
+    for (const char* end : {"", "x", "x>", "<!-- x", "<!-- x -> >", "<![CDATA[x", "<![CDATA[x]]", "&amp", "&#x41",
+                            "<?x y", "</", "</T", "<a b='"})
+        EXPECT_FALSE(loads(whole + end)) << "ends with " << end;
+    EXPECT_TRUE(loads(whole + "</T>"));
+    EXPECT_TRUE(loads(whole + "\n</T>\n<!-- x -->\n"));
+    EXPECT_FALSE(loads(wide(whole + "<!-- x"))) << "16 bits a character";
+    EXPECT_TRUE(loads(wide(whole + "</T>"))) << "16 bits a character";
     EXPECT_FALSE(loads("<T><TaskDialog Key='K'/></T>")) << "nothing to say";
     EXPECT_FALSE(loads("<T><TaskDialog Key='K' Icon='Skull'><Instruction>x</Instruction></TaskDialog></T>"));
     EXPECT_FALSE(loads("<T><TaskDialog Key='K' Buttons='OK Perhaps'><Instruction>x</Instruction></TaskDialog></T>"));
+    EXPECT_FALSE(loads("no XML at all"));
+    EXPECT_FALSE(loads(std::string(1000, '\0'))) << "zeros";
+    EXPECT_FALSE(loads("\xFF\xFE<T>")) << "bytes of another coding";
+    EXPECT_FALSE(loads("<!DOCTYPE T [<!ENTITY a 'aaaa'><!ENTITY b '&a;&a;&a;&a;'>]>"
+                       "<T><TaskDialog Key='K'><Instruction>&b;</Instruction></TaskDialog></T>"))
+        << "entities that grow";
+    EXPECT_FALSE(loads("<T><TaskDialog Key='K'><Instruction>x</Instruction></TaskDialog></T><!--" +
+                       std::string(5 << 20, 'x') + "-->"))
+        << "larger than any file of dialogs";
     EXPECT_FALSE(loads("<T><Other Key='K'><Instruction>x</Instruction></Other></T>"));
+}
+
+TEST(TaskDialogFile, thatIsAFolderIsRefused) {
+    wchar_t folder[MAX_PATH];
+    GetTempPathW(MAX_PATH, folder);
+    COrvTaskDialog dialog;
+    EXPECT_FALSE(dialog.LoadFromFile(folder, L"K", nullptr, 0));
+}
+
+TEST(TaskDialogFile, pairsWithoutKeyOrValueAreLeftOut) {
+    const WrittenFile file("<T><TaskDialog Key='K'><Instruction>{A}{B}</Instruction></TaskDialog></T>");
+    const TASKDIALOG_KEYVALUE pairs[] = {{nullptr, L"1"}, {L"A", nullptr}, {L"B", L"2"}};
+    COrvTaskDialog dialog;
+    ASSERT_TRUE(dialog.LoadFromFile(file.path().c_str(), L"K", pairs, 3));
+    ui::Script script;
+    script.waitForText(L"{A}2").press(VK_RETURN);
+    int answer = 0;
+    EXPECT_TRUE(ui::perform(script, [&] { answer = dialog.ShowDialog(nullptr); }));
+    EXPECT_EQ(answer, IDOK) << "where no button is named, there is OK";
 }
 
 class TaskDialog : public DialogFixture {

@@ -15,23 +15,6 @@ namespace {
 
 constexpr const wchar_t* kTipFile = L"framework-tips.xaml";
 
-/// The text of the tip that shows, empty when there is none.
-std::wstring shownTip() {
-    std::wstring text;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM result) -> BOOL {
-            wchar_t name[64] = {};
-            GetClassNameW(window, name, 64);
-            if (std::wstring_view(name) != TOOLTIPS_CLASSW || !IsWindowVisible(window))
-                return TRUE;
-            *reinterpret_cast<std::wstring*>(result) = ui::textOf(window);
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&text));
-    return text;
-}
-
 class Tips : public DialogFixture {
   protected:
     TestDialog dialog{IDD_FIXED};
@@ -138,6 +121,28 @@ TEST_F(Tips, withoutAFileTheDialogWorksWithoutTips) {
     pointAtControl(script, IDC_TEST_BUTTON);
     expectNoTip(script);
     dialog.run(script);
+}
+
+TEST_F(Tips, withABrokenFileOrOneThatLacksTheDialogItWorksWithoutTips) {
+    for (const char* content :
+         {"<DialogToolTips><Dialog Name='FrameworkTests:Dialog' Prefix='LAST'><Tip Control='1101'>x", "", "no XML",
+          "<DialogToolTips/>", "<Other><Tip Control='1101'>x</Tip></Other>"}) {
+        write(content);
+        dialog.setUp = [this] { useTips(kTipFile); };
+        ui::Script script;
+        pointAtControl(script, IDC_TEST_BUTTON);
+        expectNoTip(script);
+        EXPECT_EQ(dialog.run(script), IDOK) << content;
+    }
+}
+
+TEST_F(Tips, ofControlsThatAreNoNumbersOrAbsentAreLeftOut) {
+    write("<DialogToolTips><Dialog Name='FrameworkTests:Dialog' Prefix='LAST'><Tip>x</Tip><Tip Control=''>x</Tip>"
+          "<Tip Control='-1'>x</Tip><Tip Control='0'>x</Tip><Tip Control='65536'>x</Tip>"
+          "<Tip Control='99999999999999999999'>x</Tip><Hint Control='1101'>x</Hint><Tip Control='7777'>x</Tip>"
+          "</Dialog></DialogToolTips>");
+    EXPECT_THAT(readTips(kTipFile, L"FrameworkTests:Dialog", L"LAST"), UnorderedElementsAre(Pair(7777, L"x")));
+    EXPECT_EQ(dialog.run(), IDOK);
 }
 
 TEST_F(Tips, aButtonWithoutRoomForItsTextSaysItInItsTipAlsoAfterAChange) {

@@ -86,6 +86,35 @@ TEST_F(RegistryAccess, theProductsKeyIsCutToTheBuffer) {
     EXPECT_EQ(std::wstring(small), std::wstring(buffer).substr(0, 3));
 }
 
+TEST_F(RegistryAccess, theProductsKeyNeedsABuffer) {
+    EXPECT_EQ(GetProductRegistryRootKey(nullptr, 512), 0u);
+    wchar_t untouched = L'x';
+    EXPECT_EQ(GetProductRegistryRootKey(&untouched, 0), 0u);
+    EXPECT_EQ(untouched, L'x');
+    EXPECT_EQ(GetProductRegistryRootKey(&untouched, 1), 0u);
+    EXPECT_EQ(untouched, L'\0');
+}
+
+TEST_F(RegistryAccess, aTextMayBeOfAnyLength) {
+    const std::wstring text(100'000, L'x');
+    writeValue(path, L"Large", REG_SZ, text.c_str(), static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
+    EXPECT_EQ(COrvUiRegistryAccess(HKEY_CURRENT_USER, path.c_str()).GetString(L"Large").GetString(), text);
+}
+
+TEST_F(RegistryAccess, valuesOfOtherTypesAreNeitherTextNorNumber) {
+    for (const DWORD type : {REG_BINARY, REG_MULTI_SZ, REG_QWORD, REG_DWORD_BIG_ENDIAN}) {
+        writeValue(path, L"Other", type, L"a\0b\0", 8);
+        const COrvUiRegistryAccess key(HKEY_CURRENT_USER, path.c_str());
+        EXPECT_TRUE(key.GetString(L"Other").IsEmpty()) << type;
+        EXPECT_EQ(key.GetDWord(L"Other"), 0u) << type;
+        EXPECT_EQ(key.ValueType(L"Other", nullptr), type);
+    }
+}
+
+TEST_F(RegistryAccess, aHiveThatIsNoneIsNotOpened) {
+    EXPECT_FALSE(COrvUiRegistryAccess(nullptr, path.c_str()).IsOpen());
+}
+
 TEST_F(RegistryAccess, aPlannedFailureLeavesTheKeyClosed) {
     instruments::failCall("COrvUiRegistryAccess", 1);
     EXPECT_FALSE(COrvUiRegistryAccess(HKEY_CURRENT_USER, path.c_str()).IsOpen());
@@ -95,6 +124,13 @@ TEST_F(RegistryAccess, aPlannedFailureLeavesTheKeyClosed) {
 TEST(StringExp, fillsInTheProductsName) {
     const std::wstring product = keldbHostApplicationServices()->productName();
     EXPECT_EQ(CKelUiStringExp(CString(L"{Product}: %d states")).GetString().GetString(), product + L": %d states");
+}
+
+TEST(StringExp, aLoadedStringIsExpandedToo) {
+    CKelUiStringExp text;
+    EXPECT_STREQ(text, L"");
+    EXPECT_TRUE(text.LoadString(IDS_TEST_PRODUCT));
+    EXPECT_EQ(std::wstring(text), std::wstring(keldbHostApplicationServices()->productName()) + L" of the tests");
 }
 
 TEST(StringExp, aStringThatIsMissingLeavesItEmpty) {

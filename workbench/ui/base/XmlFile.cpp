@@ -5,7 +5,6 @@
 #include <windows.h>
 
 #include <objbase.h>
-#include <shlwapi.h>
 #include <xmllite.h>
 
 #include <cwctype>
@@ -14,23 +13,75 @@
 namespace framework {
 namespace {
 
-constexpr ULONGLONG kLargestFile = 4u << 20;
+constexpr LONGLONG kLargestFile = 4u << 20;
 
 struct Release {
     void operator()(IUnknown* object) const { object->Release(); }
 };
 template <class T> using ComPointer = std::unique_ptr<T, Release>;
 
-ComPointer<IStream> openFile(const std::wstring& path) {
-    IStream* stream = nullptr;
-    if (FAILED(SHCreateStreamOnFileEx(path.c_str(), STGM_READ | STGM_SHARE_DENY_WRITE, 0, FALSE, nullptr, &stream)))
-        return nullptr;
-    ComPointer<IStream> owned(stream);
-    STATSTG facts = {};
-    if (FAILED(owned->Stat(&facts, STATFLAG_NONAME)) || facts.cbSize.QuadPart > kLargestFile)
-        return nullptr;
-    return owned;
+/// The bytes of a file; nothing when it can't be read or is too large.
+std::optional<std::string> readBytes(const std::wstring& path) {
+    const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        return std::nullopt;
+    LARGE_INTEGER size = {};
+    std::optional<std::string> bytes;
+    if (GetFileSizeEx(file, &size) && size.QuadPart <= kLargestFile) {
+        bytes.emplace(static_cast<std::size_t>(size.QuadPart), '\0');
+        DWORD read = 0;
+        if (!ReadFile(file, bytes->data(), static_cast<DWORD>(bytes->size()), &read, nullptr) || read != bytes->size())
+            bytes.reset();
+    }
+    CloseHandle(file);
+    return bytes;
 }
+
+/// The bytes as a stream. Wine's reader asks for more for ever where a file ends within a text, a comment or a section
+/// of character data; the stream then gives it what ends all of these, and remembers that the file wasn't whole.
+class Stream final : public ISequentialStream {
+  public:
+    explicit Stream(std::string_view bytes) : m_rest(bytes), m_wide(bytes.size() % 2 == 0 && isWide(bytes)) {}
+
+    bool hasOverrun() const { return m_overrun; }
+
+    HRESULT STDMETHODCALLTYPE Read(void* target, ULONG size, ULONG* read) override {
+        if (m_rest.empty() && ++m_asked > kPatience) {
+            m_overrun = true;
+            m_rest = m_wide
+                         ? std::string_view(reinterpret_cast<const char*>(kWideEnd), sizeof kWideEnd - sizeof *kWideEnd)
+                         : std::string_view(kEnd);
+        }
+        const std::string_view part = m_rest.substr(0, size);
+        part.copy(static_cast<char*>(target), part.size());
+        m_rest.remove_prefix(part.size());
+        if (read)
+            *read = static_cast<ULONG>(part.size());
+        return part.size() == size ? S_OK : S_FALSE;
+    }
+    HRESULT STDMETHODCALLTYPE Write(const void*, ULONG, ULONG*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
+        const bool known = id == __uuidof(IUnknown) || id == __uuidof(ISequentialStream);
+        *object = known ? this : nullptr;
+        return known ? S_OK : E_NOINTERFACE;
+    }
+    // It lives on the stack, longer than its reader.
+    ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
+    ULONG STDMETHODCALLTYPE Release() override { return 1; }
+
+  private:
+    // How often the end may be asked for; a reader that knows it asks once or twice.
+    static constexpr int kPatience = 64;
+    static constexpr const char* kEnd = ";]]>-->?></";
+    static constexpr wchar_t kWideEnd[] = L";]]>-->?></";
+
+    static bool isWide(std::string_view bytes) { return bytes.substr(0, 2) == "\xFF\xFE"; }
+
+    std::string_view m_rest;
+    bool m_wide;
+    bool m_overrun = false;
+    int m_asked = 0;
+};
 
 ComPointer<IXmlReader> makeReader() {
     using Create = HRESULT(WINAPI*)(REFIID, void**, IMalloc*);
@@ -116,6 +167,32 @@ void addNode(IXmlReader& reader, XmlNodeType type, TreeBuilder& tree) {
     }
 }
 
+using Position = std::pair<UINT, UINT>; // line and column
+
+Position positionOf(IXmlReader& reader) {
+    Position position;
+    reader.GetLineNumber(&position.first);
+    reader.GetLinePosition(&position.second);
+    return position;
+}
+
+/// Reads all nodes. False when the file isn't well-formed.
+bool readNodes(IXmlReader& reader, TreeBuilder& tree) {
+    XmlNodeType type = XmlNodeType_None;
+    HRESULT result = S_OK;
+    Position last = {};
+    while ((result = reader.Read(&type)) == S_OK) {
+        // Where a file ends before its root does, Wine's reader makes up the end, and places it at the beginning.
+        const Position position = positionOf(reader);
+        if (type == XmlNodeType_EndElement && position <= last)
+            return false;
+        last = position;
+        addNode(reader, type, tree);
+    }
+    // The end of a well-formed file is S_FALSE; everything else is an error in it.
+    return result == S_FALSE;
+}
+
 } // namespace
 
 std::wstring_view XmlElement::attribute(std::wstring_view attributeName) const {
@@ -133,17 +210,15 @@ const XmlElement* XmlElement::child(std::wstring_view childName) const {
 }
 
 std::optional<XmlElement> readXmlFile(const std::wstring& path) {
-    const ComPointer<IStream> stream = openFile(path);
-    const ComPointer<IXmlReader> reader = stream ? makeReader() : nullptr;
-    if (!reader || FAILED(reader->SetInput(stream.get())))
+    const std::optional<std::string> bytes = readBytes(path);
+    if (!bytes)
+        return std::nullopt;
+    Stream stream(*bytes);
+    const ComPointer<IXmlReader> reader = makeReader();
+    if (!reader || FAILED(reader->SetInput(&stream)))
         return std::nullopt;
     TreeBuilder tree;
-    XmlNodeType type = XmlNodeType_None;
-    HRESULT result = S_OK;
-    while ((result = reader->Read(&type)) == S_OK)
-        addNode(*reader, type, tree);
-    // The end of a well-formed file is S_FALSE; everything else is an error in it.
-    return result == S_FALSE ? tree.takeRoot() : std::nullopt;
+    return readNodes(*reader, tree) && !stream.hasOverrun() ? tree.takeRoot() : std::nullopt;
 }
 
 } // namespace framework

@@ -6,6 +6,8 @@
 
 #include <commctrl.h>
 
+#include <vector>
+
 namespace framework {
 namespace {
 
@@ -27,6 +29,19 @@ TOOLINFOW toolOfControl(HWND dialog, HWND control, const std::wstring& text) {
     return tool;
 }
 
+/// Those of the pages within the dialog too.
+std::vector<HWND> controlsOf(HWND dialog) {
+    std::vector<HWND> controls;
+    EnumChildWindows(
+        dialog,
+        [](HWND control, LPARAM found) -> BOOL {
+            reinterpret_cast<std::vector<HWND>*>(found)->push_back(control);
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&controls));
+    return controls;
+}
+
 bool isOfInterest(UINT message) {
     return message >= WM_MOUSEFIRST && message <= WM_MOUSELAST;
 }
@@ -40,11 +55,11 @@ DialogTips::DialogTips(HWND dialog, const TipTexts& texts) {
     if (!m_window)
         return;
     SendMessageW(m_window, TTM_SETMAXTIPWIDTH, 0, kTipWidth);
-    for (const auto& [id, text] : texts) {
-        const HWND control = GetDlgItem(dialog, id);
-        if (!control)
+    for (const HWND control : controlsOf(dialog)) {
+        const auto text = texts.find(GetDlgCtrlID(control));
+        if (text == texts.end())
             continue;
-        TOOLINFOW tool = toolOfControl(dialog, control, text);
+        TOOLINFOW tool = toolOfControl(dialog, control, text->second);
         SendMessageW(m_window, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
     }
 }

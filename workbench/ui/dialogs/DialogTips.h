@@ -13,7 +13,8 @@ namespace framework {
 
 class DialogTips {
   public:
-    /// Makes the tip window, owned by `dialog`, with a tool for each control that has a text.
+    /// Makes the tip window, owned by `dialog`, with a tool for each control that has a text, those of
+    /// pages within the dialog too.
     DialogTips(HWND dialog, const TipTexts& texts);
     ~DialogTips();
     DialogTips(const DialogTips&) = delete;

@@ -3,6 +3,7 @@
 #include "ColorDialog.h"
 
 #include "base/FrameworkModule.h"
+#include "dialogs/TipFile.h"
 #include "pickers/PickerIds.h"
 
 using pickers::ColorChoice;
@@ -35,11 +36,15 @@ BOOL ColorDialog::OnInitDialog() {
     m_currentSwatch.SubclassDlgItem(IDC_COLOR_CURRENT_SWATCH, this);
     m_newSwatch.SubclassDlgItem(IDC_COLOR_NEW_SWATCH, this);
     COrvUiDialog::OnInitDialog();
-    SetUseTips(2);
     if (m_parts.palette)
         addTab({L"Palette", ColorTab::palette, &m_palettePage});
     if (m_parts.trueColor)
         addTab({L"True Color", ColorTab::trueColor, &m_trueColorPage});
+    // Last in the order of the Tab key, and so the one before the page, whose window has to be in front of it.
+    m_tabControl.SetWindowPos(&CWnd::wndBottom, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    SetContextHelpPrefix(kTipPrefix);
+    SetContextHelpFileName(kTipFile);
+    SetUseTips(2); // for controls that are there already, those of the pages too
     m_currentSwatch.show(m_current);
     SetDlgItemText(IDC_COLOR_CURRENT_TEXT, ColorChoice(m_current).describe().c_str());
     showChoice();

@@ -5,6 +5,7 @@
 #include "KelEditor.h"
 #include "OrvUiDialog.h"
 #include "base/FrameworkModule.h"
+#include "dialogs/TipFile.h"
 #include "pickers/PickerIds.h"
 
 #include <iterator>
@@ -56,6 +57,8 @@ BOOL ListPicker::OnInitDialog() {
         {IDCANCEL, kOrvUiResizeFollowCorner, 100},
     };
     SetControlProperty(resizing, std::size(resizing));
+    SetContextHelpPrefix(kTipPrefix);
+    SetContextHelpFileName(kTipFile);
     SetUseTips(2);
     SetDlgItemText(IDC_PICKER_NOTE, m_shown.note.c_str());
     addColumns();

@@ -38,8 +38,19 @@ std::wstring choose(OPENFILENAMEW& dialog, bool save) {
     return chosen ? dialog.lpstrFile : std::wstring();
 }
 
+/// With the backslash of a drive's root, without which it would be the folder that is current on that drive.
 std::wstring folderOf(const std::wstring& path) {
-    return path.substr(0, path.find_last_of(L"\\/"));
+    const std::size_t end = path.find_last_of(L"\\/");
+    const bool root = end != std::wstring::npos && end > 0 && path[end - 1] == L':';
+    return path.substr(0, root ? end + 1 : end);
+}
+
+/// Empty when there is none, or none any more: the system's dialog may not bear what is no folder.
+std::wstring keptFolder(const DialogStore& store) {
+    const std::wstring folder = store.text(kFolder).value_or(L"");
+    const DWORD attributes = folder.size() < MAX_PATH ? GetFileAttributesW(folder.c_str()) : INVALID_FILE_ATTRIBUTES;
+    const bool exists = attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
+    return exists ? folder : std::wstring();
 }
 
 ResultBuffer* chainOf(const std::wstring& path) {
@@ -60,7 +71,7 @@ int keledGetFileNavDialog(const wchar_t* title, const wchar_t* defaultName, cons
     const auto types = framework::splitExtensions(extensions ? extensions : L"");
     const std::wstring filter = framework::fileFilter(types);
     const DialogStore store(dialogKey ? dialogKey : L"");
-    const std::wstring folder = store.text(kFolder).value_or(L"");
+    const std::wstring folder = keptFolder(store);
     PathBuffer path;
     putName(path, defaultName);
 

@@ -16,7 +16,8 @@ std::wstring readText(HKEY key, const wchar_t* name) {
     DWORD size = 0;
     if (RegGetValueW(key, nullptr, name, RRF_RT_REG_SZ, nullptr, nullptr, &size) != ERROR_SUCCESS)
         return {};
-    std::wstring text(size / sizeof(wchar_t), L'\0');
+    std::wstring text((size + 1) / sizeof(wchar_t), L'\0'); // a broken value may end in the middle of a character
+    size = static_cast<DWORD>(text.size() * sizeof(wchar_t));
     if (RegGetValueW(key, nullptr, name, RRF_RT_REG_SZ, nullptr, text.data(), &size) != ERROR_SUCCESS)
         return {};
     return text.substr(0, text.find(L'\0'));
