@@ -49,6 +49,7 @@ class KELUI_API COrvUiBaseDialog : public CDialog {
 
     DECLARE_MESSAGE_MAP()
     afx_msg void OnDestroy();
+    afx_msg LRESULT OnDpiChanged(WPARAM dpi, LPARAM place);
 
   private:
     struct Tips;
@@ -86,6 +87,7 @@ class KELUI_API COrvUiDialog : public COrvUiBaseDialog {
 
     DECLARE_MESSAGE_MAP()
     afx_msg void OnDestroy();
+    afx_msg LRESULT OnDpiChanged(WPARAM dpi, LPARAM place);
     afx_msg void OnSize(UINT type, int width, int height);
     afx_msg void OnGetMinMaxInfo(MINMAXINFO* info);
 

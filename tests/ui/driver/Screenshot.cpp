@@ -2,17 +2,13 @@
 
 #include "Screenshot.h"
 
-#include <windows.h>
-
-#include <vector>
-
 namespace ui {
 
 namespace {
 
-BITMAPINFOHEADER screenHeader() {
-    const int width = GetSystemMetrics(SM_CXSCREEN);
-    const int height = GetSystemMetrics(SM_CYSCREEN);
+BITMAPINFOHEADER headerOf(const RECT& part) {
+    const int width = part.right - part.left;
+    const int height = part.bottom - part.top;
     BITMAPINFOHEADER header{};
     header.biSize = sizeof header;
     header.biWidth = width;
@@ -25,12 +21,12 @@ BITMAPINFOHEADER screenHeader() {
     return header;
 }
 
-std::vector<char> screenPixels(const BITMAPINFOHEADER& header) {
+std::vector<char> screenPixels(const RECT& part, const BITMAPINFOHEADER& header) {
     const HDC screen = GetDC(nullptr);
     const HDC memory = CreateCompatibleDC(screen);
     const HBITMAP bitmap = CreateCompatibleBitmap(screen, header.biWidth, header.biHeight);
     const HGDIOBJ before = SelectObject(memory, bitmap);
-    const bool copied = BitBlt(memory, 0, 0, header.biWidth, header.biHeight, screen, 0, 0, SRCCOPY);
+    const bool copied = BitBlt(memory, 0, 0, header.biWidth, header.biHeight, screen, part.left, part.top, SRCCOPY);
     SelectObject(memory, before);
     std::vector<char> pixels(header.biSizeImage);
     BITMAPINFO info{header, {}};
@@ -47,13 +43,17 @@ std::vector<char> screenPixels(const BITMAPINFOHEADER& header) {
 
 } // namespace
 
-std::vector<char> screenBytes() {
-    return screenPixels(screenHeader());
+RECT wholeScreen() {
+    return {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
 }
 
-bool saveScreenshot(const std::wstring& path) {
-    const BITMAPINFOHEADER header = screenHeader();
-    const std::vector<char> pixels = screenPixels(header);
+std::vector<char> screenBytes() {
+    return screenPixels(wholeScreen(), headerOf(wholeScreen()));
+}
+
+bool saveScreenshot(const std::wstring& path, const RECT& part) {
+    const BITMAPINFOHEADER header = headerOf(part);
+    const std::vector<char> pixels = screenPixels(part, header);
     if (pixels.empty())
         return false;
     BITMAPFILEHEADER file{};

@@ -121,8 +121,10 @@ BOOL MainWindow::createWindow() {
     // A copy that the window destroys with itself.
     const HMENU menu = ::LoadMenu(AfxGetInstanceHandle(), MAKEINTRESOURCE(IDR_MENU));
     if (!CreateEx(WS_EX_ACCEPTFILES, kMainWindowClass, kProgramName, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
-                  CW_USEDEFAULT, CW_USEDEFAULT, m_look.px(1100), m_look.px(760), nullptr, menu))
+                  CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, nullptr, menu))
         return FALSE;
+    // Only now it is known on which display it stands.
+    SetWindowPos(nullptr, 0, 0, m_look.px(1100), m_look.px(760), SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     m_session = std::make_unique<Session>(static_cast<Shell&>(*this));
     runtime::setDisplayObserver(this);
     runtime::setOutputSink([this](const std::wstring& text) { print(text); });

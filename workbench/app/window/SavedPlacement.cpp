@@ -9,10 +9,11 @@ namespace {
 constexpr const wchar_t* kKey = L"Software\\KelWorkbench\\Window";
 constexpr const wchar_t* kValue = L"Placement";
 
-/// What is kept: the normal rectangle and whether the window filled the screen.
+/// What is kept: the normal rectangle, whether the window filled the screen, and the dots an inch of its display.
 struct Placement {
     LONG left, top, right, bottom;
     DWORD maximized;
+    UINT dpi;
 };
 
 } // namespace
@@ -23,7 +24,7 @@ int restorePlacement(CWnd& window, int show) {
     const LSTATUS status = RegGetValueW(HKEY_CURRENT_USER, kKey, kValue, RRF_RT_REG_BINARY, nullptr, &saved, &size);
     const RECT rect{saved.left, saved.top, saved.right, saved.bottom};
     const bool usable = status == ERROR_SUCCESS && size == sizeof saved && rect.right > rect.left &&
-                        rect.bottom > rect.top && MonitorFromRect(&rect, MONITOR_DEFAULTTONULL);
+                        rect.bottom > rect.top && saved.dpi != 0 && MonitorFromRect(&rect, MONITOR_DEFAULTTONULL);
     if (!usable)
         return show;
     WINDOWPLACEMENT placement{};
@@ -31,6 +32,11 @@ int restorePlacement(CWnd& window, int show) {
     placement.rcNormalPosition = rect;
     placement.showCmd = SW_HIDE;
     window.SetWindowPlacement(&placement);
+    // Now it has the scaling of the display that it stands on.
+    const int dpi = static_cast<int>(::GetDpiForWindow(window)), savedDpi = static_cast<int>(saved.dpi);
+    if (dpi != savedDpi)
+        window.SetWindowPos(nullptr, 0, 0, MulDiv(rect.right - rect.left, dpi, savedDpi),
+                            MulDiv(rect.bottom - rect.top, dpi, savedDpi), SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     return saved.maximized ? SW_SHOWMAXIMIZED : show;
 }
 
@@ -42,7 +48,7 @@ void savePlacement(const CWnd& window) {
     const RECT& rect = placement.rcNormalPosition;
     const bool maximized = placement.showCmd == SW_SHOWMAXIMIZED ||
                            (placement.showCmd == SW_SHOWMINIMIZED && (placement.flags & WPF_RESTORETOMAXIMIZED));
-    const Placement saved{rect.left, rect.top, rect.right, rect.bottom, maximized};
+    const Placement saved{rect.left, rect.top, rect.right, rect.bottom, maximized, ::GetDpiForWindow(window)};
     RegSetKeyValueW(HKEY_CURRENT_USER, kKey, kValue, REG_BINARY, &saved, sizeof saved);
 }
 

@@ -2,6 +2,7 @@
 
 #include "OrvUiControls.h"
 
+#include "base/Scaling.h"
 #include "controls/PictureResource.h"
 #include "instruments/HostCalls.h"
 
@@ -13,16 +14,11 @@ namespace {
 
 // Between frame, picture and text, in dots at 96 an inch.
 constexpr int kGap = 4;
-constexpr int kDesignDpi = 96;
-
-int dpiOf(HDC dc) {
-    return GetDeviceCaps(dc, LOGPIXELSX);
-}
 
 /// The size at which a picture is drawn: its own, scaled with the display, but never larger than the room.
 SIZE drawnSize(const AlphaImage& picture, int dpi, SIZE room) {
-    const int width = MulDiv(picture.width, dpi, kDesignDpi);
-    const int height = MulDiv(picture.height, dpi, kDesignDpi);
+    const int width = MulDiv(picture.width, dpi, framework::kDesignDpi);
+    const int height = MulDiv(picture.height, dpi, framework::kDesignDpi);
     if (width <= room.cx && height <= room.cy)
         return {width, height};
     // The tighter side decides, so that the picture keeps its proportions.
@@ -85,7 +81,7 @@ void COrvUiBitmapButton::DrawButton(CDC& dc, const CRect& face, UINT itemState) 
         COrvUiOwnerDrawButton::DrawButton(dc, face, itemState);
         return;
     }
-    const SIZE size = drawnSize(m_picture->loaded, dpiOf(dc.GetSafeHdc()), room);
+    const SIZE size = drawnSize(m_picture->loaded, framework::dpiOf(GetSafeHwnd()), room);
     const AlphaImage& picture = m_picture->fit(size, (itemState & ODS_DISABLED) != 0);
     CString text;
     GetWindowText(text);

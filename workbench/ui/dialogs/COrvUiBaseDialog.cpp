@@ -37,6 +37,7 @@ struct COrvUiBaseDialog::Tips {
 
 BEGIN_MESSAGE_MAP(COrvUiBaseDialog, CDialog)
 ON_WM_DESTROY()
+ON_MESSAGE(WM_DPICHANGED, OnDpiChanged)
 END_MESSAGE_MAP()
 
 COrvUiBaseDialog::COrvUiBaseDialog(UINT templateId, CWnd* parent, HINSTANCE resources)
@@ -91,6 +92,14 @@ void COrvUiBaseDialog::onHelpCommand() {
 
 CString COrvUiBaseDialog::tipScope() const {
     return CString();
+}
+
+// The system gives the dialog its new size and font, and its controls their places.
+LRESULT COrvUiBaseDialog::OnDpiChanged(WPARAM dpi, LPARAM place) {
+    const LRESULT answer = DefWindowProc(WM_DPICHANGED, dpi, place);
+    if (m_tips->window)
+        m_tips->window->fitToScaling(HIWORD(dpi));
+    return answer;
 }
 
 void COrvUiBaseDialog::OnDestroy() {

@@ -17,6 +17,7 @@ struct COrvUiDialog::Layout {
 
 BEGIN_MESSAGE_MAP(COrvUiDialog, COrvUiBaseDialog)
 ON_WM_DESTROY()
+ON_MESSAGE(WM_DPICHANGED, OnDpiChanged)
 ON_WM_SIZE()
 ON_WM_GETMINMAXINFO()
 END_MESSAGE_MAP()
@@ -87,6 +88,14 @@ void COrvUiDialog::OnDestroy() {
     if (m_persistency)
         framework::keepPlacement(m_dialogName.GetString(), GetSafeHwnd());
     COrvUiBaseDialog::OnDestroy();
+}
+
+LRESULT COrvUiDialog::OnDpiChanged(WPARAM dpi, LPARAM place) {
+    const LRESULT answer = COrvUiBaseDialog::OnDpiChanged(dpi, place);
+    const int before = m_layout->table.rescale(HIWORD(dpi));
+    m_layout->table.apply(GetSafeHwnd());
+    framework::scaleColumns(GetSafeHwnd(), before, HIWORD(dpi));
+    return answer;
 }
 
 void COrvUiDialog::OnSize(UINT type, int width, int height) {

@@ -4,6 +4,8 @@
 
 #include "OrvUiControls.h"
 
+#include "base/Scaling.h"
+
 #include <commctrl.h>
 
 #include <vector>
@@ -13,7 +15,7 @@ namespace {
 
 // Controls' tools are known by their windows; the moving tool needs a number that is no window.
 constexpr UINT_PTR kMovingTool = 1;
-// Longer texts are broken into lines of this many pixels.
+// Longer texts are broken into lines of this many pixels at 96 an inch.
 constexpr int kTipWidth = 360;
 
 // Before version 6 of the common controls the structure ends before its last member, and that size works for both.
@@ -54,7 +56,7 @@ DialogTips::DialogTips(HWND dialog, const TipTexts& texts) {
                         CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, dialog, nullptr, nullptr, nullptr);
     if (!m_window)
         return;
-    SendMessageW(m_window, TTM_SETMAXTIPWIDTH, 0, kTipWidth);
+    fitToScaling(dpiOf(dialog));
     for (const HWND control : controlsOf(dialog)) {
         const auto text = texts.find(GetDlgCtrlID(control));
         if (text == texts.end())
@@ -68,6 +70,11 @@ DialogTips::~DialogTips() {
     // The window dies with the dialog that owns it, if that went first.
     if (m_window && IsWindow(m_window))
         DestroyWindow(m_window);
+}
+
+void DialogTips::fitToScaling(int dpi) {
+    if (m_window)
+        SendMessageW(m_window, TTM_SETMAXTIPWIDTH, 0, MulDiv(kTipWidth, dpi, kDesignDpi));
 }
 
 void DialogTips::allow(bool on) {

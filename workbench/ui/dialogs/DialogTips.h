@@ -20,6 +20,8 @@ class DialogTips {
     DialogTips(const DialogTips&) = delete;
     DialogTips& operator=(const DialogTips&) = delete;
 
+    /// Fits the longest line of a tip to the scaling of the dialog's display.
+    void fitToScaling(int dpi);
     /// While off, messages are not followed and no tip shows.
     void allow(bool on);
     /// Follows the pointer. To be called for every message of the dialog before it is dispatched.

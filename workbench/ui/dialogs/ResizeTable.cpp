@@ -2,7 +2,10 @@
 
 #include "ResizeTable.h"
 
+#include "base/Scaling.h"
+
 #include <algorithm>
+#include <utility>
 
 namespace framework {
 namespace {
@@ -24,6 +27,15 @@ SIZE clientSize(HWND window) {
     RECT client = {};
     GetClientRect(window, &client);
     return sizeOf(client);
+}
+
+void scale(SIZE& size, int to, int from) {
+    size = {MulDiv(size.cx, to, from), MulDiv(size.cy, to, from)};
+}
+
+void scale(RECT& rect, int to, int from) {
+    rect = {MulDiv(rect.left, to, from), MulDiv(rect.top, to, from), MulDiv(rect.right, to, from),
+            MulDiv(rect.bottom, to, from)};
 }
 
 RECT rectInParent(HWND control) {
@@ -54,10 +66,21 @@ void ResizeTable::remember(HWND dialog) {
     RECT window = {};
     GetWindowRect(dialog, &window);
     m_window = sizeOf(window);
+    m_dpi = dpiOf(dialog);
     m_client = clientSize(dialog);
     m_design.clear();
     for (HWND control = GetWindow(dialog, GW_CHILD); control; control = GetWindow(control, GW_HWNDNEXT))
         m_design[control] = rectInParent(control);
+}
+
+int ResizeTable::rescale(int dpi) {
+    if (m_dpi == 0)
+        return dpi;
+    scale(m_window, dpi, m_dpi);
+    scale(m_client, dpi, m_dpi);
+    for (auto& [control, rect] : m_design)
+        scale(rect, dpi, m_dpi);
+    return std::exchange(m_dpi, dpi);
 }
 
 void ResizeTable::setRows(const _dlgControlTag* rows, unsigned long count) {

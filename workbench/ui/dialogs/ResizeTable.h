@@ -21,6 +21,9 @@ class ResizeTable {
   public:
     /// Remembers where every control stands, and the sizes of the window and its client area.
     void remember(HWND dialog);
+    /// Turns the remembered layout into the one of a display of `dpi` dots an inch.
+    /// @return the dots an inch that it was of; `dpi` where nothing was remembered
+    int rescale(int dpi);
     void setRows(const _dlgControlTag* rows, unsigned long count);
     /// Moves the controls of the table to where they belong for the present size. Nothing before remember().
     void apply(HWND dialog) const;
@@ -34,6 +37,7 @@ class ResizeTable {
     std::map<HWND, RECT> m_design;
     SIZE m_client = {};
     SIZE m_window = {};
+    int m_dpi = 0;
 };
 
 } // namespace framework

@@ -3,9 +3,12 @@
 #include "ColumnSizes.h"
 
 #include "DialogStore.h"
+#include "Placement.h"
+#include "base/Scaling.h"
 
 #include <commctrl.h>
 
+#include <iterator>
 #include <vector>
 
 namespace framework {
@@ -32,8 +35,9 @@ bool restoreColumnSizes(const std::wstring& dialogName, HWND list) {
         widths.push_back(static_cast<int>(*width));
     if (widths.empty() || static_cast<int>(widths.size()) != columnCount(list))
         return false;
+    const int keptDpi = scalingIn(store).value_or(dpiOf(list));
     for (std::size_t column = 0; column < widths.size(); ++column)
-        ListView_SetColumnWidth(list, static_cast<int>(column), widths[column]);
+        ListView_SetColumnWidth(list, static_cast<int>(column), MulDiv(widths[column], dpiOf(list), keptDpi));
     return true;
 }
 
@@ -41,10 +45,21 @@ void keepColumnSizes(const std::wstring& dialogName, HWND list) {
     const DialogStore store = storeOf(dialogName, list);
     store.clear(); // a list that had more columns before leaves none behind
     const int count = columnCount(list);
-    bool kept = true;
+    bool kept = keepScaling(store, list);
     for (int column = 0; column < count && kept; ++column)
         kept =
             store.setNumber(std::to_wstring(column), static_cast<unsigned long>(ListView_GetColumnWidth(list, column)));
+}
+
+void scaleColumns(HWND dialog, int from, int to) {
+    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        wchar_t name[32] = {};
+        GetClassNameW(child, name, std::size(name));
+        if (lstrcmpiW(name, WC_LISTVIEWW) != 0)
+            continue;
+        for (int column = columnCount(child); column-- > 0;)
+            ListView_SetColumnWidth(child, column, MulDiv(ListView_GetColumnWidth(child, column), to, from));
+    }
 }
 
 } // namespace framework

@@ -2,6 +2,8 @@
 
 #include "Placement.h"
 
+#include "base/Scaling.h"
+
 #include <algorithm>
 
 namespace framework {
@@ -11,6 +13,9 @@ constexpr const wchar_t* kGroup = L"Placement";
 // Beyond these no desktop reaches; such a number was not written by us.
 constexpr long kFarthest = 0x40000;
 constexpr long kLargest = 0x10000;
+constexpr const wchar_t* kDpi = L"Dpi";
+// The scalings that the system knows, 100 % to 500 %, and some room on both sides.
+constexpr unsigned long kLowestDpi = 48, kHighestDpi = 960;
 
 bool isResizable(HWND window) {
     return (GetWindowLongPtrW(window, GWL_STYLE) & WS_THICKFRAME) != 0;
@@ -58,7 +63,7 @@ std::vector<RECT> monitorWorkAreas() {
     return areas;
 }
 
-std::optional<RECT> keptPlacement(const std::wstring& dialogName) {
+std::optional<KeptPlacement> keptPlacement(const std::wstring& dialogName) {
     const DialogStore store(dialogName, kGroup);
     const auto left = store.number(L"Left"), top = store.number(L"Top");
     const auto width = store.number(L"Width"), height = store.number(L"Height");
@@ -69,7 +74,7 @@ std::optional<RECT> keptPlacement(const std::wstring& dialogName) {
     const bool beyond = x < -kFarthest || x > kFarthest || y < -kFarthest || y > kFarthest;
     if (beyond || *width == 0 || *width > kLargest || *height == 0 || *height > kLargest)
         return std::nullopt;
-    return RECT{x, y, x + static_cast<LONG>(*width), y + static_cast<LONG>(*height)};
+    return KeptPlacement{{x, y, x + static_cast<LONG>(*width), y + static_cast<LONG>(*height)}, scalingIn(store)};
 }
 
 void keepPlacement(const std::wstring& dialogName, HWND window) {
@@ -85,12 +90,30 @@ void keepPlacement(const std::wstring& dialogName, HWND window) {
     [[maybe_unused]] const bool kept = store.setNumber(L"Left", static_cast<unsigned long>(rect.left)) &&
                                        store.setNumber(L"Top", static_cast<unsigned long>(rect.top)) &&
                                        store.setNumber(L"Width", static_cast<unsigned long>(rect.right - rect.left)) &&
-                                       store.setNumber(L"Height", static_cast<unsigned long>(rect.bottom - rect.top));
+                                       store.setNumber(L"Height", static_cast<unsigned long>(rect.bottom - rect.top)) &&
+                                       keepScaling(store, window);
 }
 
-void restorePlacement(HWND window, const RECT& kept) {
-    RECT wanted = kept;
-    if (!isResizable(window)) {
+std::optional<int> scalingIn(const DialogStore& store) {
+    const auto dpi = store.number(kDpi);
+    if (!dpi || *dpi < kLowestDpi || *dpi > kHighestDpi)
+        return std::nullopt;
+    return static_cast<int>(*dpi);
+}
+
+bool keepScaling(const DialogStore& store, HWND window) {
+    return store.setNumber(kDpi, static_cast<unsigned long>(dpiOf(window)));
+}
+
+void restorePlacement(HWND window, const KeptPlacement& kept) {
+    RECT wanted = placeOnWorkAreas(kept.rect, monitorWorkAreas());
+    // There first: the window takes on that display's scaling.
+    SetWindowPos(window, nullptr, wanted.left, wanted.top, 0, 0, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOSIZE);
+    if (isResizable(window)) {
+        const int dpi = dpiOf(window), keptDpi = kept.dpi.value_or(dpi);
+        wanted.right = wanted.left + MulDiv(kept.rect.right - kept.rect.left, dpi, keptDpi);
+        wanted.bottom = wanted.top + MulDiv(kept.rect.bottom - kept.rect.top, dpi, keptDpi);
+    } else {
         RECT present = {};
         GetWindowRect(window, &present);
         wanted.right = wanted.left + (present.right - present.left);

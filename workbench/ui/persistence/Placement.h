@@ -18,10 +18,22 @@ KELUI_API RECT placeOnWorkAreas(RECT wanted, const std::vector<RECT>& workAreas)
 /// The work areas of all monitors, the primary one's first.
 KELUI_API std::vector<RECT> monitorWorkAreas();
 
+/// A kept rectangle, and the dots an inch of the display that it stood on; none when that wasn't kept.
+struct KeptPlacement {
+    RECT rect;
+    std::optional<int> dpi;
+};
+
 /// The placement kept under the dialog's name; nothing when it is missing, incomplete or senseless.
-std::optional<RECT> keptPlacement(const std::wstring& dialogName);
+std::optional<KeptPlacement> keptPlacement(const std::wstring& dialogName);
 void keepPlacement(const std::wstring& dialogName, HWND window);
-/// Moves the window to `kept`; one whose border can't be dragged keeps its size.
-void restorePlacement(HWND window, const RECT& kept);
+/// Moves the window to `kept` and gives it the size that it had, on a display of another scaling as much larger or
+/// smaller. One whose border can't be dragged keeps its size.
+void restorePlacement(HWND window, const KeptPlacement& kept);
+
+/// The dots an inch that were kept with lengths in pixels; nothing when they are missing or senseless.
+std::optional<int> scalingIn(const DialogStore& store);
+/// Keeps the dots an inch of the window's display.
+[[nodiscard]] bool keepScaling(const DialogStore& store, HWND window);
 
 } // namespace framework

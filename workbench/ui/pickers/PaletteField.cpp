@@ -4,6 +4,7 @@
 
 #include "KelCmColor.h"
 #include "base/FrameworkModule.h"
+#include "base/Scaling.h"
 #include "pickers/PickerIds.h"
 #include "pickers/model/ColorChoice.h"
 
@@ -17,8 +18,8 @@ namespace framework {
 namespace {
 
 constexpr int kLastIndex = 255;
-// Between a cell's colour and the next cell, so that the mark has room.
-constexpr int kCellMargin = 1;
+// How thick the lines around a cell are, in dots at 96 an inch: its border, and each of the mark's.
+constexpr int kLine = 1;
 
 constexpr std::pair<UINT, PaletteMove> kMoves[] = {
     {VK_LEFT, PaletteMove::left},   {VK_RIGHT, PaletteMove::right},   {VK_UP, PaletteMove::up},
@@ -42,9 +43,13 @@ void fill(HDC dc, const RECT& area, COLORREF color) {
     FillRect(dc, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
 }
 
-void frame(HDC dc, const RECT& area, COLORREF color) {
+/// Draws a frame of that thickness, and takes it off the rectangle.
+void frame(HDC dc, CRect& area, int thickness, COLORREF color) {
     SetDCBrushColor(dc, color);
-    FrameRect(dc, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+    for (int line = 0; line < thickness; ++line) {
+        FrameRect(dc, area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+        area.DeflateRect(1, 1);
+    }
 }
 
 } // namespace
@@ -137,30 +142,30 @@ BOOL PaletteField::OnEraseBkgnd(CDC* dc) {
 }
 
 void PaletteField::drawCell(HDC dc, int index) const {
-    const CRect cell = cellRect(index);
-    CRect face = cell;
-    face.DeflateRect(kCellMargin, kCellMargin);
+    const int line = scaledFor(GetSafeHwnd(), kLine);
+    CRect face = cellRect(index);
     const KelCmColor color = colorOf(index);
-    frame(dc, cell, GetSysColor(COLOR_WINDOW));
-    fill(dc, face, RGB(color.red(), color.green(), color.blue()));
-    frame(dc, face, GetSysColor(COLOR_BTNSHADOW)); // or white would be lost on a white page
+    frame(dc, face, line, GetSysColor(COLOR_WINDOW));
+    CRect border = face;
+    frame(dc, border, line, GetSysColor(COLOR_BTNSHADOW)); // or white would be lost on a white page
+    fill(dc, border, RGB(color.red(), color.green(), color.blue()));
     if (index == m_marked)
-        drawMark(dc, cell);
+        drawMark(dc, cellRect(index));
     if (index == cursor() && ::GetFocus() == GetSafeHwnd())
-        drawCursor(dc, cell);
+        drawCursor(dc, cellRect(index));
 }
 
 void PaletteField::drawMark(HDC dc, CRect cell) const {
     // Black and white side by side are seen on every colour.
-    frame(dc, cell, GetSysColor(COLOR_WINDOWTEXT));
-    cell.DeflateRect(1, 1);
-    frame(dc, cell, GetSysColor(COLOR_WINDOW));
+    const int line = scaledFor(GetSafeHwnd(), kLine);
+    frame(dc, cell, line, GetSysColor(COLOR_WINDOWTEXT));
+    frame(dc, cell, line, GetSysColor(COLOR_WINDOW));
 }
 
 void PaletteField::drawCursor(HDC dc, CRect cell) const {
-    cell.DeflateRect(2, 2);
-    frame(dc, cell, GetSysColor(COLOR_WINDOWTEXT));
-    cell.DeflateRect(1, 1);
+    const int line = scaledFor(GetSafeHwnd(), kLine);
+    cell.DeflateRect(2 * line, 2 * line);
+    frame(dc, cell, line, GetSysColor(COLOR_WINDOWTEXT));
     ::DrawFocusRect(dc, cell);
 }
 

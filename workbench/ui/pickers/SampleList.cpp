@@ -3,6 +3,8 @@
 
 #include "SampleList.h"
 
+#include "base/Scaling.h"
+
 #include <utility>
 
 namespace framework {
@@ -10,7 +12,6 @@ namespace {
 
 // Between the sample and the edges of its cell, in dots at 96 an inch.
 constexpr int kMargin = 6;
-constexpr int kDesignDpi = 96;
 
 } // namespace
 
@@ -42,14 +43,13 @@ void SampleList::drawSampleOf(const NMLVCUSTOMDRAW& drawing) {
     if (!GetSubItemRect(row, m_column, LVIR_BOUNDS, cell))
         return;
     const HDC dc = drawing.nmcd.hdc;
-    const int margin = MulDiv(kMargin, GetDeviceCaps(dc, LOGPIXELSX), kDesignDpi);
-    cell.DeflateRect(margin, 0);
+    cell.DeflateRect(scaledFor(GetSafeHwnd(), kMargin), 0);
     if (cell.Width() <= 0)
         return;
     const bool lit = GetItemState(row, LVIS_SELECTED) != 0 && ::GetFocus() == GetSafeHwnd();
     const int saved = SaveDC(dc);
     IntersectClipRect(dc, cell.left, cell.top, cell.right, cell.bottom);
-    m_draw(dc, cell, row, GetSysColor(lit ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+    m_draw({dc, cell, GetSysColor(lit ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT), dpiOf(GetSafeHwnd())}, row);
     RestoreDC(dc, saved);
 }
 

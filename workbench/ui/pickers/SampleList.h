@@ -7,8 +7,16 @@
 
 namespace framework {
 
-/// Draws the sample of a row into `area`, in the colour that its text would have.
-using DrawSample = std::function<void(HDC dc, const RECT& area, int row, COLORREF color)>;
+/// The place and the look of one sample.
+struct SampleCell {
+    HDC dc;
+    RECT area;
+    COLORREF color; ///< that the row's text would have
+    int dpi;        ///< dots per inch of the display that shows the list
+};
+
+/// Draws the sample of a row.
+using DrawSample = std::function<void(const SampleCell& cell, int row)>;
 
 class SampleList : public COrvUiListCtrl {
   public:

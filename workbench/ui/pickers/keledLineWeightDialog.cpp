@@ -3,6 +3,7 @@
 #include "OrvUiPickers.h"
 
 #include "KelEditor.h"
+#include "base/Scaling.h"
 #include "instruments/HostCalls.h"
 #include "pickers/ListPicker.h"
 #include "pickers/PickerIds.h"
@@ -16,7 +17,7 @@ using pickers::LineWeightRow;
 namespace {
 
 constexpr int kSampleColumn = 1;
-// Above and below the thickest bar, in pixels.
+// Above and below the thickest bar, in dots at 96 an inch.
 constexpr int kRoom = 4;
 
 /// The drawing's default lineweight; -1 when it can't be read.
@@ -27,15 +28,16 @@ int drawingDefault() {
     return value.type == kVariableInt16 ? value.value.int16 : -1;
 }
 
-void drawBar(HDC dc, const RECT& area, const LineWeightRow& row, COLORREF color) {
+void drawBar(const framework::SampleCell& cell, const LineWeightRow& row) {
     if (!row.bar)
         return;
-    const int room = static_cast<int>(area.bottom - area.top) - kRoom;
-    const int thickness = pickers::barThickness(*row.bar, GetDeviceCaps(dc, LOGPIXELSY), room);
+    const RECT& area = cell.area;
+    const int room = static_cast<int>(area.bottom - area.top) - MulDiv(kRoom, cell.dpi, framework::kDesignDpi);
+    const int thickness = pickers::barThickness(*row.bar, cell.dpi, room);
     const LONG top = area.top + (area.bottom - area.top - thickness) / 2;
     const RECT bar = {area.left, top, area.right, top + thickness};
-    SetDCBrushColor(dc, color);
-    FillRect(dc, &bar, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+    SetDCBrushColor(cell.dc, cell.color);
+    FillRect(cell.dc, &bar, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
 }
 
 framework::PickerList shownList(const std::vector<LineWeightRow>& rows) {
@@ -47,8 +49,8 @@ framework::PickerList shownList(const std::vector<LineWeightRow>& rows) {
         list.rows.push_back({row.text});
     list.note = L"The bars are as wide as the lines on paper.";
     list.sampleColumn = kSampleColumn;
-    list.drawSample = [&rows](HDC dc, const RECT& area, int row, COLORREF color) {
-        drawBar(dc, area, rows[static_cast<std::size_t>(row)], color);
+    list.drawSample = [&rows](const framework::SampleCell& cell, int row) {
+        drawBar(cell, rows[static_cast<std::size_t>(row)]);
     };
     return list;
 }

@@ -3,6 +3,7 @@
 #include "OrvUiPickers.h"
 
 #include "KelDbPointers.h"
+#include "base/Scaling.h"
 #include "instruments/HostCalls.h"
 #include "pickers/ListPicker.h"
 #include "pickers/PickerIds.h"
@@ -21,7 +22,6 @@ namespace {
 
 constexpr int kSampleColumn = 1;
 constexpr double kMillimetresPerInch = 25.4;
-constexpr int kDesignDpi = 96;
 
 constexpr const wchar_t* kNote = L"The samples are as on paper. Long patterns are drawn smaller.";
 constexpr const wchar_t* kIncomplete = L"Some linetypes of the drawing can't be read, and aren't in the list.";
@@ -76,17 +76,18 @@ void addReferences(std::vector<LinetypeRow>& rows) {
             rows.push_back({name, {}, {}, {}, true});
 }
 
-void drawSample(HDC dc, const RECT& area, const LinetypeRow& row, COLORREF color) {
+void drawSample(const framework::SampleCell& cell, const LinetypeRow& row) {
     if (row.reference)
         return;
-    const double pixelsPerMillimetre = GetDeviceCaps(dc, LOGPIXELSX) / kMillimetresPerInch;
-    const int thickness = std::max(1, GetDeviceCaps(dc, LOGPIXELSY) / kDesignDpi);
+    const RECT& area = cell.area;
+    const double pixelsPerMillimetre = cell.dpi / kMillimetresPerInch;
+    const int thickness = std::max(1, cell.dpi / framework::kDesignDpi);
     const LONG top = (area.top + area.bottom - thickness) / 2;
-    SetDCBrushColor(dc, color);
+    SetDCBrushColor(cell.dc, cell.color);
     for (const auto& [from, to] : pickers::dashesOf(row.pattern, area.right - area.left, pixelsPerMillimetre)) {
         const LONG end = std::max(to, from + thickness); // a dot is as long as the line is thick
         const RECT dash = {area.left + from, top, area.left + end, top + thickness};
-        FillRect(dc, &dash, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+        FillRect(cell.dc, &dash, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
     }
 }
 
@@ -99,8 +100,8 @@ framework::PickerList shownList(const ReadLinetypes& read) {
         list.rows.push_back({row.name, L"", row.description});
     list.note = read.note;
     list.sampleColumn = kSampleColumn;
-    list.drawSample = [&read](HDC dc, const RECT& area, int row, COLORREF color) {
-        drawSample(dc, area, read.rows[static_cast<std::size_t>(row)], color);
+    list.drawSample = [&read](const framework::SampleCell& cell, int row) {
+        drawSample(cell, read.rows[static_cast<std::size_t>(row)]);
     };
     return list;
 }

@@ -1,0 +1,46 @@
+// Task dialogs and the questions and refusals about names.
+
+#include "GalleryTest.h"
+
+#include "OrvUiServices.h"
+
+using gallery::GalleryTest;
+using ui::Script;
+
+namespace {
+
+class Dialogs : public GalleryTest {
+  protected:
+    void show(const std::string& name, const std::function<void()>& open) {
+        Script script;
+        script.then(picture(name)).press(VK_ESCAPE);
+        showDialog(std::move(script), open);
+    }
+};
+
+TEST_F(Dialogs, theImportThatWentWell) {
+    COrvTaskDialog dialog;
+    const TASKDIALOG_KEYVALUE pairs[] = {{L"FileName", L"C:\\Users\\Public\\Documents\\Plans\\Ground floor.las"}};
+    ASSERT_TRUE(dialog.LoadFromFile(L"/KelTaskDialogs;component/TaskDialogs.xaml",
+                                    L"KelLayerApps.LayerStateSuccessfulImport", pairs, 1));
+    show("task-dialog", [&] { dialog.ShowDialog(window().GetSafeHwnd()); });
+}
+
+TEST_F(Dialogs, theNameThatExists) {
+    show("name-exists", [&] {
+        CKelStandardTaskDialog::ShowDuplicateNameReplaceCancelDialog(L"Layer state", L"Plumbing plan", &window());
+    });
+}
+
+TEST_F(Dialogs, theNamesThatAreRefused) {
+    using Refusal = unsigned int (*)(const wchar_t*, const wchar_t*, CWnd*);
+    const std::pair<const char*, Refusal> refusals[] = {
+        {"name-empty", &CKelStandardTaskDialog::ShowInvalidNameEmptyNameDialog},
+        {"name-too-long", &CKelStandardTaskDialog::ShowInvalidNameTooLongDialog},
+        {"name-characters", &CKelStandardTaskDialog::ShowInvalidNameUnsupportedCharacters},
+    };
+    for (const auto& [name, refuse] : refusals)
+        show(name, [&] { refuse(L"Layer state", L"", &window()); });
+}
+
+} // namespace

@@ -1,0 +1,138 @@
+// See GalleryTest.h.
+
+#include "GalleryTest.h"
+
+#include "Commands.h"
+#include "LayoutProblems.h"
+#include "Runtime.h"
+#include "Screenshot.h"
+#include "persistence/DialogStore.h"
+
+namespace fs = std::filesystem;
+
+namespace gallery {
+
+namespace {
+
+constexpr const wchar_t* testRoot = L"Software\\KelGallery\\Dialogs";
+constexpr const wchar_t* mainWindowKey = L"Software\\KelWorkbench\\Window";
+
+constexpr const char* sampleFiles[] = {"house.zdr", "site.zdr"};
+
+fs::path programFolder() {
+    wchar_t path[MAX_PATH];
+    return fs::path(std::wstring(path, GetModuleFileNameW(nullptr, path, MAX_PATH))).parent_path();
+}
+
+/// Where an office keeps its drawings: pictures show the paths.
+fs::path plansFolder() {
+    wchar_t path[MAX_PATH] = L"";
+    EXPECT_NE(GetEnvironmentVariableW(L"PUBLIC", path, MAX_PATH), 0u);
+    return fs::path(path) / "Documents" / "House plans";
+}
+
+void layOutPlans() {
+    fs::create_directories(plansFolder());
+    for (const char* name : sampleFiles)
+        fs::copy_file(programFolder().parent_path() / "samples" / name, plansFolder() / name,
+                      fs::copy_options::overwrite_existing);
+}
+
+/// Where no window is.
+POINT awayFromAll() {
+    return {GetSystemMetrics(SM_CXSCREEN) - 4, GetSystemMetrics(SM_CYSCREEN) - 4};
+}
+
+void forgetPlaces() {
+    RegDeleteTreeW(HKEY_CURRENT_USER, testRoot);
+    RegDeleteTreeW(HKEY_CURRENT_USER, mainWindowKey);
+}
+
+ui::Script awayWithPointer() {
+    ui::Script script;
+    return script.step("take the pointer away", [](const ui::View&) {
+        return ui::pointerRestsAt(awayFromAll()) ? ui::Obstacle() : "the pointer hasn't arrived";
+    });
+}
+
+} // namespace
+
+GalleryTest::GalleryTest() {
+    runtime::reset();
+    forgetPlaces();
+    framework::DialogStore::setRoot(testRoot);
+    m_window = std::make_unique<workbench::MainWindow>();
+    EXPECT_TRUE(m_window->createWindow());
+    AfxGetApp()->m_pMainWnd = m_window.get();
+    EXPECT_EQ(m_modules.load((programFolder() / L"KelLayerApps.xmod").wstring()), L"");
+    layOutPlans();
+    run(L"OPEN \"" + (plansFolder() / L"house.zdr").wstring() + L"\"");
+    EXPECT_TRUE(framework::DialogStore(L"LayerStatesFileDialog").setText(L"Folder", plansFolder().wstring()));
+}
+
+GalleryTest::~GalleryTest() {
+    m_modules.unloadAll();
+    AfxGetApp()->m_pMainWnd = nullptr;
+    m_window.reset();
+    runtime::reset();
+    framework::DialogStore::setRoot({});
+    forgetPlaces();
+    for (const char* name : sampleFiles)
+        fs::remove(plansFolder() / name);
+    std::error_code notEmpty;
+    fs::remove(plansFolder(), notEmpty);
+}
+
+void GalleryTest::run(const std::wstring& line) {
+    workbench::runLine(m_window->session(), line);
+}
+
+void GalleryTest::useWorkbench(ui::Script script) {
+    script.look("leave", [this](const ui::View&) { m_window->DestroyWindow(); });
+    ui::perform(std::move(script), [this] {
+        m_window->showAtSavedPlace(SW_SHOWNORMAL);
+        AfxGetApp()->Run();
+    });
+}
+
+ui::Script GalleryTest::pictureOfAll(const std::string& name) const {
+    ui::Script script = awayWithPointer();
+    return script.look("take the picture " + name, [this, name](const ui::View&) {
+        RECT rect{};
+        GetWindowRect(m_window->m_hWnd, &rect);
+        savePicture(name, rect);
+    });
+}
+
+void GalleryTest::showDialog(ui::Script script, const std::function<void()>& open) {
+    m_window->showAtSavedPlace(SW_SHOWNORMAL);
+    ui::perform(std::move(script), open);
+}
+
+void GalleryTest::savePicture(const std::string& name, const RECT& part) {
+    wchar_t folder[MAX_PATH] = L"";
+    if (GetEnvironmentVariableW(L"KEL_PICTURES", folder, MAX_PATH) == 0)
+        return;
+    const fs::path path = fs::path(folder) / (name + ".bmp");
+    EXPECT_TRUE(ui::saveScreenshot(path.wstring(), part)) << path;
+}
+
+ui::Script GalleryTest::picture(const std::string& name) {
+    ui::Script script = awayWithPointer();
+    script.look("take the picture " + name, [name](const ui::View& view) { savePicture(name, view.rect()); });
+    return script;
+}
+
+ui::Script GalleryTest::pictureOfOurs(const std::string& name) {
+    ui::Script script;
+    script.look("the layout of " + name, [](const ui::View& view) {
+        EXPECT_THAT(layoutProblems(view.window()), testing::IsEmpty());
+        const RECT window = view.rect(), screen = ui::wholeScreen();
+        RECT shown{};
+        IntersectRect(&shown, &window, &screen);
+        EXPECT_TRUE(EqualRect(&shown, &window)) << "it isn't all on the screen";
+    });
+    return script.then(picture(name));
+}
+
+} // namespace gallery
