@@ -1,0 +1,51 @@
+// Addresses of remote files: http://server:port/path?query and the same with https. Everything that isn't quite one is
+// refused with its reason before anything is sent.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace remote {
+
+/// In 16-bit characters; what the paths of the host may have.
+inline constexpr std::size_t kLongestAddress = 1023;
+
+enum class Scheme { Http, Https };
+
+struct Address {
+    Scheme scheme = Scheme::Http;
+    std::wstring host; ///< as it was written, which may be beyond ASCII; an IPv6 number has its brackets
+    std::uint16_t port = 0;
+    std::wstring target; ///< path and query as they are sent: ASCII, begins with a slash, percent-encoded
+
+    bool operator==(const Address&) const = default;
+};
+
+enum class AddressKind {
+    Remote,
+    Local,         ///< a path of this computer or its network, or a file:// address
+    UnknownScheme, ///< an address, but of something else than HTTP
+    Malformed,
+};
+
+struct ParsedAddress {
+    AddressKind kind;
+    Address address;    ///< where the kind is Remote
+    std::wstring cause; ///< otherwise: the end of a sentence that begins with the address
+};
+
+ParsedAddress parseAddress(std::wstring_view text);
+
+/// Where a server sends on to. Never leads out of HTTP, nor from https back to http.
+/// @param location as the server wrote it: absolute, or from the address that it was the answer to
+ParsedAddress resolveRedirect(const Address& from, std::wstring_view location);
+
+/// The extension of the file at an address, without the point; empty when there is none of up to 16 ASCII letters and
+/// digits.
+std::wstring extensionOf(const Address& address);
+
+/// The address for a sentence, without a user's name and password.
+std::wstring shownAddress(std::wstring_view text);
+
+} // namespace remote
