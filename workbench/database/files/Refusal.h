@@ -1,5 +1,5 @@
-// Why a drawing file isn't read or written. Thrown inside this folder only, from however deep in a file's tables; the
-// public entries turn it into the status and the reason that their callers must look at.
+// Why a file isn't read or written. Thrown from however deep in a file's tables; the public entries of this folder, and
+// the few others that use its files directly, turn it into the status and the reason that their callers must look at.
 #pragma once
 
 #include "VornStatus.h"

@@ -1,8 +1,10 @@
-// The system's files as the drawing files need them: read in one go, and replaced as a whole or not at all. One
-// interface over Win32 and POSIX; which one is compiled is chosen by the build. Failures are thrown as Refusal.
+// The system's files as drawing files and fetched files need them: read in one go, and replaced as a whole or not at
+// all. One interface over Win32 and POSIX; which one is compiled is chosen by the build. Failures are thrown as
+// Refusal.
 #pragma once
 
 #include "FileStamp.h"
+#include "KelExport.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -14,7 +16,7 @@
 namespace zdr {
 
 /// A file open for reading. Others may read, write and replace it meanwhile.
-class InputFile {
+class KELDB_API InputFile {
   public:
     /// Refuses with eFileNotFound, or with eFileUnreadable when it isn't allowed or isn't a plain file.
     explicit InputFile(const std::wstring& path);
@@ -32,7 +34,7 @@ class InputFile {
 
 /// New content for a file, written beside it under a name of its own. The file itself stays as it is until replace();
 /// when that doesn't come, the new content is removed.
-class ReplacementFile {
+class KELDB_API ReplacementFile {
   public:
     explicit ReplacementFile(const std::wstring& target);
     ~ReplacementFile();

@@ -1,0 +1,67 @@
+// See Nginx.h.
+
+#include "Nginx.h"
+
+#include "RemoteFixture.h"
+
+#include <windows.h>
+
+#include <wincrypt.h>
+
+#include <array>
+
+namespace nginx {
+namespace {
+
+/// What with_nginx tells; empty when it hasn't started this program.
+std::wstring told(const wchar_t* name) {
+    std::array<wchar_t, MAX_PATH> text{};
+    GetEnvironmentVariableW(name, text.data(), static_cast<DWORD>(text.size()));
+    return text.data();
+}
+
+std::filesystem::path unixPath(const std::wstring& path) {
+    return L"Z:" + path;
+}
+
+std::wstring root(Door door) {
+    switch (door) {
+    case Door::Http:
+        return L"http://127.0.0.1:" + told(L"KEL_NGINX_HTTP");
+    case Door::Good:
+        return L"https://localhost:" + told(L"KEL_NGINX_GOOD");
+    case Door::OtherName:
+        return L"https://localhost:" + told(L"KEL_NGINX_OTHERNAME");
+    case Door::Expired:
+        return L"https://localhost:" + told(L"KEL_NGINX_EXPIRED");
+    case Door::Unsigned:
+        return L"https://localhost:" + told(L"KEL_NGINX_UNSIGNED");
+    }
+    return {};
+}
+
+} // namespace
+
+std::wstring address(const std::wstring& name, Door door) {
+    return root(door) + L"/" + name;
+}
+
+std::filesystem::path file(const std::wstring& name) {
+    return unixPath(told(L"KEL_NGINX_FILES")) / name;
+}
+
+Trust::Trust() : m_store(CertOpenStore(CERT_STORE_PROV_SYSTEM_W, 0, 0, CERT_SYSTEM_STORE_CURRENT_USER, L"Root")) {
+    const std::string bytes = bytesOf(unixPath(told(L"KEL_NGINX_AUTHORITY")));
+    CertAddEncodedCertificateToStore(m_store, X509_ASN_ENCODING, reinterpret_cast<const BYTE*>(bytes.data()),
+                                     static_cast<DWORD>(bytes.size()), CERT_STORE_ADD_REPLACE_EXISTING,
+                                     reinterpret_cast<PCCERT_CONTEXT*>(&m_certificate));
+    CertControlStore(m_store, 0, CERT_STORE_CTRL_COMMIT, nullptr); // what is only in memory is trusted by nobody
+}
+
+Trust::~Trust() {
+    if (m_certificate)
+        CertDeleteCertificateFromStore(static_cast<PCCERT_CONTEXT>(m_certificate)); // frees it, too
+    CertCloseStore(m_store, 0);
+}
+
+} // namespace nginx

@@ -1,0 +1,155 @@
+// The host's remote file service: what its operations answer. How a file travels stands in RemoteTransfer.
+
+#include "OrvUiInternet.h"
+
+#include "RemoteProblem.h"
+#include "RemoteTransfer.h"
+#include "TemporaryFiles.h"
+#include "Timeouts.h"
+#include "files/Refusal.h"
+#include "instruments/HostCalls.h"
+
+#include <new>
+
+using instruments::HostCall;
+
+namespace remote {
+namespace {
+
+std::wstring& problem() {
+    static std::wstring sentence;
+    return sentence;
+}
+
+Timeouts& chosenTimeouts() {
+    static Timeouts chosen;
+    return chosen;
+}
+
+TemporaryFiles& temporaryFiles() {
+    static TemporaryFiles files;
+    return files;
+}
+
+/// The address behind a text, which must be one of a server.
+Address requireRemote(const wchar_t* url) {
+    ParsedAddress parsed = parseAddress(url ? url : L"");
+    switch (parsed.kind) {
+    case AddressKind::Remote:
+        return parsed.address;
+    case AddressKind::Local:
+        throw RemoteFailure{eInetNotRemote, parsed.cause};
+    case AddressKind::UnknownScheme:
+        throw RemoteFailure{eInetUnknownScheme, parsed.cause};
+    case AddressKind::Malformed:
+        break;
+    }
+    throw RemoteFailure{eInetBadAddress, parsed.cause};
+}
+
+/// Runs an operation and turns what it throws into a status, and into the sentence about it.
+template <class Action> int answerOf(const wchar_t* url, Action action) {
+    try {
+        action();
+        return eInetOk;
+    } catch (const RemoteFailure& failure) {
+        problem() = L"The address \"" + shownAddress(url ? url : L"") + L"\" " + failure.cause + L".";
+        return failure.status;
+    } catch (const std::bad_alloc&) {
+        problem() = L"There isn't enough memory for the transfer.";
+        return eInetNoMemory;
+    }
+}
+
+/// Runs what reads or writes a local file, whose own failures then stand in the sentence with its path.
+template <class Action> int withLocalFile(const wchar_t* url, const std::wstring& path, int failed, Action action) {
+    int answer = eInetOk;
+    const Vorn::ErrorStatus status =
+        zdr::fileAnswer(path, Vorn::eOutOfMemory, problem(), [&] { answer = answerOf(url, action); });
+    if (status == Vorn::eOutOfMemory)
+        return eInetNoMemory;
+    return status == Vorn::eOk ? answer : failed;
+}
+
+int fetch(const wchar_t* url, OrvXREFString& localName) {
+    std::wstring path = static_cast<const wchar_t*>(localName);
+    const bool isTemporary = path.empty();
+    const int answer = withLocalFile(url, path, eInetLocalUnwritable, [&] {
+        const Address address = requireRemote(url);
+        RemoteFile file(address);
+        if (isTemporary)
+            path = temporaryFiles().make(extensionOf(address));
+        file.saveAs(path);
+    });
+    if (isTemporary && answer == eInetOk)
+        localName = path.c_str();
+    else if (isTemporary)
+        temporaryFiles().discard(path);
+    return answer;
+}
+
+int upload(const wchar_t* url, const OrvXREFString& localName) {
+    const std::wstring path = static_cast<const wchar_t*>(localName);
+    const int answer = withLocalFile(url, path, eInetLocalUnreadable, [&] { uploadFile(requireRemote(url), path); });
+    if (answer == eInetOk)
+        temporaryFiles().discard(path);
+    return answer;
+}
+
+int transfer(const wchar_t* url, OrvXREFString& localName, int mode) {
+    const CWaitCursor waiting;
+    switch (mode) {
+    case kInetFetch:
+        return fetch(url, localName);
+    case kInetUpload:
+        return upload(url, localName);
+    default:
+        problem() = L"The transfer was asked for in the unknown mode " + std::to_wstring(mode) + L".";
+        return eInetUnknownMode;
+    }
+}
+
+} // namespace
+
+const std::wstring& lastRemoteProblem() {
+    return problem();
+}
+
+Timeouts timeouts() {
+    return chosenTimeouts();
+}
+
+void setTimeouts(const Timeouts& timeouts) {
+    chosenTimeouts() = timeouts;
+}
+
+} // namespace remote
+
+CProxyInet* CProxyInet::GetProxyInet() {
+    HostCall call("CProxyInet.GetProxyInet");
+    static CProxyInet service;
+    CProxyInet* const answer = call.fault() ? nullptr : &service;
+    call.answer(static_cast<const void*>(answer));
+    return answer;
+}
+
+int CProxyInet::TransferFile(const wchar_t* url, OrvXREFString& localName, int mode, int flags) {
+    HostCall call("CProxyInet.TransferFile", url, static_cast<const wchar_t*>(localName), mode, flags);
+    if (const auto fault = call.fault())
+        return call.answer(static_cast<int>(*fault));
+    const int answer = remote::transfer(url, localName, mode);
+    call.out("localName", std::wstring(localName));
+    return call.answer(answer);
+}
+
+int CProxyInet::CreateInternetTempFile(const wchar_t* url, OrvXREFString& localName) {
+    HostCall call("CProxyInet.CreateInternetTempFile", url);
+    if (const auto fault = call.fault())
+        return call.answer(static_cast<int>(*fault));
+    const int answer = remote::answerOf(url, [&] {
+        const remote::Address address = remote::requireRemote(url);
+        localName = remote::temporaryFiles().make(remote::extensionOf(address)).c_str();
+    });
+    call.out("localName", std::wstring(localName));
+    return call.answer(answer);
+}

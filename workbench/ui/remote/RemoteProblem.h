@@ -1,0 +1,20 @@
+// Why a remote file can't be transferred.
+#pragma once
+
+#include "OrvUiInternet.h"
+
+#include <string>
+
+namespace remote {
+
+/// Thrown inside this folder; the operations of CProxyInet turn it into a status and a sentence.
+struct RemoteFailure {
+    CProxyInetStatus status;
+    std::wstring cause; ///< the end of a sentence that begins with the address: "can't be reached: ..."
+};
+
+/// The sentence for the user about the last remote operation that failed: which address or file, and why. Empty while
+/// none has.
+KELUI_API const std::wstring& lastRemoteProblem();
+
+} // namespace remote

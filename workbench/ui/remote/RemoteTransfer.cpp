@@ -1,0 +1,131 @@
+// See RemoteTransfer.h.
+
+#include "RemoteTransfer.h"
+
+#include "AnswerStatus.h"
+#include "files/SystemFile.h"
+
+#include <algorithm>
+#include <limits>
+#include <vector>
+
+namespace remote {
+namespace {
+
+constexpr int kMostRedirects = 10;
+constexpr std::size_t kPiece = std::size_t{64} * 1024;
+// The system's client counts the bytes of a request in 32 bits.
+constexpr std::uint64_t kLargestFile = std::numeric_limits<std::uint32_t>::max() - 1;
+
+[[noreturn]] void throwTooLarge() {
+    throw RemoteFailure{eInetTooLarge, L"wasn't transferred: the file has 4 GiB or more"};
+}
+
+[[noreturn]] void throwCutOff() {
+    throw RemoteFailure{eInetCutOff, L"wasn't transferred: the line to its server was cut before the end of the file"};
+}
+
+Address redirected(const Address& from, const HttpExchange& exchange) {
+    const auto location = exchange.header(WINHTTP_QUERY_LOCATION);
+    if (!location)
+        throw RemoteFailure{eInetBadRedirect, L"wasn't transferred: its server sends on without saying where"};
+    const ParsedAddress target = resolveRedirect(from, *location);
+    if (target.kind != AddressKind::Remote)
+        throw RemoteFailure{eInetBadRedirect, L"wasn't transferred: its server sends on to \"" +
+                                                  shownAddress(*location) + L"\", which " + target.cause};
+    return target.address;
+}
+
+/// Sends the request, and again wherever the server sends on to, until there is an answer of another kind.
+/// @param send sends one request to an address and has its answer received
+template <class Send> HttpExchange exchangeWith(Address address, Request request, Send send) {
+    for (int left = kMostRedirects; left >= 0; --left) {
+        HttpExchange exchange = send(address);
+        const unsigned status = exchange.status();
+        if (!isRedirect(request, status)) {
+            if (const auto failure = failureOfAnswer(request, status))
+                throw RemoteFailure(*failure);
+            return exchange;
+        }
+        address = redirected(address, exchange);
+    }
+    throw RemoteFailure{eInetBadRedirect, L"wasn't transferred: its server sends on again and again"};
+}
+
+HttpExchange askFor(const Address& address) {
+    HttpExchange exchange(address, L"GET");
+    exchange.begin(0);
+    exchange.receiveAnswer();
+    return exchange;
+}
+
+/// How long the body of an answer is. One that doesn't say so beforehand isn't taken: not every system's client tells
+/// the end of such a body from a line that was cut.
+std::uint64_t announcedSize(const HttpExchange& exchange) {
+    const auto text = exchange.header(WINHTTP_QUERY_CONTENT_LENGTH);
+    if (!text || text->empty() || exchange.header(WINHTTP_QUERY_TRANSFER_ENCODING))
+        throw RemoteFailure{eInetNotUnderstood,
+                            L"wasn't transferred: its server doesn't say beforehand how long the file is"};
+    std::uint64_t size = 0;
+    for (const wchar_t digit : *text) {
+        if (digit < L'0' || digit > L'9')
+            throw RemoteFailure{eInetNotUnderstood, L"wasn't transferred: its server names no length that is a number"};
+        size = size * 10 + static_cast<std::uint64_t>(digit - L'0');
+        if (size > kLargestFile)
+            throwTooLarge();
+    }
+    return size;
+}
+
+void sendFile(HttpExchange& exchange, zdr::InputFile& file, std::uint64_t size) {
+    std::vector<std::byte> piece(kPiece);
+    while (size > 0) {
+        const std::size_t count = file.read(std::span(piece).first(std::min<std::uint64_t>(size, piece.size())));
+        if (count == 0)
+            throw RemoteFailure{eInetLocalUnreadable, L"wasn't transferred: the local file became shorter meanwhile"};
+        if (!exchange.sendBody(std::span(piece).first(count))) {
+            // The server may have refused it in an answer that is worth more than the cut line.
+            exchange.receiveAnswer();
+            if (const auto failure = failureOfAnswer(Request::Upload, exchange.status()))
+                throw RemoteFailure(*failure);
+            throwCutOff();
+        }
+        size -= count;
+    }
+}
+
+} // namespace
+
+RemoteFile::RemoteFile(const Address& address)
+    : m_exchange(exchangeWith(address, Request::Fetch, askFor)), m_size(announcedSize(m_exchange)) {}
+
+void RemoteFile::saveAs(const std::wstring& path) {
+    zdr::ReplacementFile file(path);
+    std::vector<std::byte> piece(kPiece);
+    for (std::uint64_t left = m_size; left > 0;) {
+        const std::size_t count =
+            m_exchange.readBody(std::span(piece).first(std::min<std::uint64_t>(left, piece.size())));
+        if (count == 0)
+            throwCutOff();
+        file.write(std::span(piece).first(count));
+        left -= count;
+    }
+    file.flush();
+    file.replace();
+}
+
+void uploadFile(const Address& address, const std::wstring& path) {
+    exchangeWith(address, Request::Upload, [&path](const Address& target) {
+        zdr::InputFile file(path);
+        const std::uint64_t size = file.facts().size;
+        if (size > kLargestFile)
+            throwTooLarge();
+        HttpExchange exchange(target, L"PUT");
+        exchange.begin(static_cast<std::uint32_t>(size));
+        sendFile(exchange, file, size);
+        exchange.receiveAnswer();
+        return exchange;
+    });
+}
+
+} // namespace remote

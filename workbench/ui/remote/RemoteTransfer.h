@@ -1,0 +1,29 @@
+// A file's way from a server and to one. All failures are thrown: RemoteFailure where the server or the line fails, and
+// zdr::Refusal where the local file does.
+#pragma once
+
+#include "HttpExchange.h"
+#include "RemoteAddress.h"
+
+#include <cstdint>
+#include <string>
+
+namespace remote {
+
+/// A file on a server, found and about to be fetched.
+class RemoteFile {
+  public:
+    /// Asks for the file, wherever the server sends on to.
+    explicit RemoteFile(const Address& address);
+    /// Puts the file's content into the place of a local file, when all of it has come.
+    void saveAs(const std::wstring& path);
+
+  private:
+    HttpExchange m_exchange;
+    std::uint64_t m_size;
+};
+
+/// Puts a local file on a server.
+void uploadFile(const Address& address, const std::wstring& path);
+
+} // namespace remote

@@ -1,0 +1,22 @@
+// How long a server is waited for.
+#pragma once
+
+#include "KelExport.h"
+
+#include <chrono>
+
+namespace remote {
+
+/// Each bounds one wait, not a transfer as a whole: a large file on a slow line takes as long as it takes.
+struct Timeouts {
+    std::chrono::milliseconds resolve{10'000}; ///< for the number behind the server's name
+    std::chrono::milliseconds connect{10'000}; ///< for each of the server's numbers
+    std::chrono::milliseconds send{30'000};    ///< for the server to take the next bytes
+    std::chrono::milliseconds receive{30'000}; ///< for the answer, and for its next bytes
+};
+
+KELUI_API Timeouts timeouts();
+/// Changes them for the transfers that follow, for tests; `Timeouts()` brings the usual ones back.
+KELUI_API void setTimeouts(const Timeouts& timeouts);
+
+} // namespace remote
