@@ -18,12 +18,21 @@ class Dialogs : public GalleryTest {
     }
 };
 
-TEST_F(Dialogs, theImportThatWentWell) {
-    COrvTaskDialog dialog;
-    const TASKDIALOG_KEYVALUE pairs[] = {{L"FileName", L"C:\\Users\\Public\\Documents\\Plans\\Ground floor.las"}};
-    ASSERT_TRUE(dialog.LoadFromFile(L"/KelTaskDialogs;component/TaskDialogs.xaml",
-                                    L"KelLayerApps.LayerStateSuccessfulImport", pairs, 1));
-    show("task-dialog", [&] { dialog.ShowDialog(window().GetSafeHwnd()); });
+TEST_F(Dialogs, whatTheModuleTellsAndAsks) {
+    const std::pair<const char*, const wchar_t*> dialogs[] = {
+        {"restore-refused", L"KelLayerApps.CannotRestoreLayerState"},
+        {"import-name-taken", L"KelLayerApps.LayerStateDuplicates"},
+        {"import-none-found", L"KelLayerApps.LayerStateNoneFound"},
+        {"import-succeeded", L"KelLayerApps.LayerStateSuccessfulImport"},
+        {"import-none-selected", L"KelLayerApps.LayerStateNoneSelected"},
+        {"add-no-layer", L"KelLayerApps.LayerStateAddLayer"},
+    };
+    const TASKDIALOG_KEYVALUE pairs[] = {{L"FileName", L"C:\\Users\\Public\\Documents\\House plans\\Ground floor.las"}};
+    for (const auto& [name, key] : dialogs) {
+        COrvTaskDialog dialog;
+        ASSERT_TRUE(dialog.LoadFromFile(L"/KelTaskDialogs;component/TaskDialogs.xaml", key, pairs, 1)) << name;
+        show(name, [&] { dialog.ShowDialog(window().GetSafeHwnd()); });
+    }
 }
 
 TEST_F(Dialogs, theNameThatExists) {
