@@ -117,3 +117,22 @@ TEST_F(CommandLineTest, KeysAndMenuItemsRunCommands) {
     script.then(command(L"QUIT"));
     runWith(script);
 }
+
+TEST_F(CommandLineTest, LongNamesLeaveTheStatusLineRoomForTheMessage) {
+    Script script;
+    script.then(command(L"LAYER MAKE " + std::wstring(200, L'w')))
+        .then(said(L"is made and is the current layer."))
+        .waitUntil("the message is painted behind the names",
+                   [](const View& view) {
+                       const RECT rect = view.rect(IDC_STATUS_LINE);
+                       const auto width = static_cast<std::size_t>(rect.right - rect.left);
+                       const auto pixels = view.pixels(IDC_STATUS_LINE);
+                       int painted = 0;
+                       for (std::size_t i = 0; i < pixels.size(); ++i)
+                           painted += i % width > width / 3 && pixels[i] == workbench::colors::kBarTextDim;
+                       return painted > 100;
+                   })
+        .then(command(L"QUIT"))
+        .then(answerBox(L"Save the changes", IDNO));
+    runWith(script);
+}

@@ -4,11 +4,14 @@
 
 #include "resource.h"
 
+#include <algorithm>
+
 namespace workbench {
 
 namespace {
 
 constexpr const wchar_t* kPrompt = L"Command:";
+constexpr const wchar_t* kOutputLabel = L"History";
 // Beyond this many characters the first half of the history goes.
 constexpr int kHistoryLimit = 60000;
 constexpr UINT kNoLimit = 0x7FFFFFFE;
@@ -26,9 +29,24 @@ std::wstring withWindowsLineEnds(const std::wstring& text) {
 
 } // namespace
 
+BEGIN_MESSAGE_MAP(CommandOutput, CEdit)
+ON_WM_CHAR()
+END_MESSAGE_MAP()
+
+void CommandOutput::OnChar(UINT letter, UINT repeats, UINT flags) {
+    constexpr UINT leading[] = {L'\t', L'\r', VK_ESCAPE};
+    if (std::ranges::find(leading, letter) != std::end(leading))
+        m_typed(0);
+    else if (letter >= L' ')
+        m_typed(static_cast<wchar_t>(letter));
+    else
+        CEdit::OnChar(letter, repeats, flags);
+}
+
 BEGIN_MESSAGE_MAP(CommandEdit, CEdit)
 ON_WM_KEYDOWN()
 ON_WM_CHAR()
+ON_WM_MOUSEWHEEL()
 END_MESSAGE_MAP()
 
 std::wstring CommandEdit::line() const {
@@ -90,6 +108,11 @@ void CommandEdit::OnKeyDown(UINT key, UINT repeats, UINT flags) {
     case VK_ESCAPE:
         cancel();
         return;
+    case VK_PRIOR:
+    case VK_NEXT:
+        if (m_turnPage)
+            m_turnPage(key == VK_PRIOR);
+        return;
     default:
         CEdit::OnKeyDown(key, repeats, flags);
     }
@@ -99,6 +122,12 @@ void CommandEdit::OnChar(UINT letter, UINT repeats, UINT flags) {
     // The edit control would beep at these; OnKeyDown has dealt with them.
     if (letter != L'\r' && letter != L'\n' && letter != L'\t' && letter != VK_ESCAPE)
         CEdit::OnChar(letter, repeats, flags);
+}
+
+BOOL CommandEdit::OnMouseWheel(UINT flags, short delta, CPoint screen) {
+    // One line has nothing to scroll; the main window knows what is below the pointer.
+    GetParent()->SendMessage(WM_MOUSEWHEEL, MAKEWPARAM(flags, delta), MAKELPARAM(screen.x, screen.y));
+    return TRUE;
 }
 
 BEGIN_MESSAGE_MAP(CommandPane, CWnd)
@@ -113,23 +142,53 @@ BOOL CommandPane::createIn(CWnd& parent, UINT id) {
     const LPCTSTR windowClass = AfxRegisterWndClass(0, ::LoadCursor(nullptr, IDC_ARROW));
     const CRect nothing(0, 0, 0, 0);
     m_white.CreateSolidBrush(RGB(255, 255, 255));
-    const DWORD history = WS_CHILD | WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL;
+    const DWORD output = WS_CHILD | WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL;
+    // A label stands before its control, so that it is found to be its name.
     if (!CreateEx(WS_EX_CONTROLPARENT, windowClass, L"Command line", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, nothing,
                   &parent, id) ||
-        !m_history.Create(history, nothing, this, IDC_COMMAND_HISTORY) ||
+        !createLabel(m_outputLabel, kOutputLabel, IDC_COMMAND_HISTORY_LABEL) ||
+        !m_output.Create(output, nothing, this, IDC_COMMAND_HISTORY) ||
+        !createLabel(m_prompt, kPrompt, IDC_COMMAND_PROMPT) ||
         !m_edit.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL, nothing, this, IDC_COMMAND_EDIT))
         return FALSE;
-    m_history.SetLimitText(kNoLimit);
+    m_output.onTyped([this](wchar_t letter) { takeTyping(letter); });
+    m_edit.onTurnPage([this](bool back) { m_output.SendMessage(WM_VSCROLL, back ? SB_PAGEUP : SB_PAGEDOWN); });
+    m_output.SetLimitText(kNoLimit);
     // What is pasted is not to lose its end unsaid; the command tells when a line is too long.
     m_edit.SetLimitText(kNoLimit);
     applyLook();
     return TRUE;
 }
 
+bool CommandPane::createLabel(CStatic& label, const wchar_t* text, UINT id) {
+    return label.Create(text, WS_CHILD | WS_VISIBLE | SS_NOPREFIX, CRect(0, 0, 0, 0), this, id) != FALSE;
+}
+
+void CommandPane::takeTyping(wchar_t letter) {
+    m_edit.SetFocus();
+    if (letter)
+        m_edit.SendMessage(WM_CHAR, letter);
+}
+
+void CommandPane::switchFocus() {
+    if (GetFocus() == &m_output)
+        m_edit.SetFocus();
+    else
+        m_output.SetFocus();
+}
+
+void CommandPane::turnWheel(int delta) {
+    constexpr int lines = 3; // a step of the wheel
+    m_turned += delta * lines;
+    m_output.LineScroll(-m_turned / WHEEL_DELTA);
+    m_turned %= WHEEL_DELTA;
+}
+
 void CommandPane::applyLook() {
-    m_history.SetFont(&m_look.font());
+    m_output.SetFont(&m_look.font());
     m_edit.SetFont(&m_look.font());
-    m_history.SetMargins(static_cast<UINT>(m_look.px(6)), static_cast<UINT>(m_look.px(6)));
+    m_prompt.SetFont(&m_look.font());
+    m_output.SetMargins(static_cast<UINT>(m_look.px(6)), static_cast<UINT>(m_look.px(6)));
     CClientDC dc(this);
     CFont* former = dc.SelectObject(&m_look.font());
     m_promptWidth = dc.GetTextExtent(kPrompt, static_cast<int>(wcslen(kPrompt))).cx;
@@ -140,20 +199,20 @@ void CommandPane::applyLook() {
 void CommandPane::print(const std::wstring& text) {
     if (text.empty())
         return;
-    if (m_history.GetWindowTextLength() > kHistoryLimit) {
-        const int half = m_history.LineIndex(m_history.GetLineCount() / 2);
-        m_history.SetSel(0, half, TRUE);
-        m_history.ReplaceSel(L"");
+    if (m_output.GetWindowTextLength() > kHistoryLimit) {
+        const int half = m_output.LineIndex(m_output.GetLineCount() / 2);
+        m_output.SetSel(0, half, TRUE);
+        m_output.ReplaceSel(L"");
     }
-    const int end = m_history.GetWindowTextLength();
-    m_history.SetSel(end, end);
+    const int end = m_output.GetWindowTextLength();
+    m_output.SetSel(end, end);
     // The end of the last line is kept back until another one follows, so that no empty line stands at the bottom.
     std::wstring added = withWindowsLineEnds(m_lineEnded ? L"\n" + text : text);
     m_lineEnded = added.ends_with(L"\r\n");
     if (m_lineEnded)
         added.resize(added.size() - 2);
-    m_history.ReplaceSel(added.c_str());
-    m_history.SendMessage(WM_VSCROLL, SB_BOTTOM);
+    m_output.ReplaceSel(added.c_str());
+    m_output.SendMessage(WM_VSCROLL, SB_BOTTOM);
 }
 
 void CommandPane::arrange() {
@@ -163,9 +222,10 @@ void CommandPane::arrange() {
     GetClientRect(client);
     const int line = editHeight();
     const int top = client.bottom - line;
-    m_history.MoveWindow(0, m_look.px(3), client.Width(), std::max(0, top - m_look.px(4)));
+    m_output.MoveWindow(0, m_look.px(3), client.Width(), std::max(0, top - m_look.px(4)));
     const int left = m_look.px(8) + m_promptWidth + m_look.px(6);
     const int textTop = top + (line - m_look.lineHeight()) / 2;
+    m_prompt.MoveWindow(m_look.px(8), textTop, m_promptWidth, m_look.lineHeight());
     m_edit.MoveWindow(left, textTop, std::max(0, client.Width() - left - m_look.px(8)), m_look.lineHeight());
     Invalidate(TRUE);
 }
@@ -182,12 +242,6 @@ void CommandPane::OnPaint() {
     dc.FillSolidRect(0, 0, client.Width(), 1, colors::kBarLine);
     const int top = client.bottom - editHeight();
     dc.FillSolidRect(0, top - 1, client.Width(), 1, colors::kBarLine);
-    CFont* former = dc.SelectObject(&m_look.font());
-    dc.SetTextColor(colors::kBarTextDim);
-    dc.SetBkMode(TRANSPARENT);
-    CRect prompt(m_look.px(8), top, m_look.px(8) + m_promptWidth, client.bottom);
-    dc.DrawText(kPrompt, -1, prompt, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
-    dc.SelectObject(former);
 }
 
 void CommandPane::OnSize(UINT type, int width, int height) {
@@ -198,7 +252,7 @@ void CommandPane::OnSize(UINT type, int width, int height) {
 HBRUSH CommandPane::OnCtlColor(CDC* dc, CWnd* control, UINT kind) {
     CWnd::OnCtlColor(dc, control, kind);
     dc->SetBkColor(RGB(255, 255, 255));
-    dc->SetTextColor(control == &m_history ? RGB(70, 74, 82) : RGB(0, 0, 0));
+    dc->SetTextColor(control == &m_edit ? RGB(0, 0, 0) : control == &m_prompt ? colors::kBarTextDim : RGB(70, 74, 82));
     return m_white;
 }
 

@@ -9,8 +9,23 @@
 
 namespace workbench {
 
+/// What was said so far, to be read and copied. What is typed into it belongs into the command line.
+class CommandOutput : public CEdit {
+  public:
+    /// Called with a character that was typed, or 0 for a key that leads back to the command line.
+    void onTyped(std::function<void(wchar_t letter)> typed) { m_typed = std::move(typed); }
+
+  protected:
+    DECLARE_MESSAGE_MAP()
+    afx_msg void OnChar(UINT letter, UINT repeats, UINT flags);
+
+  private:
+    std::function<void(wchar_t)> m_typed;
+};
+
 /// The line being typed. Enter runs it, or the last one again when it is empty; Tab completes it; Up and Down recall
-/// earlier ones; Esc clears it, and when it is empty already, stops what waits to be run.
+/// earlier ones; Page Up and Page Down turn the pages of what was said; Esc clears it, and when it is empty already,
+/// stops what waits to be run.
 class CommandEdit : public CEdit {
   public:
     void onRun(std::function<void(const std::wstring& line)> run) { m_run = std::move(run); }
@@ -19,11 +34,13 @@ class CommandEdit : public CEdit {
         m_complete = std::move(complete);
     }
     void onStop(std::function<void()> stop) { m_stop = std::move(stop); }
+    void onTurnPage(std::function<void(bool back)> turn) { m_turnPage = std::move(turn); }
 
   protected:
     DECLARE_MESSAGE_MAP()
     afx_msg void OnKeyDown(UINT key, UINT repeats, UINT flags);
     afx_msg void OnChar(UINT letter, UINT repeats, UINT flags);
+    afx_msg BOOL OnMouseWheel(UINT flags, short delta, CPoint screen);
 
   private:
     std::wstring line() const;
@@ -35,6 +52,7 @@ class CommandEdit : public CEdit {
     std::function<void(const std::wstring&)> m_run;
     std::function<std::wstring(const std::wstring&)> m_complete;
     std::function<void()> m_stop;
+    std::function<void(bool)> m_turnPage;
     CommandHistory m_history;
 };
 
@@ -46,6 +64,10 @@ class CommandPane : public CWnd {
     CommandEdit& edit() { return m_edit; }
     /// Appends to the history and scrolls to its end. Line ends are \n; text that doesn't end a line is gone on with.
     void print(const std::wstring& text);
+    /// Brings the focus from the command line to what was said, and back.
+    void switchFocus();
+    /// Scrolls what was said as the wheel has turned.
+    void turnWheel(int delta);
     /// The look has changed.
     void applyLook();
     int height() const { return m_look.lineHeight() * kHistoryLines + editHeight() + m_look.px(6); }
@@ -61,13 +83,18 @@ class CommandPane : public CWnd {
   private:
     static constexpr int kHistoryLines = 5;
     int editHeight() const { return m_look.lineHeight() + m_look.px(8); }
+    bool createLabel(CStatic& label, const wchar_t* text, UINT id);
+    void takeTyping(wchar_t letter);
     void arrange();
 
     WindowLook& m_look;
-    CEdit m_history;
+    CStatic m_outputLabel; // names the output for those who can't see it
+    CommandOutput m_output;
+    CStatic m_prompt; // names the line, too
     CommandEdit m_edit;
     CBrush m_white;
     int m_promptWidth = 0;
+    int m_turned = 0; // of the wheel, not yet enough for a line
     bool m_lineEnded = false;
 };
 

@@ -188,11 +188,19 @@ void MainWindow::OnSetFocus(CWnd*) {
 BOOL MainWindow::OnMouseWheel(UINT flags, short delta, CPoint screen) {
     // The wheel's messages go to the window with the focus, which is the command line; meant is the one below the
     // pointer.
-    CRect view;
-    m_view.GetWindowRect(view);
-    if (!view.PtInRect(screen))
+    const auto isOver = [screen](CWnd& window) {
+        CRect rect;
+        window.GetWindowRect(rect);
+        return rect.PtInRect(screen) != FALSE;
+    };
+    for (CWnd* window : {static_cast<CWnd*>(&m_view), static_cast<CWnd*>(&m_tabs)})
+        if (isOver(*window)) {
+            window->SendMessage(WM_MOUSEWHEEL, MAKEWPARAM(flags, delta), MAKELPARAM(screen.x, screen.y));
+            return TRUE;
+        }
+    if (!isOver(m_command))
         return CWnd::OnMouseWheel(flags, delta, screen);
-    m_view.SendMessage(WM_MOUSEWHEEL, MAKEWPARAM(flags, delta), MAKELPARAM(screen.x, screen.y));
+    m_command.turnWheel(delta);
     return TRUE;
 }
 
@@ -216,6 +224,10 @@ BOOL MainWindow::PreTranslateMessage(MSG* message) {
 bool MainWindow::runKey(const MSG& message) {
     if (const MenuCommand* command = commandOfKey(message)) {
         run(command->line);
+        return true;
+    }
+    if (message.message == WM_KEYDOWN && message.wParam == VK_F6) {
+        m_command.switchFocus();
         return true;
     }
     if (message.message == WM_SYSKEYDOWN)

@@ -1,6 +1,8 @@
-// The tabs below the drawing: the model tab and one for each sheet.
+// The tabs below the drawing: the model tab and one for each sheet. When they have no room, two buttons at the end and
+// the wheel scroll them; names that are too long are shortened, and a tip tells them in full.
 #pragma once
 
+#include "TabStrip.h"
 #include "WindowLook.h"
 
 #include <functional>
@@ -9,18 +11,22 @@
 
 namespace workbench {
 
+/// Its window text names the tab on top, for those who can't see it.
 class SpaceTabs : public CWnd {
   public:
     explicit SpaceTabs(WindowLook& look) : m_look(look) {}
+    ~SpaceTabs() override;
 
     BOOL createIn(CWnd& parent, UINT id);
     /// Called with the index of a clicked tab.
     void onChosen(std::function<void(std::size_t index)> chosen) { m_chosen = std::move(chosen); }
-    /// Shows these tabs; `active` is the one on top.
+    /// Shows these tabs; `active` is the one on top, and comes into sight when it is another one than before.
     void setTabs(std::vector<std::wstring> names, std::size_t active);
     int height() const { return m_look.lineHeight() + m_look.px(10); }
-    /// Where a tab is, in client coordinates; empty for one that isn't there or has no room.
-    CRect tabRect(std::size_t index) const { return index < m_rects.size() ? m_rects[index] : CRect(0, 0, 0, 0); }
+    /// Where a tab can be seen, in client coordinates; empty for one that isn't there or is out of sight.
+    CRect tabRect(std::size_t index) const { return rectOf(m_strip.tab(index)); }
+    /// The button that scrolls to tabs further on, or back; empty while all tabs have room.
+    CRect scrollRect(bool forward) const { return rectOf(forward ? m_strip.forward() : m_strip.back()); }
 
   protected:
     DECLARE_MESSAGE_MAP()
@@ -28,17 +34,31 @@ class SpaceTabs : public CWnd {
     afx_msg BOOL OnEraseBkgnd(CDC* dc);
     afx_msg void OnSize(UINT type, int width, int height);
     afx_msg void OnLButtonDown(UINT flags, CPoint point);
+    afx_msg void OnLButtonUp(UINT flags, CPoint point);
+    afx_msg void OnCaptureChanged(CWnd* window);
+    afx_msg void OnTimer(UINT_PTR timer);
+    afx_msg BOOL OnMouseWheel(UINT flags, short delta, CPoint screen);
 
   private:
-    void arrange(CDC& dc);
-    void showActive(const CRect& client);
+    CRect rectOf(const TabStrip::Span& span) const;
+    void arrange();
+    void scroll(int tabs);
+    void refreshTips();
+    void addTip(std::size_t tab);
     void draw(CDC& dc, const CRect& client);
+    void drawTab(CDC& dc, std::size_t index);
+    void drawScrollButton(CDC& dc, bool forward);
 
     WindowLook& m_look;
     std::function<void(std::size_t)> m_chosen;
     std::vector<std::wstring> m_names;
-    std::vector<CRect> m_rects;
+    std::vector<bool> m_shortened; // by tab
     std::size_t m_active = 0;
+    TabStrip m_strip;
+    int m_held = 0;     // the scroll button that is held: 1 forward, -1 back, 0 none
+    int m_turned = 0;   // of the wheel, not yet enough for a tab
+    int m_tipCount = 0; // tools of the tip window
+    HWND m_tips = nullptr;
     BackBuffer m_buffer;
 };
 

@@ -23,13 +23,15 @@ void StatusLine::show(const StatusFacts& facts) {
     Invalidate(FALSE);
 }
 
-int StatusLine::drawField(CDC& dc, int left, const CRect& client, const std::wstring& text) {
+int StatusLine::drawField(CDC& dc, int left, const CRect& client, const std::wstring& text, int widest) {
     const int padding = m_look.px(8);
     CRect rect = client;
     rect.left = left + padding;
+    rect.right = std::min(rect.right, rect.left + widest);
     dc.SetBkMode(TRANSPARENT);
     dc.DrawText(text.c_str(), -1, rect, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
-    return rect.left + dc.GetTextExtent(text.c_str(), static_cast<int>(text.size())).cx + padding;
+    const int width = dc.GetTextExtent(text.c_str(), static_cast<int>(text.size())).cx;
+    return rect.left + std::min(width, widest) + padding;
 }
 
 void StatusLine::draw(CDC& dc, const CRect& client) {
@@ -38,6 +40,8 @@ void StatusLine::draw(CDC& dc, const CRect& client) {
     CFont* former = dc.SelectObject(&m_look.font());
     dc.SetTextColor(colors::kBarText);
     int left = 0;
+    // Long names leave the message its room.
+    const int widestName = client.Width() / 4;
     const auto separator = [&] {
         dc.FillSolidRect(left, m_look.px(4), 1, client.Height() - m_look.px(8), colors::kBarLine);
     };
@@ -46,13 +50,13 @@ void StatusLine::draw(CDC& dc, const CRect& client) {
         const CRect swatch(CPoint(m_look.px(8), (client.Height() - side) / 2), CSize(side, side));
         dc.FillSolidRect(swatch, rgbOf(m_facts.layerColor, RGB(255, 255, 255), paletteRgb));
         dc.Draw3dRect(swatch, colors::kBarTextDim, colors::kBarTextDim);
-        left = drawField(dc, swatch.right - m_look.px(2), client, m_facts.layer);
+        left = drawField(dc, swatch.right - m_look.px(2), client, m_facts.layer, widestName);
         separator();
-        left = drawField(dc, left, client, m_facts.space);
+        left = drawField(dc, left, client, m_facts.space, widestName);
         separator();
     }
     dc.SetTextColor(colors::kBarTextDim);
-    drawField(dc, left, client, m_facts.message);
+    drawField(dc, left, client, m_facts.message, client.Width());
     dc.SelectObject(former);
 }
 

@@ -23,8 +23,8 @@ class StatusLine : public CWnd {
 
   private:
     void draw(CDC& dc, const CRect& client);
-    /// Draws one field from `left` and answers where the next one begins.
-    int drawField(CDC& dc, int left, const CRect& client, const std::wstring& text);
+    /// Draws one field from `left`, no wider than so many pixels, and answers where the next one begins.
+    int drawField(CDC& dc, int left, const CRect& client, const std::wstring& text, int widest);
 
     WindowLook& m_look;
     StatusFacts m_facts;

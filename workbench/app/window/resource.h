@@ -9,6 +9,8 @@
 // Inside the command pane.
 #define IDC_COMMAND_HISTORY 1011
 #define IDC_COMMAND_EDIT 1012
+#define IDC_COMMAND_HISTORY_LABEL 1013
+#define IDC_COMMAND_PROMPT 1014
 
 #define IDI_WORKBENCH 101
 #define IDR_MENU 102
