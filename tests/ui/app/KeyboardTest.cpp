@@ -51,6 +51,41 @@ Told toldAbout(HWND window) {
     return told;
 }
 
+/// A key that the menu names beside an item, and the line that it runs.
+struct MenuKey {
+    const wchar_t* text;
+    WORD key;
+    unsigned held;
+    const wchar_t* line;
+    bool asks; ///< with a dialog
+};
+constexpr MenuKey kMenuKeys[] = {
+    {L"Ctrl+N", 'N', ui::holdControl, L"NEW", false},
+    {L"Ctrl+O", 'O', ui::holdControl, L"OPEN", true},
+    {L"Ctrl+S", 'S', ui::holdControl, L"SAVE", true},
+    {L"Ctrl+Shift+S", 'S', ui::holdControl | ui::holdShift, L"SAVEAS", true},
+    {L"Ctrl+Shift+Z", 'Z', ui::holdControl | ui::holdShift, L"UNDO", false},
+    {L"Ctrl+Shift+Y", 'Y', ui::holdControl | ui::holdShift, L"REDO", false},
+    {L"Ctrl+E", 'E', ui::holdControl, L"ZOOM EXTENTS", false},
+    {L"Ctrl++", VK_OEM_PLUS, ui::holdControl, L"ZOOM IN", false},
+    {L"Ctrl+-", VK_OEM_MINUS, ui::holdControl, L"ZOOM OUT", false},
+    {L"F5", VK_F5, ui::holdNothing, L"REGEN", false},
+    {L"Ctrl+L", 'L', ui::holdControl, L"LAYERSTATE", false},
+    {L"F1", VK_F1, ui::holdNothing, L"HELP", false},
+};
+
+/// The texts behind the tabs of a menu and its menus.
+void addKeys(HMENU menu, std::vector<std::wstring>& keys) {
+    for (int i = 0; i < GetMenuItemCount(menu); ++i) {
+        wchar_t text[128] = L"";
+        GetMenuStringW(menu, static_cast<UINT>(i), text, 128, MF_BYPOSITION);
+        if (const wchar_t* tab = std::wcschr(text, L'\t'))
+            keys.emplace_back(tab + 1);
+        if (const HMENU inner = GetSubMenu(menu, i))
+            addKeys(inner, keys);
+    }
+}
+
 class KeyboardTest : public WorkbenchTest {
   protected:
     Script typedIs(const std::wstring& text) {
@@ -196,6 +231,35 @@ TEST_F(KeyboardTest, EveryCommandOfTheMenuHasAMnemonicOfItsOwn) {
         };
         check(GetMenu(view.window()));
     });
+    script.then(command(L"QUIT"));
+    runWith(script);
+}
+
+TEST_F(KeyboardTest, EveryKeyOfTheMenuRunsItsCommand) {
+    Script script;
+    script.look("the menu names just these keys, and the one that the system sees to", [](const View& view) {
+        std::vector<std::wstring> named;
+        addKeys(GetMenu(view.window()), named);
+        std::vector<std::wstring> expected{L"Alt+F4"};
+        for (const MenuKey& key : kMenuKeys)
+            expected.emplace_back(key.text);
+        std::ranges::sort(named);
+        std::ranges::sort(expected);
+        EXPECT_EQ(named, expected);
+    });
+    for (const MenuKey& key : kMenuKeys) {
+        const std::wstring echo = std::wstring(L"Command: ") + key.line + L"\r\n";
+        script.press(key.key, key.held);
+        if (key.asks)
+            script
+                .waitUntil("a dialog by " + ui::narrow(key.text),
+                           [](const View& view) { return !view.has(IDC_COMMAND_PANE); })
+                .press(VK_ESCAPE);
+        script.waitUntil("the line of " + ui::narrow(key.text), [echo](const View& view) {
+            return view.has(IDC_COMMAND_PANE) &&
+                   (ui::textOf(paneControl(view, IDC_COMMAND_HISTORY)) + L"\r\n").find(echo) != std::wstring::npos;
+        });
+    }
     script.then(command(L"QUIT"));
     runWith(script);
 }

@@ -24,6 +24,7 @@ constexpr std::array kMainKeys{
     Key{VK_RIGHT, 4}, Key{VK_UP, 4},     Key{VK_NEXT, 2}, Key{VK_PRIOR, 2},  Key{VK_F5, 0},       Key{VK_F1, 0},
     Key{'E', 2},      Key{'L', 2},       Key{'Z', 3},     Key{'Y', 3},       Key{VK_OEM_PLUS, 2}, Key{VK_OEM_MINUS, 2},
     Key{VK_BACK, 0},  Key{VK_DELETE, 0}, Key{VK_HOME, 0}, Key{VK_LEFT, 0},   Key{'Z', 2},         Key{VK_F10, 0},
+    Key{VK_F6, 0},    Key{VK_PRIOR, 0},  Key{VK_NEXT, 0}, Key{'A', 2},       Key{'C', 2},         Key{'V', 2},
 };
 // No F1: its page would be opened by another program.
 constexpr std::array kDialogKeys{

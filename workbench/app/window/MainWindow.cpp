@@ -39,7 +39,7 @@ constexpr MenuCommand kMenuCommands[] = {
     {ID_MENU_QUIT, L"QUIT", 0, false, false},
     {ID_MENU_UNDO, L"UNDO", 'Z', true, true},
     {ID_MENU_REDO, L"REDO", 'Y', true, true},
-    {ID_MENU_ZOOM_EXTENTS, L"ZOOM e", 'E', true, false},
+    {ID_MENU_ZOOM_EXTENTS, L"ZOOM EXTENTS", 'E', true, false},
     {ID_MENU_ZOOM_IN, L"ZOOM IN", VK_OEM_PLUS, true, false},
     {ID_MENU_ZOOM_OUT, L"ZOOM OUT", VK_OEM_MINUS, true, false},
     {ID_MENU_REGEN, L"REGEN", VK_F5, false, false},
