@@ -2,6 +2,9 @@
 
 #include "GalleryTest.h"
 
+#include "Documents.h"
+#include "KelDbDatabase.h"
+#include "engine/DatabaseAccess.h"
 #include "resources/resource.h"
 #include "resource.h"
 
@@ -65,6 +68,21 @@ TEST_F(MainWindow, showsALayoutWithAViewportMadeCurrent) {
     run(L"VPLAYER FREEZE L-*,A-FURN*");
     run(L"VPLAYER COLOUR red A-WALL*");
     useWorkbench(picture("workbench-layout"));
+}
+
+TEST_F(MainWindow, showsTabsThatDontFit) {
+    KelDbDatabase& database = runtime::currentDocument()->data();
+    zdr::Drawing drawing = engine::drawingOf(database);
+    for (int number = 2; number <= 40; ++number) {
+        zdr::Layout sheet;
+        sheet.paperWidth = 420;
+        sheet.paperHeight = 297;
+        sheet.name = (number % 5 ? L"Sheet " : L"Sheet with quite a long name, number ") + std::to_wstring(number);
+        drawing.layouts.push_back(std::move(sheet));
+    }
+    engine::replaceDrawing(database, std::move(drawing));
+    run(L"LAYOUT \"Sheet 21\"");
+    useWorkbench(picture("workbench-tabs"));
 }
 
 TEST_F(MainWindow, opensItsMenus) {
