@@ -2,6 +2,8 @@
 
 #include "ThreadState.h"
 
+#include <new>
+
 IMPLEMENT_DYNAMIC(CDialog, CWnd)
 
 // clang-format off
@@ -113,7 +115,14 @@ INT_PTR CDialog::DoModal() {
     const BOOL wasEnabled = hasParent && ::IsWindowEnabled(parent);
     if (wasEnabled)
         ::EnableWindow(parent, FALSE);
-    RunCreated(dialogTemplate, parent, instance);
+    try {
+        RunCreated(dialogTemplate, parent, instance);
+    } catch (CException* exception) {
+        exception->Delete();
+        m_nModalResult = -1;
+    } catch (const std::bad_alloc&) {
+        m_nModalResult = -1;
+    }
     // The parent comes back before the dialog goes, or Windows activates another program's window. One that was
     // disabled before stays so, although Wine's EndDialog enables every owner.
     if (hasParent)

@@ -5,6 +5,8 @@
 
 #include <afxcmn.h>
 
+#include <new>
+
 namespace kelmfc {
 
 namespace {
@@ -16,13 +18,27 @@ bool isInputMethodWindow(HWND window) {
     return _wcsicmp(name, L"IME") == 0 || _wcsicmp(name, L"MSCTFIME UI") == 0;
 }
 
+/// Windows calls from here, so nothing may be thrown; an object that finds no memory gets no window.
+bool adopts(CWnd* window, HWND handle) {
+    try {
+        CWndInternals::adopt(window, handle);
+        return true;
+    } catch (const std::bad_alloc&) {
+        window->Detach();
+        return false;
+    }
+}
+
 LRESULT CALLBACK creationHook(int code, WPARAM wParam, LPARAM lParam) {
     ThreadState& state = theState();
     const auto handle = reinterpret_cast<HWND>(wParam);
     if (code == HCBT_CREATEWND && state.created && !isInputMethodWindow(handle)) {
         CWnd* const window = state.created;
         state.created = nullptr;
-        CWndInternals::adopt(window, handle);
+        if (!adopts(window, handle)) {
+            state.created = window;
+            return 1; // no window then
+        }
     }
     return ::CallNextHookEx(state.creationHook, code, wParam, lParam);
 }
@@ -50,6 +66,11 @@ void hookWindowCreation(CWnd* window) {
     state.created = window;
     if (!state.creationHook)
         state.creationHook = ::SetWindowsHookEx(WH_CBT, &creationHook, nullptr, ::GetCurrentThreadId());
+    if (state.creationHook)
+        return;
+    // The window would come to be without its object.
+    state.created = nullptr;
+    AfxThrowMemoryException();
 }
 
 void deleteTemporaryObjects() {

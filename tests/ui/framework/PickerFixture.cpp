@@ -18,21 +18,6 @@ bool startsWith(const std::string& text, const std::string& start) {
     return text.compare(0, start.size(), start) == 0;
 }
 
-/// Enter once a window is there, and then Escape as long as one still is.
-ui::Script confirmOrLeave() {
-    ui::Script script;
-    script.ifStillOpen();
-    script.press(VK_RETURN);
-    const auto presses = std::make_shared<int>(0);
-    script.step("leave", [presses](const ui::View&) -> ui::Obstacle {
-        constexpr int kPatience = 10; // of looks, for a dialog that Enter is closing
-        if (++*presses > kPatience)
-            ui::pressKey(VK_ESCAPE);
-        return "it is still open";
-    });
-    return script;
-}
-
 } // namespace
 
 PickerFixture::PickerFixture() {
@@ -74,6 +59,20 @@ std::vector<std::string> PickerFixture::tracedCalls(const std::string& operation
         if (startsWith(line, operation + "("))
             calls.push_back(line);
     return calls;
+}
+
+ui::Script confirmOrLeave() {
+    ui::Script script;
+    script.ifStillOpen();
+    script.press(VK_RETURN);
+    const auto presses = std::make_shared<int>(0);
+    script.step("leave", [presses](const ui::View&) -> ui::Obstacle {
+        constexpr int kPatience = 10; // of looks, for a dialog that Enter is closing
+        if (++*presses > kPatience)
+            ui::pressKey(VK_ESCAPE);
+        return "it is still open";
+    });
+    return script;
 }
 
 int sweepFailures(const std::function<void()>& pick, const std::function<void()>& check) {

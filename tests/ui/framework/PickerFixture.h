@@ -27,6 +27,9 @@ class PickerFixture : public DialogFixture {
     static std::vector<std::string> tracedCalls(const std::string& operation);
 };
 
+/// Enter once a window is there, and then Escape as long as one still is.
+ui::Script confirmOrLeave();
+
 /// Runs `pick` again and again, with each host call inside it failing once, and confirms by Enter (or cancels, where
 /// Enter does nothing) whatever appears. After each run `check` is called, and nothing may be left in the ledger.
 /// @return how many calls could fail

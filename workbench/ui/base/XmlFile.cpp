@@ -86,7 +86,9 @@ class Stream final : public ISequentialStream {
 ComPointer<IXmlReader> makeReader() {
     using Create = HRESULT(WINAPI*)(REFIID, void**, IMalloc*);
     // The library stays loaded, as an import would.
-    static const HMODULE library = LoadLibraryW(L"xmllite.dll");
+    static HMODULE library = nullptr;
+    if (!library)
+        library = LoadLibraryW(L"xmllite.dll");
     const auto create =
         library ? reinterpret_cast<Create>(reinterpret_cast<void*>(GetProcAddress(library, "CreateXmlReader")))
                 : nullptr;

@@ -2,6 +2,7 @@
 
 #include "OrvUiControls.h"
 
+#include "base/OutOfMemory.h"
 #include "base/Scaling.h"
 #include "controls/PictureResource.h"
 #include "instruments/HostCalls.h"
@@ -109,5 +110,5 @@ BOOL COrvUiBitmapButton::OnAutoLoad() {
 
 void COrvUiBitmapButton::PreSubclassWindow() {
     COrvUiOwnerDrawButton::PreSubclassWindow();
-    OnAutoLoad();
+    framework::asFarAsMemoryLasts([this] { OnAutoLoad(); });
 }

@@ -3,6 +3,7 @@
 #include "OrvUiDialog.h"
 
 #include "dialogs/DialogTips.h"
+#include "base/OutOfMemory.h"
 #include "instruments/HostCalls.h"
 
 #include <memory>
@@ -49,7 +50,7 @@ COrvUiBaseDialog::~COrvUiBaseDialog() {
 
 INT_PTR COrvUiBaseDialog::DoModal() {
     const CurrentResources scope(m_templateModule);
-    const INT_PTR answer = CDialog::DoModal();
+    const INT_PTR answer = framework::answerOr(INT_PTR{-1}, [this] { return CDialog::DoModal(); });
     return answer == -1 ? IDCANCEL : answer;
 }
 
@@ -64,19 +65,21 @@ void COrvUiBaseDialog::SetContextHelpFileName(const wchar_t* fileName) {
 }
 
 void COrvUiBaseDialog::SetUseTips(int use) {
-    HostCall call("SetUseTips", use);
-    if (use == 2 && GetSafeHwnd()) {
-        const auto texts = framework::readTips(m_contextHelpFileName.GetString(), tipScope().GetString(),
-                                               m_contextHelpPrefix.GetString());
-        m_tips->window = std::make_unique<framework::DialogTips>(GetSafeHwnd(), texts);
-    } else if (m_tips->window) {
-        m_tips->window->allow(use != 0);
-    }
+    framework::asFarAsMemoryLasts([&] {
+        HostCall call("SetUseTips", use);
+        if (use == 2 && GetSafeHwnd()) {
+            const auto texts = framework::readTips(m_contextHelpFileName.GetString(), tipScope().GetString(),
+                                                   m_contextHelpPrefix.GetString());
+            m_tips->window = std::make_unique<framework::DialogTips>(GetSafeHwnd(), texts);
+        } else if (m_tips->window) {
+            m_tips->window->allow(use != 0);
+        }
+    });
 }
 
 BOOL COrvUiBaseDialog::PreTranslateMessage(MSG* message) {
     if (m_tips->window)
-        m_tips->window->relay(*message);
+        framework::asFarAsMemoryLasts([&] { m_tips->window->relay(*message); });
     return CDialog::PreTranslateMessage(message);
 }
 

@@ -6,6 +6,7 @@
 #include "instruments/HostCalls.h"
 #include "persistence/ColumnSizes.h"
 #include "persistence/DialogStore.h"
+#include "base/OutOfMemory.h"
 #include "persistence/Placement.h"
 
 using framework::DialogStore;
@@ -40,43 +41,55 @@ void COrvUiDialog::SetPersistency(int on) {
 }
 
 BOOL COrvUiDialog::GetDialogData(const wchar_t* key, unsigned long& value) {
-    HostCall call("GetDialogData", key);
-    const auto kept = call.fault() ? std::nullopt : DialogStore(m_dialogName.GetString()).number(key);
-    if (kept) {
-        value = *kept;
-        call.out("value", value);
-    }
-    return call.answer(kept.has_value());
+    return framework::answerOr(FALSE, [&] {
+        HostCall call("GetDialogData", key);
+        const auto kept = call.fault() ? std::nullopt : DialogStore(m_dialogName.GetString()).number(key);
+        if (kept) {
+            value = *kept;
+            call.out("value", value);
+        }
+        return call.answer(kept.has_value());
+    });
 }
 
 BOOL COrvUiDialog::SetDialogData(const wchar_t* key, unsigned long value) {
-    HostCall call("SetDialogData", key, value);
-    return call.answer(!call.fault() && DialogStore(m_dialogName.GetString()).setNumber(key, value));
+    return framework::answerOr(FALSE, [&] {
+        HostCall call("SetDialogData", key, value);
+        return call.answer(!call.fault() && DialogStore(m_dialogName.GetString()).setNumber(key, value));
+    });
 }
 
 void COrvUiDialog::GetColumnSizes(CListCtrl* list) {
-    HostCall call("GetColumnSizes", list->GetDlgCtrlID());
-    framework::restoreColumnSizes(m_dialogName.GetString(), list->GetSafeHwnd());
+    framework::asFarAsMemoryLasts([&] {
+        HostCall call("GetColumnSizes", list->GetDlgCtrlID());
+        framework::restoreColumnSizes(m_dialogName.GetString(), list->GetSafeHwnd());
+    });
 }
 
 void COrvUiDialog::SaveColumnSizes(CListCtrl* list) {
-    HostCall call("SaveColumnSizes", list->GetDlgCtrlID());
-    framework::keepColumnSizes(m_dialogName.GetString(), list->GetSafeHwnd());
+    framework::asFarAsMemoryLasts([&] {
+        HostCall call("SaveColumnSizes", list->GetDlgCtrlID());
+        framework::keepColumnSizes(m_dialogName.GetString(), list->GetSafeHwnd());
+    });
 }
 
 void COrvUiDialog::SetControlProperty(_dlgControlTag* rows, unsigned long count) {
-    HostCall call("SetControlProperty", count);
-    m_layout->table.setRows(rows, count);
-    if (GetSafeHwnd())
-        m_layout->table.apply(GetSafeHwnd()); // the base OnInitDialog may have restored another size already
+    framework::asFarAsMemoryLasts([&] {
+        HostCall call("SetControlProperty", count);
+        m_layout->table.setRows(rows, count);
+        if (GetSafeHwnd())
+            m_layout->table.apply(GetSafeHwnd()); // the base OnInitDialog may have restored another size already
+    });
 }
 
 BOOL COrvUiDialog::OnInitDialog() {
     HostCall call("OnInitDialog");
     const BOOL answer = COrvUiBaseDialog::OnInitDialog();
-    m_layout->table.remember(GetSafeHwnd());
-    if (const auto kept = framework::keptPlacement(m_dialogName.GetString()))
-        framework::restorePlacement(GetSafeHwnd(), *kept);
+    framework::asFarAsMemoryLasts([&] {
+        m_layout->table.remember(GetSafeHwnd());
+        if (const auto kept = framework::keptPlacement(m_dialogName.GetString()))
+            framework::restorePlacement(GetSafeHwnd(), *kept);
+    });
     return answer;
 }
 
@@ -86,7 +99,7 @@ CString COrvUiDialog::tipScope() const {
 
 void COrvUiDialog::OnDestroy() {
     if (m_persistency)
-        framework::keepPlacement(m_dialogName.GetString(), GetSafeHwnd());
+        framework::asFarAsMemoryLasts([&] { framework::keepPlacement(m_dialogName.GetString(), GetSafeHwnd()); });
     COrvUiBaseDialog::OnDestroy();
 }
 

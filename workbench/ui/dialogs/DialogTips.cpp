@@ -8,8 +8,6 @@
 
 #include <commctrl.h>
 
-#include <vector>
-
 namespace framework {
 namespace {
 
@@ -31,17 +29,21 @@ TOOLINFOW toolOfControl(HWND dialog, HWND control, const std::wstring& text) {
     return tool;
 }
 
-/// Those of the pages within the dialog too.
-std::vector<HWND> controlsOf(HWND dialog) {
-    std::vector<HWND> controls;
-    EnumChildWindows(
-        dialog,
-        [](HWND control, LPARAM found) -> BOOL {
-            reinterpret_cast<std::vector<HWND>*>(found)->push_back(control);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&controls));
-    return controls;
+struct ToolMaker {
+    HWND tips;
+    HWND dialog;
+    const TipTexts& texts;
+};
+
+// Called by the system, so nothing here may throw.
+BOOL CALLBACK addToolOf(HWND control, LPARAM parameter) {
+    const auto& maker = *reinterpret_cast<const ToolMaker*>(parameter);
+    const auto text = maker.texts.find(GetDlgCtrlID(control));
+    if (text == maker.texts.end())
+        return TRUE;
+    TOOLINFOW tool = toolOfControl(maker.dialog, control, text->second);
+    SendMessageW(maker.tips, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    return TRUE;
 }
 
 bool isOfInterest(UINT message) {
@@ -57,13 +59,9 @@ DialogTips::DialogTips(HWND dialog, const TipTexts& texts) {
     if (!m_window)
         return;
     fitToScaling(dpiOf(dialog));
-    for (const HWND control : controlsOf(dialog)) {
-        const auto text = texts.find(GetDlgCtrlID(control));
-        if (text == texts.end())
-            continue;
-        TOOLINFOW tool = toolOfControl(dialog, control, text->second);
-        SendMessageW(m_window, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
-    }
+    // Those of the pages within the dialog too.
+    const ToolMaker maker = {m_window, dialog, texts};
+    EnumChildWindows(dialog, addToolOf, reinterpret_cast<LPARAM>(&maker));
 }
 
 DialogTips::~DialogTips() {

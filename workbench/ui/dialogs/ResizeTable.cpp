@@ -63,14 +63,15 @@ RECT resizedControl(const RECT& design, SIZE growth, const _dlgControlTag& row) 
 }
 
 void ResizeTable::remember(HWND dialog) {
-    RECT window = {};
-    GetWindowRect(dialog, &window);
-    m_window = sizeOf(window);
+    m_window = {}; // a layout that can't be read whole is not resized
     m_dpi = dpiOf(dialog);
-    m_client = clientSize(dialog);
     m_design.clear();
+    RECT window = {};
     for (HWND control = GetWindow(dialog, GW_CHILD); control; control = GetWindow(control, GW_HWNDNEXT))
         m_design[control] = rectInParent(control);
+    m_client = clientSize(dialog);
+    if (GetWindowRect(dialog, &window))
+        m_window = sizeOf(window);
 }
 
 int ResizeTable::rescale(int dpi) {

@@ -3,6 +3,7 @@
 #include "OrvUiServices.h"
 
 #include "help/HelpPage.h"
+#include "base/OutOfMemory.h"
 #include "instruments/HostCalls.h"
 
 #include <shellapi.h>
@@ -38,13 +39,15 @@ void tell(HWND owner, const std::wstring& text) {
 } // namespace
 
 void keledHelp(const wchar_t* file, const wchar_t* topic, int command) {
-    instruments::HostCall call("keledHelp", file, topic, command);
-    const std::wstring name = topic ? topic : L"";
-    const std::wstring page = framework::helpPage(file ? file : L"", name);
-    // The dialog that asks is the active window of this thread, and it must not be left usable behind the message.
-    const HWND owner = GetActiveWindow();
-    if (page.empty() || !fileExists(page))
-        tell(owner, L"There is no help page for \u201c" + name + L"\u201d.");
-    else if (!openPage(owner, page))
-        tell(owner, L"The help page could not be opened:\n" + page);
+    framework::asFarAsMemoryLasts([&] {
+        instruments::HostCall call("keledHelp", file, topic, command);
+        const std::wstring name = topic ? topic : L"";
+        const std::wstring page = framework::helpPage(file ? file : L"", name);
+        // The dialog that asks is the active window of this thread, and it must not be left usable behind the message.
+        const HWND owner = GetActiveWindow();
+        if (page.empty() || !fileExists(page))
+            tell(owner, L"There is no help page for \u201c" + name + L"\u201d.");
+        else if (!openPage(owner, page))
+            tell(owner, L"The help page could not be opened:\n" + page);
+    });
 }

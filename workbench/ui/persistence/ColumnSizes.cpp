@@ -43,12 +43,14 @@ bool restoreColumnSizes(const std::wstring& dialogName, HWND list) {
 
 void keepColumnSizes(const std::wstring& dialogName, HWND list) {
     const DialogStore store = storeOf(dialogName, list);
-    store.clear(); // a list that had more columns before leaves none behind
     const int count = columnCount(list);
-    bool kept = keepScaling(store, list);
+    bool kept = count > 0 && keepScaling(store, list);
     for (int column = 0; column < count && kept; ++column)
         kept =
             store.setNumber(std::to_wstring(column), static_cast<unsigned long>(ListView_GetColumnWidth(list, column)));
+    // A list that had more columns before leaves none behind. Last, so that a failure on the way leaves a whole set.
+    for (int column = count; kept && store.remove(std::to_wstring(column)); ++column) {
+    }
 }
 
 void scaleColumns(HWND dialog, int from, int to) {

@@ -108,9 +108,9 @@ bool DialogStore::setText(const std::wstring& name, const std::wstring& value) c
            ERROR_SUCCESS;
 }
 
-void DialogStore::clear() const {
-    if (!m_path.empty())
-        RegDeleteTreeW(HKEY_CURRENT_USER, m_path.c_str());
+bool DialogStore::remove(const std::wstring& name) const {
+    RegistryKey key;
+    return !m_path.empty() && key.create(m_path) && RegDeleteValueW(key.get(), name.c_str()) == ERROR_SUCCESS;
 }
 
 std::wstring DialogStore::root() {

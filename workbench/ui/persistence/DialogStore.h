@@ -22,8 +22,8 @@ class KELUI_API DialogStore {
     /// The text; nothing when it is missing, of another type or longer than 32767 characters.
     std::optional<std::wstring> text(const std::wstring& name) const;
     [[nodiscard]] bool setText(const std::wstring& name, const std::wstring& value) const;
-    /// Removes everything of this store and its groups.
-    void clear() const;
+    /// Removes a value. False when there was none, or it stays.
+    bool remove(const std::wstring& name) const;
 
     /// The path below HKEY_CURRENT_USER under which the stores of all dialogs stand.
     static std::wstring root();

@@ -2,6 +2,7 @@
 
 #include "Placement.h"
 
+#include "base/OutOfMemory.h"
 #include "base/Scaling.h"
 
 #include <algorithm>
@@ -39,9 +40,23 @@ BOOL CALLBACK addWorkArea(HMONITOR monitor, HDC, LPRECT, LPARAM result) {
     MONITORINFO info = {};
     info.cbSize = sizeof info;
     auto& areas = *reinterpret_cast<std::vector<RECT>*>(result);
-    if (GetMonitorInfoW(monitor, &info))
+    if (!GetMonitorInfoW(monitor, &info))
+        return TRUE;
+    // Called by the system, through which nothing may be thrown.
+    return answerOr(FALSE, [&] {
         areas.insert(info.dwFlags & MONITORINFOF_PRIMARY ? areas.begin() : areas.end(), info.rcWork);
-    return TRUE;
+        return TRUE;
+    });
+}
+
+/// Where the window stands when it is neither minimized nor maximized; empty when that can't be found out.
+RECT normalRect(HWND window) {
+    WINDOWPLACEMENT placement = {};
+    placement.length = sizeof placement;
+    RECT rect = {};
+    if (IsIconic(window) || IsZoomed(window))
+        return GetWindowPlacement(window, &placement) ? placement.rcNormalPosition : rect;
+    return GetWindowRect(window, &rect) ? rect : RECT{};
 }
 
 } // namespace
@@ -78,13 +93,9 @@ std::optional<KeptPlacement> keptPlacement(const std::wstring& dialogName) {
 }
 
 void keepPlacement(const std::wstring& dialogName, HWND window) {
-    RECT rect = {};
-    WINDOWPLACEMENT placement = {};
-    placement.length = sizeof placement;
-    if ((IsIconic(window) || IsZoomed(window)) && GetWindowPlacement(window, &placement))
-        rect = placement.rcNormalPosition;
-    else
-        GetWindowRect(window, &rect);
+    const RECT rect = normalRect(window);
+    if (IsRectEmpty(&rect)) // nothing is known, so what was kept before stays
+        return;
     const DialogStore store(dialogName, kGroup);
     // A user whose registry can't be written loses the placement, nothing else.
     [[maybe_unused]] const bool kept = store.setNumber(L"Left", static_cast<unsigned long>(rect.left)) &&
@@ -115,7 +126,8 @@ void restorePlacement(HWND window, const KeptPlacement& kept) {
         wanted.bottom = wanted.top + MulDiv(kept.rect.bottom - kept.rect.top, dpi, keptDpi);
     } else {
         RECT present = {};
-        GetWindowRect(window, &present);
+        if (!GetWindowRect(window, &present))
+            return;
         wanted.right = wanted.left + (present.right - present.left);
         wanted.bottom = wanted.top + (present.bottom - present.top);
     }

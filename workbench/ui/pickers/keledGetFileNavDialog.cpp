@@ -4,6 +4,7 @@
 
 #include "instruments/HostCalls.h"
 #include "persistence/DialogStore.h"
+#include "base/OutOfMemory.h"
 #include "pickers/FileFilter.h"
 
 #include <windows.h>
@@ -55,44 +56,50 @@ std::wstring keptFolder(const DialogStore& store) {
 
 ResultBuffer* chainOf(const std::wstring& path) {
     ResultBuffer* node = kelutNewRb(kVariableString);
-    if (node)
-        node->value.string = _wcsdup(path.c_str());
-    return node;
+    if (!node)
+        return nullptr;
+    node->value.string = _wcsdup(path.c_str());
+    if (node->value.string)
+        return node;
+    kelutRelRb(node);
+    return nullptr;
 }
 
 } // namespace
 
 int keledGetFileNavDialog(const wchar_t* title, const wchar_t* defaultName, const wchar_t* extensions,
                           const wchar_t* dialogKey, int flags, ResultBuffer** result) {
-    HostCall call("keledGetFileNavDialog", title, defaultName, extensions, dialogKey, flags);
-    *result = nullptr;
-    if (call.fault())
-        return call.answer(kResultError);
-    const auto types = framework::splitExtensions(extensions ? extensions : L"");
-    const std::wstring filter = framework::fileFilter(types);
-    const DialogStore store(dialogKey ? dialogKey : L"");
-    const std::wstring folder = keptFolder(store);
-    PathBuffer path;
-    putName(path, defaultName);
+    return framework::answerOr(kResultError, [&] {
+        HostCall call("keledGetFileNavDialog", title, defaultName, extensions, dialogKey, flags);
+        *result = nullptr;
+        if (call.fault())
+            return call.answer(kResultError);
+        const auto types = framework::splitExtensions(extensions ? extensions : L"");
+        const std::wstring filter = framework::fileFilter(types);
+        const DialogStore store(dialogKey ? dialogKey : L"");
+        const std::wstring folder = keptFolder(store);
+        PathBuffer path;
+        putName(path, defaultName);
 
-    OPENFILENAMEW dialog = {};
-    dialog.lStructSize = sizeof dialog;
-    dialog.hwndOwner = GetActiveWindow();
-    dialog.lpstrFilter = filter.c_str();
-    dialog.lpstrFile = path.data();
-    dialog.nMaxFile = static_cast<DWORD>(path.size());
-    dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
-    dialog.lpstrTitle = title;
-    dialog.lpstrDefExt = types.empty() ? nullptr : types.front().c_str();
-    // The working folder is the process's, not this dialog's.
-    dialog.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_HIDEREADONLY | OFN_PATHMUSTEXIST |
-                   (flags == kSave ? OFN_OVERWRITEPROMPT : OFN_FILEMUSTEXIST);
-    const std::wstring chosen = choose(dialog, flags == kSave);
-    if (chosen.empty())
-        return call.answer(kResultCancel);
-    // Without a registry the next dialog begins elsewhere, nothing else.
-    [[maybe_unused]] const bool kept = store.setText(kFolder, folderOf(chosen));
-    *result = chainOf(chosen);
-    call.out("path", chosen);
-    return call.answer(*result ? kResultNormal : kResultError);
+        OPENFILENAMEW dialog = {};
+        dialog.lStructSize = sizeof dialog;
+        dialog.hwndOwner = GetActiveWindow();
+        dialog.lpstrFilter = filter.c_str();
+        dialog.lpstrFile = path.data();
+        dialog.nMaxFile = static_cast<DWORD>(path.size());
+        dialog.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
+        dialog.lpstrTitle = title;
+        dialog.lpstrDefExt = types.empty() ? nullptr : types.front().c_str();
+        // The working folder is the process's, not this dialog's.
+        dialog.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_HIDEREADONLY | OFN_PATHMUSTEXIST |
+                       (flags == kSave ? OFN_OVERWRITEPROMPT : OFN_FILEMUSTEXIST);
+        const std::wstring chosen = choose(dialog, flags == kSave);
+        if (chosen.empty())
+            return call.answer(kResultCancel);
+        // Without a registry the next dialog begins elsewhere, nothing else.
+        [[maybe_unused]] const bool kept = store.setText(kFolder, folderOf(chosen));
+        *result = chainOf(chosen);
+        call.out("path", chosen);
+        return call.answer(*result ? kResultNormal : kResultError);
+    });
 }

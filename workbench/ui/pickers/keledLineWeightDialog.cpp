@@ -8,6 +8,7 @@
 #include "pickers/ListPicker.h"
 #include "pickers/PickerIds.h"
 #include "pickers/model/LineWeightRows.h"
+#include "base/OutOfMemory.h"
 #include "values/ReservedWords.h"
 
 using framework::hostWord;
@@ -58,18 +59,20 @@ framework::PickerList shownList(const std::vector<LineWeightRow>& rows) {
 } // namespace
 
 bool keledLineWeightDialog(int current, bool byReference, int& chosen) {
-    HostCall call("keledLineWeightDialog", current, byReference);
-    if (call.fault())
-        return call.answer(false);
-    const auto rows = pickers::lineWeightRows(
-        {hostWord(engine::kByLayerWord), hostWord(engine::kByBlockWord), hostWord(engine::kDefaultWord)}, byReference,
-        drawingDefault());
-    framework::PickerList list = shownList(rows);
-    list.selected = pickers::rowOfWeight(rows, current);
-    const auto row = framework::pickFromList(list);
-    if (!row)
-        return call.answer(false);
-    chosen = rows[*row].weight;
-    call.out("chosen", chosen);
-    return call.answer(true);
+    return framework::answerOr(false, [&] {
+        HostCall call("keledLineWeightDialog", current, byReference);
+        if (call.fault())
+            return call.answer(false);
+        const auto rows = pickers::lineWeightRows(
+            {hostWord(engine::kByLayerWord), hostWord(engine::kByBlockWord), hostWord(engine::kDefaultWord)},
+            byReference, drawingDefault());
+        framework::PickerList list = shownList(rows);
+        list.selected = pickers::rowOfWeight(rows, current);
+        const auto row = framework::pickFromList(list);
+        if (!row)
+            return call.answer(false);
+        chosen = rows[*row].weight;
+        call.out("chosen", chosen);
+        return call.answer(true);
+    });
 }

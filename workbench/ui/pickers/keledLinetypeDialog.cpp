@@ -10,6 +10,7 @@
 #include "pickers/model/DashSample.h"
 #include "pickers/model/NamedRows.h"
 #include "values/ReservedWords.h"
+#include "base/OutOfMemory.h"
 #include "values/RuntimeStrings.h"
 
 #include <algorithm>
@@ -109,23 +110,25 @@ framework::PickerList shownList(const ReadLinetypes& read) {
 } // namespace
 
 bool keledLinetypeDialog(KelDbObjectId current, bool byReference, wchar_t*& name, KelDbObjectId& chosen) {
-    HostCall call("keledLinetypeDialog", current, byReference);
-    name = nullptr;
-    if (call.fault())
-        return call.answer(false);
-    ReadLinetypes read = readLinetypes();
-    if (byReference)
-        addReferences(read.rows);
-    pickers::putInOrder(read.rows);
-    framework::PickerList list = shownList(read);
-    list.selected = pickers::rowOfLinetype(read.rows, current);
-    const auto row = framework::pickFromList(list);
-    if (row)
-        name = engine::handOutText(read.rows[*row].name, "name of a picked linetype");
-    if (!name)
-        return call.answer(false);
-    chosen = read.rows[*row].id;
-    call.out("name", read.rows[*row].name);
-    call.out("chosen", chosen);
-    return call.answer(true);
+    return framework::answerOr(false, [&] {
+        HostCall call("keledLinetypeDialog", current, byReference);
+        name = nullptr;
+        if (call.fault())
+            return call.answer(false);
+        ReadLinetypes read = readLinetypes();
+        if (byReference)
+            addReferences(read.rows);
+        pickers::putInOrder(read.rows);
+        framework::PickerList list = shownList(read);
+        list.selected = pickers::rowOfLinetype(read.rows, current);
+        const auto row = framework::pickFromList(list);
+        if (row)
+            name = engine::handOutText(read.rows[*row].name, "name of a picked linetype");
+        if (!name)
+            return call.answer(false);
+        chosen = read.rows[*row].id;
+        call.out("name", read.rows[*row].name);
+        call.out("chosen", chosen);
+        return call.answer(true);
+    });
 }

@@ -8,6 +8,7 @@
 #include "pickers/PickerIds.h"
 #include "pickers/model/NamedRows.h"
 #include "values/ReservedWords.h"
+#include "base/OutOfMemory.h"
 #include "values/RuntimeStrings.h"
 
 #include <memory>
@@ -58,27 +59,29 @@ void addReferences(std::vector<std::wstring>& names) {
 } // namespace
 
 bool keledPlotstyleDialog(const wchar_t* current, bool byReference, wchar_t*& chosen) {
-    HostCall call("keledPlotstyleDialog", current, byReference);
-    chosen = nullptr;
-    if (call.fault())
-        return call.answer(false);
-    ReadNames read = readNames();
-    pickers::putInOrder(read.names);
-    if (byReference)
-        addReferences(read.names);
-    framework::PickerList list;
-    list.templateId = IDD_PICK_PLOTSTYLE;
-    list.dialogName = L"Workbench:SelectPlotStyle";
-    list.columns = {{L"Plot style", 165}};
-    for (const std::wstring& name : read.names)
-        list.rows.push_back({name});
-    list.note = read.note;
-    list.selected = pickers::rowOfName(read.names, current ? current : L"");
-    const auto row = framework::pickFromList(list);
-    if (row)
-        chosen = engine::handOutText(read.names[*row], "name of a picked plot style");
-    if (!chosen)
-        return call.answer(false);
-    call.out("chosen", read.names[*row]);
-    return call.answer(true);
+    return framework::answerOr(false, [&] {
+        HostCall call("keledPlotstyleDialog", current, byReference);
+        chosen = nullptr;
+        if (call.fault())
+            return call.answer(false);
+        ReadNames read = readNames();
+        pickers::putInOrder(read.names);
+        if (byReference)
+            addReferences(read.names);
+        framework::PickerList list;
+        list.templateId = IDD_PICK_PLOTSTYLE;
+        list.dialogName = L"Workbench:SelectPlotStyle";
+        list.columns = {{L"Plot style", 165}};
+        for (const std::wstring& name : read.names)
+            list.rows.push_back({name});
+        list.note = read.note;
+        list.selected = pickers::rowOfName(read.names, current ? current : L"");
+        const auto row = framework::pickFromList(list);
+        if (row)
+            chosen = engine::handOutText(read.names[*row], "name of a picked plot style");
+        if (!chosen)
+            return call.answer(false);
+        call.out("chosen", read.names[*row]);
+        return call.answer(true);
+    });
 }

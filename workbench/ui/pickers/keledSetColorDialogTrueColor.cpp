@@ -3,18 +3,21 @@
 #include "OrvUiPickers.h"
 
 #include "instruments/HostCalls.h"
+#include "base/OutOfMemory.h"
 #include "pickers/ColorDialog.h"
 
 using instruments::HostCall;
 
 int keledSetColorDialogTrueColor(KelCmColor& color, bool byReference, const KelCmColor& current, int offered) {
-    HostCall call("keledSetColorDialogTrueColor", color, byReference, current, offered);
-    if (call.fault())
-        return call.answer(0);
-    framework::ColorDialog dialog(current, pickers::colorParts(offered, byReference));
-    if (dialog.DoModal() != IDOK)
-        return call.answer(0);
-    color = dialog.color();
-    call.out("color", color);
-    return call.answer(kColorChosen);
+    return framework::answerOr(0, [&] {
+        HostCall call("keledSetColorDialogTrueColor", color, byReference, current, offered);
+        if (call.fault())
+            return call.answer(0);
+        framework::ColorDialog dialog(current, pickers::colorParts(offered, byReference));
+        if (dialog.DoModal() != IDOK)
+            return call.answer(0);
+        color = dialog.color();
+        call.out("color", color);
+        return call.answer(kColorChosen);
+    });
 }

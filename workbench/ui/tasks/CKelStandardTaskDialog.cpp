@@ -4,6 +4,7 @@
 
 #include "instruments/HostCalls.h"
 #include "tasks/TaskDialogFile.h"
+#include "base/OutOfMemory.h"
 #include "tasks/TaskDialogWindow.h"
 
 using instruments::HostCall;
@@ -17,13 +18,15 @@ std::wstring orEmpty(const wchar_t* text) {
 /// `second` is the value of the placeholder `secondName`, the other text besides the kind.
 unsigned int show(const char* operation, const wchar_t* key, const wchar_t* kind, const wchar_t* secondName,
                   const wchar_t* second, const CWnd* parent) {
-    HostCall call(operation, kind, second);
-    const framework::TaskPairs pairs = {{L"Kind", orEmpty(kind)}, {secondName, orEmpty(second)}};
-    const auto description = framework::readTaskDialog(L"/KelTaskDialogs;component/TaskDialogs.xaml", key, pairs);
-    if (call.fault() || !description)
-        return call.answer(0u);
-    const int pressed = framework::showTaskDialog(parent ? parent->GetSafeHwnd() : nullptr, *description);
-    return call.answer(static_cast<unsigned int>(pressed));
+    return framework::answerOr(0u, [&] {
+        HostCall call(operation, kind, second);
+        const framework::TaskPairs pairs = {{L"Kind", orEmpty(kind)}, {secondName, orEmpty(second)}};
+        const auto description = framework::readTaskDialog(L"/KelTaskDialogs;component/TaskDialogs.xaml", key, pairs);
+        if (call.fault() || !description)
+            return call.answer(0u);
+        const int pressed = framework::showTaskDialog(parent ? parent->GetSafeHwnd() : nullptr, *description);
+        return call.answer(static_cast<unsigned int>(pressed));
+    });
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 
 #include "instruments/HostCalls.h"
 #include "tasks/TaskDialogFile.h"
+#include "base/OutOfMemory.h"
 #include "tasks/TaskDialogWindow.h"
 
 using instruments::HostCall;
@@ -20,21 +21,25 @@ COrvTaskDialog::~COrvTaskDialog() {
 
 BOOL COrvTaskDialog::LoadFromFile(const wchar_t* file, const wchar_t* key, const TASKDIALOG_KEYVALUE* pairs,
                                   int count) {
-    HostCall call("taskDialog.LoadFromFile", file, key, static_cast<const void*>(pairs), count);
-    m_description->loaded.reset();
-    if (call.fault() || !file || !key)
-        return call.answer(false);
-    framework::TaskPairs values;
-    for (int i = 0; pairs && i < count; ++i)
-        if (pairs[i].key && pairs[i].value)
-            values[pairs[i].key] = pairs[i].value;
-    m_description->loaded = framework::readTaskDialog(file, key, values);
-    return call.answer(m_description->loaded.has_value());
+    return framework::answerOr(FALSE, [&] {
+        HostCall call("taskDialog.LoadFromFile", file, key, static_cast<const void*>(pairs), count);
+        m_description->loaded.reset();
+        if (call.fault() || !file || !key)
+            return call.answer(false);
+        framework::TaskPairs values;
+        for (int i = 0; pairs && i < count; ++i)
+            if (pairs[i].key && pairs[i].value)
+                values[pairs[i].key] = pairs[i].value;
+        m_description->loaded = framework::readTaskDialog(file, key, values);
+        return call.answer(m_description->loaded.has_value());
+    });
 }
 
 int COrvTaskDialog::ShowDialog(HWND parent) {
-    HostCall call("taskDialog.ShowDialog", static_cast<const void*>(parent));
-    if (call.fault() || !m_description->loaded)
-        return call.answer(0);
-    return call.answer(framework::showTaskDialog(parent, *m_description->loaded));
+    return framework::answerOr(0, [&] {
+        HostCall call("taskDialog.ShowDialog", static_cast<const void*>(parent));
+        if (call.fault() || !m_description->loaded)
+            return call.answer(0);
+        return call.answer(framework::showTaskDialog(parent, *m_description->loaded));
+    });
 }

@@ -4,6 +4,7 @@
 
 #include "KelDbDatabase.h"
 #include "instruments/HostCalls.h"
+#include "base/OutOfMemory.h"
 #include "tasks/TaskDialogFile.h"
 
 using instruments::HostCall;
@@ -23,11 +24,13 @@ CKelUiStringExp::CKelUiStringExp(const CString& text) {
 }
 
 BOOL CKelUiStringExp::LoadString(unsigned int id) {
-    HostCall call("stringExp.LoadString", id);
-    CString text;
-    m_text.Empty();
-    if (call.fault() || !text.LoadString(id))
-        return call.answer(false);
-    m_text = expanded(text);
-    return call.answer(true);
+    return framework::answerOr(FALSE, [&] {
+        HostCall call("stringExp.LoadString", id);
+        CString text;
+        m_text.Empty();
+        if (call.fault() || !text.LoadString(id))
+            return call.answer(false);
+        m_text = expanded(text);
+        return call.answer(true);
+    });
 }

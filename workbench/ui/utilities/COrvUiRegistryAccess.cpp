@@ -2,6 +2,7 @@
 
 #include "OrvUiUtilities.h"
 
+#include "base/OutOfMemory.h"
 #include "instruments/HostCalls.h"
 
 #include <string>
@@ -37,12 +38,14 @@ COrvUiRegistryAccess::~COrvUiRegistryAccess() {
 }
 
 CString COrvUiRegistryAccess::GetString(const CString& valueName) const {
-    HostCall call("registry.GetString", valueName.GetString());
-    if (!m_key || call.fault())
-        return call.answer(L""), CString();
-    const std::wstring text = readText(m_key, valueName);
-    call.answer(text);
-    return CString(text.c_str());
+    return framework::answerOr(CString(), [&] {
+        HostCall call("registry.GetString", valueName.GetString());
+        if (!m_key || call.fault())
+            return call.answer(L""), CString();
+        const std::wstring text = readText(m_key, valueName);
+        call.answer(text);
+        return CString(text.c_str());
+    });
 }
 
 unsigned int COrvUiRegistryAccess::GetDWord(const CString& valueName) const {
@@ -71,11 +74,13 @@ void COrvUiRegistryAccess::Close() {
 }
 
 unsigned int GetProductRegistryRootKey(wchar_t* buffer, unsigned long length) {
-    HostCall call("GetProductRegistryRootKey", length);
-    if (!buffer || length == 0)
-        return call.answer(0u);
-    const std::wstring path = call.fault() ? L"" : std::wstring(kProductKey).substr(0, length - 1);
-    path.copy(buffer, path.size());
-    buffer[path.size()] = L'\0';
-    return call.answer(static_cast<unsigned int>(path.size()));
+    return framework::answerOr(0u, [&] {
+        HostCall call("GetProductRegistryRootKey", length);
+        if (!buffer || length == 0)
+            return call.answer(0u);
+        const std::wstring path = call.fault() ? L"" : std::wstring(kProductKey).substr(0, length - 1);
+        path.copy(buffer, path.size());
+        buffer[path.size()] = L'\0';
+        return call.answer(static_cast<unsigned int>(path.size()));
+    });
 }

@@ -1,0 +1,289 @@
+// See ImportFaults.h. Each entry of a library's import table that leads to a function of the table below is replaced by
+// a function of ours, which counts and calls on. What libraries look up by name goes through GetProcAddress, which is
+// one of the functions. The rows of the table are told apart by their lines.
+
+#include "ImportFaults.h"
+
+#include <objbase.h>
+#include <shellapi.h>
+
+#include <commctrl.h>
+#include <commdlg.h>
+#include <uxtheme.h>
+#include <xmllite.h>
+
+#include <cstring>
+#include <new>
+#include <type_traits>
+
+namespace {
+
+struct Function {
+    const char* name;
+    void* replacement;
+    void** real;
+    std::size_t* index; // receives the row's place in the table
+    int calls = 0;
+};
+
+struct Plan {
+    bool counting = false;
+    std::size_t function = 0;
+    int nth = 0;
+    bool struck = false;
+};
+Plan g_plan;
+
+std::vector<Function>& table();
+
+bool isToFail(std::size_t index) {
+    if (!g_plan.counting)
+        return false;
+    Function& function = table()[index];
+    ++function.calls;
+    if (g_plan.nth == 0 || g_plan.function != index || function.calls != g_plan.nth)
+        return false;
+    g_plan.struck = true;
+    return true;
+}
+
+/// One imported function: what it is called with, what it answers when it fails, and the error that it leaves then.
+template <int Line, class Result, class... Arguments> struct Import {
+    using Pointer = Result (*)(Arguments...);
+    static inline Pointer real = nullptr;
+    static inline Result failure = {};
+    static inline DWORD error = 0;
+    static inline std::size_t index = 0;
+
+    static Result call(Arguments... arguments) {
+        if (isToFail(index)) {
+            SetLastError(error);
+            return failure;
+        }
+        return real(arguments...);
+    }
+};
+
+template <int Line, class Result, class... Arguments>
+Function import(const char* name, Result (*real)(Arguments...), std::type_identity_t<Result> failure, DWORD error) {
+    using One = Import<Line, Result, Arguments...>;
+    One::real = real;
+    One::failure = failure;
+    One::error = error;
+    return {name, reinterpret_cast<void*>(&One::call), reinterpret_cast<void**>(&One::real), &One::index};
+}
+
+/// The page of the help would start a browser.
+BOOL pretendToOpen(SHELLEXECUTEINFOW*) {
+    return TRUE;
+}
+
+// What is looked up by name.
+HRESULT taskDialogStandIn(const TASKDIALOGCONFIG*, int*, int*, BOOL*);
+HRESULT xmlReaderStandIn(REFIID, void**, IMalloc*);
+void* g_taskDialog = nullptr;
+void* g_xmlReader = nullptr;
+
+HRESULT taskDialogReal(const TASKDIALOGCONFIG* config, int* button, int* radio, BOOL* tick) {
+    return reinterpret_cast<decltype(&taskDialogReal)>(g_taskDialog)(config, button, radio, tick);
+}
+HRESULT xmlReaderReal(REFIID id, void** object, IMalloc* memory) {
+    return reinterpret_cast<decltype(&xmlReaderReal)>(g_xmlReader)(id, object, memory);
+}
+
+FARPROC lookUp(HMODULE library, const char* name) {
+    const FARPROC found = GetProcAddress(library, name);
+    if (found && std::strcmp(name, "TaskDialogIndirect") == 0) {
+        g_taskDialog = reinterpret_cast<void*>(found);
+        return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&taskDialogStandIn));
+    }
+    if (found && std::strcmp(name, "CreateXmlReader") == 0) {
+        g_xmlReader = reinterpret_cast<void*>(found);
+        return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&xmlReaderStandIn));
+    }
+    return found;
+}
+
+/// Memory for the framework's own objects and texts: no memory is an exception.
+using Allocate = void* (*)(std::size_t);
+void* g_allocate = nullptr;
+std::size_t g_allocation = 0;
+void* allocate(std::size_t size) {
+    if (isToFail(g_allocation))
+        throw std::bad_alloc();
+    return reinterpret_cast<Allocate>(g_allocate)(size);
+}
+
+std::vector<Function> numbered(std::vector<Function> functions) {
+    for (std::size_t i = 0; i < functions.size(); ++i)
+        *functions[i].index = i;
+    return functions;
+}
+
+#define FUNCTION(name, failure, error) import <__LINE__>(#name, &name, failure, error)
+
+// clang-format off
+std::vector<Function>& table() {
+    static std::vector<Function> all = numbered({
+        {ImportFaults::kMemory, reinterpret_cast<void*>(&allocate), &g_allocate, &g_allocation},
+        FUNCTION(_wcsdup, nullptr, ERROR_NOT_ENOUGH_MEMORY),
+        // registry
+        FUNCTION(RegOpenKeyExW, ERROR_ACCESS_DENIED, ERROR_ACCESS_DENIED),
+        FUNCTION(RegCreateKeyExW, ERROR_ACCESS_DENIED, ERROR_ACCESS_DENIED),
+        FUNCTION(RegQueryValueExW, ERROR_NOT_ENOUGH_MEMORY, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(RegGetValueW, ERROR_NOT_ENOUGH_MEMORY, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(RegSetValueExW, ERROR_NO_SYSTEM_RESOURCES, ERROR_NO_SYSTEM_RESOURCES),
+        FUNCTION(RegDeleteValueW, ERROR_ACCESS_DENIED, ERROR_ACCESS_DENIED),
+        // files, libraries and resources
+        FUNCTION(CreateFileW, INVALID_HANDLE_VALUE, ERROR_SHARING_VIOLATION),
+        FUNCTION(GetFileSizeEx, FALSE, ERROR_IO_DEVICE),
+        FUNCTION(ReadFile, FALSE, ERROR_READ_FAULT),
+        FUNCTION(GetFileAttributesW, INVALID_FILE_ATTRIBUTES, ERROR_ACCESS_DENIED),
+        FUNCTION(GetModuleFileNameW, 0, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(GetModuleHandleW, nullptr, ERROR_MOD_NOT_FOUND),
+        FUNCTION(GetModuleHandleExW, FALSE, ERROR_MOD_NOT_FOUND),
+        FUNCTION(LoadLibraryW, nullptr, ERROR_NOT_ENOUGH_MEMORY),
+        import<__LINE__>("GetProcAddress", &lookUp, nullptr, ERROR_PROC_NOT_FOUND),
+        import<__LINE__>("CreateXmlReader", &xmlReaderReal, E_OUTOFMEMORY, 0),
+        FUNCTION(FindResourceW, nullptr, ERROR_RESOURCE_NAME_NOT_FOUND),
+        FUNCTION(LoadResource, nullptr, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(LockResource, nullptr, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(LoadStringW, 0, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(LoadImageW, nullptr, ERROR_NOT_ENOUGH_MEMORY),
+        // windows
+        FUNCTION(CreateDialogIndirectParamW, nullptr, ERROR_NO_SYSTEM_RESOURCES),
+        FUNCTION(CreateWindowExW, nullptr, ERROR_NO_SYSTEM_RESOURCES),
+        FUNCTION(RegisterClassW, 0, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(SetWindowsHookExW, nullptr, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(SetWindowTextW, FALSE, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(SetWindowPos, FALSE, ERROR_INVALID_WINDOW_HANDLE),
+        FUNCTION(GetWindowRect, FALSE, ERROR_INVALID_WINDOW_HANDLE),
+        FUNCTION(GetClientRect, FALSE, ERROR_INVALID_WINDOW_HANDLE),
+        FUNCTION(MapDialogRect, FALSE, ERROR_INVALID_WINDOW_HANDLE),
+        FUNCTION(BeginDeferWindowPos, nullptr, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(DeferWindowPos, nullptr, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(EndDeferWindowPos, FALSE, ERROR_INVALID_WINDOW_HANDLE),
+        FUNCTION(EnumDisplayMonitors, FALSE, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(GetMonitorInfoW, FALSE, ERROR_INVALID_MONITOR_HANDLE),
+        FUNCTION(TrackMouseEvent, FALSE, ERROR_INVALID_WINDOW_HANDLE),
+        FUNCTION(MessageBoxW, 0, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(SetWindowSubclass, FALSE, ERROR_NOT_ENOUGH_MEMORY),
+        import<__LINE__>("TaskDialogIndirect", &taskDialogReal, E_OUTOFMEMORY, 0),
+        FUNCTION(ChooseColorW, FALSE, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(GetOpenFileNameW, FALSE, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(GetSaveFileNameW, FALSE, ERROR_NOT_ENOUGH_MEMORY),
+        import<__LINE__>("ShellExecuteExW", &pretendToOpen, FALSE, ERROR_NO_ASSOCIATION),
+        // drawing
+        FUNCTION(GetDC, nullptr, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(BeginPaint, nullptr, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(CreateCompatibleDC, nullptr, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(CreateDIBSection, nullptr, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(GetObjectW, 0, ERROR_INVALID_HANDLE),
+        FUNCTION(GetDIBits, 0, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(SelectObject, nullptr, ERROR_INVALID_HANDLE),
+        FUNCTION(GdiAlphaBlend, FALSE, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(SaveDC, 0, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(OpenThemeData, nullptr, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(DrawThemeBackground, E_OUTOFMEMORY, 0),
+        FUNCTION(DrawThemeParentBackground, E_OUTOFMEMORY, 0),
+        // text
+        FUNCTION(CompareStringEx, 0, ERROR_INVALID_PARAMETER),
+    });
+    return all;
+}
+// clang-format on
+
+Function* find(const std::string& name) {
+    for (Function& function : table())
+        if (name == function.name)
+            return &function;
+    return nullptr;
+}
+
+HRESULT taskDialogStandIn(const TASKDIALOGCONFIG* config, int* button, int* radio, BOOL* tick) {
+    static const auto replacement =
+        reinterpret_cast<decltype(&taskDialogReal)>(find("TaskDialogIndirect")->replacement);
+    return replacement(config, button, radio, tick);
+}
+HRESULT xmlReaderStandIn(REFIID id, void** object, IMalloc* memory) {
+    static const auto replacement = reinterpret_cast<decltype(&xmlReaderReal)>(find("CreateXmlReader")->replacement);
+    return replacement(id, object, memory);
+}
+
+struct Replaced {
+    void** entry;
+    void* before;
+};
+std::vector<Replaced> g_replaced;
+
+void write(void** entry, void* value) {
+    DWORD before = 0;
+    VirtualProtect(entry, sizeof *entry, PAGE_READWRITE, &before);
+    *entry = value;
+    VirtualProtect(entry, sizeof *entry, before, &before);
+}
+
+void replaceImports(HMODULE library) {
+    auto* const base = reinterpret_cast<std::byte*>(library);
+    const auto& dos = *reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
+    const auto& headers = *reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos.e_lfanew);
+    const auto& directory = headers.OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
+    const auto* descriptor = reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + directory.VirtualAddress);
+    for (; descriptor->Name != 0; ++descriptor) {
+        const auto* named = reinterpret_cast<const IMAGE_THUNK_DATA*>(base + descriptor->OriginalFirstThunk);
+        auto* address = reinterpret_cast<void**>(base + descriptor->FirstThunk);
+        for (; named->u1.AddressOfData != 0; ++named, ++address) {
+            if (IMAGE_SNAP_BY_ORDINAL(named->u1.Ordinal))
+                continue;
+            const auto& import = *reinterpret_cast<const IMAGE_IMPORT_BY_NAME*>(base + named->u1.AddressOfData);
+            Function* const function = find(reinterpret_cast<const char*>(import.Name));
+            if (!function)
+                continue;
+            if (!*function->real)
+                *function->real = *address;
+            g_replaced.push_back({address, *address});
+            write(address, function->replacement);
+        }
+    }
+}
+
+} // namespace
+
+ImportFaults::ImportFaults() {
+    for (const wchar_t* library : {L"kelui.dll", L"kelmfc.dll"})
+        replaceImports(GetModuleHandleW(library));
+}
+
+ImportFaults::~ImportFaults() {
+    end();
+    for (const Replaced& replaced : g_replaced)
+        write(replaced.entry, replaced.before);
+    g_replaced.clear();
+}
+
+std::vector<std::string> ImportFaults::functions() {
+    std::vector<std::string> names;
+    for (const Function& function : table())
+        names.emplace_back(function.name);
+    return names;
+}
+
+void ImportFaults::begin(const std::string& function, int nth) {
+    for (Function& each : table())
+        each.calls = 0;
+    const Function* const planned = find(function);
+    g_plan = {true, planned ? static_cast<std::size_t>(planned - table().data()) : 0, planned ? nth : 0, false};
+}
+
+void ImportFaults::end() {
+    g_plan.counting = false;
+}
+
+int ImportFaults::calls(const std::string& function) {
+    const Function* const found = find(function);
+    return found ? found->calls : 0;
+}
+
+bool ImportFaults::struck() {
+    return g_plan.struck;
+}

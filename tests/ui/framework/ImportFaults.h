@@ -1,0 +1,31 @@
+// Failures of the system: stands between the framework's libraries and the system functions that they import, and makes
+// one call fail as the system would.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+/// Lets the imports of kelui.dll and kelmfc.dll pass through here while it lives; one at a time.
+class ImportFaults {
+  public:
+    ImportFaults();
+    ~ImportFaults();
+    ImportFaults(const ImportFaults&) = delete;
+    ImportFaults& operator=(const ImportFaults&) = delete;
+
+    /// The name under which memory for objects and texts is asked for.
+    static constexpr const char* kMemory = "_Znwy";
+    /// The functions that can be made to fail.
+    static std::vector<std::string> functions();
+
+    /// Counts from now on; the `nth` call (from 1) of `function` fails, none for 0.
+    static void begin(const std::string& function = {}, int nth = 0);
+    /// Nothing is counted and nothing fails until the next begin().
+    static void end();
+    /// How often a function has been called since begin().
+    static int calls(const std::string& function);
+    /// Whether the planned call was made.
+    static bool struck();
+};
