@@ -1,0 +1,168 @@
+// Every dialog of the framework and of the module, for people who use the keyboard alone and for programs that read the
+// screen out.
+
+#include "HostTest.h"
+#include "KeyboardWalk.h"
+#include "PickerFixture.h"
+
+#include "OrvUiPickers.h"
+#include "base/ComponentFile.h"
+#include "pickers/PickerIds.h"
+#include "resource.h"
+
+#include <objbase.h>
+
+using testing::IsEmpty;
+using testing::UnorderedElementsAreArray;
+
+namespace {
+
+/// For as long as it lives, assistive programs' interfaces can be used.
+class ComScope {
+  public:
+    ComScope() { CoInitialize(nullptr); }
+    ~ComScope() { CoUninitialize(); }
+    ComScope(const ComScope&) = delete;
+    ComScope& operator=(const ComScope&) = delete;
+};
+
+std::vector<std::string> described(const std::vector<HWND>& controls) {
+    std::vector<std::string> texts;
+    for (const HWND control : controls)
+        texts.push_back(keyboard::describe(control));
+    return texts;
+}
+
+/// What the walk must have found, looked at while the dialog is still there.
+ui::Script& expectAllReached(ui::Script& script, keyboard::Walk& walked) {
+    return script.then(keyboard::walk(walked)).look("what the walk has found", [&walked](const ui::View&) {
+        EXPECT_THAT(walked.stops.size(), testing::Gt(1u));
+        EXPECT_THAT(described(walked.visited), UnorderedElementsAreArray(described(walked.stops)));
+        EXPECT_THAT(described(walked.unshown), IsEmpty()) << "the focus can't be seen";
+        EXPECT_THAT(walked.slips, IsEmpty());
+    });
+}
+
+class EveryPicker : public PickerFixture {
+  protected:
+    const ComScope com;
+    keyboard::Walk walked;
+
+    void SetUp() override { open(ui::TestDrawing().linetype(L"Dashed").drawing()); }
+    /// Walks through what `pick` opens, and leaves it by Escape.
+    void walkThrough(const std::function<void()>& pick, ui::Script script = {}) {
+        expectAllReached(script, walked).press(VK_ESCAPE);
+        answer(script, pick);
+    }
+};
+
+TEST_F(EveryPicker, ofColorsOnBothPages) {
+    KelCmColor color;
+    const auto pick = [&] { EXPECT_EQ(keledSetColorDialogTrueColor(color, true, color, 7), 0); };
+    walkThrough(pick);
+    EXPECT_THAT(walked.stops, testing::SizeIs(6));
+    walkThrough(pick, ui::Script().waitForControl(IDC_COLOR_PALETTE).press(VK_TAB, ui::holdControl));
+    EXPECT_THAT(walked.stops, testing::SizeIs(7));
+}
+
+TEST_F(EveryPicker, ofLinetypes) {
+    wchar_t* name = nullptr;
+    KelDbObjectId id;
+    walkThrough([&] { EXPECT_FALSE(keledLinetypeDialog(linetypeId(L"Dashed"), false, name, id)); });
+}
+
+TEST_F(EveryPicker, ofLineweights) {
+    int weight = 0;
+    walkThrough([&] { EXPECT_FALSE(keledLineWeightDialog(25, false, weight)); });
+}
+
+TEST_F(EveryPicker, ofPlotStyles) {
+    wchar_t* name = nullptr;
+    walkThrough([&] { EXPECT_FALSE(keledPlotstyleDialog(L"Normal", false, name)); });
+}
+
+class EveryModuleDialog : public ui::HostTest {
+  protected:
+    const ComScope com;
+    keyboard::Walk walked;
+
+    void SetUp() override {
+        HostTest::SetUp();
+        loadModule();
+        open(ui::TestDrawing().layer(L"Walls").state(L"Ground floor", MaskAllProperties));
+    }
+};
+
+TEST_F(EveryModuleDialog, managerWithItsPanelOpenAndClosed) {
+    for (const unsigned long expanded : {1ul, 0ul}) {
+        keep(L"KelLayerApps:LayerStatesManager", L"Expanded", expanded);
+        ui::Script script;
+        script.waitUntil("the panel is as it was left", [expanded](const ui::View& view) {
+            return view.isVisible(IDC_LSTATE_RES_PANEL) == (expanded != 0);
+        });
+        expectAllReached(script, walked).press(VK_ESCAPE);
+        ui::perform(script, [this] { runCommand(L"LAYERSTATE"); });
+    }
+}
+
+/// One dialog template of one language.
+struct Template {
+    HMODULE module;
+    std::wstring file;
+    WORD id;
+    WORD language;
+};
+
+BOOL CALLBACK addLanguage(HMODULE module, LPCWSTR, LPCWSTR name, WORD language, LONG_PTR found) {
+    auto& templates = *reinterpret_cast<std::vector<Template>*>(found);
+    templates.push_back({module, {}, static_cast<WORD>(reinterpret_cast<ULONG_PTR>(name)), language});
+    return TRUE;
+}
+BOOL CALLBACK addDialog(HMODULE module, LPCWSTR type, LPWSTR name, LONG_PTR found) {
+    return EnumResourceLanguagesW(module, type, name, addLanguage, found);
+}
+
+std::vector<Template> templatesOf(const std::wstring& file) {
+    std::vector<Template> templates;
+    const HMODULE module = LoadLibraryW((framework::frameworkFolder() + file).c_str());
+    EnumResourceNamesW(module, MAKEINTRESOURCEW(5), addDialog, reinterpret_cast<LONG_PTR>(&templates));
+    for (Template& each : templates)
+        each.file = file;
+    return templates;
+}
+
+/// The dialog of a template, not shown and with nothing filled in; null when it can't be made.
+HWND create(const Template& each, HWND parent) {
+    const HRSRC found = FindResourceExW(each.module, MAKEINTRESOURCEW(5), MAKEINTRESOURCEW(each.id), each.language);
+    auto* const bytes = static_cast<LPCDLGTEMPLATEW>(LockResource(LoadResource(each.module, found)));
+    return CreateDialogIndirectParamW(each.module, bytes, parent, nullptr, 0);
+}
+
+class EveryTemplate : public testing::TestWithParam<const wchar_t*> {};
+
+TEST_P(EveryTemplate, hasUniqueKeysNamesAndAReadingOrderInEachLanguage) {
+    const ComScope com;
+    // The field of the palette, which the framework makes known when it needs it.
+    WNDCLASSW field = {};
+    field.style = CS_GLOBALCLASS;
+    field.lpfnWndProc = DefWindowProcW;
+    field.lpszClassName = PALETTE_FIELD_CLASS;
+    RegisterClassW(&field);
+    const HWND parent = CreateWindowW(L"STATIC", L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
+    const std::vector<Template> templates = templatesOf(GetParam());
+    EXPECT_FALSE(templates.empty());
+    for (const Template& each : templates) {
+        SCOPED_TRACE("template " + std::to_string(each.id) + ", language " + std::to_string(each.language));
+        const HWND dialog = create(each, parent);
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_THAT(keyboard::slips(dialog, true), IsEmpty());
+        DestroyWindow(dialog);
+    }
+    DestroyWindow(parent);
+    UnregisterClassW(PALETTE_FIELD_CLASS, GetModuleHandleW(nullptr));
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, EveryTemplate, testing::Values(L"kelui.dll", L"KelLayerAppsRes.dll"),
+                         [](const auto& test) { return test.index == 0 ? "theFramework" : "theModule"; });
+
+} // namespace
