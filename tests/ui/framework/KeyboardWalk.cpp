@@ -92,6 +92,17 @@ bool hasName(HWND control) {
     return !accessibleName(control).empty() || !labelOf(control).empty();
 }
 
+/// Whether a control is worked, and so has to be a stop. Of a group of radio buttons one is.
+bool isWorked(HWND control) {
+    const LONG_PTR kind = GetWindowLongPtrW(control, GWL_STYLE) & BS_TYPEMASK;
+    if (isOfClass(control, WC_BUTTONW))
+        return kind != BS_GROUPBOX && kind != BS_RADIOBUTTON && kind != BS_AUTORADIOBUTTON;
+    for (const wchar_t* worked : {WC_EDITW, WC_LISTVIEWW, WC_COMBOBOXW, WC_LISTBOXW, WC_TABCONTROLW, WC_TREEVIEWW})
+        if (isOfClass(control, worked))
+            return true;
+    return false;
+}
+
 bool isPicture(HWND control) {
     const LONG_PTR kind = GetWindowLongPtrW(control, GWL_STYLE) & SS_TYPEMASK;
     return isOfClass(control, WC_STATICW) && (kind == SS_OWNERDRAW || kind == SS_BITMAP || kind == SS_ICON);
@@ -194,6 +205,9 @@ std::vector<std::string> slips(HWND dialog, bool hidden) {
     std::vector<std::string> found;
     const std::vector<HWND> controls = controlsOf(dialog, hidden);
     addKeySlips(controls, found);
+    for (const HWND control : controls)
+        if (isWorked(control) && !hasStyle(control, WS_TABSTOP))
+            found.push_back(describe(control) + " can't be reached by the Tab key");
     for (const HWND control : controls)
         if ((hasStyle(control, WS_TABSTOP) || isPicture(control)) && !hasName(control))
             found.push_back(describe(control) + " has no name");
