@@ -153,6 +153,22 @@ TEST_F(BadServer, whatComesBehindTheFileIsNoPartOfIt) {
     EXPECT_EQ(bytesOf(local), "plan");
 }
 
+TEST_F(BadServer, oneThatNeverStopsSendingIsLeft) {
+    const auto goOnBehind = [](const char* head) {
+        return [head](const TestClient& client) {
+            client.send(head);
+            while (client.send(std::string(10'000, 'x'))) {
+            }
+        };
+    };
+    EXPECT_EQ(fetchFrom(goOnBehind("HTTP/1.1 404 Not Found\r\n\r\n")), eInetTargetAbsent);
+    EXPECT_EQ(fetchFrom(goOnBehind("HTTP/1.1 200 OK\r\n\r\n")), eInetNotUnderstood);
+    EXPECT_EQ(uploadTo(goOnBehind("HTTP/1.1 503 Busy\r\n\r\n")), eInetServerFailed);
+    const TestServer server(goOnBehind("HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\n"));
+    EXPECT_EQ(fetch(server.address()), eInetOk) << printed(problem());
+    EXPECT_EQ(bytesOf(local), "xxxx");
+}
+
 TEST_F(BadServer, redirectsThatLeadNowhere) {
     EXPECT_EQ(fetchFrom(answers("HTTP/1.1 302 Found\r\nContent-Length: 0\r\n\r\n")), eInetBadRedirect);
     EXPECT_THAT(printed(problem()), HasSubstr("without saying where"));

@@ -64,6 +64,19 @@ TEST_F(TemporaryFile, staysAfterAnUploadThatFailed) {
     EXPECT_EQ(bytesOf(path), "plan");
 }
 
+TEST_F(TemporaryFile, thatSomebodyReadsIsDeletedTheNextTime) {
+    const std::wstring url = nginx::address(L"uploads/temporary.las");
+    const fs::path path = make(url);
+    const HANDLE reader = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr);
+    ASSERT_NE(reader, INVALID_HANDLE_VALUE);
+    EXPECT_EQ(upload(path, url), eInetOk) << printed(problem());
+    EXPECT_TRUE(fs::exists(path));
+    CloseHandle(reader);
+    EXPECT_EQ(upload(path, url), eInetOk) << printed(problem());
+    EXPECT_FALSE(fs::exists(path));
+}
+
 TEST_F(TemporaryFile, aFileOfTheUsersIsNeverDeleted) {
     writeBytes(local, "plan");
     EXPECT_EQ(upload(local, nginx::address(L"uploads/own.las")), eInetOk) << printed(problem());

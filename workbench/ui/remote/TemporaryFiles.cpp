@@ -63,8 +63,9 @@ void TemporaryFiles::discard(const std::wstring& path) {
     const auto found = std::find(m_paths.begin(), m_paths.end(), path);
     if (found == m_paths.end())
         return;
-    DeleteFileW(path.c_str());
-    m_paths.erase(found);
+    // One that somebody has open is left for the next time.
+    if (DeleteFileW(path.c_str()) || GetLastError() == ERROR_FILE_NOT_FOUND)
+        m_paths.erase(found);
 }
 
 } // namespace remote

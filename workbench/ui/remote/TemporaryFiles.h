@@ -17,7 +17,7 @@ class TemporaryFiles {
     /// Makes an empty file in the user's temporary folder. Throws a RemoteFailure when it can't be made.
     /// @param extension without the point; may be empty
     std::wstring make(const std::wstring& extension);
-    /// Deletes a file if it is one of them.
+    /// Deletes a file if it is one of them. One that can't be deleted now stays one of them.
     void discard(const std::wstring& path);
 
   private:
