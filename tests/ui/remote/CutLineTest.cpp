@@ -43,7 +43,8 @@ void answerNothing(const TestClient& client) {
 }
 
 TEST_F(BadServer, aClosedPort) {
-    const std::wstring url = L"http://127.0.0.1:" + std::to_wstring(closedPort()) + L"/plan.las";
+    const ClosedPort port;
+    const std::wstring url = port.address();
     EXPECT_EQ(fetch(url), eInetNoConnection);
     EXPECT_EQ(problem(), L"The address \"" + url + L"\" can't be reached: there is no connection to its server.");
     EXPECT_EQ(upload(url), eInetNoConnection);

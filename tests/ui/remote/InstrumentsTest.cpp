@@ -70,20 +70,23 @@ TEST_F(Instruments, theCountOfHandlesIsTrue) {
 
 TEST_F(Instruments, transfersHoldOnToNothing) {
     writeBytes(nginx::file(L"plan.las"), manyBytes(100'000));
-    const unsigned short closed = closedPort();
+    const ClosedPort closed;
     const auto transferAll = [&] {
         EXPECT_EQ(fetch(nginx::address(L"plan.las")), eInetOk) << printed(problem());
         EXPECT_EQ(upload(nginx::address(L"uploads/again.las")), eInetOk) << printed(problem());
         EXPECT_EQ(fetch(nginx::address(L"plan.las", nginx::Door::Good)), eInetOk) << printed(problem());
         EXPECT_EQ(fetch(nginx::address(L"no such.las")), eInetTargetAbsent);
         EXPECT_EQ(fetch(nginx::address(L"plan.las", nginx::Door::Unsigned)), eInetNotSecure);
-        EXPECT_EQ(fetch(L"http://127.0.0.1:" + std::to_wstring(closed) + L"/"), eInetNoConnection);
+        EXPECT_EQ(fetch(closed.address()), eInetNoConnection);
     };
+    // The system's client looks names up in threads of a pool, which come and go.
+    constexpr unsigned poolThreads = 4;
     transferAll(); // what the system keeps from the first time on
     const auto before = countHandles();
+    ASSERT_TRUE(before);
     for (int i = 0; i < 50; ++i)
         transferAll();
-    EXPECT_EQ(countHandles(), before);
+    EXPECT_LE(countHandles(), *before + poolThreads);
 }
 
 } // namespace

@@ -9,14 +9,21 @@
 #include <wincrypt.h>
 
 #include <array>
+#include <cstdio>
+#include <cstdlib>
 
 namespace nginx {
 namespace {
 
-/// What with_nginx tells; empty when it hasn't started this program.
+/// What with_nginx tells. Without it there is nothing to test with, and no folder that may be emptied: the program
+/// ends.
 std::wstring told(const wchar_t* name) {
     std::array<wchar_t, MAX_PATH> text{};
-    GetEnvironmentVariableW(name, text.data(), static_cast<DWORD>(text.size()));
+    const DWORD length = GetEnvironmentVariableW(name, text.data(), static_cast<DWORD>(text.size()));
+    if (length == 0 || length >= text.size()) {
+        std::fputs("Start this program by tests/ui/remote/with_nginx.\n", stderr);
+        std::_Exit(2);
+    }
     return text.data();
 }
 
@@ -48,6 +55,12 @@ std::wstring address(const std::wstring& name, Door door) {
 
 std::filesystem::path file(const std::wstring& name) {
     return unixPath(told(L"KEL_NGINX_FILES")) / name;
+}
+
+void clear() {
+    for (const std::filesystem::directory_entry& entry : std::filesystem::recursive_directory_iterator(file(L"")))
+        if (entry.is_regular_file())
+            std::filesystem::remove(entry.path());
 }
 
 Trust::Trust() : m_store(CertOpenStore(CERT_STORE_PROV_SYSTEM_W, 0, 0, CERT_SYSTEM_STORE_CURRENT_USER, L"Root")) {

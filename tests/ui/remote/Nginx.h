@@ -14,6 +14,9 @@ std::wstring address(const std::wstring& name, Door door = Door::Http);
 /// Where that file stands.
 std::filesystem::path file(const std::wstring& name);
 
+/// Removes all its files; the folders stay.
+void clear();
+
 /// Makes the authority that signed its certificates one that this user trusts.
 class Trust {
   public:

@@ -2,6 +2,8 @@
 
 #include "RemoteFixture.h"
 
+#include "Nginx.h"
+
 #include "files/TextCoding.h"
 #include "instruments/HostCalls.h"
 #include "remote/RemoteProblem.h"
@@ -49,6 +51,7 @@ std::string printed(const std::wstring& text) {
 
 RemoteTest::RemoteTest() : folder(makeFolder()) {
     using namespace std::chrono_literals;
+    nginx::clear();
     remote::setTimeouts({.resolve = 2s, .connect = 2s, .send = 2s, .receive = 2s});
     instruments::watch(true);
 }

@@ -15,7 +15,7 @@ std::string manyBytes(std::size_t count);
 /// A text for a message, in UTF-8.
 std::string printed(const std::wstring& text);
 
-/// The instruments watch, a server is waited for only shortly, and nothing is lent out at the end.
+/// The instruments watch, nginx has no files, a server is waited for only shortly, and nothing is lent out at the end.
 class RemoteTest : public testing::Test {
   protected:
     RemoteTest();

@@ -10,12 +10,10 @@
 namespace {
 
 /// Sockets need a start of their own in every program.
-struct Winsock {
-    Winsock() {
-        WSADATA data{};
-        WSAStartup(MAKEWORD(2, 2), &data);
-    }
-};
+void startWinsock() {
+    static WSADATA data{};
+    [[maybe_unused]] static const int started = WSAStartup(MAKEWORD(2, 2), &data);
+}
 
 union SocketAddress {
     sockaddr any;
@@ -81,7 +79,7 @@ void TestClient::ignore() const {
 }
 
 TestServer::TestServer(Behaviour behaviour, int family) : m_behaviour(std::move(behaviour)), m_family(family) {
-    static const Winsock winsock;
+    startWinsock();
     m_listener = socket(family, SOCK_STREAM, 0);
     const unsigned short port = bindToFreePort(m_listener, family);
     if (port == 0 || listen(m_listener, SOMAXCONN) != 0)
@@ -139,10 +137,8 @@ TestServer::Behaviour answers(std::string text) {
     };
 }
 
-unsigned short closedPort() {
-    static const Winsock winsock;
-    const SOCKET taken = socket(AF_INET, SOCK_STREAM, 0);
-    const unsigned short port = bindToFreePort(taken, AF_INET);
-    closesocket(taken);
-    return port;
+ClosedPort::ClosedPort() {
+    startWinsock();
+    m_socket = socket(AF_INET, SOCK_STREAM, 0);
+    m_port = bindToFreePort(m_socket, AF_INET);
 }

@@ -60,5 +60,16 @@ class TestServer {
 
 /// Sends that text as the whole answer and closes the line in good order.
 TestServer::Behaviour answers(std::string text);
-/// A port of this computer on which nobody listens.
-unsigned short closedPort();
+/// A port of this computer on which nobody listens, for as long as it lives.
+class ClosedPort {
+  public:
+    ClosedPort();
+    ~ClosedPort() { closesocket(m_socket); }
+    ClosedPort(const ClosedPort&) = delete;
+    ClosedPort& operator=(const ClosedPort&) = delete;
+    std::wstring address() const { return L"http://127.0.0.1:" + std::to_wstring(m_port) + L"/plan.las"; }
+
+  private:
+    SOCKET m_socket; // has the port and doesn't listen, so that nobody else can
+    unsigned short m_port;
+};

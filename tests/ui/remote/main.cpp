@@ -17,7 +17,7 @@ class Trusting : public testing::Environment {
   public:
     void SetUp() override {
         m_trust = std::make_unique<nginx::Trust>();
-        ASSERT_TRUE(m_trust->stands()) << "start this program by with_nginx";
+        ASSERT_TRUE(m_trust->stands());
     }
     void TearDown() override { m_trust.reset(); }
 
