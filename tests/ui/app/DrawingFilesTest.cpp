@@ -7,7 +7,11 @@
 
 #include "files/DrawingFile.h"
 
+#include <atomic>
 #include <fstream>
+#include <thread>
+
+#include <shlobj.h>
 
 namespace fs = std::filesystem;
 using ui::Script;
@@ -31,6 +35,18 @@ Script expectTitle(const std::wstring& title) {
     Script script;
     script.waitUntil("the title is " + ui::narrow(title), [title](const View& view) { return view.title() == title; });
     return script;
+}
+
+/// What the system sends for a file that is dropped on the window.
+void drop(HWND target, const std::wstring& path) {
+    const SIZE_T size = sizeof(DROPFILES) + (path.size() + 2) * sizeof(wchar_t);
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, size);
+    auto* files = static_cast<DROPFILES*>(GlobalLock(memory));
+    files->pFiles = sizeof(DROPFILES);
+    files->fWide = TRUE;
+    std::copy(path.begin(), path.end(), reinterpret_cast<wchar_t*>(files + 1));
+    GlobalUnlock(memory);
+    PostMessageW(target, WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
 }
 
 class DrawingFilesTest : public WorkbenchTest {
@@ -127,5 +143,46 @@ TEST_F(DrawingFilesTest, AsksTheSystemsDialogForAFile) {
         .press(VK_RETURN)
         .then(expectTitle(L"plan.zdr - Kel Workbench"))
         .then(command(L"QUIT"));
+    runWith(script);
+}
+
+TEST_F(DrawingFilesTest, AFileDroppedOnTheWindowIsOpened) {
+    writeSample("a plan.zdr");
+    Script script;
+    script
+        .look("the window takes files",
+              [](const View& view) { EXPECT_TRUE(GetWindowLongPtrW(view.window(), GWL_EXSTYLE) & WS_EX_ACCEPTFILES); })
+        .look("drop a file", [this](const View& view) { drop(view.window(), path("a plan.zdr")); })
+        .then(expectTitle(L"a plan.zdr - Kel Workbench"))
+        .then(command(L"QUIT"));
+    runWith(script);
+}
+
+TEST_F(DrawingFilesTest, TheEndOfTheSystemsSessionAsksAboutUnsavedChanges) {
+    constexpr LRESULT none = -1;
+    std::atomic<LRESULT> answer = none;
+    // The system asks from outside, and waits.
+    std::jthread system;
+    const auto ends = [&] {
+        Script script;
+        script.look("the session ends", [&](const View& view) {
+            answer = none;
+            system = std::jthread(
+                [&answer, shown = view.window()] { answer = SendMessageW(shown, WM_QUERYENDSESSION, 0, 0); });
+        });
+        return script;
+    };
+    const auto answers = [&](LRESULT expected) {
+        Script script;
+        script.waitUntil("the answer is " + std::to_string(expected),
+                         [&answer, expected](const View&) { return answer == expected; });
+        return script;
+    };
+    Script script;
+    script.then(ends()).then(answers(TRUE));
+    script.then(command(L"TURNOFF")).then(ends());
+    script.then(answerBox(L"Save the changes to Drawing1?", IDCANCEL)).then(answers(FALSE));
+    script.then(ends()).then(answerBox(L"Save the changes to Drawing1?", IDNO)).then(answers(TRUE));
+    script.then(command(L"QUIT")).then(answerBox(L"Save the changes to Drawing1?", IDNO));
     runWith(script);
 }

@@ -147,11 +147,7 @@ TEST_F(DrawingViewTest, ZoomsWithTheWheelAndBackToTheExtents) {
               [](const View& view) -> ui::Obstacle {
                   if (!ui::pointerRestsAt(ui::middleOf(viewRect(view))))
                       return "the pointer is under way";
-                  INPUT turn{};
-                  turn.type = INPUT_MOUSE;
-                  turn.mi.dwFlags = MOUSEEVENTF_WHEEL;
-                  turn.mi.mouseData = static_cast<DWORD>(-3 * WHEEL_DELTA);
-                  SendInput(1, &turn, sizeof turn);
+                  ui::turnWheel(-3 * WHEEL_DELTA);
                   return std::nullopt;
               })
         .waitUntil("a shorter line", [&before](const View& view) {
@@ -290,11 +286,7 @@ TEST_F(DrawingViewTest, TheWheelKeepsWhatIsUnderThePointer) {
               })
         .step("turn the wheel",
               [](const View&) -> ui::Obstacle {
-                  INPUT turn{};
-                  turn.type = INPUT_MOUSE;
-                  turn.mi.dwFlags = MOUSEEVENTF_WHEEL;
-                  turn.mi.mouseData = 2 * WHEEL_DELTA;
-                  SendInput(1, &turn, sizeof turn);
+                  ui::turnWheel(2 * WHEEL_DELTA);
                   return std::nullopt;
               })
         .waitUntil("the same is there, larger", [&](const View&) { return shown().view().scale() > 1.5 * scale; })

@@ -123,11 +123,7 @@ TEST_F(KeyboardTest, TheWheelScrollsWhatWasSaid) {
         script.step("turn the wheel over what was said", [steps](const View& view) -> ui::Obstacle {
             if (!ui::pointerRestsAt(ui::middleOf(View(paneControl(view, IDC_COMMAND_HISTORY)).rect())))
                 return "the pointer is under way";
-            INPUT input{};
-            input.type = INPUT_MOUSE;
-            input.mi.dwFlags = MOUSEEVENTF_WHEEL;
-            input.mi.mouseData = static_cast<DWORD>(steps * WHEEL_DELTA);
-            SendInput(1, &input, sizeof input);
+            ui::turnWheel(steps * WHEEL_DELTA);
             return std::nullopt;
         });
         return script;

@@ -3,8 +3,6 @@
 #include "WorkbenchFixture.h"
 #include "resource.h"
 
-#include <commctrl.h>
-
 using ui::Script;
 using ui::View;
 
@@ -22,23 +20,6 @@ bool isInSight(const View& view, std::size_t tab) {
     const CRect back = tabs(view).scrollRect(false);
     const CRect bar(view.rect(IDC_SPACE_TABS));
     return rect.Width() > 40 && rect.right <= (back.IsRectEmpty() ? bar.Width() : back.left);
-}
-
-/// The text of the tip on view; empty when there is none.
-std::wstring shownTip() {
-    std::wstring text;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM result) -> BOOL {
-            wchar_t name[64] = {};
-            GetClassNameW(window, name, 64);
-            if (std::wstring_view(name) != TOOLTIPS_CLASSW || !IsWindowVisible(window))
-                return TRUE;
-            *reinterpret_cast<std::wstring*>(result) = ui::textOf(window);
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&text));
-    return text;
 }
 
 using Place = std::function<CRect(workbench::SpaceTabs& tabs)>;
@@ -149,15 +130,7 @@ TEST_F(TabsTest, AHeldScrollButtonGoesOnToTheEnd) {
 
 TEST_F(TabsTest, TheWheelScrollsTheTabsBelowThePointer) {
     makeManyLayouts();
-    const auto turn = [](int steps) {
-        return [steps] {
-            INPUT input{};
-            input.type = INPUT_MOUSE;
-            input.mi.dwFlags = MOUSEEVENTF_WHEEL;
-            input.mi.mouseData = static_cast<DWORD>(steps * WHEEL_DELTA);
-            SendInput(1, &input, sizeof input);
-        };
-    };
+    const auto turn = [](int steps) { return [steps] { ui::turnWheel(steps * WHEEL_DELTA); }; };
     Script script;
     script.then(at(scrollButton(true), turn(-5)))
         .waitUntil("five tabs further on", [](const View& view) { return !isInSight(view, 4) && isInSight(view, 5); })
@@ -214,8 +187,8 @@ TEST_F(TabsTest, ALongNameIsShortenedAndToldInFullByATip) {
                   EXPECT_TRUE(isInSight(view, 2));
               })
         .then(at(tab(1), [] {}))
-        .waitUntil("the tip tells the name", [name](const View&) { return shownTip() == name; })
+        .waitUntil("the tip tells the name", [name](const View&) { return ui::shownTip() == name; })
         .then(at(tab(2), [] {}))
-        .waitUntil("a short name needs none", [](const View&) { return shownTip().empty(); });
+        .waitUntil("a short name needs none", [](const View&) { return ui::shownTip().empty(); });
     runAndThrowAway(script);
 }

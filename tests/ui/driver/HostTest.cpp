@@ -27,6 +27,18 @@ std::string traceText() {
 
 } // namespace
 
+std::vector<std::string> callsOf(const std::string& operation, const std::vector<std::string>& trace) {
+    std::vector<std::string> calls;
+    for (const std::string& line : trace)
+        if (line.starts_with(operation + "("))
+            calls.push_back(line);
+    return calls;
+}
+
+std::vector<std::string> callsOf(const std::string& operation) {
+    return callsOf(operation, instruments::trace());
+}
+
 std::filesystem::path programFolder() {
     wchar_t path[MAX_PATH];
     GetModuleFileNameW(nullptr, path, MAX_PATH);

@@ -16,6 +16,11 @@
 
 namespace ui {
 
+/// The host calls of one operation among those of a trace, in order.
+std::vector<std::string> callsOf(const std::string& operation, const std::vector<std::string>& trace);
+/// The same among all calls so far.
+std::vector<std::string> callsOf(const std::string& operation);
+
 /// The folder of the running program, where the module lies too.
 std::filesystem::path programFolder();
 

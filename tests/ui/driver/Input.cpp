@@ -57,6 +57,13 @@ class Batch {
         input.mi.time = m_time;
         m_inputs.push_back(input);
     }
+    void wheel(int delta) {
+        INPUT input{};
+        input.type = INPUT_MOUSE;
+        input.mi.dwFlags = MOUSEEVENTF_WHEEL;
+        input.mi.mouseData = static_cast<DWORD>(delta);
+        m_inputs.push_back(input);
+    }
     void move(POINT point) { mouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, point); }
     // Names the place with each press and release: on a busy system the X server tells of an older place of the pointer
     // after the move to the new one.
@@ -137,6 +144,12 @@ void pressButton() {
 void releaseButton() {
     Batch batch;
     batch.button(MOUSEEVENTF_LEFTUP);
+    batch.send();
+}
+
+void turnWheel(int delta) {
+    Batch batch;
+    batch.wheel(delta);
     batch.send();
 }
 

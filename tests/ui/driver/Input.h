@@ -21,6 +21,8 @@ void click(int times = 1, unsigned held = holdNothing);
 /// Presses the left button where the pointer rests and leaves it down; a release is to follow.
 void pressButton();
 void releaseButton();
+/// Turns the wheel where the pointer rests; WHEEL_DELTA is one step away from the user.
+void turnWheel(int delta);
 /// Presses and releases a key given by its virtual key code.
 void pressKey(WORD key, unsigned held = holdNothing);
 /// Presses the keys that make a character on the keyboard in use, with more keys held: Alt and '<', for example.

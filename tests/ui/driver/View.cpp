@@ -33,6 +33,22 @@ std::vector<HWND> visibleControls(HWND window) {
     return controls;
 }
 
+std::wstring shownTip() {
+    std::wstring text;
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND window, LPARAM result) -> BOOL {
+            wchar_t name[64] = {};
+            GetClassNameW(window, name, 64);
+            if (std::wstring_view(name) != TOOLTIPS_CLASSW || !IsWindowVisible(window))
+                return TRUE;
+            *reinterpret_cast<std::wstring*>(result) = textOf(window);
+            return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&text));
+    return text;
+}
+
 std::wstring textOf(HWND window) {
     std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
     text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));

@@ -70,6 +70,8 @@ class View {
 
 /// The text of any window.
 std::wstring textOf(HWND window);
+/// The text of the tip that this thread shows; empty when it shows none.
+std::wstring shownTip();
 /// All that is shown inside a window, at any depth.
 std::vector<HWND> visibleControls(HWND window);
 /// For messages of a test.

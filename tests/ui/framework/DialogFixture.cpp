@@ -76,22 +76,6 @@ RECT screenRect(HWND window) {
     return rect;
 }
 
-std::wstring shownTip() {
-    std::wstring text;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM result) -> BOOL {
-            wchar_t name[64] = {};
-            GetClassNameW(window, name, 64);
-            if (std::wstring_view(name) != TOOLTIPS_CLASSW || !IsWindowVisible(window))
-                return TRUE;
-            *reinterpret_cast<std::wstring*>(result) = ui::textOf(window);
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&text));
-    return text;
-}
-
 DialogFixture::DialogFixture() {
     RegDeleteTreeW(HKEY_CURRENT_USER, kTestRoot);
     framework::DialogStore::setRoot(kTestRoot);

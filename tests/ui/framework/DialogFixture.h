@@ -42,8 +42,7 @@ ui::Script& pointAway(ui::Script& script);
 ui::Script& pause(ui::Script& script, std::chrono::milliseconds duration);
 
 RECT screenRect(HWND window);
-/// The text of the tip that shows, empty when there is none.
-std::wstring shownTip();
+using ui::shownTip;
 
 /// Moves the framework's store to a key of the tests, and empties it before and after each one.
 class DialogFixture : public testing::Test {

@@ -89,9 +89,9 @@ TEST_F(Opening, InAViewportEveryStateIsComparedWithWhatTheViewportShows) {
     open(house().lastRestored(L"Bare").inViewport());
     std::vector<std::string> compared;
     lookAtOpening([&compared](const View&) {
-        for (const std::string& line : instruments::trace())
-            if (line.starts_with("compareLayerStateToDb("))
-                compared.push_back(line.substr(0, line.find(')') + 1));
+        compared = ui::callsOf("compareLayerStateToDb");
+        for (std::string& line : compared)
+            line.resize(line.find(')') + 1);
     });
     EXPECT_THAT(compared, ElementsAre("compareLayerStateToDb(\"Ground floor\", #F0)",
                                       "compareLayerStateToDb(\"Plumbing plan\", #F0)",

@@ -33,19 +33,13 @@ class RestoreFailure : public ManagerTest {
                   })
             .click(IDC_LSTATE_RES_RESTORE);
     }
-    static int callsOf(const std::string& operation) {
-        int count = 0;
-        for (const std::string& line : instruments::trace())
-            count += line.starts_with(operation + "(");
-        return count;
-    }
     /// A refused restore goes through all the same.
     void expectGoneThrough() const {
-        EXPECT_EQ(callsOf("setLayerStateMask"), 1);
-        EXPECT_EQ(callsOf("keledRegenLayers"), 1);
-        EXPECT_EQ(callsOf("endTransaction"), 1);
-        EXPECT_EQ(callsOf("applyCurZdrLayerTableChanges"), 2);
-        EXPECT_EQ(callsOf("keledUpdateDisplay"), 2);
+        EXPECT_EQ(ui::callsOf("setLayerStateMask").size(), 1u);
+        EXPECT_EQ(ui::callsOf("keledRegenLayers").size(), 1u);
+        EXPECT_EQ(ui::callsOf("endTransaction").size(), 1u);
+        EXPECT_EQ(ui::callsOf("applyCurZdrLayerTableChanges").size(), 2u);
+        EXPECT_EQ(ui::callsOf("keledUpdateDisplay").size(), 2u);
         EXPECT_EQ(kept(managerName, L"Expanded"), 0);
     }
 
@@ -70,7 +64,7 @@ TEST_P(RestoreReports, ComeAsAMessageBoxAndTheManagerEnds) {
                          EXPECT_TRUE(view.has(IDOK) || view.has(IDCANCEL)); // a lone OK button may bear either id
                          EXPECT_FALSE(view.has(IDYES));
                          // The transaction is still under way while the box is open.
-                         EXPECT_EQ(callsOf("endTransaction"), 0);
+                         EXPECT_EQ(ui::callsOf("endTransaction").size(), 0u);
                      })
                .press(VK_RETURN));
     expectGoneThrough();
@@ -101,7 +95,7 @@ TEST_F(RestoreFailure, AnyOtherStatusIsToldByTheTaskDialog) {
                                          "\"KelLayerApps.CannotRestoreLayerState\", null, 0)")));
                      })
                .press(VK_RETURN));
-    EXPECT_EQ(callsOf("taskDialog.ShowDialog"), 1);
+    EXPECT_EQ(ui::callsOf("taskDialog.ShowDialog").size(), 1u);
     expectGoneThrough();
 }
 
@@ -153,14 +147,14 @@ TEST_F(RestoreFailure, ATaskDialogThatCantBeLoadedBecomesAMessageBoxWithoutText)
                          EXPECT_EQ(view.texts().size(), 1u); // the button's alone
                      })
                .press(VK_RETURN));
-    EXPECT_EQ(callsOf("taskDialog.ShowDialog"), 0);
+    EXPECT_EQ(ui::callsOf("taskDialog.ShowDialog").size(), 0u);
     expectGoneThrough();
 }
 
 TEST_F(RestoreFailure, Status23IsPassedOverInSilence) {
     open(house());
     manage(restoreAnswering(Vorn::eDuplicateRecordName));
-    EXPECT_EQ(callsOf("taskDialog.LoadFromFile"), 0);
+    EXPECT_EQ(ui::callsOf("taskDialog.LoadFromFile").size(), 0u);
     expectGoneThrough();
 }
 
@@ -169,7 +163,7 @@ TEST_F(RestoreFailure, ASuccessSaysNothing) {
     manage(Script()
                .look("the calls count from here", [](const View&) { instruments::clearTrace(); })
                .click(IDC_LSTATE_RES_RESTORE));
-    EXPECT_EQ(callsOf("taskDialog.LoadFromFile"), 0);
+    EXPECT_EQ(ui::callsOf("taskDialog.LoadFromFile").size(), 0u);
     expectGoneThrough();
 }
 

@@ -25,13 +25,6 @@ class Restore : public ManagerTest {
                    .click(IDC_LSTATE_RES_RESTORE));
         return instruments::trace();
     }
-    static std::vector<std::string> only(const std::vector<std::string>& calls, const std::string& operation) {
-        std::vector<std::string> found;
-        for (const std::string& line : calls)
-            if (line.starts_with(operation + "("))
-                found.push_back(line);
-        return found;
-    }
 };
 
 TEST_F(Restore, AsksTheHostForTheseStepsInThisOrder) {
@@ -78,7 +71,7 @@ TEST_F(Restore, WritesTheTickedBoxesIntoTheStateForGood) {
     keep(managerName, L"Expanded", 1);
     const std::vector<std::string> calls = callsOfRestore(
         Script().clickCell(IDC_LSTATE_RES_LIST, 1, 0).click(IDC_LSTATE_RES_ON).click(IDC_LSTATE_RES_LOCKED));
-    EXPECT_THAT(only(calls, "setLayerStateMask"), ElementsAre("setLayerStateMask(\"Plumbing plan\", 100) = 0"));
+    EXPECT_THAT(ui::callsOf("setLayerStateMask", calls), ElementsAre("setLayerStateMask(\"Plumbing plan\", 100) = 0"));
     LayerStateMask mask = 0;
     EXPECT_EQ(states().getLayerStateMask(L"Plumbing plan", mask), Vorn::eOk);
     EXPECT_EQ(mask, MaskLocked | MaskColor | MaskLinetype);
@@ -86,21 +79,21 @@ TEST_F(Restore, WritesTheTickedBoxesIntoTheStateForGood) {
 
 TEST_F(Restore, CountsBoxesThatAreTickedThoughDisabledOrHidden) {
     open(house()); // the box for viewports is disabled here, and the panel is closed
-    EXPECT_THAT(only(callsOfRestore(), "setLayerStateMask"),
+    EXPECT_THAT(ui::callsOf("setLayerStateMask", callsOfRestore()),
                 ElementsAre("setLayerStateMask(\"Ground floor\", 1023) = 0"));
 }
 
 TEST_F(Restore, DropsTheBitsThatNoBoxStandsFor) {
     open(house().state(L"Odd", 0x80000000u | MaskOn).lastRestored(L"Odd"));
-    EXPECT_THAT(only(callsOfRestore(), "setLayerStateMask"), ElementsAre("setLayerStateMask(\"Odd\", 1) = 0"));
+    EXPECT_THAT(ui::callsOf("setLayerStateMask", callsOfRestore()), ElementsAre("setLayerStateMask(\"Odd\", 1) = 0"));
 }
 
 TEST_F(Restore, WithAllBoxesClearedGoesOnWithAnEmptyMask) {
     open(house().lastRestored(L"Plumbing plan"));
     keep(managerName, L"Expanded", 1);
     const std::vector<std::string> calls = callsOfRestore(Script().click(IDC_LSTATE_RES_CLEARALL));
-    EXPECT_THAT(only(calls, "setLayerStateMask"), ElementsAre("setLayerStateMask(\"Plumbing plan\", 0) = 0"));
-    EXPECT_EQ(only(calls, "restoreLayerState").size(), 1u);
+    EXPECT_THAT(ui::callsOf("setLayerStateMask", calls), ElementsAre("setLayerStateMask(\"Plumbing plan\", 0) = 0"));
+    EXPECT_EQ(ui::callsOf("restoreLayerState", calls).size(), 1u);
 }
 
 struct FlagCase {
@@ -115,7 +108,7 @@ TEST_P(RestoreFlags, FollowTheTwoOptionsAndNothingElse) {
     keep(managerName, L"LayerNotFound", each.layerNotFound);
     keep(managerName, L"RestoreAsOverrides", each.asOverrides);
     const std::string viewport = each.inViewport ? "#F0" : "null";
-    EXPECT_THAT(only(callsOfRestore(), "restoreLayerState"),
+    EXPECT_THAT(ui::callsOf("restoreLayerState", callsOfRestore()),
                 ElementsAre("restoreLayerState(\"Ground floor\", " + viewport + ", " + std::to_string(each.flags) +
                             ", null) = 0"));
 }
@@ -135,7 +128,7 @@ TEST_F(Restore, FollowsAnOptionThatWasJustClicked) {
     open(house().inViewport());
     const auto flagsOf = [this](int box) {
         const std::vector<std::string> calls = callsOfRestore(Script().click(box));
-        return only(calls, "restoreLayerState");
+        return ui::callsOf("restoreLayerState", calls);
     };
     EXPECT_THAT(flagsOf(IDC_LSTATE_RES_LAYERNOTFOUND), ElementsAre(HasSubstr("#F0, 4, null")));
     EXPECT_THAT(flagsOf(IDC_LSTATE_RES_OVERRIDES), ElementsAre(HasSubstr("#F0, 0, null")));
@@ -161,8 +154,8 @@ TEST_F(Restore, RegeneratesEveryLayerOfTheDrawingAndNotOnlyThoseOfTheState) {
         drawing.layer(L"Later " + std::to_wstring(i));
     open(drawing);
     const std::vector<std::string> calls = callsOfRestore();
-    EXPECT_THAT(only(calls, "keledRegenLayers"), ElementsAre(StartsWith("keledRegenLayers(24, ")));
-    EXPECT_EQ(only(calls, "iterator.getRecordId").size(), 24u);
+    EXPECT_THAT(ui::callsOf("keledRegenLayers", calls), ElementsAre(StartsWith("keledRegenLayers(24, ")));
+    EXPECT_EQ(ui::callsOf("iterator.getRecordId", calls).size(), 24u);
 }
 
 TEST_F(Restore, RegeneratesNothingWhenTheLayersCantBeWalked) {
@@ -171,17 +164,17 @@ TEST_F(Restore, RegeneratesNothingWhenTheLayersCantBeWalked) {
         const std::vector<std::string> calls = callsOfRestore(Script().look(
             "the walk of the layers is to fail", [operation](const View&) { instruments::failCall(operation, 1); }));
         EXPECT_TRUE(instruments::faultStruck()) << operation;
-        EXPECT_EQ(only(calls, "restoreLayerState").size(), 1u) << operation;
-        EXPECT_THAT(only(calls, "keledRegenLayers"), IsEmpty()) << operation;
-        EXPECT_THAT(only(calls, "keledRegenPending"), IsEmpty()) << operation;
-        EXPECT_EQ(only(calls, "endTransaction").size(), 1u) << operation;
+        EXPECT_EQ(ui::callsOf("restoreLayerState", calls).size(), 1u) << operation;
+        EXPECT_THAT(ui::callsOf("keledRegenLayers", calls), IsEmpty()) << operation;
+        EXPECT_THAT(ui::callsOf("keledRegenPending", calls), IsEmpty()) << operation;
+        EXPECT_EQ(ui::callsOf("endTransaction", calls).size(), 1u) << operation;
     }
 }
 
 TEST_F(Restore, OfADependentStateIsAllowed) {
     open(houseOnSite());
     const std::vector<std::string> calls = callsOfRestore(Script().clickCellOf(IDC_LSTATE_RES_LIST, L"site!Survey"));
-    EXPECT_THAT(only(calls, "restoreLayerState"),
+    EXPECT_THAT(ui::callsOf("restoreLayerState", calls),
                 ElementsAre(StartsWith("restoreLayerState(\"site!Survey\", null, 5, null)")));
 }
 
@@ -229,8 +222,8 @@ TEST_F(Restore, WithoutASelectedRowDoesNothingAndTheManagerStaysOpen) {
                .look("still open",
                      [](const View& view) {
                          EXPECT_THAT(view.selectedRows(IDC_LSTATE_RES_LIST), IsEmpty());
-                         EXPECT_THAT(only(instruments::trace(), "kelDocManagerPtr"), IsEmpty());
-                         EXPECT_THAT(only(instruments::trace(), "applyCurZdrLayerTableChanges"), IsEmpty());
+                         EXPECT_THAT(ui::callsOf("kelDocManagerPtr"), IsEmpty());
+                         EXPECT_THAT(ui::callsOf("applyCurZdrLayerTableChanges"), IsEmpty());
                      })
                .press(VK_ESCAPE));
     EXPECT_EQ(kept(managerName, L"Expanded"), -1);
@@ -247,9 +240,9 @@ TEST_F(Restore, WithoutAStateManagerClosesSilentlyWithThePanelKept) {
                      })
                .click(IDC_LSTATE_RES_RESTORE));
     const std::vector<std::string> calls = instruments::trace();
-    EXPECT_THAT(only(calls, "restoreLayerState"), IsEmpty());
-    EXPECT_EQ(only(calls, "endTransaction").size(), 1u);
-    EXPECT_EQ(only(calls, "applyCurZdrLayerTableChanges").size(), 2u);
+    EXPECT_THAT(ui::callsOf("restoreLayerState", calls), IsEmpty());
+    EXPECT_EQ(ui::callsOf("endTransaction", calls).size(), 1u);
+    EXPECT_EQ(ui::callsOf("applyCurZdrLayerTableChanges", calls).size(), 2u);
     EXPECT_EQ(kept(managerName, L"Expanded"), 0);
 }
 
@@ -257,7 +250,7 @@ TEST_F(Restore, GoesOnWhenTheMaskCantBeSet) {
     open(house());
     const std::vector<std::string> calls = callsOfRestore(
         Script().look("the mask can't be set", [](const View&) { instruments::failCall("setLayerStateMask", 1); }));
-    EXPECT_EQ(only(calls, "restoreLayerState").size(), 1u);
+    EXPECT_EQ(ui::callsOf("restoreLayerState", calls).size(), 1u);
     EXPECT_EQ(kept(managerName, L"Expanded"), 0);
 }
 

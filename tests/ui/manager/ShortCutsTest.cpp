@@ -19,10 +19,9 @@ class ShortCuts : public ManagerTest {
   protected:
     /// The names of the states that the host was asked to restore.
     static std::vector<std::string> restores() {
-        std::vector<std::string> found;
-        for (const std::string& line : instruments::trace())
-            if (line.starts_with("restoreLayerState("))
-                found.push_back(line.substr(0, line.find(',')));
+        std::vector<std::string> found = ui::callsOf("restoreLayerState");
+        for (std::string& line : found)
+            line.resize(line.find(','));
         return found;
     }
     static void expectExpanded(Script& script, bool expanded) {
