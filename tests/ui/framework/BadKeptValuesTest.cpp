@@ -93,6 +93,14 @@ TEST_P(InThePlaceOfANumber, leavesThePlaceOfTheTemplateUntilTheNextIsKept) {
     }
 }
 
+TEST_P(InThePlaceOfANumber, standsForTheScalingThatIs) {
+    keepAll();
+    put(kept(L"\\Placement"), L"Dpi", GetParam());
+    const RECT stood = open();
+    EXPECT_EQ(stood.left, 77);
+    EXPECT_EQ(stood.right, 577);
+}
+
 TEST_P(InThePlaceOfANumber, leavesTheWidthsOfTheColumns) {
     TestDialog withList{IDD_FIXED};
     CListCtrl list;
@@ -130,6 +138,14 @@ TEST_F(AbsurdNumbers, areNoPlace) {
             const RECT stood = open();
             EXPECT_TRUE(EqualRect(&stood, &plain)) << ui::narrow(name) << ' ' << number;
         }
+}
+
+TEST_F(AbsurdNumbers, areNoScaling) {
+    for (const DWORD number : {0ul, 1ul, static_cast<DWORD>(INT_MIN), static_cast<DWORD>(INT_MAX), ULONG_MAX}) {
+        keepAll();
+        writeNumber(kept(L"\\Placement"), L"Dpi", number);
+        EXPECT_EQ(open().right, 577) << number;
+    }
 }
 
 TEST_F(AbsurdNumbers, areNoWidths) {

@@ -87,6 +87,15 @@ TEST_F(DialogData, aBackslashInANameMakesNoKeyWithinAKey) {
               ERROR_SUCCESS);
 }
 
+TEST_F(DialogData, aNameLongerThanAnyKeyKeepsNothing) {
+    dialog.SetDialogName(std::wstring(10'000, L'x').c_str());
+    EXPECT_FALSE(dialog.SetDialogData(L"Expanded", 1));
+    unsigned long value = 7;
+    EXPECT_FALSE(dialog.GetDialogData(L"Expanded", value));
+    EXPECT_EQ(value, 7u);
+    EXPECT_EQ(dialog.run(), IDOK);
+}
+
 TEST_F(DialogData, theWorkbenchKeepsItUnderItsOwnKey) {
     framework::DialogStore::setRoot({});
     EXPECT_EQ(framework::DialogStore::root(), L"Software\\KelWorkbench\\Dialogs");

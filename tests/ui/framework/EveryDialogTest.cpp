@@ -7,6 +7,7 @@
 
 #include "OrvUiPickers.h"
 #include "base/ComponentFile.h"
+#include "dialogs/TipFile.h"
 #include "pickers/PickerIds.h"
 #include "resource.h"
 
@@ -103,6 +104,21 @@ TEST_F(EveryModuleDialog, managerWithItsPanelOpenAndClosed) {
         expectAllReached(script, walked).press(VK_ESCAPE);
         ui::perform(script, [this] { runCommand(L"LAYERSTATE"); });
     }
+}
+
+TEST_F(EveryModuleDialog, managerHasAControlForEachOfItsTips) {
+    const auto tips =
+        framework::readTips(framework::kTipFile, L"KelLayerApps:LayerStatesManager", framework::kTipPrefix);
+    EXPECT_THAT(tips, testing::Not(IsEmpty()));
+    ui::Script script;
+    script.waitForControl(IDC_LSTATE_RES_LIST)
+        .look("its controls",
+              [&tips](const ui::View& view) {
+                  for (const auto& [control, text] : tips)
+                      EXPECT_TRUE(view.has(control)) << control << ": " << ui::narrow(text);
+              })
+        .press(VK_ESCAPE);
+    ui::perform(script, [this] { runCommand(L"LAYERSTATE"); });
 }
 
 /// One dialog template of one language.

@@ -86,7 +86,7 @@ TEST_F(FileDialog, savingOverAFileIsAskedFirst) {
 TEST_F(FileDialog, beginsWithTheNameWithoutWhatAPathCantHold) {
     const framework::DialogStore store(L"FrameworkTestsFileDialog");
     ASSERT_TRUE(store.setText(L"Folder", folder));
-    EXPECT_EQ(ask(1, ui::Script().press(VK_RETURN), L"Pl|an: <one>/\"two\"\\*?"), kResultNormal);
+    EXPECT_EQ(ask(1, ui::Script().press(VK_RETURN), L"Pl|an: <one>\t/\"two\"\n\\*?"), kResultNormal);
     ASSERT_NE(chain, nullptr);
     EXPECT_EQ(chain->value.string, folder + L"\\Plan onetwo.las");
 }

@@ -213,6 +213,28 @@ TEST_F(LineWeightPicker, setsItselfUpInTheOrderOfAllDialogs) {
                             "SetUseTips(2)", "GetColumnSizes(1401)", "SetPersistency(1)", "SaveColumnSizes(1401)"));
 }
 
+TEST_F(LineWeightPicker, theDialogThatOpensItCannotBeUsedMeanwhile) {
+    TestDialog parent{IDD_FIXED};
+    parent.onCommand = [&](UINT id) {
+        if (id == IDC_TEST_BUTTON)
+            answered = keledLineWeightDialog(25, false, chosen);
+    };
+    ui::Script script;
+    script.click(IDC_TEST_BUTTON)
+        .waitForControl(IDC_PICKER_LIST)
+        .look("the parent",
+              [&](const ui::View& view) {
+                  EXPECT_FALSE(IsWindowEnabled(parent.GetSafeHwnd()));
+                  EXPECT_EQ(GetWindow(view.window(), GW_OWNER), parent.GetSafeHwnd());
+              })
+        .press(VK_RETURN)
+        .waitForControl(IDC_TEST_BUTTON)
+        .look("the parent", [&](const ui::View&) { EXPECT_TRUE(IsWindowEnabled(parent.GetSafeHwnd())); });
+    parent.run(script);
+    EXPECT_TRUE(answered);
+    EXPECT_EQ(chosen, 25);
+}
+
 TEST_F(LineWeightPicker, eachFailingCallIsSurvived) {
     const int calls = sweepFailures(
         [this] {

@@ -84,6 +84,15 @@ bool loads(const std::string& content) {
     return dialog.LoadFromFile(file.path().c_str(), L"K", nullptr, 0) != 0;
 }
 
+/// A file with a dialog, and beside it elements within elements.
+std::string nested(int depth) {
+    std::string content = "<T><TaskDialog Key='K'><Instruction>x</Instruction></TaskDialog>";
+    for (const char* part : {"<a>", "</a>"})
+        for (int level = 0; level < depth; ++level)
+            content += part;
+    return content + "</T>";
+}
+
 std::string wide(const std::string& content) {
     std::string bytes = "\xFF\xFE";
     for (const char character : content)
@@ -116,6 +125,9 @@ TEST(TaskDialogFile, isRefusedWhereItIsBroken) {
     EXPECT_FALSE(loads("<T><TaskDialog Key='K'><Instruction>x</Instruction></TaskDialog></T><!--" +
                        std::string(5 << 20, 'x') + "-->"))
         << "larger than any file of dialogs";
+    EXPECT_TRUE(loads(nested(40)));
+    EXPECT_FALSE(loads(nested(100)));
+    EXPECT_FALSE(loads(nested(500'000))) << "deeper than any stack";
     EXPECT_FALSE(loads("<T><Other Key='K'><Instruction>x</Instruction></Other></T>"));
 }
 

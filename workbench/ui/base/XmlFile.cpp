@@ -14,6 +14,8 @@ namespace framework {
 namespace {
 
 constexpr LONGLONG kLargestFile = 4u << 20;
+// Elements within elements; each level costs stack when the tree is taken down.
+constexpr std::size_t kDeepest = 64;
 
 struct Release {
     void operator()(IUnknown* object) const { object->Release(); }
@@ -149,6 +151,7 @@ class TreeBuilder {
         else
             m_open.back().children.push_back(std::move(element));
     }
+    bool isTooDeep() const { return m_open.size() > kDeepest; }
     std::optional<XmlElement> takeRoot() { return m_open.empty() ? std::move(m_root) : std::nullopt; }
 
   private:
@@ -190,6 +193,8 @@ bool readNodes(IXmlReader& reader, TreeBuilder& tree) {
             return false;
         last = position;
         addNode(reader, type, tree);
+        if (tree.isTooDeep())
+            return false;
     }
     // The end of a well-formed file is S_FALSE; everything else is an error in it.
     return result == S_FALSE;

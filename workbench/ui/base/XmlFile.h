@@ -23,7 +23,8 @@ struct XmlElement {
     const XmlElement* child(std::wstring_view childName) const;
 };
 
-/// The root element of the file; nothing when the file is missing, too large (over 4 MB) or not well-formed.
+/// The root element of the file; nothing when the file is missing, too large (over 4 MB), nested deeper than 64
+/// elements, or not well-formed.
 KELUI_API std::optional<XmlElement> readXmlFile(const std::wstring& path);
 
 } // namespace framework

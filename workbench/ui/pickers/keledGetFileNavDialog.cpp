@@ -28,7 +28,7 @@ using PathBuffer = std::array<wchar_t, 0x8000>;
 void putName(PathBuffer& path, const wchar_t* name) {
     std::size_t length = 0;
     for (; name && *name && length < MAX_PATH; ++name)
-        if (!std::wcschr(L"<>:\"/\\|?*", *name))
+        if (*name >= L' ' && !std::wcschr(L"<>:\"/\\|?*", *name))
             path[length++] = *name;
     path[length] = L'\0';
 }
