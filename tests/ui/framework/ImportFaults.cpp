@@ -10,6 +10,7 @@
 #include <commctrl.h>
 #include <commdlg.h>
 #include <uxtheme.h>
+#include <winhttp.h>
 #include <xmllite.h>
 
 #include <cstring>
@@ -138,6 +139,12 @@ std::vector<Function>& table() {
         FUNCTION(CreateFileW, INVALID_HANDLE_VALUE, ERROR_SHARING_VIOLATION),
         FUNCTION(GetFileSizeEx, FALSE, ERROR_IO_DEVICE),
         FUNCTION(ReadFile, FALSE, ERROR_READ_FAULT),
+        FUNCTION(WriteFile, FALSE, ERROR_DISK_FULL),
+        FUNCTION(FlushFileBuffers, FALSE, ERROR_DISK_FULL),
+        FUNCTION(MoveFileExW, FALSE, ERROR_DISK_FULL),
+        FUNCTION(DeleteFileW, FALSE, ERROR_SHARING_VIOLATION),
+        FUNCTION(GetTempPathW, 0, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(GetFileInformationByHandle, FALSE, ERROR_IO_DEVICE),
         FUNCTION(GetFileAttributesW, INVALID_FILE_ATTRIBUTES, ERROR_ACCESS_DENIED),
         FUNCTION(GetModuleFileNameW, 0, ERROR_NOT_ENOUGH_MEMORY),
         FUNCTION(GetModuleHandleW, nullptr, ERROR_MOD_NOT_FOUND),
@@ -186,6 +193,18 @@ std::vector<Function>& table() {
         FUNCTION(OpenThemeData, nullptr, ERROR_NOT_ENOUGH_MEMORY),
         FUNCTION(DrawThemeBackground, E_OUTOFMEMORY, 0),
         FUNCTION(DrawThemeParentBackground, E_OUTOFMEMORY, 0),
+        // remote files
+        FUNCTION(WinHttpOpen, nullptr, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(WinHttpSetTimeouts, FALSE, ERROR_WINHTTP_INTERNAL_ERROR),
+        FUNCTION(WinHttpSetOption, FALSE, ERROR_WINHTTP_INVALID_OPTION),
+        FUNCTION(WinHttpConnect, nullptr, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(WinHttpOpenRequest, nullptr, ERROR_WINHTTP_INTERNAL_ERROR),
+        FUNCTION(WinHttpSendRequest, FALSE, ERROR_WINHTTP_CONNECTION_ERROR),
+        FUNCTION(WinHttpWriteData, FALSE, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(WinHttpReceiveResponse, FALSE, ERROR_WINHTTP_CONNECTION_ERROR),
+        FUNCTION(WinHttpQueryHeaders, FALSE, ERROR_WINHTTP_INTERNAL_ERROR),
+        FUNCTION(WinHttpReadData, FALSE, ERROR_WINHTTP_CONNECTION_ERROR),
+        FUNCTION(IdnToAscii, 0, ERROR_NOT_ENOUGH_MEMORY),
         // text
         FUNCTION(CompareStringEx, 0, ERROR_INVALID_PARAMETER),
     });
@@ -249,9 +268,9 @@ void replaceImports(HMODULE library) {
 
 } // namespace
 
-ImportFaults::ImportFaults() {
-    for (const wchar_t* library : {L"kelui.dll", L"kelmfc.dll"})
-        replaceImports(GetModuleHandleW(library));
+ImportFaults::ImportFaults(const std::vector<std::wstring>& libraries) {
+    for (const std::wstring& library : libraries)
+        replaceImports(GetModuleHandleW(library.c_str()));
 }
 
 ImportFaults::~ImportFaults() {

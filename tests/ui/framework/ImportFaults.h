@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-/// Lets the imports of kelui.dll and kelmfc.dll pass through here while it lives; one at a time.
+/// Lets the imports of some libraries pass through here while it lives; one at a time.
 class ImportFaults {
   public:
-    ImportFaults();
+    explicit ImportFaults(const std::vector<std::wstring>& libraries = {L"kelui.dll", L"kelmfc.dll"});
     ~ImportFaults();
     ImportFaults(const ImportFaults&) = delete;
     ImportFaults& operator=(const ImportFaults&) = delete;

@@ -76,6 +76,14 @@ TEST_F(Fetch, aFileThatIsntThereIsTheOneStatusOfAnAbsentTarget) {
     EXPECT_EQ(entries(), 1u);
 }
 
+TEST_F(Fetch, theSentenceIsAboutTheLastTransfer) {
+    writeBytes(nginx::file(L"plan.las"), "plan");
+    EXPECT_EQ(fetch(nginx::address(L"no such.las")), eInetTargetAbsent);
+    EXPECT_FALSE(problem().empty());
+    EXPECT_EQ(fetch(nginx::address(L"plan.las")), eInetOk);
+    EXPECT_EQ(problem(), L"");
+}
+
 TEST_F(Fetch, refusalsOfTheServerAreToldApart) {
     writeBytes(nginx::file(L"forbidden/a.las"), "secret");
     writeBytes(nginx::file(L"secret/a.las"), "secret");

@@ -6,6 +6,7 @@
 #include "RemoteTransfer.h"
 #include "TemporaryFiles.h"
 #include "Timeouts.h"
+#include "base/OutOfMemory.h"
 #include "files/Refusal.h"
 #include "instruments/HostCalls.h"
 
@@ -15,6 +16,8 @@ using instruments::HostCall;
 
 namespace remote {
 namespace {
+
+constexpr const wchar_t* kNoMemory = L"There isn't enough memory for the transfer.";
 
 std::wstring& problem() {
     static std::wstring sentence;
@@ -56,7 +59,7 @@ template <class Action> int answerOf(const wchar_t* url, Action action) {
         problem() = L"The address \"" + shownAddress(url ? url : L"") + L"\" " + failure.cause + L".";
         return failure.status;
     } catch (const std::bad_alloc&) {
-        problem() = L"There isn't enough memory for the transfer.";
+        problem() = kNoMemory;
         return eInetNoMemory;
     }
 }
@@ -80,10 +83,10 @@ int fetch(const wchar_t* url, OrvXREFString& localName) {
         if (isTemporary)
             path = temporaryFiles().make(extensionOf(address));
         file.saveAs(path);
+        if (isTemporary)
+            localName = path.c_str();
     });
-    if (isTemporary && answer == eInetOk)
-        localName = path.c_str();
-    else if (isTemporary)
+    if (isTemporary && answer != eInetOk)
         temporaryFiles().discard(path);
     return answer;
 }
@@ -98,6 +101,7 @@ int upload(const wchar_t* url, const OrvXREFString& localName) {
 
 int transfer(const wchar_t* url, OrvXREFString& localName, int mode) {
     const CWaitCursor waiting;
+    problem().clear();
     switch (mode) {
     case kInetFetch:
         return fetch(url, localName);
@@ -107,6 +111,14 @@ int transfer(const wchar_t* url, OrvXREFString& localName, int mode) {
         problem() = L"The transfer was asked for in the unknown mode " + std::to_wstring(mode) + L".";
         return eInetUnknownMode;
     }
+}
+
+int makeTemporaryFile(const wchar_t* url, OrvXREFString& localName) {
+    problem().clear();
+    return answerOf(url, [&] {
+        const Address address = requireRemote(url);
+        localName = temporaryFiles().make(extensionOf(address)).c_str();
+    });
 }
 
 } // namespace
@@ -137,8 +149,8 @@ int CProxyInet::TransferFile(const wchar_t* url, OrvXREFString& localName, int m
     HostCall call("CProxyInet.TransferFile", url, static_cast<const wchar_t*>(localName), mode, flags);
     if (const auto fault = call.fault())
         return call.answer(static_cast<int>(*fault));
-    const int answer = remote::transfer(url, localName, mode);
-    call.out("localName", std::wstring(localName));
+    const int answer = framework::answerOr<int>(eInetNoMemory, [&] { return remote::transfer(url, localName, mode); });
+    call.out("localName", static_cast<const wchar_t*>(localName));
     return call.answer(answer);
 }
 
@@ -146,10 +158,8 @@ int CProxyInet::CreateInternetTempFile(const wchar_t* url, OrvXREFString& localN
     HostCall call("CProxyInet.CreateInternetTempFile", url);
     if (const auto fault = call.fault())
         return call.answer(static_cast<int>(*fault));
-    const int answer = remote::answerOf(url, [&] {
-        const remote::Address address = remote::requireRemote(url);
-        localName = remote::temporaryFiles().make(remote::extensionOf(address)).c_str();
-    });
-    call.out("localName", std::wstring(localName));
+    const int answer =
+        framework::answerOr<int>(eInetNoMemory, [&] { return remote::makeTemporaryFile(url, localName); });
+    call.out("localName", static_cast<const wchar_t*>(localName));
     return call.answer(answer);
 }

@@ -65,6 +65,10 @@ constexpr ErrorMeaning kMeanings[] = {
     throw RemoteFailure{eInetSystemFailed, L"wasn't transferred: the system answers error " + std::to_wstring(error)};
 }
 
+bool isCutLine(DWORD error) {
+    return error == ERROR_WINHTTP_CONNECTION_ERROR || error == WSAECONNRESET || error == WSAECONNABORTED;
+}
+
 void require(BOOL succeeded) {
     if (!succeeded)
         throwError(GetLastError());
@@ -122,8 +126,12 @@ void HttpExchange::begin(std::uint32_t bodySize) {
 bool HttpExchange::sendBody(std::span<const std::byte> bytes) {
     while (!bytes.empty()) {
         DWORD taken = 0;
-        if (!WinHttpWriteData(m_request.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &taken))
+        if (!WinHttpWriteData(m_request.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &taken)) {
+            const DWORD error = GetLastError();
+            if (!isCutLine(error))
+                throwError(error);
             return false;
+        }
         bytes = bytes.subspan(taken);
     }
     return true;

@@ -30,7 +30,7 @@ class HttpExchange {
     /// Sends the head of the request.
     /// @param bodySize bytes that sendBody() is going to be given, all in all
     void begin(std::uint32_t bodySize);
-    /// Sends the next bytes of the body. False when the server doesn't take them, which it may do because it has
+    /// Sends the next bytes of the body. False when the server has cut the line, which it may do because it has
     /// answered already.
     bool sendBody(std::span<const std::byte> bytes);
     /// Waits for the head of the answer.

@@ -13,8 +13,8 @@ struct RemoteFailure {
     std::wstring cause; ///< the end of a sentence that begins with the address: "can't be reached: ..."
 };
 
-/// The sentence for the user about the last remote operation that failed: which address or file, and why. Empty while
-/// none has.
+/// The sentence for the user about the last transfer or temporary file, if it failed: which address or file, and why.
+/// Empty when it went well, or when there was no memory even for a sentence.
 KELUI_API const std::wstring& lastRemoteProblem();
 
 } // namespace remote
