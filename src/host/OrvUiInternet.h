@@ -1,4 +1,4 @@
-// Remote files of the host: over HTTP and HTTPS, by the system's own client. Windows tier; the numbers are portable.
+// Remote files of the host: over HTTP and HTTPS, by the system's own client. Windows tier.
 #pragma once
 
 #include "KelExport.h"

@@ -81,6 +81,15 @@ TEST_F(BadAddress, aNameThatCantBeWrittenInAsciiIsRefused) {
     EXPECT_THAT(printed(problem().substr(problem().find(L" has "))), HasSubstr("can't be written in ASCII"));
 }
 
+TEST_F(BadAddress, aNameThatBecomesAnotherAddressInAsciiIsRefused) {
+    for (const wchar_t* host :
+         {L"h\uff0fx", L"h\uff1a80", L"user\uff20h", L"h\uff05", L"h\uff1fq", L"h\uff03x", L"h\u3002\u3002x"}) {
+        OrvXREFString name(local.c_str());
+        const std::wstring url = L"http://" + std::wstring(host) + L".invalid/a";
+        EXPECT_EQ(service.TransferFile(url.c_str(), name, kInetFetch, 1), eInetBadAddress) << printed(url);
+    }
+}
+
 TEST_F(BadAddress, theLongestAddressIsSent) {
     OrvXREFString name(local.c_str());
     const std::wstring root = L"http://no-such-server.invalid/";

@@ -60,6 +60,7 @@ TEST_F(Answer, theTargetIsSentAsItWasEncodedAndNothingOfTheUserIs) {
     EXPECT_EQ(fetch(server.address(L"/a b/\u00e4?q=%20 %C3%A4#part")), eInetSignInNeeded);
     EXPECT_EQ(fetch(server.address(L"/again")), eInetSignInNeeded);
     EXPECT_THAT(server.requests(), ElementsAre("GET /a%20b/%C3%A4?q=%20%20%C3%A4 HTTP/1.1", "GET /again HTTP/1.1"));
+    EXPECT_THAT(head, HasSubstr("no-cache"));
     EXPECT_THAT(head, Not(HasSubstr("Cookie")));
     EXPECT_THAT(head, Not(HasSubstr("Authorization")));
 }

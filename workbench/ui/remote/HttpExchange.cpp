@@ -2,6 +2,7 @@
 
 #include "HttpExchange.h"
 
+#include "HostName.h"
 #include "RemoteProblem.h"
 #include "Timeouts.h"
 
@@ -85,9 +86,11 @@ std::wstring asciiHost(const std::wstring& host) {
     if (std::all_of(host.begin(), host.end(), [](wchar_t character) { return character < 0x80; }))
         return host;
     const int length = IdnToAscii(0, host.c_str(), static_cast<int>(host.size()), ascii.data(), ascii.size() - 1);
-    if (length <= 0)
+    const std::wstring name(ascii.data(), static_cast<std::size_t>(std::max(length, 0)));
+    // Some letters become slashes, colons and the like on the way, which would make another address of it.
+    if (hostFault(name))
         throw RemoteFailure{eInetBadAddress, L"has a name of a server that can't be written in ASCII"};
-    return std::wstring(ascii.data(), static_cast<std::size_t>(length));
+    return name;
 }
 
 void setNumber(HINTERNET handle, DWORD option, DWORD value) {
