@@ -286,6 +286,28 @@ TEST_F(ColorPicker, tabReachesEveryControl) {
                 ElementsAre(IDC_COLOR_PALETTE, IDC_COLOR_BYLAYER, IDC_COLOR_BYBLOCK, IDOK, IDCANCEL, IDC_COLOR_TABS));
 }
 
+TEST_F(ColorPicker, arrowsOnTheTabsSwitchThePageAndTabEntersIt) {
+    const auto focusOn = [](int control) {
+        return [control](const ui::View& view) { return view.focusedControl() == control; };
+    };
+    ui::Script script;
+    script.waitForControl(IDC_COLOR_PALETTE)
+        .press(VK_TAB, ui::holdShift)
+        .waitUntil("the tabs have the focus", focusOn(IDC_COLOR_TABS))
+        .press(VK_RIGHT)
+        .waitUntil("the other page", [](const ui::View& view) { return view.isVisible(IDC_COLOR_RED); })
+        .look("the tabs still have the focus",
+              [](const ui::View& view) { EXPECT_EQ(view.focusedControl(), IDC_COLOR_TABS); })
+        .press(VK_LEFT)
+        .waitUntil("the palette", [](const ui::View& view) { return view.isVisible(IDC_COLOR_PALETTE); })
+        .press(VK_TAB)
+        .waitUntil("the palette has the focus", focusOn(IDC_COLOR_PALETTE))
+        .press(VK_RIGHT)
+        .press(VK_RETURN);
+    pick(script, indexed(1));
+    EXPECT_EQ(color, indexed(2));
+}
+
 TEST_F(ColorPicker, itsPaletteHasANameForScreenReaders) {
     std::wstring name;
     ui::Script script;

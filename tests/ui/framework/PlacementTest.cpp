@@ -68,6 +68,16 @@ TEST_F(Placement, aDialogOpensWhereItWasClosed) {
     EXPECT_EQ(again.top, 222);
 }
 
+TEST_F(Placement, ofAMinimizedOrMaximizedDialogTheNormalOneIsKept) {
+    for (const int how : {SW_MINIMIZE, SW_MAXIMIZE}) {
+        open(IDD_RESIZABLE, true, [how](HWND dialog) {
+            SetWindowPos(dialog, nullptr, 120, 130, 500, 400, SWP_NOZORDER);
+            ShowWindow(dialog, how);
+        });
+        EXPECT_EQ(open(IDD_RESIZABLE, true), (RECT{120, 130, 620, 530})) << how;
+    }
+}
+
 TEST_F(Placement, withoutPersistencyNothingIsKept) {
     open(IDD_FIXED, false,
          [](HWND dialog) { SetWindowPos(dialog, nullptr, 333, 222, 0, 0, SWP_NOSIZE | SWP_NOZORDER); });

@@ -85,7 +85,9 @@ void ColorDialog::showTab(int index) {
         m_tabs[i].page->ShowWindow(front ? SW_SHOW : SW_HIDE);
     }
     showChoice();
-    if (static_cast<std::size_t>(index) < m_tabs.size())
+    // Who walks along the tabs by the arrow keys stays on them.
+    const bool onTabs = ::GetFocus() == m_tabControl.GetSafeHwnd();
+    if (!onTabs && static_cast<std::size_t>(index) < m_tabs.size())
         focusPage(*m_tabs[static_cast<std::size_t>(index)].page);
 }
 
