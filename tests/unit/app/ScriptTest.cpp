@@ -18,7 +18,7 @@ TEST_F(ScriptTest, RunsTheLinesOfAFile) {
 
 TEST_F(ScriptTest, AsksForAPathThatWasntGiven) {
     writeBytes("a.scr", "MODEL\n");
-    EXPECT_EQ(run(L"SCRIPT"), L"") << "the user has thought better of it";
+    EXPECT_EQ(run(L"SCRIPT"), L"No file is chosen, and nothing has changed.\n");
     shell.chosenFile = path("a.scr");
     EXPECT_EQ(run(L"SCRIPT"), L"Running " + path("a.scr") + L".\n");
     EXPECT_THAT(shell.scriptLines, ElementsAre(L"MODEL"));

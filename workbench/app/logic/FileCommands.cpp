@@ -24,8 +24,10 @@ void saveAs(Session& session, const CommandText& text) {
 
 void script(Session& session, const CommandText& text) {
     const auto path = text.argument.empty() ? session.shell().chooseScript() : text.argument;
-    if (!path)
+    if (!path) {
+        session.shell().tellNothingChosen();
         return;
+    }
     std::wstring problem;
     const std::vector<std::wstring> lines = readScript(*path, problem);
     if (problem.empty() && !session.shell().runScript(lines))

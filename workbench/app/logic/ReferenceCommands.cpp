@@ -105,8 +105,10 @@ std::wstring nameOf(const Session& session, std::size_t reference) {
 
 void attach(Session& session, const CommandText& text) {
     const auto chosen = text.words.empty() ? session.shell().chooseFileToOpen() : unquoted(text.words[0]);
-    if (!chosen)
+    if (!chosen) {
+        session.shell().tellNothingChosen();
         return;
+    }
     zdr::Reference reference;
     reference.path = storedPath(session, *chosen);
     reference.name =

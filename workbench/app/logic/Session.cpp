@@ -124,8 +124,10 @@ std::optional<Session::ReadDrawing> Session::readDrawing(const std::wstring& pat
 
 void Session::open(const std::wstring& path) {
     const auto chosen = path.empty() ? m_shell.chooseFileToOpen() : path;
-    if (!chosen)
+    if (!chosen) {
+        m_shell.tellNothingChosen();
         return;
+    }
     const std::wstring full = fullPath(*chosen);
     // Read before anything is asked: a file that can't be read is no reason to give up the open drawing. And read again
     // afterwards, because it may be this very file that the answer saves.
@@ -147,8 +149,10 @@ bool Session::write(const std::wstring& path, zdr::FileStamp stamp) {
     std::wstring reason;
     Vorn::ErrorStatus status = zdr::writeDrawingFile(path, drawing(), reason, stamp);
     if (status == Vorn::eFileChangedOnDisk) {
-        if (!m_shell.askToOverwrite(reason))
+        if (!m_shell.askToOverwrite(reason)) {
+            m_shell.print(L"The file stays as it is, and the drawing isn't saved.\n");
             return false;
+        }
         status = zdr::writeDrawingFile(path, drawing(), reason, stamp, zdr::Overwrite::Always);
     }
     if (status != Vorn::eOk) {
@@ -171,8 +175,10 @@ bool Session::save() {
 bool Session::saveAs(const std::wstring& path) {
     const std::wstring proposal = m_path.empty() ? name() + kExtension : m_path;
     const auto chosen = path.empty() ? m_shell.chooseFileToSave(proposal) : path;
-    if (!chosen)
+    if (!chosen) {
+        m_shell.tellNothingChosen();
         return false;
+    }
     const std::wstring full = fullPath(*chosen);
     return write(full, full == m_path ? m_stamp : zdr::FileStamp{});
 }
@@ -188,6 +194,7 @@ bool Session::mayClose() {
     case SaveAnswer::Cancel:
         break;
     }
+    m_shell.print(L"The drawing stays open.\n");
     return false;
 }
 

@@ -35,6 +35,8 @@ class Shell {
     virtual void zoomExtents() = 0;
     /// Zooms about the middle of the view.
     virtual void zoomBy(double factor) = 0;
+    /// Tells that the user thought better of choosing a file.
+    void tellNothingChosen() { print(L"No file is chosen, and nothing has changed.\n"); }
     /// Runs these lines before all others that wait. False when too many scripts wait for each other.
     virtual bool runScript(const std::vector<std::wstring>& lines) = 0;
     /// Ends the program; unsaved changes have been dealt with.
