@@ -61,6 +61,17 @@ TEST_F(CompletionTest, CompletesNamesOfTheDrawing) {
     EXPECT_EQ(tab(L"VPORT 2"), L"VPORT 2 ");
 }
 
+TEST_F(CompletionTest, CompletesThePlaceOfADifference) {
+    session.showTab(1);
+    EXPECT_EQ(tab(L"VPLAYER FREEZE Walls i"), L"VPLAYER FREEZE Walls IN ");
+    EXPECT_EQ(tab(L"VPLAYER FREEZE Walls Wi"), L"VPLAYER FREEZE Walls Windows ");
+    EXPECT_EQ(tab(L"VPLAYER COLOUR red i"), L"VPLAYER COLOUR red IN ");
+    EXPECT_EQ(tab(L"VPLAYER COLOUR red in "), L"VPLAYER COLOUR red in ");
+    EXPECT_THAT(candidates, ElementsAre(L"2", L"ALL"));
+    EXPECT_EQ(tab(L"VPLAYER COLOUR red Walls in a"), L"VPLAYER COLOUR red Walls in ALL ");
+    EXPECT_EQ(tab(L"LAYER FREEZE Walls in"), L"LAYER FREEZE Walls in") << "only VPLAYER has places";
+}
+
 TEST_F(CompletionTest, QuotesNamesWithBlanksAndLeavesTheQuoteOpenWhileMoreMayFollow) {
     EXPECT_EQ(tab(L"LAYER OFF gr"), L"LAYER OFF \"Ground ");
     EXPECT_THAT(candidates, ElementsAre(L"Ground floor", L"Ground water"));

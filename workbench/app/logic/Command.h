@@ -20,6 +20,7 @@ enum class Offer {
     Variables,
     References,
     Layers,
+    LayersOrPlace, ///< layers, and at the end IN with a viewport
     Colors,
     Linetypes,
     LineWeights,

@@ -21,6 +21,8 @@ using Names = std::vector<std::wstring>;
 
 // A list of paths longer than this is no help.
 constexpr std::size_t kMostPaths = 200;
+// Between layers and the viewport in which they are meant.
+constexpr const wchar_t* kPlaceWord = L"IN";
 
 Names commandNames() {
     Names names;
@@ -54,8 +56,9 @@ template <class Thing> Names ownNamesOf(const std::vector<Thing>& things) {
     return names;
 }
 
-Names viewportNames(const zdr::Drawing& drawing) {
-    Names names{L"none"};
+/// The numbers of the viewports on view, and the word that stands for none or all of them.
+Names viewportNames(const zdr::Drawing& drawing, const wchar_t* word) {
+    Names names{word};
     if (drawing.activeLayout)
         for (const zdr::Viewport& viewport : drawing.layouts[*drawing.activeLayout].viewports)
             if (viewport.number > 0)
@@ -95,13 +98,18 @@ Names offered(const Session& session, Offer offer, const std::wstring& typed) {
     case Offer::Layouts:
         return ownNamesOf(drawing.layouts);
     case Offer::Viewports:
-        return viewportNames(drawing);
+        return viewportNames(drawing, L"none");
     case Offer::Variables:
         return runtime::systemVariableNames();
     case Offer::References:
         return ownNamesOf(drawing.references);
     case Offer::Layers:
         return namesOf(drawing, drawing.layers);
+    case Offer::LayersOrPlace: {
+        Names names = namesOf(drawing, drawing.layers);
+        names.emplace_back(kPlaceWord);
+        return names;
+    }
     case Offer::Colors:
         return colorNames();
     case Offer::Linetypes:
@@ -128,7 +136,11 @@ Names candidatesFor(const Session& session, const Words& before, const std::wstr
     if (before.size() == 1)
         return optionNames(*command);
     const Option* option = findOption(*command, before[1]);
-    return option ? offered(session, before.size() == 2 ? option->first : option->rest, typed) : Names();
+    if (!option)
+        return {};
+    if (before.size() > 2 && option->rest == Offer::LayersOrPlace && sameName(before.back(), kPlaceWord))
+        return viewportNames(session.drawing(), L"ALL");
+    return offered(session, before.size() == 2 ? option->first : option->rest, typed);
 }
 
 bool beginsWith(const std::wstring& name, const std::wstring& beginning) {

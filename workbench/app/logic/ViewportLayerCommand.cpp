@@ -128,13 +128,13 @@ constexpr Count kNames{1, kMany};
 
 // clang-format off
 constexpr Option kViewportLayerOptions[] = {
-    {L"FREEZE", L"F", L"layers [IN number|ALL]", L"Freezes layers in the current viewport, or the one of that number.", kNames, Offer::Layers, Offer::Layers, [](Session& session, const Words& words) { setFrozen(session, words, true); }},
-    {L"THAW", L"T", L"layers [IN number|ALL]", L"Thaws them there.", kNames, Offer::Layers, Offer::Layers, [](Session& session, const Words& words) { setFrozen(session, words, false); }},
-    {L"COLOUR", L"COLOR", L"colour [layers] [IN number|ALL]", L"Shows layers in another colour there.", kNames, Offer::Colors, Offer::Layers, [](Session& session, const Words& words) { override(session, words, MaskColor, colorOf, &zdr::ViewportOverride::color); }},
-    {L"LINETYPE", L"LTYPE", L"linetype [layers] [IN number|ALL]", L"Shows layers in another linetype there.", kNames, Offer::Linetypes, Offer::Layers, [](Session& session, const Words& words) { override(session, words, MaskLinetype, linetypeOf, &zdr::ViewportOverride::linetype); }},
-    {L"LINEWEIGHT", L"LWEIGHT", L"width [layers] [IN number|ALL]", L"Shows layers with another lineweight there.", kNames, Offer::LineWeights, Offer::Layers, [](Session& session, const Words& words) { override(session, words, MaskLineWeight, lineWeightOf, &zdr::ViewportOverride::lineWeight); }},
-    {L"PLOTSTYLE", L"PSTYLE", L"style [layers] [IN number|ALL]", L"Gives layers another plot style there.", kNames, Offer::PlotStyles, Offer::Layers, [](Session& session, const Words& words) { override(session, words, MaskPlotStyle, plotStyleOf, &zdr::ViewportOverride::plotStyle); }},
-    {L"RESET", L"R", L"layers [IN number|ALL]", L"Takes back what was shown differently there; freezing stays.", kNames, Offer::Layers, Offer::Layers, reset},
+    {L"FREEZE", L"F", L"layers [IN number|ALL]", L"Freezes layers in the current viewport, or the one of that number.", kNames, Offer::Layers, Offer::LayersOrPlace, [](Session& session, const Words& words) { setFrozen(session, words, true); }},
+    {L"THAW", L"T", L"layers [IN number|ALL]", L"Thaws them there.", kNames, Offer::Layers, Offer::LayersOrPlace, [](Session& session, const Words& words) { setFrozen(session, words, false); }},
+    {L"COLOUR", L"COLOR", L"colour [layers] [IN number|ALL]", L"Shows layers in another colour there.", kNames, Offer::Colors, Offer::LayersOrPlace, [](Session& session, const Words& words) { override(session, words, MaskColor, colorOf, &zdr::ViewportOverride::color); }},
+    {L"LINETYPE", L"LTYPE", L"linetype [layers] [IN number|ALL]", L"Shows layers in another linetype there.", kNames, Offer::Linetypes, Offer::LayersOrPlace, [](Session& session, const Words& words) { override(session, words, MaskLinetype, linetypeOf, &zdr::ViewportOverride::linetype); }},
+    {L"LINEWEIGHT", L"LWEIGHT", L"width [layers] [IN number|ALL]", L"Shows layers with another lineweight there.", kNames, Offer::LineWeights, Offer::LayersOrPlace, [](Session& session, const Words& words) { override(session, words, MaskLineWeight, lineWeightOf, &zdr::ViewportOverride::lineWeight); }},
+    {L"PLOTSTYLE", L"PSTYLE", L"style [layers] [IN number|ALL]", L"Gives layers another plot style there.", kNames, Offer::PlotStyles, Offer::LayersOrPlace, [](Session& session, const Words& words) { override(session, words, MaskPlotStyle, plotStyleOf, &zdr::ViewportOverride::plotStyle); }},
+    {L"RESET", L"R", L"layers [IN number|ALL]", L"Takes back what was shown differently there; freezing stays.", kNames, Offer::Layers, Offer::LayersOrPlace, reset},
 };
 // clang-format on
 
