@@ -7,6 +7,7 @@
 #include "remote/Timeouts.h"
 
 #include <chrono>
+#include <future>
 
 using testing::AnyOf;
 using testing::Contains;
@@ -65,6 +66,26 @@ TEST_F(BadServer, oneThatNeverAnswersIsLeftInTime) {
     EXPECT_THAT(printed(problem()), HasSubstr("doesn't answer in time"));
     EXPECT_EQ(uploadTo(answerNothing), eInetTimedOut);
     EXPECT_LT(Clock::now() - start, 2s);
+}
+
+TEST_F(BadServer, oneThatNeverTakesTheLineIsLeftInTime) {
+    remote::setTimeouts({.resolve = 2s, .connect = 200ms, .send = 5s, .receive = 5s});
+    const FullPort port;
+    const Clock::time_point start = Clock::now();
+    EXPECT_EQ(fetch(port.address()), eInetTimedOut);
+    EXPECT_LT(Clock::now() - start, 2s);
+    expectNothingHarmed();
+}
+
+TEST_F(BadServer, oneThatStopsTakingTheFileIsLeftInTime) {
+    remote::setTimeouts({.resolve = 2s, .connect = 2s, .send = 200ms, .receive = 5s});
+    writeBytes(local, std::string(30'000'000, 'x')); // more than any system keeps on the way
+    std::promise<void> isOver;
+    const TestServer server([&isOver](const TestClient&) { isOver.get_future().wait_for(10s); });
+    const Clock::time_point start = Clock::now();
+    EXPECT_EQ(upload(server.address()), eInetTimedOut);
+    EXPECT_LT(Clock::now() - start, 3s);
+    isOver.set_value();
 }
 
 TEST_F(BadServer, oneThatFallsSilentInTheMiddleIsLeftInTime) {

@@ -142,3 +142,24 @@ ClosedPort::ClosedPort() {
     m_socket = socket(AF_INET, SOCK_STREAM, 0);
     m_port = bindToFreePort(m_socket, AF_INET);
 }
+
+FullPort::FullPort() {
+    constexpr int callers = 8; // more than any system queues where none is asked for
+    startWinsock();
+    m_listener = socket(AF_INET, SOCK_STREAM, 0);
+    m_port = bindToFreePort(m_listener, AF_INET);
+    listen(m_listener, 0);
+    const SocketAddress address = loopback(AF_INET, m_port);
+    for (int i = 0; i < callers; ++i) {
+        m_callers.push_back(socket(AF_INET, SOCK_STREAM, 0));
+        u_long isNonBlocking = 1;
+        ioctlsocket(m_callers.back(), FIONBIO, &isNonBlocking);
+        connect(m_callers.back(), &address.any, sizeOf(AF_INET));
+    }
+}
+
+FullPort::~FullPort() {
+    for (const SOCKET caller : m_callers)
+        closesocket(caller);
+    closesocket(m_listener);
+}

@@ -73,3 +73,18 @@ class ClosedPort {
     SOCKET m_socket; // has the port and doesn't listen, so that nobody else can
     unsigned short m_port;
 };
+
+/// A port of this computer whose queue is full: whoever calls waits for a line that is never taken.
+class FullPort {
+  public:
+    FullPort();
+    ~FullPort();
+    FullPort(const FullPort&) = delete;
+    FullPort& operator=(const FullPort&) = delete;
+    std::wstring address() const { return L"http://127.0.0.1:" + std::to_wstring(m_port) + L"/plan.las"; }
+
+  private:
+    SOCKET m_listener;
+    unsigned short m_port;
+    std::vector<SOCKET> m_callers;
+};
