@@ -18,15 +18,18 @@ bool isInputMethodWindow(HWND window) {
     return _wcsicmp(name, L"IME") == 0 || _wcsicmp(name, L"MSCTFIME UI") == 0;
 }
 
-/// Windows calls from here, so nothing may be thrown; an object that finds no memory gets no window.
+/// Windows calls from here, so nothing may be thrown; an object that throws gets no window.
 bool adopts(CWnd* window, HWND handle) {
     try {
         CWndInternals::adopt(window, handle);
         return true;
+    } catch (CException* exception) {
+        exception->Delete();
     } catch (const std::bad_alloc&) {
-        window->Detach();
-        return false;
+        // Told by there being no window, as above.
     }
+    window->Detach();
+    return false;
 }
 
 LRESULT CALLBACK creationHook(int code, WPARAM wParam, LPARAM lParam) {

@@ -71,6 +71,15 @@ TEST(HelpPages, whatTheyShowAndLeadToIsInstalled) {
     }
 }
 
+TEST(ComponentFiles, standBesideTheFrameworkWhateverTheirPathIs) {
+    const std::wstring expected = framework::frameworkFolder() + L"File.xaml";
+    for (const wchar_t* path :
+         {L"/Component;component/File.xaml", L"/File.xaml", L"/../File.xaml", L"/a;component/..\\File.xaml"})
+        EXPECT_EQ(framework::componentFile(path), expected) << ui::narrow(path);
+    EXPECT_EQ(framework::componentFile(L"C:\\own\\File.xaml"), L"C:\\own\\File.xaml");
+    EXPECT_EQ(framework::componentFile(L""), L"");
+}
+
 class Help : public DialogFixture {};
 
 TEST_F(Help, aMissingPageIsTold) {

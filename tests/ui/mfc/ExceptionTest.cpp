@@ -129,6 +129,41 @@ TEST_F(HandlerExceptionTest, DuringCreationMeansNoWindow) {
     EXPECT_THAT(theProgram().prompts, IsEmpty());
 }
 
+/// Throws when it is bound to its window, before the window's first message.
+template <class Base> struct Unbindable : Base {
+    using Base::Base;
+    void PreSubclassWindow() override { throw new Counted; }
+};
+
+TEST_F(HandlerExceptionTest, WhileAWindowIsBoundMeansNoWindow) {
+    Unbindable<CWnd> failing;
+    EXPECT_FALSE(failing.CreateEx(0, L"STATIC", L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr));
+    EXPECT_EQ(failing.m_hWnd, nullptr);
+    EXPECT_EQ(Counted::alive, 0);
+    CWnd next;
+    EXPECT_TRUE(next.CreateEx(0, L"STATIC", L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr));
+    next.DestroyWindow();
+}
+
+TEST_F(HandlerExceptionTest, WhileAModalDialogIsBoundEndsItAndLeavesItsOwnerUsable) {
+    Unbindable<CDialog> failing(IDD_FORM, &window);
+    EXPECT_EQ(failing.DoModal(), -1);
+    EXPECT_EQ(failing.m_hWnd, nullptr);
+    EXPECT_TRUE(window.IsWindowEnabled());
+    EXPECT_EQ(Counted::alive, 0);
+}
+
+TEST_F(HandlerExceptionTest, OutOfAModalLoopEndsTheDialogAndLeavesItsOwnerUsable) {
+    struct Failing : CDialog {
+        using CDialog::CDialog;
+        BOOL PreTranslateMessage(MSG*) override { throw new Counted; }
+    } failing(IDD_FORM, &window);
+    EXPECT_EQ(failing.DoModal(), -1);
+    EXPECT_EQ(failing.m_hWnd, nullptr);
+    EXPECT_TRUE(window.IsWindowEnabled());
+    EXPECT_EQ(Counted::alive, 0);
+}
+
 TEST_F(HandlerExceptionTest, DuringPaintingIsSilentAndPaintsNotAgain) {
     window.throwsAtPaint = true;
     window.Invalidate();

@@ -23,7 +23,7 @@ std::wstring frameworkFolder() {
 std::wstring componentFile(std::wstring_view componentPath) {
     if (componentPath.empty() || componentPath.front() != L'/')
         return std::wstring(componentPath);
-    const std::wstring_view name = componentPath.substr(componentPath.find_last_of(L'/') + 1);
+    const std::wstring_view name = componentPath.substr(componentPath.find_last_of(L"/\\") + 1);
     return frameworkFolder().append(name);
 }
 

@@ -1,5 +1,5 @@
 // Finds the files that are installed beside kelui.dll. Modules name them by component paths,
-// "/Component;component/File.xaml", of which only the file's name counts here.
+// "/Component;component/File.xaml", of which only the file's name counts here, so that no path leads out of the folder.
 #pragma once
 
 #include "KelExport.h"
