@@ -1,0 +1,54 @@
+// Replays what the framework does with each of its host calls and each of its system calls failing once, and looks each
+// time whether anything is left.
+#pragma once
+
+#include "PickerFixture.h"
+
+#include <map>
+#include <set>
+
+// Of each function all calls are made to fail up to this number, and fewer and fewer of those behind them.
+inline constexpr int kEveryCall = 1000;
+inline constexpr int kManyCalls = 6;
+inline constexpr int kFewCalls = 4;
+
+/// The files, keys and other handles of this process.
+DWORD countHandles();
+
+class FrameworkSweep : public PickerFixture {
+  protected:
+    /// What is replayed. It answers whether all was done, and asserts what must hold in either case.
+    std::function<bool()> scenario;
+    /// Where a dialog of the system keeps a handle each time that it opens.
+    bool systemKeepsHandles = false;
+
+    void SetUp() override;
+    void TearDown() override;
+
+    /// Runs an action that opens windows, which are confirmed, or left where that isn't possible.
+    static void answered(const std::function<void()>& action);
+
+    /// Replays the scenario. @return how many failures struck, each in a run of its own
+    int sweep(int mostCallsOfAFunction);
+
+  private:
+    /// What must be after a run as it was before.
+    struct Held {
+        int windows = 0;
+        int drawing = 0;
+        DWORD handles = 0;
+        std::set<std::wstring> kept;
+    };
+    static Held heldNow();
+
+    int callsOf(const std::string& function);
+    bool failsHostCall(int nth);
+    void run(const std::string& what, const char* function, int nth);
+    void runOnce(const char* function, int nth);
+    bool hasGrown(const Held& now) const;
+    void expectNothingLeft(const Held& after);
+
+    CWnd m_owner;
+    Held m_held;
+    std::map<std::string, int> m_calls;
+};
