@@ -4,6 +4,7 @@
 
 #include "SweepFixture.h"
 
+#include "HandleCount.h"
 #include "ImportFaults.h"
 #include "OrvUiPickers.h"
 #include "OrvUiServices.h"
@@ -199,7 +200,7 @@ TEST_F(FrameworkSweep, aFileDialogThatDoesNotOpenKeepsNoHandle) {
         EXPECT_EQ(chain, nullptr);
     };
     ask();
-    const DWORD before = countHandles();
+    const auto before = countHandles();
     ask();
     EXPECT_EQ(countHandles(), before);
 }

@@ -3,6 +3,7 @@
 #include "SweepFixture.h"
 
 #include "GuiObjects.h"
+#include "HandleCount.h"
 #include "ImportFaults.h"
 #include "instruments/HostCalls.h"
 #include "persistence/DialogStore.h"
@@ -36,21 +37,9 @@ int next(int nth, int most) {
 
 } // namespace
 
-// Wine does not count them, so there the first 128 are asked for: they are multiples of 4, and a new one takes the
-// first free place.
-DWORD countHandles() {
-    constexpr ULONG_PTR kLast = 0x200;
-    DWORD count = 0;
-    DWORD flags = 0;
-    if (GetProcessHandleCount(GetCurrentProcess(), &count) && count > 0)
-        return count;
-    for (ULONG_PTR handle = 4; handle <= kLast; handle += 4)
-        count += GetHandleInformation(reinterpret_cast<HANDLE>(handle), &flags) != 0;
-    return count;
-}
-
 FrameworkSweep::Held FrameworkSweep::heldNow() {
-    return {countWindows(), countGdiObjects().value_or(0), countHandles(), valuesBelow(framework::DialogStore::root())};
+    return {countWindows(), countGdiObjects().value_or(0), countHandles().value_or(0),
+            valuesBelow(framework::DialogStore::root())};
 }
 
 void FrameworkSweep::SetUp() {

@@ -12,9 +12,6 @@ inline constexpr int kEveryCall = 1000;
 inline constexpr int kManyCalls = 6;
 inline constexpr int kFewCalls = 4;
 
-/// The files, keys and other handles of this process.
-DWORD countHandles();
-
 class FrameworkSweep : public PickerFixture {
   protected:
     /// What is replayed. It answers whether all was done, and asserts what must hold in either case.
@@ -36,7 +33,7 @@ class FrameworkSweep : public PickerFixture {
     struct Held {
         int windows = 0;
         int drawing = 0;
-        DWORD handles = 0;
+        unsigned handles = 0;
         std::set<std::wstring> kept;
     };
     static Held heldNow();
