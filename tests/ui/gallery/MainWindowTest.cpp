@@ -144,8 +144,8 @@ TEST_F(Manager, theChevronIsDrawnAtTheDisplaysScaling) {
               [](const ui::View& view) {
                   const int dpi = static_cast<int>(GetDpiForSystem());
                   const SIZE ink = inkOf(view, IDC_LSTATE_RES_EXPAND);
-                  EXPECT_NEAR(ink.cx, MulDiv(14, dpi, 96), dpi / 96 + 1);
-                  EXPECT_NEAR(ink.cy, MulDiv(14, dpi, 96), dpi / 96 + 1);
+                  EXPECT_NEAR(ink.cx, MulDiv(12, dpi, 96), 1);
+                  EXPECT_NEAR(ink.cy, MulDiv(12, dpi, 96), 1);
               })
         .click(IDC_LSTATE_RES_CLOSE);
     showDialog(std::move(script), [this] { run(L"LAYERSTATE"); });

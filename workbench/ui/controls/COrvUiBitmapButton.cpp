@@ -71,7 +71,7 @@ CString COrvUiBitmapButton::TipText() {
     if (m_picture->loaded.isEmpty())
         return COrvUiOwnerDrawButton::TipText();
     CString text;
-    if (!HasRoomForText(m_picture->fitted.width + 2 * kGap))
+    if (!HasRoomForText(m_picture->fitted.width + 2 * framework::scaledFor(GetSafeHwnd(), kGap)))
         GetWindowText(text);
     return text;
 }
@@ -86,12 +86,13 @@ void COrvUiBitmapButton::DrawButton(CDC& dc, const CRect& face, UINT itemState) 
     const AlphaImage& picture = m_picture->fit(size, (itemState & ODS_DISABLED) != 0);
     CString text;
     GetWindowText(text);
-    const bool withText = !text.IsEmpty() && HasRoomForText(size.cx + 2 * kGap);
-    const LONG left = withText ? face.left + kGap : face.left + (room.cx - size.cx) / 2;
+    const int gap = framework::scaledFor(GetSafeHwnd(), kGap);
+    const bool withText = !text.IsEmpty() && HasRoomForText(size.cx + 2 * gap);
+    const LONG left = withText ? face.left + gap : face.left + (room.cx - size.cx) / 2;
     const LONG pressed = itemState & ODS_SELECTED ? 1 : 0;
     framework::drawPicture(dc.GetSafeHdc(), {left + pressed, face.top + (room.cy - size.cy) / 2 + pressed}, picture);
     if (withText)
-        DrawCaption(dc, CRect(left + size.cx + kGap + pressed, face.top + pressed, face.right, face.bottom + pressed),
+        DrawCaption(dc, CRect(left + size.cx + gap + pressed, face.top + pressed, face.right, face.bottom + pressed),
                     itemState, DT_LEFT);
 }
 

@@ -2,6 +2,8 @@
 
 #include "OrvUiControls.h"
 
+#include "base/Scaling.h"
+
 #include <uxtheme.h>
 #include <vssym32.h>
 
@@ -15,7 +17,7 @@ END_MESSAGE_MAP()
 
 namespace {
 
-// Between the frame and the face, and around the text.
+// Between the frame and the face, and around the text, in dots at 96 an inch.
 constexpr int kFaceMargin = 3;
 
 class Theme {
@@ -79,7 +81,8 @@ void COrvUiOwnerDrawButton::DrawItem(LPDRAWITEMSTRUCT item) {
     CDC* dc = CDC::FromHandle(item->hDC);
     CRect face(item->rcItem);
     DrawFrame(*dc, face, item->itemState);
-    face.DeflateRect(kFaceMargin, kFaceMargin);
+    const int margin = framework::scaledFor(GetSafeHwnd(), kFaceMargin);
+    face.DeflateRect(margin, margin);
     DrawButton(*dc, face, item->itemState);
     const bool showsFocus = (item->itemState & ODS_FOCUS) && !(item->itemState & ODS_NOFOCUSRECT);
     if (showsFocus)
@@ -143,7 +146,7 @@ bool COrvUiOwnerDrawButton::HasRoomForText(int taken) {
         ::DrawTextW(dc, text.GetString(), text.GetLength(), &needed, DT_SINGLELINE | DT_CALCRECT);
     }
     ::ReleaseDC(GetSafeHwnd(), dc);
-    const LONG room = button.right - 2 * kFaceMargin - taken;
+    const LONG room = button.right - 2 * framework::scaledFor(GetSafeHwnd(), kFaceMargin) - taken;
     return needed.right <= room && needed.bottom <= button.bottom;
 }
 
