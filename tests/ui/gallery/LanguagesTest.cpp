@@ -1,0 +1,70 @@
+// The module's dialogs in every language, straight from their templates: which one the system takes for a user is its
+// own affair.
+
+#include "GalleryTest.h"
+
+#include "LayoutProblems.h"
+
+#include <set>
+
+using gallery::GalleryTest;
+
+namespace {
+
+/// One dialog template in one language.
+struct Template {
+    std::wstring id;
+    WORD language;
+};
+
+std::vector<Template> templatesOf(HMODULE resources) {
+    std::vector<Template> found;
+    EnumResourceNamesW(
+        resources, RT_DIALOG,
+        [](HMODULE module, LPCWSTR type, LPWSTR name, LONG_PTR result) -> BOOL {
+            return EnumResourceLanguagesW(
+                module, type, name,
+                [](HMODULE, LPCWSTR, LPCWSTR id, WORD language, LONG_PTR list) -> BOOL {
+                    reinterpret_cast<std::vector<Template>*>(list)->push_back(
+                        {L"#" + std::to_wstring(reinterpret_cast<ULONG_PTR>(id)), language});
+                    return TRUE;
+                },
+                result);
+        },
+        reinterpret_cast<LONG_PTR>(&found));
+    return found;
+}
+
+INT_PTR CALLBACK bareProcedure(HWND, UINT message, WPARAM, LPARAM) {
+    return message == WM_INITDIALOG;
+}
+
+class Languages : public GalleryTest {
+  protected:
+    HMODULE resources = GetModuleHandleW(L"KelLayerAppsRes.dll");
+
+    HWND show(const Template& which) {
+        const HRSRC found = FindResourceExW(resources, RT_DIALOG, which.id.c_str(), which.language);
+        const HGLOBAL loaded = found ? LoadResource(resources, found) : nullptr;
+        const HWND dialog = CreateDialogIndirectW(resources, static_cast<LPCDLGTEMPLATEW>(LockResource(loaded)),
+                                                  nullptr, bareProcedure);
+        ShowWindow(dialog, SW_SHOWNA);
+        return dialog;
+    }
+};
+
+TEST_F(Languages, theTextsOfEachFitTheirControls) {
+    std::set<WORD> languages;
+    for (const Template& each : templatesOf(resources)) {
+        SCOPED_TRACE(ui::narrow(each.id) + " in language " + std::to_string(each.language));
+        languages.insert(each.language);
+        const HWND dialog = show(each);
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_THAT(gallery::layoutProblems(dialog), testing::IsEmpty());
+        DestroyWindow(dialog);
+    }
+    EXPECT_THAT(languages, testing::ElementsAre(MAKELANGID(LANG_GERMAN, SUBLANG_NEUTRAL),
+                                                MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US)));
+}
+
+} // namespace
