@@ -176,6 +176,22 @@ TEST_F(TabsTest, CommandsLeaveTheTabsWhereTheyWereScrolledTo) {
     runAndThrowAway(script);
 }
 
+TEST_F(TabsTest, AnotherScalingMakesTabsWiderThoughTheBarKeepsItsSize) {
+    makeLayouts({L"One", L"Two"});
+    Script script;
+    script.look("at another scaling", [this](const View& view) {
+        const CRect bar(view.rect(IDC_SPACE_TABS));
+        const int before = tabs(view).tabRect(1).Width();
+        RECT rect{};
+        window->GetWindowRect(&rect);
+        // So little more that the bar is as high as before: its font is, and only the room around a name grows.
+        window->SendMessage(WM_DPICHANGED, MAKEWPARAM(100, 100), reinterpret_cast<LPARAM>(&rect));
+        ASSERT_EQ(CRect(view.rect(IDC_SPACE_TABS)).Size(), bar.Size()) << "the test needs a bar of the same size";
+        EXPECT_EQ(tabs(view).tabRect(1).Width(), before + 2);
+    });
+    runAndThrowAway(script);
+}
+
 TEST_F(TabsTest, ALongNameIsShortenedAndToldInFullByATip) {
     const std::wstring name = L"Ground floor, first floor and roof with all dimensions and furniture, for the office";
     makeLayouts({name, L"Short"});

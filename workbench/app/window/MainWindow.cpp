@@ -207,6 +207,7 @@ BOOL MainWindow::OnMouseWheel(UINT flags, short delta, CPoint screen) {
 LRESULT MainWindow::OnDpiChanged(WPARAM dpi, LPARAM rect) {
     m_look.update(HIWORD(dpi));
     m_command.applyLook();
+    m_tabs.applyLook();
     const auto* proposed = reinterpret_cast<const RECT*>(rect);
     MoveWindow(proposed);
     arrange();

@@ -97,6 +97,13 @@ void SpaceTabs::arrange() {
     m_strip.arrange(widths, {client.Width(), m_look.px(kMargin), m_look.px(kScrollButton)});
 }
 
+void SpaceTabs::applyLook() {
+    arrange();
+    m_strip.reveal(m_active);
+    refreshTips();
+    Invalidate(FALSE);
+}
+
 void SpaceTabs::scroll(int tabs) {
     if (!m_strip.scroll(tabs))
         return;
@@ -187,10 +194,7 @@ BOOL SpaceTabs::OnEraseBkgnd(CDC*) {
 
 void SpaceTabs::OnSize(UINT type, int width, int height) {
     CWnd::OnSize(type, width, height);
-    arrange();
-    m_strip.reveal(m_active);
-    refreshTips();
-    Invalidate(FALSE);
+    applyLook();
 }
 
 void SpaceTabs::OnLButtonDown(UINT, CPoint point) {

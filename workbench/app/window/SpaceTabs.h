@@ -22,6 +22,8 @@ class SpaceTabs : public CWnd {
     void onChosen(std::function<void(std::size_t index)> chosen) { m_chosen = std::move(chosen); }
     /// Shows these tabs; `active` is the one on top, and comes into sight when it is another one than before.
     void setTabs(std::vector<std::wstring> names, std::size_t active);
+    /// Measures the names anew after the look has changed.
+    void applyLook();
     int height() const { return m_look.lineHeight() + m_look.px(10); }
     /// Where a tab can be seen, in client coordinates; empty for one that isn't there or is out of sight.
     CRect tabRect(std::size_t index) const { return rectOf(m_strip.tab(index)); }
