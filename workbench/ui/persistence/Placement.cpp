@@ -78,6 +78,19 @@ std::vector<RECT> monitorWorkAreas() {
     return areas;
 }
 
+std::optional<RECT> keptRect(LONG left, LONG top, unsigned long width, unsigned long height) {
+    const bool beyond = left < -kFarthest || left > kFarthest || top < -kFarthest || top > kFarthest;
+    if (beyond || width == 0 || width > kLargest || height == 0 || height > kLargest)
+        return std::nullopt;
+    return RECT{left, top, left + static_cast<LONG>(width), top + static_cast<LONG>(height)};
+}
+
+std::optional<int> keptScaling(unsigned long dpi) {
+    if (dpi < kLowestDpi || dpi > kHighestDpi)
+        return std::nullopt;
+    return static_cast<int>(dpi);
+}
+
 std::optional<KeptPlacement> keptPlacement(const std::wstring& dialogName) {
     const DialogStore store(dialogName, kGroup);
     const auto left = store.number(L"Left"), top = store.number(L"Top");
@@ -85,11 +98,8 @@ std::optional<KeptPlacement> keptPlacement(const std::wstring& dialogName) {
     if (!left || !top || !width || !height)
         return std::nullopt;
     // Positions left of and above the primary monitor are negative.
-    const auto x = static_cast<LONG>(*left), y = static_cast<LONG>(*top);
-    const bool beyond = x < -kFarthest || x > kFarthest || y < -kFarthest || y > kFarthest;
-    if (beyond || *width == 0 || *width > kLargest || *height == 0 || *height > kLargest)
-        return std::nullopt;
-    return KeptPlacement{{x, y, x + static_cast<LONG>(*width), y + static_cast<LONG>(*height)}, scalingIn(store)};
+    const auto rect = keptRect(static_cast<LONG>(*left), static_cast<LONG>(*top), *width, *height);
+    return rect ? std::optional(KeptPlacement{*rect, scalingIn(store)}) : std::nullopt;
 }
 
 void keepPlacement(const std::wstring& dialogName, HWND window) {
@@ -107,9 +117,7 @@ void keepPlacement(const std::wstring& dialogName, HWND window) {
 
 std::optional<int> scalingIn(const DialogStore& store) {
     const auto dpi = store.number(kDpi);
-    if (!dpi || *dpi < kLowestDpi || *dpi > kHighestDpi)
-        return std::nullopt;
-    return static_cast<int>(*dpi);
+    return dpi ? keptScaling(*dpi) : std::nullopt;
 }
 
 bool keepScaling(const DialogStore& store, HWND window) {

@@ -18,6 +18,11 @@ KELUI_API RECT placeOnWorkAreas(RECT wanted, const std::vector<RECT>& workAreas)
 /// The work areas of all monitors, the primary one's first.
 KELUI_API std::vector<RECT> monitorWorkAreas();
 
+/// The rectangle of kept numbers; nothing when no desktop reaches so far or no window is so large.
+KELUI_API std::optional<RECT> keptRect(LONG left, LONG top, unsigned long width, unsigned long height);
+/// The dots an inch of a kept number; nothing when no display can have so many or so few.
+KELUI_API std::optional<int> keptScaling(unsigned long dpi);
+
 /// A kept rectangle, and the dots an inch of the display that it stood on; none when that wasn't kept.
 struct KeptPlacement {
     RECT rect;
