@@ -50,9 +50,10 @@ inline std::vector<std::wstring> linesWithTooMany() {
     return lines;
 }
 
-/// Every command and option that takes words, with an enormous one. Left out are those that tell it in a message box.
-inline std::vector<std::wstring> enormousLines() {
-    const std::wstring enormous(32000, L'x');
+/// Every command and option that takes words, with one of so many letters. Left out are those that tell it in a message
+/// box.
+inline std::vector<std::wstring> enormousLines(std::size_t length = 32000) {
+    const std::wstring enormous(length, L'x');
     std::vector<std::wstring> lines;
     for (const workbench::Command& command : workbench::commandTable()) {
         const bool tellsInBox = command.name == std::wstring(L"OPEN") || command.name == std::wstring(L"SAVEAS");
@@ -111,6 +112,8 @@ inline constexpr const wchar_t* kWrongLines[] = {
     L"SETVAR nowhere",
     L"SETVAR \"\"",
     L"SETVAR LTSCALE much",
+    L"SETVAR LTSCALE 0",
+    L"SETVAR LTSCALE -1",
     L"SETVAR LAYERCOUNT 7",
     L"SETVAR TILEMODE 2",
     L"SETVAR CVPORT x",
