@@ -61,6 +61,7 @@ struct Variable {
     ResultType type;
     VariableValue initial;               ///< of a variable that the application keeps
     VariableValue (*read)(const Facts&); ///< null: the application keeps it
+    bool positive = false;               ///< takes numbers above 0 only
 };
 
 // Alphabetical. The drawing's ones fail while no drawing is open.
@@ -73,7 +74,7 @@ const Variable kVariables[] = {
      kVariableInt32,
      {},
      [](const Facts& facts) -> VariableValue { return static_cast<std::int32_t>(facts.drawing.layers.size()); }},
-    {L"LTSCALE", kVariableReal, 1.0, nullptr},
+    {L"LTSCALE", kVariableReal, 1.0, nullptr, true},
     {L"LWDEFAULT",
      kVariableInt16,
      {},
@@ -136,10 +137,14 @@ Vorn::ErrorStatus setSystemVariable(const wchar_t* name, VariableValue value) {
         return Vorn::eKeyNotFound;
     if (variable->read)
         return Vorn::eNotApplicable;
-    if (value.index() != variable->initial.index())
+    if (value.index() != variable->initial.index() || (variable->positive && !(std::get<double>(value) > 0)))
         return Vorn::eInvalidInput;
     setValues()[variable] = std::move(value);
     return Vorn::eOk;
+}
+
+double linetypeScale() {
+    return std::get<double>(*valueOf(*findVariable(L"LTSCALE")));
 }
 
 std::vector<std::wstring> systemVariableNames() {

@@ -58,7 +58,7 @@ TEST_F(CommandsTest, LayersAreMadeAndChanged) {
         .then(ask(L"LAYER THAW *", L"4 layers are thawed."))
         .then(ask(L"LAYER LOCK Walls", L"1 layer is locked."))
         .then(ask(L"LAYER UNLOCK Walls", L"1 layer is unlocked."))
-        .then(ask(L"LAYER COLOUR blue Walls", L"1 layer is given the colour blue."))
+        .then(ask(L"LAYER COLOUR blue Walls", L"1 layer is given the color blue."))
         .then(ask(L"LAYER LINETYPE Continuous Walls", L"1 layer is given the linetype Continuous."))
         .then(ask(L"LAYER LINEWEIGHT 0.5 Walls", L"1 layer is given the lineweight 0.5."))
         .then(ask(L"LAYER PLOTSTYLE Normal Walls", L"1 layer is given the plot style Normal."))

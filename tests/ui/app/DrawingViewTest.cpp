@@ -133,6 +133,10 @@ TEST_F(DrawingViewTest, BreaksADashedLine) {
     Script script;
     script.then(open())
         .then(expectRed("half of the line", [](long red) { return red > 300 && red < 800; }))
+        .then(command(L"SETVAR LTSCALE 1000"))
+        .then(expectRed("a dash as long as the line", [](long red) { return red > 800; }))
+        .then(command(L"SETVAR LTSCALE 1"))
+        .then(expectRed("half of the line again", [](long red) { return red > 300 && red < 800; }))
         .then(command(L"QUIT"));
     runWith(script);
 }

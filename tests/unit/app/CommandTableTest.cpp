@@ -66,8 +66,8 @@ TEST_F(CommandTableTest, HelpListsEveryCommandWithItsArguments) {
 TEST_F(CommandTableTest, HelpExplainsACommandAndItsOptions) {
     const std::wstring text = run(L"HELP layer");
     EXPECT_THAT(text, HasSubstr(L"LAYER option ... - Makes layers and changes them. Short: LA.\n"));
-    EXPECT_THAT(text, HasSubstr(L"    LAYER COLOUR colour [layers] - "));
-    EXPECT_THAT(text, HasSubstr(L" Also: COLOR.\n"));
+    EXPECT_THAT(text, HasSubstr(L"    LAYER COLOR color [layers] - "));
+    EXPECT_THAT(text, HasSubstr(L" Also: COLOUR.\n"));
     EXPECT_EQ(run(L"? U"), L"UNDO - Takes back the last change. Short: U.\n");
     EXPECT_EQ(run(L"HELP nonsense"), L"There is no command \"nonsense\": HELP alone lists them.\n");
 }

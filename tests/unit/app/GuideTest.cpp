@@ -11,6 +11,7 @@
 #include <sstream>
 
 using testing::HasSubstr;
+using testing::Not;
 using workbench::Command;
 using workbench::commandTable;
 using workbench::Option;
@@ -34,6 +35,7 @@ class GuideTest : public CommandTest {
         EXPECT_NE(start, std::wstring::npos) << "the guide lacks a section";
         return start == std::wstring::npos ? L"" : m_text.substr(start, m_text.find(L"\n" + end, start + 1) - start);
     }
+    const std::wstring& text() const { return m_text; }
     std::wstring commands() const { return section(L"## Commands", L"## "); }
     /// Where the options of a command are told.
     std::wstring optionsOf(const Command& command) const {
@@ -103,6 +105,23 @@ TEST_F(GuideTest, TellsEveryOption) {
             });
             EXPECT_TRUE(told) << narrow(full);
         }
+}
+
+// The dialogs are in American English.
+TEST_F(GuideTest, SpellsAsTheDialogsDoAndNamesTheOtherSpelling) {
+    for (const wchar_t* british : {L"colour", L"Colour", L"millimetre", L"centre"}) {
+        EXPECT_EQ(text().find(british), std::wstring::npos) << narrow(british);
+        for (const Command& command : commandTable())
+            EXPECT_THAT(run(std::wstring(L"HELP ") + command.name), Not(HasSubstr(british)));
+    }
+    for (const wchar_t* command : {L"LAYER", L"VPLAYER"}) {
+        EXPECT_THAT(optionsOf(*workbench::findCommand(command)), HasSubstr(L"(`COLOUR`)"));
+        EXPECT_THAT(run(std::wstring(L"HELP ") + command), HasSubstr(L" Also: COLOUR.\n"));
+    }
+    run(L"LAYER COLOR red *");
+    EXPECT_EQ(drawing().columns.colors[0] & 0xFF, 1u);
+    run(L"LAYER COLOUR blue *");
+    EXPECT_EQ(drawing().columns.colors[0] & 0xFF, 5u);
 }
 
 TEST_F(GuideTest, TellsTheArgumentsAsHelpDoes) {

@@ -109,9 +109,9 @@ TEST_F(LayerCommandTest, NeverFreezesTheCurrentLayer) {
 
 TEST_F(LayerCommandTest, GivesValuesToLayersOrToTheCurrentOne) {
     const std::size_t walls = layer(L"Walls");
-    EXPECT_EQ(run(L"LAYER COLOUR red Walls,Windows"), L"2 layers are given the colour red.\n");
+    EXPECT_EQ(run(L"LAYER COLOUR red Walls,Windows"), L"2 layers are given the color red.\n");
     EXPECT_EQ(drawing().columns.colors[walls], 1u);
-    EXPECT_EQ(run(L"LAYER COLOR 10,20,30 Walls"), L"1 layer is given the colour 10,20,30.\n");
+    EXPECT_EQ(run(L"LAYER COLOR 10,20,30 Walls"), L"1 layer is given the color 10,20,30.\n");
     EXPECT_EQ(drawing().columns.colors[walls], 0xC20A141Eu);
     run(L"UNDO");
     EXPECT_EQ(drawing().columns.colors[walls], 1u);
@@ -142,7 +142,7 @@ TEST_F(LayerCommandTest, RefusesPlotStylesWhereColoursDecide) {
     coloured.colorDependentPlotStyles = true;
     session.rebuild(coloured);
     EXPECT_EQ(run(L"LAYER PSTYLE Normal Walls"),
-              L"The drawing takes its plot styles from colours: change the colour instead.\n");
+              L"The drawing takes its plot styles from colors: change the color instead.\n");
 }
 
 TEST_F(LayerCommandTest, DescribesLayers) {

@@ -19,7 +19,10 @@ TEST_F(VariableCommandTest, ShowsAndSetsThoseThatTheApplicationKeeps) {
     EXPECT_EQ(run(L"setvar cprofile"), L"CPROFILE = \"Default\"\n");
     EXPECT_EQ(run(L"SETVAR cprofile \"My profile\""), L"CPROFILE = \"My profile\"\n");
     EXPECT_EQ(run(L"SETVAR CPROFILE"), L"CPROFILE = \"My profile\"\n");
+    const int changed = shell.changed;
     run(L"SETVAR LTSCALE 0.5");
+    EXPECT_EQ(runtime::linetypeScale(), 0.5);
+    EXPECT_GT(shell.changed, changed) << "the dashes on view follow";
     EXPECT_THAT(run(L"SETVAR LTSCALE"), HasSubstr(L"LTSCALE = 0.5"));
 }
 
@@ -27,6 +30,11 @@ TEST_F(VariableCommandTest, RefusesWhatIsNoValueOfTheVariable) {
     for (const wchar_t* value : {L"much", L"1e999", L"0x10", L"inf", L"1,5"})
         EXPECT_EQ(run(std::wstring(L"SETVAR LTSCALE ") + value),
                   L'"' + std::wstring(value) + L"\" is no value of LTSCALE: give a number.\n");
+    for (const wchar_t* value : {L"0", L"-0", L"-1", L"-1e300"})
+        EXPECT_EQ(run(std::wstring(L"SETVAR LTSCALE ") + value),
+                  L'"' + std::wstring(value) + L"\" is no value of LTSCALE: give a number above 0.\n");
+    EXPECT_EQ(runtime::linetypeScale(), 1);
+    EXPECT_EQ(run(L"SETVAR VIEWTWIST -1"), L"VIEWTWIST = -1.0000\n") << "another one may be below 0";
     EXPECT_EQ(run(L"SETVAR ZDRNAME x"), L"ZDRNAME tells about the drawing: SETVAR can only show it.\n");
     EXPECT_EQ(run(L"SETVAR foo"), L"There is no system variable \"foo\": SETVAR alone lists them.\n");
 }

@@ -79,6 +79,18 @@ TEST_F(PictureTest, BreaksLinesIntoTheirPatternWhateverTheZoom) {
     EXPECT_EQ(close.parts.at(0).strokes.strokes.size(), 10u);
 }
 
+TEST_F(PictureTest, MakesPatternsLongerByTheLinetypeScale) {
+    sample::addLine(drawing, sample::addLayer(drawing, L"A", {zdr::kLayerOn, 7, L"Dashed"}), 72);
+    screen.linetypeScale = 0.5;
+    EXPECT_EQ(model().parts.at(0).strokes.strokes.size(), 4u) << "a repeat is 4.5 mm, 18 pixels";
+    for (const double scale : {2.0, 1e300, 1.7e308}) {
+        screen.linetypeScale = scale;
+        EXPECT_EQ(model().parts.at(0).strokes.strokes.size(), 1u) << scale << ": the line ends before the first gap";
+    }
+    screen.linetypeScale = 1e-300;
+    EXPECT_EQ(model().parts.at(0).strokes.strokes.size(), 1u) << "too fine to be seen";
+}
+
 TEST_F(PictureTest, ShowsTheForegroundAndTrueColours) {
     sample::addLine(drawing, sample::addLayer(drawing, L"A", {zdr::kLayerOn, 7}));
     sample::addLine(drawing, sample::addLayer(drawing, L"B", {zdr::kLayerOn, 0xC2112233}));

@@ -119,9 +119,9 @@ TEST_F(SessionTest, AModulesCommandIsOneStepOfUndo) {
 
 TEST_F(SessionTest, SaysWhenThereIsNothingToUndo) {
     run(L"U");
-    EXPECT_THAT(shell.printed, EndsWith(L"There is nothing to undo.\n"));
+    EXPECT_THAT(shell.printed, EndsWith(L"There is nothing to undo: change the drawing first.\n"));
     run(L"REDO");
-    EXPECT_THAT(shell.printed, EndsWith(L"There is nothing to redo.\n"));
+    EXPECT_THAT(shell.printed, EndsWith(L"There is nothing to redo: take a change back by UNDO first.\n"));
 }
 
 TEST_F(SessionTest, AnExceptionEndsTheCommandAndNothingElse) {

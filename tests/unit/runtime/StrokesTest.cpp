@@ -75,6 +75,12 @@ TEST(Dashes, KeepADotAtTheVeryStart) {
     EXPECT_EQ(dashed({{0, 5}, {9, 5}}, {0, -4}), (Spans{{0, 0}, {4, 4}, {8, 8}}));
 }
 
+TEST(Dashes, OfEndlessLengthShowTheirBeginning) {
+    constexpr double kEndless = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(dashed({{0, 5}, {20, 5}}, {0, -4}, kEndless), (Spans{{0, 0}})) << "a dot stays one";
+    EXPECT_EQ(dashed({{0, 5}, {20, 5}}, {8, -4}, kEndless), (Spans{{0, 20}}));
+}
+
 TEST(Dashes, RunOnAroundACorner) {
     EXPECT_EQ(dashed({{0, 5}, {10, 5}, {10, 5}, {20, 5}}, {8, -4}), (Spans{{0, 8}, {12, 20}}));
 }

@@ -17,6 +17,8 @@ bool isCountRight(Session& session, std::size_t words, const Count& count, const
     const int given = static_cast<int>(words);
     if (given < count.least)
         session.shell().print(name + L" lacks an argument: type " + usage + L".\n");
+    else if (given > count.most && count.most == 0)
+        session.shell().print(name + L" takes no arguments: type " + usage + L" alone.\n");
     else if (given > count.most)
         session.shell().print(name + L" has too many arguments: type " + usage + L".\n");
     return given >= count.least && given <= count.most;

@@ -76,7 +76,7 @@ std::wstring layerQuotation(const Session& session, std::size_t layer) {
 std::optional<std::uint32_t> colorOf(Session& session, const std::wstring& text) {
     const auto color = parseColor(unquoted(text));
     if (!color)
-        session.shell().print(quotation(text) + L" is no colour: give a number from 1 to 255, three from 0 to 255 as "
+        session.shell().print(quotation(text) + L" is no color: give a number from 1 to 255, three from 0 to 255 as "
                                                 L"r,g,b, or a name such as red.\n");
     return color;
 }
@@ -85,7 +85,7 @@ std::optional<std::int16_t> lineWeightOf(Session& session, const std::wstring& t
     const auto weight = parseLineWeight(unquoted(text));
     if (!weight)
         session.shell().print(quotation(text) +
-                              L" is no lineweight: give a standard width in millimetres, such as 0.25, or default.\n");
+                              L" is no lineweight: give a standard width in millimeters, such as 0.25, or default.\n");
     return weight;
 }
 
@@ -102,7 +102,7 @@ std::optional<std::uint32_t> linetypeOf(Session& session, const std::wstring& te
 std::optional<std::uint32_t> plotStyleOf(Session& session, const std::wstring& text) {
     const zdr::Drawing& drawing = session.drawing();
     if (drawing.colorDependentPlotStyles) {
-        session.shell().print(L"The drawing takes its plot styles from colours: change the colour instead.\n");
+        session.shell().print(L"The drawing takes its plot styles from colors: change the color instead.\n");
         return std::nullopt;
     }
     const zdr::NameId style = findPlotStyle(drawing, unquoted(text));

@@ -59,7 +59,7 @@ class PartPainter {
         const double width = look.lineWeight / 100.0 * m_pixelsPerMillimetre;
         const Pen pen{rgb(look.color), std::max(1, static_cast<int>(width + 0.5))};
         if (look.pattern)
-            m_plotter.plotDashed(m_points, pen, *look.pattern, m_pixelsPerMillimetre);
+            m_plotter.plotDashed(m_points, pen, *look.pattern, m_pixelsPerMillimetre * m_screen.linetypeScale);
         else
             m_plotter.plot(m_points, pen);
     }

@@ -40,6 +40,7 @@ struct Picture {
 struct Screen {
     double width = 0, height = 0; ///< pixels
     double pixelsPerMillimetre = 96 / 25.4;
+    double linetypeScale = 1;                 ///< by which the patterns' lengths are multiplied
     std::uint32_t modelForeground = 0xFFFFFF; ///< colour 7 on the model tab
     std::uint32_t paperForeground = 0x000000; ///< colour 7 on paper
     PaletteRgb paletteRgb = nullptr;

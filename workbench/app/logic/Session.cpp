@@ -200,7 +200,7 @@ bool Session::mayClose() {
 
 void Session::undo() {
     if (!engine::undo(database())) {
-        m_shell.print(L"There is nothing to undo.\n");
+        m_shell.print(L"There is nothing to undo: change the drawing first.\n");
         return;
     }
     m_shell.print(L"The last change is undone.\n");
@@ -209,7 +209,7 @@ void Session::undo() {
 
 void Session::redo() {
     if (!engine::redo(database())) {
-        m_shell.print(L"There is nothing to redo.\n");
+        m_shell.print(L"There is nothing to redo: take a change back by UNDO first.\n");
         return;
     }
     m_shell.print(L"The change is made again.\n");

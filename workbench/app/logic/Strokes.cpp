@@ -11,6 +11,8 @@ namespace {
 
 // Below this a repeat of the pattern can't be told from a continuous line, and would cost a stroke per pixel.
 constexpr double kFinestRepeat = 3;
+// Pixels for a unit of the pattern: nothing longer fits any screen, and a dot must not become 0 times infinity.
+constexpr double kCoarsestUnit = 1e12;
 
 Point along(Point from, Point to, double part) {
     return {from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part};
@@ -106,7 +108,7 @@ void StrokePlotter::plot(std::span<const Point> points, const Pen& pen) {
 
 void StrokePlotter::plotDashed(std::span<const Point> points, const Pen& pen, std::span<const double> pattern,
                                double unit) {
-    PatternWalk walk(pattern, unit);
+    PatternWalk walk(pattern, std::min(unit, kCoarsestUnit));
     if (!(walk.repeat() >= kFinestRepeat)) {
         plot(points, pen);
         return;

@@ -134,10 +134,13 @@ void set(Session& session, const std::wstring& name, const std::wstring& typed, 
     const auto value = valueOf(typed, type);
     const Vorn::ErrorStatus status =
         value ? runtime::setSystemVariable(name.c_str(), *value) : Vorn::ErrorStatus{Vorn::eInvalidInput};
-    if (status == Vorn::eOk)
+    if (status == Vorn::eOk) {
         session.shell().print(name + L" = " + VariableRead(name).text() + L"\n");
-    else if (status == Vorn::eNotApplicable)
+        session.shell().drawingChanged(); // LTSCALE changes how it looks
+    } else if (status == Vorn::eNotApplicable)
         session.shell().print(name + L" tells about the drawing: SETVAR can only show it.\n");
+    else if (value) // of the right type, but refused
+        session.shell().print(quotation(typed) + L" is no value of " + name + L": give a number above 0.\n");
     else
         session.shell().print(
             quotation(typed) + L" is no value of " + name +
