@@ -42,13 +42,15 @@ class KELUI_API COrvUiBaseDialog : public CDialog {
     virtual void OnDialogHelp();
 
   protected:
-    /// The common help handler, for the message maps of dialogs that have help: calls OnDialogHelp.
+    /// The common help handler, for the message maps of dialogs that have help, at ID_HELP or IDHELP: calls
+    /// OnDialogHelp. F1 anywhere in such a dialog calls it too.
     afx_msg void onHelpCommand();
     /// The name under which the dialog's tips stand in the tip file; the base has none, and so no tips.
     virtual CString tipScope() const;
 
     DECLARE_MESSAGE_MAP()
     afx_msg void OnDestroy();
+    afx_msg BOOL OnHelpInfo(HELPINFO* info);
     afx_msg LRESULT OnDpiChanged(WPARAM dpi, LPARAM place);
 
   private:
@@ -62,6 +64,7 @@ class KELUI_API COrvUiBaseDialog : public CDialog {
 /// Persistence under the dialog's name, and resizing.
 class KELUI_API COrvUiDialog : public COrvUiBaseDialog {
   public:
+    /// @param resources module that holds the template; null is the resource module that is current when it is loaded
     COrvUiDialog(UINT templateId, CWnd* parent, HINSTANCE resources);
     ~COrvUiDialog() override;
 
@@ -75,6 +78,7 @@ class KELUI_API COrvUiDialog : public COrvUiBaseDialog {
     BOOL SetDialogData(const wchar_t* key, unsigned long value);
     /// Applies widths saved under the dialog's name; with nothing saved the widths stand.
     void GetColumnSizes(CListCtrl* list);
+    /// Saves the list's present widths, in pixels of its display, under the dialog's name.
     void SaveColumnSizes(CListCtrl* list);
     /// Registers a resize table in the place of an earlier one; the rows are copied. Rows of absent controls do
     /// nothing.

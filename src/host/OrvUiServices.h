@@ -49,7 +49,7 @@ class KELUI_API CKelStandardTaskDialog {
 };
 
 /// Opens the host's help at a topic. `file` null means the host's own, `command` 0 the topic itself.
-/// The user is told when there is no such page.
+/// Opens nothing, and tells nothing, when there is no such page or no program for it.
 KELUI_API void keledHelp(const wchar_t* file, const wchar_t* topic, int command);
 /// The host's main window; null while there is none.
 KELUI_API HWND orvsw_vornMainWnd();

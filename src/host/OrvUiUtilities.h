@@ -52,6 +52,7 @@ class KELUI_API OrvXREFString {
   public:
     OrvXREFString() = default;
     OrvXREFString(const wchar_t* text) : m_text(text) {}
+    /// Where there is no memory for the text, the path stays as it was.
     OrvXREFString& operator=(const wchar_t* text);
     operator const wchar_t*() const { return m_text; }
     /// Compares in the order of the user's language, without regard to case: negative, 0 or positive.

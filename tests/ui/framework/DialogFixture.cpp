@@ -16,7 +16,8 @@ constexpr POINT kAway = {1270, 1014};
 
 } // namespace
 
-TestDialog::TestDialog(UINT templateId, const wchar_t* name) : CKelUiDialog(templateId), m_name(name) {}
+TestDialog::TestDialog(UINT templateId, const wchar_t* name, CWnd* parent)
+    : CKelUiDialog(templateId, parent), m_name(name) {}
 
 BOOL TestDialog::OnInitDialog() {
     SetDialogName(m_name);

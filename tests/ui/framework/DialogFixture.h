@@ -14,7 +14,7 @@
 /// A dialog whose set-up after the base OnInitDialog is the test's.
 class TestDialog : public CKelUiDialog {
   public:
-    explicit TestDialog(UINT templateId, const wchar_t* name = L"FrameworkTests:Dialog");
+    explicit TestDialog(UINT templateId, const wchar_t* name = L"FrameworkTests:Dialog", CWnd* parent = nullptr);
 
     std::function<void()> setUp;
     std::function<void(UINT)> onCommand;

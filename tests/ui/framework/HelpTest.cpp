@@ -7,6 +7,8 @@
 #include "help/HelpPage.h"
 #include "instruments/HostCalls.h"
 
+#include <commctrl.h>
+
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -82,39 +84,12 @@ TEST(ComponentFiles, standBesideTheFrameworkWhateverTheirPathIs) {
 
 class Help : public DialogFixture {};
 
-TEST_F(Help, aMissingPageIsTold) {
-    ui::Script script;
-    script.waitUntil("a message", [](const ui::View& view) { return view.title() == L"Help"; })
-        .look("what it says",
-              [](const ui::View& view) { EXPECT_THAT(view.texts(), Contains(HasSubstr(L"NOSUCHTOPIC"))); })
-        .press(VK_RETURN);
-    ui::perform(script, [] { keledHelp(nullptr, L"NOSUCHTOPIC", 0); });
-    EXPECT_THAT(instruments::trace(), ElementsAre("keledHelp(null, \"NOSUCHTOPIC\", 0)"));
-}
-
-TEST_F(Help, aTopicThatCanBeNoPageIsToldToo) {
-    for (const wchar_t* topic : {L"..\\secret", static_cast<const wchar_t*>(nullptr)}) {
-        ui::Script script;
-        script.waitUntil("a message", [](const ui::View& view) { return view.title() == L"Help"; })
-            .look(
-                "what it says",
-                [](const ui::View& view) { EXPECT_THAT(view.texts(), Contains(HasSubstr(L"There is no help page"))); })
-            .press(VK_RETURN);
-        EXPECT_TRUE(ui::perform(script, [topic] { keledHelp(nullptr, topic, 0); }));
-    }
-}
-
-TEST_F(Help, aFolderInThePlaceOfAPageIsNoPage) {
-    wchar_t temporary[MAX_PATH] = {};
-    GetTempPathW(MAX_PATH, temporary);
-    const std::wstring folder = std::wstring(temporary) + L"framework-tests-help";
-    CreateDirectoryW(folder.c_str(), nullptr);
-    CreateDirectoryW((folder + L"\\TOPIC.html").c_str(), nullptr);
-    ui::Script script;
-    script.waitForText(L"There is no help page for \u201cTOPIC\u201d.").press(VK_ESCAPE);
-    EXPECT_TRUE(ui::perform(script, [&] { keledHelp(folder.c_str(), L"TOPIC", 0); }));
-    RemoveDirectoryW((folder + L"\\TOPIC.html").c_str());
-    RemoveDirectoryW(folder.c_str());
+// A script of no steps fails where a window opens.
+TEST_F(Help, whereThereIsNoPageNothingOpensAndNothingIsTold) {
+    for (const wchar_t* topic : {L"NOSUCHTOPIC", L"..\\secret", static_cast<const wchar_t*>(nullptr)})
+        EXPECT_TRUE(ui::perform({}, [topic] { keledHelp(nullptr, topic, 0); }));
+    EXPECT_THAT(instruments::trace(),
+                ElementsAre("keledHelp(null, \"NOSUCHTOPIC\", 0)", HasSubstr("secret"), "keledHelp(null, null, 0)"));
 }
 
 /// A value of the registry's classes, replaced while this lives.
@@ -197,6 +172,23 @@ TEST_F(Help, whereTheExtensionHasNoProgramThePageIsOpenedByTheOneForPages) {
     EXPECT_THAT(opened.wait(), EndsWith(L"\\help\\RESTORELAYERSTATEDIALOG.html"));
 }
 
+TEST_F(Help, aFolderInThePlaceOfAPageIsNoPage) {
+    wchar_t temporary[MAX_PATH] = {};
+    GetTempPathW(MAX_PATH, temporary);
+    const std::wstring folder = std::wstring(temporary) + L"framework-tests-help";
+    CreateDirectoryW(folder.c_str(), nullptr);
+    CreateDirectoryW((folder + L"\\TOPIC.html").c_str(), nullptr);
+    const OpenedPages opened;
+    const ReplacedClass extension(L".html", L"FrameworkTests.Page");
+    const ReplacedClass command(L"FrameworkTests.Page\\shell\\open\\command", OpenedPages::command());
+    EXPECT_TRUE(ui::perform({}, [&] { keledHelp(folder.c_str(), L"TOPIC", 0); }));
+    // Had the folder been opened, it would have come before this page.
+    ui::perform({}, [] { keledHelp(nullptr, kManagerTopic, 0); });
+    EXPECT_THAT(opened.wait(), EndsWith(L"\\help\\RESTORELAYERSTATEDIALOG.html"));
+    RemoveDirectoryW((folder + L"\\TOPIC.html").c_str());
+    RemoveDirectoryW(folder.c_str());
+}
+
 // The number of a Help button's command.
 constexpr UINT kHelpCommand = 57670;
 
@@ -219,6 +211,82 @@ TEST_F(Help, theCommonHandlerAsksTheDialogForItsOwnHelp) {
     HelpingDialog dialog{IDD_FIXED};
     dialog.run(look("the command of a Help button", [&] { dialog.SendMessage(WM_COMMAND, kHelpCommand, 0); }));
     EXPECT_EQ(dialog.asked, 1);
+}
+
+/// The import selection's way: the command of a standard Help button.
+class StandardHelpingDialog : public TestDialog {
+  public:
+    using TestDialog::TestDialog;
+    int asked = 0;
+    void OnDialogHelp() override { ++asked; }
+
+  protected:
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(StandardHelpingDialog, TestDialog)
+ON_COMMAND(IDHELP, onHelpCommand)
+END_MESSAGE_MAP()
+
+template <class Dialog> void expectHelpByF1() {
+    Dialog dialog{IDD_FIXED};
+    ui::Script script = look("focus a list", [&] { SetFocus(dialog.control(IDC_TEST_LIST)); });
+    script.press(VK_F1)
+        .waitUntil("it is asked", [&](const ui::View&) { return dialog.asked == 1; })
+        .look("focus a button", [&](const ui::View&) { SetFocus(dialog.control(IDC_TEST_BUTTON)); })
+        .press(VK_F1)
+        .waitUntil("it is asked again", [&](const ui::View&) { return dialog.asked == 2; });
+    EXPECT_EQ(dialog.run(script), IDOK);
+    EXPECT_EQ(dialog.asked, 2);
+}
+
+TEST_F(Help, theF1KeyAsksADialogThatHasTheCommonHandlerForItsHelp) {
+    expectHelpByF1<HelpingDialog>();
+    expectHelpByF1<StandardHelpingDialog>();
+}
+
+/// Asked for help in any way, though it has no common handler.
+class UnhelpfulDialog : public TestDialog {
+  public:
+    using TestDialog::TestDialog;
+    int asked = 0;
+    void OnDialogHelp() override { ++asked; }
+};
+
+/// Notes the F1 keys that reach a control.
+LRESULT CALLBACK countHelpKeys(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR count) {
+    const LRESULT answer = DefSubclassProc(window, message, wParam, lParam);
+    if (message == WM_HELP) // answered by now
+        ++*reinterpret_cast<int*>(count);
+    return answer;
+}
+
+TEST_F(Help, theF1KeyDoesNothingInADialogWithoutTheHandlerAlsoOverOneThatHasIt) {
+    HelpingDialog owner{IDD_FIXED};
+    UnhelpfulDialog dialog{IDD_RESIZABLE, L"FrameworkTests:Dialog", &owner};
+    int pressed = 0;
+    ui::Script inside;
+    inside.waitUntil("the dialog is shown", [&](const ui::View& view) { return view.window() == dialog.GetSafeHwnd(); })
+        .look("focus a button",
+              [&](const ui::View&) {
+                  const HWND button = dialog.control(IDC_TEST_BUTTON);
+                  SetFocus(button);
+                  SetWindowSubclass(button, countHelpKeys, 1, reinterpret_cast<DWORD_PTR>(&pressed));
+              })
+        .press(VK_F1)
+        .waitUntil("the key has been heard", [&](const ui::View&) { return pressed == 1; })
+        .look("close the dialog", [&](const ui::View&) { dialog.EndDialog(IDOK); });
+    owner.onCommand = [&](UINT id) {
+        if (id == IDC_TEST_BUTTON)
+            dialog.DoModal();
+    };
+    ui::Script script;
+    script.click(IDC_TEST_BUTTON).then(inside).waitUntil("the owner again", [&](const ui::View& view) {
+        return view.window() == owner.GetSafeHwnd();
+    });
+    owner.run(script);
+    EXPECT_EQ(dialog.asked, 0);
+    EXPECT_EQ(owner.asked, 0);
 }
 
 TEST_F(Help, aDialogWithoutItsOwnHelpShowsNone) {

@@ -91,6 +91,18 @@ TEST_F(Placement, aResizableDialogGetsItsSizeBack) {
     EXPECT_EQ(open(IDD_RESIZABLE, true), (RECT{100, 90, 740, 570}));
 }
 
+TEST_F(Placement, aResizableDialogIsNeverSmallerThanItsTemplateAndStaysOnTheWorkArea) {
+    const RECT plain = open(IDD_RESIZABLE, false);
+    const int width = plain.right - plain.left, height = plain.bottom - plain.top;
+    keep(100, 90, 10, 10);
+    EXPECT_EQ(open(IDD_RESIZABLE, false), (RECT{100, 90, 100 + width, 90 + height}));
+    keep(100, 90, width + 30, 10);
+    EXPECT_EQ(open(IDD_RESIZABLE, false), (RECT{100, 90, 130 + width, 90 + height}));
+    const RECT work = framework::monitorWorkAreas().front();
+    keep(work.right - 10, work.bottom - 10, 10, 10);
+    EXPECT_EQ(open(IDD_RESIZABLE, false), (RECT{work.right - width, work.bottom - height, work.right, work.bottom}));
+}
+
 TEST_F(Placement, aFixedDialogKeepsTheSizeOfItsTemplate) {
     const RECT plain = open(IDD_FIXED, false);
     keep(100, 90, 640, 480);

@@ -237,11 +237,23 @@ TEST_F(ShortCuts, F2DoesNothingWithTwoRowsOrNone) {
                .press(VK_ESCAPE));
 }
 
-TEST_F(ShortCuts, TheHelpButtonOpensTheManagersTopic) {
-    open(house());
-    // A page that isn't installed is told in a message box; one that is opens in a program of its own.
-    manage(Script().click(ID_HELP).answerAllUntil(IDC_LSTATE_RES_LIST).press(VK_ESCAPE));
-    EXPECT_THAT(instruments::trace(), Contains("keledHelp(null, \"RESTORELAYERSTATEDIALOG\", 0)"));
+TEST_F(ShortCuts, TheHelpButtonAndTheF1KeyOpenTheManagersTopic) {
+    const auto expectHelp = [this](Script ask) {
+        open(house());
+        manage(
+            Script()
+                .look("from here", [](const View&) { instruments::clearTrace(); })
+                .then(ask)
+                .waitUntil("something is asked of the host", [](const View&) { return !instruments::trace().empty(); })
+                .look("the topic, and nothing else",
+                      [](const View&) {
+                          EXPECT_THAT(instruments::trace(),
+                                      ElementsAre("keledHelp(null, \"RESTORELAYERSTATEDIALOG\", 0)"));
+                      })
+                .press(VK_ESCAPE));
+    };
+    expectHelp(Script().click(ID_HELP));
+    expectHelp(Script().press(VK_F1));
 }
 
 } // namespace

@@ -54,17 +54,19 @@ COrvUiBitmapButton::~COrvUiBitmapButton() {
 }
 
 BOOL COrvUiBitmapButton::OnReload(const wchar_t* resourceName) {
-    instruments::HostCall call("OnReload", resourceName);
-    AlphaImage loaded;
-    if (!call.fault() && resourceName)
-        loaded = framework::loadPicture(AfxGetResourceHandle(), resourceName);
-    if (loaded.isEmpty())
-        return call.answer(false);
-    m_picture->loaded = std::move(loaded);
-    m_picture->fitted = {};
-    if (GetSafeHwnd())
-        ::InvalidateRect(GetSafeHwnd(), nullptr, FALSE);
-    return call.answer(true);
+    return framework::answerOr(FALSE, [&] {
+        instruments::HostCall call("OnReload", resourceName);
+        AlphaImage loaded;
+        if (!call.fault() && resourceName)
+            loaded = framework::loadPicture(AfxGetResourceHandle(), resourceName);
+        if (loaded.isEmpty())
+            return BOOL{call.answer(false)};
+        m_picture->loaded = std::move(loaded);
+        m_picture->fitted = {};
+        if (GetSafeHwnd())
+            ::InvalidateRect(GetSafeHwnd(), nullptr, FALSE);
+        return BOOL{call.answer(true)};
+    });
 }
 
 CString COrvUiBitmapButton::TipText() {

@@ -38,6 +38,7 @@ struct COrvUiBaseDialog::Tips {
 
 BEGIN_MESSAGE_MAP(COrvUiBaseDialog, CDialog)
 ON_WM_DESTROY()
+ON_WM_HELPINFO()
 ON_MESSAGE(WM_DPICHANGED, OnDpiChanged)
 END_MESSAGE_MAP()
 
@@ -55,13 +56,17 @@ INT_PTR COrvUiBaseDialog::DoModal() {
 }
 
 void COrvUiBaseDialog::SetContextHelpPrefix(const wchar_t* prefix) {
-    HostCall call("SetContextHelpPrefix", prefix);
-    m_contextHelpPrefix = prefix;
+    framework::asFarAsMemoryLasts([&] {
+        HostCall call("SetContextHelpPrefix", prefix);
+        m_contextHelpPrefix = prefix;
+    });
 }
 
 void COrvUiBaseDialog::SetContextHelpFileName(const wchar_t* fileName) {
-    HostCall call("SetContextHelpFileName", fileName);
-    m_contextHelpFileName = fileName;
+    framework::asFarAsMemoryLasts([&] {
+        HostCall call("SetContextHelpFileName", fileName);
+        m_contextHelpFileName = fileName;
+    });
 }
 
 void COrvUiBaseDialog::SetUseTips(int use) {
@@ -95,6 +100,15 @@ void COrvUiBaseDialog::onHelpCommand() {
 
 CString COrvUiBaseDialog::tipScope() const {
     return CString();
+}
+
+// F1 comes here from the control with the focus. The commands are asked for in the dialog's own message map alone: a
+// dialog without help must not open that of the dialog behind it, which the system's default handling would ask.
+BOOL COrvUiBaseDialog::OnHelpInfo(HELPINFO*) {
+    for (const UINT command : {UINT{ID_HELP}, UINT{IDHELP}})
+        if (CCmdTarget::OnCmdMsg(command, CN_COMMAND, nullptr, nullptr))
+            break;
+    return TRUE;
 }
 
 // The system gives the dialog its new size and font, and its controls their places.

@@ -31,13 +31,17 @@ COrvUiDialog::~COrvUiDialog() {
 }
 
 void COrvUiDialog::SetDialogName(const wchar_t* name) {
-    HostCall call("SetDialogName", name);
-    m_dialogName = name;
+    framework::asFarAsMemoryLasts([&] {
+        HostCall call("SetDialogName", name);
+        m_dialogName = name;
+    });
 }
 
 void COrvUiDialog::SetPersistency(int on) {
-    HostCall call("SetPersistency", on);
-    m_persistency = on;
+    framework::asFarAsMemoryLasts([&] {
+        HostCall call("SetPersistency", on);
+        m_persistency = on;
+    });
 }
 
 BOOL COrvUiDialog::GetDialogData(const wchar_t* key, unsigned long& value) {
@@ -118,8 +122,9 @@ void COrvUiDialog::OnSize(UINT type, int width, int height) {
 
 void COrvUiDialog::OnGetMinMaxInfo(MINMAXINFO* info) {
     COrvUiBaseDialog::OnGetMinMaxInfo(info);
-    if (!m_layout->table.isActive() || !(GetStyle() & WS_THICKFRAME))
-        return;
+    // From the base OnInitDialog on, so also before there is a table: a kept placement is restored there.
     const SIZE smallest = m_layout->table.smallestWindow();
+    if (smallest.cx == 0 || !(GetStyle() & WS_THICKFRAME))
+        return;
     info->ptMinTrackSize = {smallest.cx, smallest.cy};
 }

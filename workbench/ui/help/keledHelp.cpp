@@ -27,13 +27,10 @@ bool openAs(HWND owner, const std::wstring& page, const wchar_t* className) {
     return ShellExecuteExW(&how) != FALSE;
 }
 
-bool openPage(HWND owner, const std::wstring& page) {
+void openPage(HWND owner, const std::wstring& page) {
     // Wine may know no program for the extension, but always one for the class of pages.
-    return openAs(owner, page, nullptr) || openAs(owner, page, L"htmlfile");
-}
-
-void tell(HWND owner, const std::wstring& text) {
-    MessageBoxW(owner, text.c_str(), L"Help", MB_OK | MB_ICONINFORMATION);
+    if (!openAs(owner, page, nullptr))
+        openAs(owner, page, L"htmlfile");
 }
 
 } // namespace
@@ -41,13 +38,9 @@ void tell(HWND owner, const std::wstring& text) {
 void keledHelp(const wchar_t* file, const wchar_t* topic, int command) {
     framework::asFarAsMemoryLasts([&] {
         instruments::HostCall call("keledHelp", file, topic, command);
-        const std::wstring name = topic ? topic : L"";
-        const std::wstring page = framework::helpPage(file ? file : L"", name);
-        // The dialog that asks is the active window of this thread, and it must not be left usable behind the message.
-        const HWND owner = GetActiveWindow();
-        if (page.empty() || !fileExists(page))
-            tell(owner, L"There is no help page for \u201c" + name + L"\u201d.");
-        else if (!openPage(owner, page))
-            tell(owner, L"The help page could not be opened:\n" + page);
+        const std::wstring page = framework::helpPage(file ? file : L"", topic ? topic : L"");
+        // No operation of the host reports by itself: without a page, or a program for it, nothing opens.
+        if (!page.empty() && fileExists(page))
+            openPage(GetActiveWindow(), page);
     });
 }

@@ -59,6 +59,13 @@ RECT normalRect(HWND window) {
     return GetWindowRect(window, &rect) ? rect : RECT{};
 }
 
+/// The least size that the window itself asks for, at its display's scaling; nothing where it asks for none.
+SIZE smallestSize(HWND window) {
+    MINMAXINFO info = {};
+    SendMessageW(window, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&info));
+    return {info.ptMinTrackSize.x, info.ptMinTrackSize.y};
+}
+
 } // namespace
 
 RECT placeOnWorkAreas(RECT wanted, const std::vector<RECT>& workAreas) {
@@ -130,8 +137,11 @@ void restorePlacement(HWND window, const KeptPlacement& kept) {
     SetWindowPos(window, nullptr, wanted.left, wanted.top, 0, 0, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOSIZE);
     if (isResizable(window)) {
         const int dpi = dpiOf(window), keptDpi = kept.dpi.value_or(dpi);
-        wanted.right = wanted.left + MulDiv(kept.rect.right - kept.rect.left, dpi, keptDpi);
-        wanted.bottom = wanted.top + MulDiv(kept.rect.bottom - kept.rect.top, dpi, keptDpi);
+        const SIZE smallest = smallestSize(window);
+        wanted.right =
+            wanted.left + std::max(smallest.cx, LONG{MulDiv(kept.rect.right - kept.rect.left, dpi, keptDpi)});
+        wanted.bottom =
+            wanted.top + std::max(smallest.cy, LONG{MulDiv(kept.rect.bottom - kept.rect.top, dpi, keptDpi)});
     } else {
         RECT present = {};
         if (!GetWindowRect(window, &present))

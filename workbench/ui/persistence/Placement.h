@@ -31,9 +31,11 @@ struct KeptPlacement {
 
 /// The placement kept under the dialog's name; nothing when it is missing, incomplete or senseless.
 std::optional<KeptPlacement> keptPlacement(const std::wstring& dialogName);
+/// Keeps where the window stands when it is neither minimized nor maximized, under the dialog's name. Where that can't
+/// be found out or written, what was kept before stays or the placement is lost; nothing is told.
 void keepPlacement(const std::wstring& dialogName, HWND window);
 /// Moves the window to `kept` and gives it the size that it had, on a display of another scaling as much larger or
-/// smaller. One whose border can't be dragged keeps its size.
+/// smaller, but not below the least size that the window asks for. One whose border can't be dragged keeps its size.
 void restorePlacement(HWND window, const KeptPlacement& kept);
 
 /// The dots an inch that were kept with lengths in pixels; nothing when they are missing or senseless.

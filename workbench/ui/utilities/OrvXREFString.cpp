@@ -2,8 +2,10 @@
 
 #include "OrvUiUtilities.h"
 
+#include "base/OutOfMemory.h"
+
 OrvXREFString& OrvXREFString::operator=(const wchar_t* text) {
-    m_text = text;
+    framework::asFarAsMemoryLasts([&] { m_text = text; });
     return *this;
 }
 
