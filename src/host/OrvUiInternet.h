@@ -44,9 +44,8 @@ class KELUI_API CProxyInet {
     /// Fetches the file at an address into a local file, or uploads a local file to an address.
     /// @param url        "http://..." or "https://...", at most 1023 characters. A path of this computer answers
     ///                   eInetNotRemote at once.
-    /// @param localName  the local file. A fetch replaces it as a whole when everything has come, and leaves it as it
-    /// was
-    ///                   otherwise. When it is empty, a fetch that goes well makes a temporary file, as
+    /// @param localName  the local file. A fetch replaces it as a whole when everything has come; otherwise it stays
+    ///                   as it was. When it is empty, a fetch that goes well makes a temporary file, as
     ///                   CreateInternetTempFile does, and hands its path back here.
     /// @param mode       kInetFetch or kInetUpload. After an upload that went well, a temporary file of this service is
     ///                   deleted.

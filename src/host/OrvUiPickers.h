@@ -7,13 +7,15 @@
 #include "KelExport.h"
 #include "ResultBuffer.h"
 
-/// Lets the user choose a file.
+/// Lets the user choose a file, or type the address of a remote one, which CProxyInet transfers.
 /// @param title         the dialog's title
 /// @param defaultName   the name to begin with, or null
-/// @param extensions    extensions separated by semicolons; the first is added to a name typed without one
-/// @param dialogKey     the key under which the host keeps the dialog's last folder
+/// @param extensions    extensions separated by semicolons; the first is added to a name that is typed without one to
+///                      save a file. None, or null: all files are shown, and nothing is added.
+/// @param dialogKey     the key under which the host keeps the dialog's last folder; null or empty keeps none
 /// @param flags         0 opens an existing file, 1 saves
-/// @param result        receives a chain whose first node is a string, the path; the caller releases it with kelutRelRb
+/// @param result        receives a chain whose first node is a string: the path, or the address as it was typed. The
+///                      caller releases it with kelutRelRb.
 /// @return kResultNormal when a file was chosen; otherwise `*result` is null
 KELUI_API int keledGetFileNavDialog(const wchar_t* title, const wchar_t* defaultName, const wchar_t* extensions,
                                     const wchar_t* dialogKey, int flags, ResultBuffer** result);
@@ -37,8 +39,8 @@ KELUI_API int keledSetColorDialogTrueColor(KelCmColor& color, bool byReference, 
 /// Lets the user choose one of the current drawing's linetypes.
 /// @param current     the linetype to begin with; may be null
 /// @param byReference whether by layer and by block can be chosen; their id is null
-/// @param name        receives the linetype's name, which the caller frees with kelutDelBuffer; null when none was
-/// chosen
+/// @param name        receives the linetype's name, which the caller frees with kelutDelBuffer; null when none is
+///                    chosen
 /// @param chosen      receives its id; a cancelled dialog leaves it as it was
 /// @return whether one was chosen
 KELUI_API bool keledLinetypeDialog(KelDbObjectId current, bool byReference, wchar_t*& name, KelDbObjectId& chosen);

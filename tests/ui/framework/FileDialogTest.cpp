@@ -1,52 +1,131 @@
 // The file dialog, as a person answers it.
 
-#include "DialogFixture.h"
+#include "FileDialogFixture.h"
 
-#include "OrvUiPickers.h"
 #include "instruments/HostCalls.h"
 #include "persistence/DialogStore.h"
 
+#include <commctrl.h>
+using testing::ElementsAre;
+using testing::IsEmpty;
 using testing::StartsWith;
+using testing::UnorderedElementsAre;
 
 namespace {
 
-class FileDialog : public DialogFixture {
-  protected:
-    ResultBuffer* chain = nullptr;
-    std::wstring folder;
+using Texts = std::vector<std::wstring>;
 
-    FileDialog() {
-        wchar_t path[MAX_PATH] = {};
-        GetTempPathW(MAX_PATH, path);
-        folder = std::wstring(path) + L"framework-tests";
-        CreateDirectoryW(folder.c_str(), nullptr);
-        CloseHandle(
-            CreateFileW((folder + L"\\plan.las").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
-    }
-    ~FileDialog() override {
-        kelutRelRb(chain);
-        DeleteFileW((folder + L"\\plan.las").c_str());
-        RemoveDirectoryW(folder.c_str());
-    }
+HWND descendant(HWND window, const wchar_t* className) {
+    HWND found = FindWindowExW(window, nullptr, className, nullptr);
+    for (HWND child = nullptr; !found && (child = FindWindowExW(window, child, nullptr, nullptr));)
+        found = descendant(child, className);
+    return found;
+}
 
-    int ask(int flags, const ui::Script& script, const wchar_t* name = nullptr) {
-        ui::Script whole;
-        whole.waitUntil("the dialog", [](const ui::View& view) { return view.title() == L"Pick"; }).then(script);
-        int answer = 0;
-        ui::perform(whole, [&] {
-            answer = keledGetFileNavDialog(L"Pick", name, L"las;zdr", L"FrameworkTestsFileDialog", flags, &chain);
-        });
-        return answer;
+/// The files and folders that the dialog shows.
+Texts listed(const ui::View& view) {
+    const HWND list = descendant(view.window(), WC_LISTVIEWW);
+    Texts names;
+    for (int row = 0; row < ListView_GetItemCount(list); ++row) {
+        wchar_t name[MAX_PATH] = {};
+        ListView_GetItemText(list, row, 0, name, MAX_PATH);
+        names.emplace_back(name);
     }
-};
+    return names;
+}
+
+/// The kinds of files that the dialog offers.
+Texts kinds(const ui::View& view) {
+    const HWND box = view.control(cmb1);
+    Texts kinds;
+    for (WPARAM row = 0; row < static_cast<WPARAM>(SendMessageW(box, CB_GETCOUNT, 0, 0)); ++row) {
+        wchar_t text[MAX_PATH] = {};
+        SendMessageW(box, CB_GETLBTEXT, row, reinterpret_cast<LPARAM>(text));
+        kinds.emplace_back(text);
+    }
+    return kinds;
+}
+
+bool exists(const std::wstring& path) {
+    return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+/// Answers the question that saving over a file brings.
+ui::Script answered(ui::Script saving, int answer) {
+    return saving.waitUntil("the question", [](const ui::View& view) { return view.has(IDNO); }).click(answer);
+}
 
 TEST_F(FileDialog, aChosenFileIsAnsweredAsAChainWithItsPath) {
     const std::wstring path = folder + L"\\plan.las";
-    EXPECT_EQ(ask(0, ui::Script().type(path).press(VK_RETURN)), kResultNormal);
+    EXPECT_EQ(ask(0, entered(path)), kResultNormal);
     ASSERT_NE(chain, nullptr);
     EXPECT_EQ(chain->type, kVariableString);
     EXPECT_EQ(chain->value.string, path);
     EXPECT_EQ(chain->next, nullptr);
+}
+
+TEST_F(FileDialog, bearsItsTitle) {
+    for (const wchar_t* wanted : {L"Import layer state", L"\u00c9tats"})
+        for (const int flags : {0, 1}) {
+            title = wanted;
+            ask(flags, ui::Script()
+                           .look("the title", [wanted](const ui::View& view) { EXPECT_EQ(view.title(), wanted); })
+                           .press(VK_ESCAPE));
+        }
+}
+
+TEST_F(FileDialog, offersAllKindsOfFilesAtOnceAndThenEachOne) {
+    extensions = L"zdr;zds;zdt;las";
+    ask(0, ui::Script()
+               .look("the kinds",
+                     [](const ui::View& view) {
+                         EXPECT_THAT(kinds(view), ElementsAre(L"All supported files", L"Drawing (*.zdr)",
+                                                              L"Drawing standards (*.zds)", L"Drawing template (*.zdt)",
+                                                              L"Layer states (*.las)"));
+                         EXPECT_EQ(view.text(cmb1), L"All supported files");
+                     })
+               .press(VK_ESCAPE));
+}
+
+TEST_F(FileDialog, listsTheFilesOfTheKindThatIsChosen) {
+    ASSERT_TRUE(framework::DialogStore(key).setText(L"Folder", folder));
+    for (const wchar_t* name : {L"house.zdr", L"notes.txt", L"OTHER.LAS"})
+        makeFile(name);
+    const auto shows = [](Texts names) {
+        return [names](const ui::View& view) {
+            return testing::Matches(testing::UnorderedElementsAreArray(names))(listed(view));
+        };
+    };
+    ui::Script script;
+    script.waitUntil("all kinds", shows({L"plan.las", L"OTHER.LAS", L"house.zdr"}))
+        .click(cmb1)
+        .press(VK_END)
+        .press(VK_RETURN)
+        .waitUntil("drawings alone", shows({L"house.zdr"}))
+        .press(VK_ESCAPE);
+    EXPECT_EQ(ask(0, script), kResultCancel);
+    extensions = L"las";
+    script = ui::Script();
+    script.waitUntil("layer states alone", shows({L"plan.las", L"OTHER.LAS"})).press(VK_ESCAPE);
+    EXPECT_EQ(ask(1, script), kResultCancel);
+}
+
+TEST_F(FileDialog, withoutExtensionsListsAllFilesAndAddsNone) {
+    ASSERT_TRUE(framework::DialogStore(key).setText(L"Folder", folder));
+    makeFile(L"notes.txt");
+    for (const wchar_t* none : {static_cast<const wchar_t*>(nullptr), L"", L";;"}) {
+        extensions = none;
+        ui::Script script;
+        script
+            .waitUntil("both files",
+                       [](const ui::View& view) {
+                           return testing::Matches(UnorderedElementsAre(L"plan.las", L"notes.txt"))(listed(view));
+                       })
+            .look("no kinds", [](const ui::View& view) { EXPECT_THAT(kinds(view), IsEmpty()); })
+            .then(entered(L"fresh"));
+        EXPECT_EQ(ask(1, script), kResultNormal);
+        EXPECT_EQ(chosen(), folder + L"\\fresh");
+    }
 }
 
 TEST_F(FileDialog, cancellingAnswersSomethingElseAndNoChain) {
@@ -55,40 +134,81 @@ TEST_F(FileDialog, cancellingAnswersSomethingElseAndNoChain) {
 }
 
 TEST_F(FileDialog, theFolderOfTheLastFileIsKeptUnderTheKey) {
-    ask(0, ui::Script().type(folder + L"\\plan.las").press(VK_RETURN));
-    EXPECT_EQ(framework::DialogStore(L"FrameworkTestsFileDialog").text(L"Folder"), folder);
-    kelutRelRb(chain);
-    chain = nullptr;
+    ask(0, entered(folder + L"\\plan.las"));
+    EXPECT_EQ(keptFolder(key), folder);
     // The name alone is found there.
-    EXPECT_EQ(ask(0, ui::Script().type(L"plan.las").press(VK_RETURN)), kResultNormal);
-    ASSERT_NE(chain, nullptr);
-    EXPECT_EQ(chain->value.string, folder + L"\\plan.las");
+    EXPECT_EQ(ask(0, entered(L"plan.las")), kResultNormal);
+    EXPECT_EQ(chosen(), folder + L"\\plan.las");
+}
+
+TEST_F(FileDialog, eachKeyKeepsAFolderOfItsOwn) {
+    const std::wstring inner = folder + L"\\inner";
+    ASSERT_TRUE(CreateDirectoryW(inner.c_str(), nullptr));
+    makeFile(L"inner\\plan.las");
+    ask(0, entered(folder + L"\\plan.las"));
+    key = L"FrameworkTestsOtherFileDialog";
+    ask(0, entered(inner + L"\\plan.las"));
+    EXPECT_EQ(keptFolder(L"FrameworkTestsFileDialog"), folder);
+    EXPECT_EQ(keptFolder(L"FrameworkTestsOtherFileDialog"), inner);
+
+    EXPECT_EQ(ask(0, entered(L"plan.las")), kResultNormal);
+    EXPECT_EQ(chosen(), inner + L"\\plan.las");
+    key = L"FrameworkTestsFileDialog";
+    EXPECT_EQ(ask(0, entered(L"plan.las")), kResultNormal);
+    EXPECT_EQ(chosen(), folder + L"\\plan.las");
+    DeleteFileW((inner + L"\\plan.las").c_str());
+    RemoveDirectoryW(inner.c_str());
+}
+
+TEST_F(FileDialog, withoutAKeyKeepsNoFolder) {
+    for (const wchar_t* none : {static_cast<const wchar_t*>(nullptr), L""}) {
+        key = none;
+        EXPECT_EQ(ask(0, entered(folder + L"\\plan.las")), kResultNormal);
+        EXPECT_EQ(chosen(), folder + L"\\plan.las");
+        EXPECT_EQ(keptFolder(L""), std::nullopt);
+    }
+    HKEY root = nullptr;
+    EXPECT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, framework::DialogStore::root().c_str(), 0, KEY_READ, &root),
+              ERROR_FILE_NOT_FOUND);
 }
 
 TEST_F(FileDialog, savingAddsTheFirstExtensionToANewName) {
-    EXPECT_EQ(ask(1, ui::Script().type(folder + L"\\fresh").press(VK_RETURN)), kResultNormal);
-    ASSERT_NE(chain, nullptr);
-    EXPECT_EQ(chain->value.string, folder + L"\\fresh.las");
+    const std::pair<const wchar_t*, const wchar_t*> rows[] = {
+        {L"fresh", L"fresh.las"},
+        {L"fresh.las", L"fresh.las"},
+        {L"FRESH.LAS", L"FRESH.LAS"},
+        {L"fresh.zdr", L"fresh.zdr"},
+    };
+    for (const auto& [typed, saved] : rows) {
+        EXPECT_EQ(ask(1, entered(folder + L'\\' + typed)), kResultNormal);
+        EXPECT_EQ(chosen(), folder + L'\\' + saved);
+    }
+    extensions = L"zdr;las";
+    EXPECT_EQ(ask(1, entered(folder + L"\\fresh")), kResultNormal);
+    EXPECT_EQ(chosen(), folder + L"\\fresh.zdr");
 }
 
-TEST_F(FileDialog, savingOverAFileIsAskedFirst) {
-    ui::Script script;
-    script.type(folder + L"\\plan.las")
-        .press(VK_RETURN)
-        .waitUntil("the question", [](const ui::View& view) { return view.has(IDNO); })
-        .click(IDNO)
-        .waitUntil("the dialog again", [](const ui::View& view) { return view.title() == L"Pick"; })
-        .press(VK_ESCAPE);
-    EXPECT_EQ(ask(1, script), kResultCancel);
+TEST_F(FileDialog, savingOverAFileIsAskedFirstAndNoStaysInTheDialog) {
+    ui::Script script = answered(entered(folder + L"\\plan.las"), IDNO);
+    untilDialogAgain(script);
+    EXPECT_EQ(ask(1, script.press(VK_ESCAPE)), kResultCancel);
     EXPECT_EQ(chain, nullptr);
+    EXPECT_EQ(keptFolder(key), std::nullopt);
+}
+
+TEST_F(FileDialog, yesToTheQuestionAnswersThePath) {
+    EXPECT_EQ(ask(1, answered(entered(folder + L"\\plan.las"), IDYES)), kResultNormal);
+    EXPECT_EQ(chosen(), folder + L"\\plan.las");
+    EXPECT_TRUE(exists(folder + L"\\plan.las")) << "writing over it is the caller's";
+    // The question is about the name with its extension.
+    EXPECT_EQ(ask(1, answered(entered(folder + L"\\plan"), IDYES)), kResultNormal);
+    EXPECT_EQ(chosen(), folder + L"\\plan.las");
 }
 
 TEST_F(FileDialog, beginsWithTheNameWithoutWhatAPathCantHold) {
-    const framework::DialogStore store(L"FrameworkTestsFileDialog");
-    ASSERT_TRUE(store.setText(L"Folder", folder));
+    ASSERT_TRUE(framework::DialogStore(key).setText(L"Folder", folder));
     EXPECT_EQ(ask(1, ui::Script().press(VK_RETURN), L"Pl|an: <one>\t/\"two\"\n\\*?"), kResultNormal);
-    ASSERT_NE(chain, nullptr);
-    EXPECT_EQ(chain->value.string, folder + L"\\Plan onetwo.las");
+    EXPECT_EQ(chosen(), folder + L"\\Plan onetwo.las");
 }
 
 TEST_F(FileDialog, aNameLongerThanAnyPathIsCut) {
@@ -97,19 +217,18 @@ TEST_F(FileDialog, aNameLongerThanAnyPathIsCut) {
 
 TEST_F(FileDialog, aFileThatIsMissingIsNotOpened) {
     ui::Script script;
-    script.type(folder + L"\\missing.las")
-        .press(VK_RETURN)
-        .waitUntil("a message", [](const ui::View& view) { return view.title() != L"Pick"; })
-        .press(VK_RETURN)
-        .waitUntil("the dialog again", [](const ui::View& view) { return view.title() == L"Pick"; })
-        .press(VK_ESCAPE);
-    EXPECT_EQ(ask(0, script), kResultCancel);
+    script.then(entered(folder + L"\\missing.las")).waitUntil("a message", [](const ui::View& view) {
+        return !view.has(kNameBox);
+    });
+    script.press(VK_RETURN);
+    untilDialogAgain(script);
+    EXPECT_EQ(ask(0, script.press(VK_ESCAPE)), kResultCancel);
     EXPECT_EQ(chain, nullptr);
 }
 
 TEST_F(FileDialog, theRootOfADriveIsKeptAsAFolder) {
-    EXPECT_EQ(ask(1, ui::Script().type(L"C:\\framework-tests.las").press(VK_RETURN)), kResultNormal);
-    EXPECT_EQ(framework::DialogStore(L"FrameworkTestsFileDialog").text(L"Folder"), L"C:\\");
+    EXPECT_EQ(ask(1, entered(L"C:\\framework-tests.las")), kResultNormal);
+    EXPECT_EQ(keptFolder(key), L"C:\\");
 }
 
 TEST_F(FileDialog, aPlannedFailureShowsNothing) {

@@ -189,6 +189,28 @@ TEST_F(FrameworkSweep, ofTheFileDialog) {
     _wremove(path.c_str());
 }
 
+TEST_F(FrameworkSweep, ofAnAddressTypedIntoTheFileDialog) {
+    systemKeepsHandles = true; // Wine's file dialog does
+    for (const std::wstring typed : {L"https://server.example/a.las", L"ftp://server.example/a.las"}) {
+        const bool isTaken = typed.starts_with(L"https");
+        scenario = [&typed, isTaken] {
+            ui::Script script;
+            script.ifStillOpen().type(typed).then(confirmOrLeave());
+            ResultBuffer* chain = nullptr;
+            int answer = 0;
+            ui::perform(script, [&] {
+                answer = keledGetFileNavDialog(L"Pick", nullptr, L"las", L"FrameworkTestsSweep", 0, &chain);
+            });
+            EXPECT_EQ(answer == kResultNormal, chain != nullptr);
+            EXPECT_TRUE(!chain || chain->value.string == typed);
+            const bool done = isTaken == (chain != nullptr);
+            kelutRelRb(chain);
+            return done;
+        };
+        EXPECT_GT(sweep(1), 5);
+    }
+}
+
 TEST_F(FrameworkSweep, aFileDialogThatDoesNotOpenKeepsNoHandle) {
     const ImportFaults faults;
     const auto ask = [] {

@@ -225,4 +225,23 @@ TEST(RemoteAddress, aPasswordIsNeverShown) {
     EXPECT_EQ(remote::shownAddress(L"C:\\a@b"), L"C:\\a@b");
 }
 
+TEST(RemoteAddress, whatIsToldOfOneSaysWhyAndWhatToDo) {
+    EXPECT_EQ(remote::sentencesAbout(L"http://user:secret@h/", L"is wrong", L"Mend it."),
+              L"The address \"http://h/\" is wrong. Mend it.");
+    EXPECT_EQ(remote::sentencesAbout(L"x", L"is wrong", L""), L"The address \"x\" is wrong.");
+    EXPECT_EQ(remote::sentencesAbout(L"http://" + std::wstring(293, L'h'), L"is wrong", L""),
+              L"The address \"http://" + std::wstring(293, L'h') + L"\" is wrong.");
+    EXPECT_EQ(remote::sentencesAbout(L"http://" + std::wstring(294, L'h'), L"is wrong", L""),
+              L"The address \"http://" + std::wstring(293, L'h') + L"...\" is wrong.");
+}
+
+TEST(RemoteAddress, thereIsAdviceOnEveryTextThatCantBeOne) {
+    EXPECT_STREQ(remote::adviceOn(AddressKind::UnknownScheme),
+                 L"Give one that begins with http:// or https://, or the path of a file.");
+    EXPECT_STREQ(remote::adviceOn(AddressKind::Malformed),
+                 L"Correct it; an address is made up like https://server/folder/plan.las.");
+    EXPECT_STREQ(remote::adviceOn(AddressKind::Local), L"");
+    EXPECT_STREQ(remote::adviceOn(AddressKind::Remote), L"");
+}
+
 } // namespace

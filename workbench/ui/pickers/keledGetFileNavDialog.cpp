@@ -6,6 +6,7 @@
 #include "persistence/DialogStore.h"
 #include "base/OutOfMemory.h"
 #include "pickers/FileFilter.h"
+#include "pickers/TypedAddress.h"
 
 #include <windows.h>
 
@@ -33,10 +34,16 @@ void putName(PathBuffer& path, const wchar_t* name) {
     path[length] = L'\0';
 }
 
-/// Answers the path, or an empty text when the user cancelled.
-std::wstring choose(OPENFILENAMEW& dialog, bool save) {
+/// Both empty when the user cancelled.
+struct Choice {
+    std::wstring path;
+    std::wstring address; ///< of a remote file, as it was typed
+};
+
+Choice choose(OPENFILENAMEW& dialog, bool save) {
+    const framework::TypedAddress address(dialog.hwndOwner, dialog.lpstrTitle);
     const BOOL chosen = save ? GetSaveFileNameW(&dialog) : GetOpenFileNameW(&dialog);
-    return chosen ? dialog.lpstrFile : std::wstring();
+    return {chosen ? dialog.lpstrFile : std::wstring(), address.text()};
 }
 
 /// With the backslash of a drive's root, without which it would be the folder that is current on that drive.
@@ -52,6 +59,11 @@ std::wstring keptFolder(const DialogStore& store) {
     const DWORD attributes = folder.size() < MAX_PATH ? GetFileAttributesW(folder.c_str()) : INVALID_FILE_ATTRIBUTES;
     const bool exists = attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
     return exists ? folder : std::wstring();
+}
+
+void keepFolder(const DialogStore& store, const std::wstring& folder) {
+    // Without a registry the next dialog begins elsewhere, nothing else.
+    [[maybe_unused]] const bool kept = store.setText(kFolder, folder);
 }
 
 ResultBuffer* chainOf(const std::wstring& path) {
@@ -93,11 +105,12 @@ int keledGetFileNavDialog(const wchar_t* title, const wchar_t* defaultName, cons
         // The working folder is the process's, not this dialog's.
         dialog.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_HIDEREADONLY | OFN_PATHMUSTEXIST |
                        (flags == kSave ? OFN_OVERWRITEPROMPT : OFN_FILEMUSTEXIST);
-        const std::wstring chosen = choose(dialog, flags == kSave);
+        const Choice choice = choose(dialog, flags == kSave);
+        const std::wstring& chosen = choice.address.empty() ? choice.path : choice.address;
         if (chosen.empty())
             return call.answer(kResultCancel);
-        // Without a registry the next dialog begins elsewhere, nothing else.
-        [[maybe_unused]] const bool kept = store.setText(kFolder, folderOf(chosen));
+        if (choice.address.empty())
+            keepFolder(store, folderOf(chosen));
         *result = chainOf(chosen);
         call.out("path", chosen);
         return call.answer(*result ? kResultNormal : kResultError);

@@ -11,6 +11,8 @@ namespace remote {
 namespace {
 
 constexpr std::wstring_view kEndsServer = L"/?#\\";
+// Of an address in a sentence. What is wrong with a longer one is seen in its beginning or isn't to be seen at all.
+constexpr std::size_t kLongestShown = 300;
 
 bool isLetter(wchar_t character) {
     return (character >= L'a' && character <= L'z') || (character >= L'A' && character <= L'Z');
@@ -173,6 +175,24 @@ std::wstring shownAddress(std::wstring_view text) {
     const std::wstring_view rest = text.substr(server + 2);
     const std::size_t at = rest.substr(0, rest.find_first_of(kEndsServer)).rfind(L'@');
     return std::wstring(text.substr(0, server + 2)).append(rest.substr(at == std::wstring_view::npos ? 0 : at + 1));
+}
+
+const wchar_t* adviceOn(AddressKind kind) {
+    switch (kind) {
+    case AddressKind::UnknownScheme:
+        return L"Give one that begins with http:// or https://, or the path of a file.";
+    case AddressKind::Malformed:
+        return L"Correct it; an address is made up like https://server/folder/plan.las.";
+    default:
+        return L"";
+    }
+}
+
+std::wstring sentencesAbout(std::wstring_view text, const std::wstring& cause, const std::wstring& advice) {
+    std::wstring shown = shownAddress(text);
+    if (shown.size() > kLongestShown)
+        shown.replace(kLongestShown, std::wstring::npos, L"...");
+    return L"The address \"" + shown + L"\" " + cause + (advice.empty() ? L"." : L". ") + advice;
 }
 
 } // namespace remote

@@ -48,4 +48,11 @@ std::wstring extensionOf(const Address& address);
 /// The address for a sentence, without a user's name and password.
 std::wstring shownAddress(std::wstring_view text);
 
+/// What is to be done about a text of that kind, as a sentence; empty where that is nothing.
+const wchar_t* adviceOn(AddressKind kind);
+/// What a user is told about an address, which may be shortened in it.
+/// @param cause  the end of the sentence that begins with the address
+/// @param advice the sentence behind it, or empty
+std::wstring sentencesAbout(std::wstring_view text, const std::wstring& cause, const std::wstring& advice);
+
 } // namespace remote

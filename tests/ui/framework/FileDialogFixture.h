@@ -1,0 +1,42 @@
+// What the tests of the file dialog share: a folder with one layer states file, and the dialog as a person answers it.
+#pragma once
+
+#include "DialogFixture.h"
+
+#include "OrvUiPickers.h"
+
+#include <dlgs.h>
+
+/// Where the name is typed.
+inline constexpr int kNameBox = cmb13;
+
+class FileDialog : public DialogFixture {
+  protected:
+    ResultBuffer* chain = nullptr;
+    std::wstring folder;
+    /// What the dialog is opened with.
+    const wchar_t* title = L"Pick";
+    const wchar_t* extensions = L"las;zdr";
+    const wchar_t* key = L"FrameworkTestsFileDialog";
+
+    FileDialog();
+    ~FileDialog() override;
+
+    /// Makes an empty file in the folder, which is deleted at the end of the test.
+    void makeFile(const std::wstring& name);
+    /// Types a name into its box, and sees that it has arrived there.
+    static ui::Script typed(const std::wstring& name);
+    /// The same, and Enter.
+    static ui::Script entered(const std::wstring& name) { return typed(name).press(VK_RETURN); }
+    /// Waits until the dialog is there again, after something that stood in front of it.
+    static void untilDialogAgain(ui::Script& script);
+    /// Opens the dialog and answers it. What an earlier one handed out is released.
+    int ask(int flags, const ui::Script& script, const wchar_t* name = nullptr);
+    /// The path in the chain; empty when there is none.
+    std::wstring chosen() const;
+    /// The folder that is kept under a key; none when none is.
+    static std::optional<std::wstring> keptFolder(const wchar_t* key);
+
+  private:
+    std::vector<std::wstring> m_files;
+};
