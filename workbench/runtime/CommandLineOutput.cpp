@@ -27,8 +27,7 @@ int kelutPrintf(const wchar_t* format, ...) {
     HostCall call("kelutPrintf", text);
     if (call.fault())
         return call.answer(kResultError);
-    if (g_sink)
-        g_sink(text);
+    runtime::print(text);
     return call.answer(kResultNormal);
 }
 
@@ -48,6 +47,11 @@ namespace runtime {
 
 void setOutputSink(OutputSink sink) {
     g_sink = std::move(sink);
+}
+
+void print(const std::wstring& text) {
+    if (g_sink)
+        g_sink(text);
 }
 
 void setAbortHandler(AbortHandler handler) {

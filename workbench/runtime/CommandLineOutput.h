@@ -8,10 +8,12 @@
 
 namespace runtime {
 
-/// Receives what kelutPrintf prints, as it comes: with line ends, and not necessarily whole lines.
+/// Receives what kelutPrintf and print() print, as it comes: with line ends, and not necessarily whole lines.
 using OutputSink = std::function<void(const std::wstring& text)>;
 /// Without a sink the text is dropped.
 KELDB_API void setOutputSink(OutputSink sink);
+/// Prints a text of the host's own, which isn't a call that a module has made.
+KELDB_API void print(const std::wstring& text);
 
 /// Told the text of kelrt_abort before the process ends. It may throw, and the process goes on then.
 using AbortHandler = std::function<void(const std::wstring& text)>;

@@ -2,6 +2,7 @@
 
 #include "RemoteFixture.h"
 
+#include "CommandLineOutput.h"
 #include "Nginx.h"
 
 #include "files/TextCoding.h"
@@ -52,13 +53,15 @@ std::string printed(const std::wstring& text) {
 RemoteTest::RemoteTest() : folder(makeFolder()) {
     using namespace std::chrono_literals;
     nginx::clear();
-    remote::setTimeouts({.resolve = 2s, .connect = 2s, .send = 2s, .receive = 2s});
+    remote::setTimeouts({.resolve = 20s, .connect = 20s, .send = 20s, .receive = 20s});
+    runtime::setOutputSink([this](const std::wstring& text) { printedLines += text; });
     instruments::watch(true);
 }
 
 RemoteTest::~RemoteTest() {
     EXPECT_THAT(instruments::ledger(), testing::IsEmpty());
     instruments::watch(false);
+    runtime::setOutputSink({});
     remote::setTimeouts({});
     fs::remove_all(folder);
 }

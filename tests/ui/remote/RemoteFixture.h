@@ -25,6 +25,8 @@ class RemoteTest : public testing::Test {
     int fetch(const std::wstring& url);
     int upload(const std::wstring& url);
     static std::wstring problem();
+    /// What the service has printed on the command line so far.
+    std::wstring printedLines;
     /// The files in the test's own folder. More than the ones it has put there: something was left.
     std::size_t entries() const;
 

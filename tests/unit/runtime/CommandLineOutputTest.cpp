@@ -32,8 +32,15 @@ TEST_F(CommandLineOutputTest, PrintsTextOfAnyLength) {
     EXPECT_EQ(printed, text);
 }
 
+TEST_F(CommandLineOutputTest, TheHostsOwnTextIsPrintedAsItIsAndIsNoCall) {
+    runtime::print(L"100 %s\n");
+    EXPECT_EQ(printed, L"100 %s\n");
+    EXPECT_THAT(instruments::trace(), testing::IsEmpty());
+}
+
 TEST_F(CommandLineOutputTest, DropsTextWithoutASink) {
     runtime::setOutputSink({});
+    runtime::print(L"lost");
     EXPECT_EQ(kelutPrintf(L"lost"), kResultNormal);
     EXPECT_EQ(printed, L"");
 }

@@ -2,6 +2,8 @@
 
 #include "OrvUiInternet.h"
 
+#include "Advice.h"
+#include "CommandLineOutput.h"
 #include "RemoteProblem.h"
 #include "RemoteTransfer.h"
 #include "TemporaryFiles.h"
@@ -17,7 +19,7 @@ using instruments::HostCall;
 namespace remote {
 namespace {
 
-constexpr const wchar_t* kNoMemory = L"There isn't enough memory for the transfer.";
+constexpr const wchar_t* kNoMemory = L"There isn't enough memory for the transfer. Close what you don't need.";
 
 std::wstring& problem() {
     static std::wstring sentence;
@@ -56,7 +58,7 @@ template <class Action> int answerOf(const wchar_t* url, Action action) {
         action();
         return eInetOk;
     } catch (const RemoteFailure& failure) {
-        problem() = L"The address \"" + shownAddress(url ? url : L"") + L"\" " + failure.cause + L".";
+        problem() = sentencesAbout(url ? url : L"", failure.cause, adviceOn(failure.status));
         return failure.status;
     } catch (const std::bad_alloc&) {
         problem() = kNoMemory;
@@ -121,6 +123,13 @@ int makeTemporaryFile(const wchar_t* url, OrvXREFString& localName) {
     });
 }
 
+/// Tells the user of a failure. That a file isn't there yet, or isn't on a server, is what callers ask to find out.
+int told(int answer) {
+    if (answer != eInetOk && answer != eInetTargetAbsent && answer != eInetNotRemote)
+        framework::asFarAsMemoryLasts([] { runtime::print(lastRemoteProblem() + L"\n"); });
+    return answer;
+}
+
 } // namespace
 
 const std::wstring& lastRemoteProblem() {
@@ -151,7 +160,7 @@ int CProxyInet::TransferFile(const wchar_t* url, OrvXREFString& localName, int m
         return call.answer(static_cast<int>(*fault));
     const int answer = framework::answerOr<int>(eInetNoMemory, [&] { return remote::transfer(url, localName, mode); });
     call.out("localName", static_cast<const wchar_t*>(localName));
-    return call.answer(answer);
+    return call.answer(remote::told(answer));
 }
 
 int CProxyInet::CreateInternetTempFile(const wchar_t* url, OrvXREFString& localName) {
@@ -161,5 +170,5 @@ int CProxyInet::CreateInternetTempFile(const wchar_t* url, OrvXREFString& localN
     const int answer =
         framework::answerOr<int>(eInetNoMemory, [&] { return remote::makeTemporaryFile(url, localName); });
     call.out("localName", static_cast<const wchar_t*>(localName));
-    return call.answer(answer);
+    return call.answer(remote::told(answer));
 }

@@ -13,8 +13,9 @@ struct RemoteFailure {
     std::wstring cause; ///< the end of a sentence that begins with the address: "can't be reached: ..."
 };
 
-/// The sentence for the user about the last transfer or temporary file, if it failed: which address or file, and why.
-/// Empty when it went well, or when there was no memory even for a sentence.
+/// The sentences for the user about the last transfer or temporary file, if it failed: which address or file, why, and
+/// what to do where there is something to do. The service has printed them, unless they tell what callers expect. Empty
+/// when it went well, or when there was no memory even for a sentence.
 KELUI_API const std::wstring& lastRemoteProblem();
 
 } // namespace remote
