@@ -28,8 +28,8 @@ class KELUI_API COrvUiRegistryAccess {
 };
 
 /// Writes the path, below the machine-wide hive, of the product's key. The text is cut to `length` characters, its end
-/// included.
-/// @return the number of characters written, without the end
+/// included; a failure leaves an empty text.
+/// @return the number of characters written, without the end; 0 for a failure, and where there is no room
 KELUI_API unsigned int GetProductRegistryRootKey(wchar_t* buffer, unsigned long length);
 
 /// A text in which the host has filled in its own names: "{Product}" becomes the host's product name.
@@ -56,6 +56,7 @@ class KELUI_API OrvXREFString {
     OrvXREFString& operator=(const wchar_t* text);
     operator const wchar_t*() const { return m_text; }
     /// Compares in the order of the user's language, without regard to case: negative, 0 or positive.
+    /// Negative, too, where the system can't compare them: what isn't known to be equal isn't.
     int CollateNoCase(const OrvXREFString& other) const;
 
   private:

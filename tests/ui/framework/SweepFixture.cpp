@@ -56,7 +56,7 @@ void FrameworkSweep::answered(const std::function<void()>& action) {
     ui::perform(confirmOrLeave(), action);
 }
 
-int FrameworkSweep::sweep(int mostCallsOfAFunction) {
+std::set<std::string> FrameworkSweep::sweep(int mostCallsOfAFunction) {
     const ImportFaults faults;
     // What the system and the libraries make once and keep is made now.
     for (int i = 0; i < 2; ++i)
@@ -64,19 +64,25 @@ int FrameworkSweep::sweep(int mostCallsOfAFunction) {
     m_held = heldNow();
     run("nothing", nullptr, 0);
     int failures = 0;
+    std::set<std::string> struck;
     for (const std::string& function : ImportFaults::functions()) {
         // The instruments use memory for their lines, which isn't what is to fail here.
         instruments::watch(function != ImportFaults::kMemory);
         const int calls = callsOf(function);
         for (int nth = 1; nth <= calls && !HasFailure(); nth = next(nth, mostCallsOfAFunction)) {
             run(function, function.c_str(), nth);
-            failures += ImportFaults::struck();
+            if (ImportFaults::struck()) {
+                ++failures;
+                struck.insert(function);
+            }
         }
     }
-    for (int nth = 1; !HasFailure() && failsHostCall(nth); ++nth)
+    for (int nth = 1; !HasFailure() && failsHostCall(nth); ++nth) {
         ++failures;
+        struck.insert(kHostCall);
+    }
     RecordProperty("failures", failures);
-    return failures;
+    return struck;
 }
 
 int FrameworkSweep::callsOf(const std::string& function) {
@@ -95,7 +101,7 @@ int FrameworkSweep::callsOf(const std::string& function) {
 }
 
 bool FrameworkSweep::failsHostCall(int nth) {
-    run("host call", nullptr, nth);
+    run(kHostCall, nullptr, nth);
     const bool struck = instruments::faultStruck();
     instruments::clearFaults();
     return struck;

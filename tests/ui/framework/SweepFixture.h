@@ -1,16 +1,31 @@
 // Replays what the framework does with each of its host calls and each of its system calls failing once, and looks each
-// time whether anything is left.
+// time whether anything is left: nothing crashes or hangs, no window is left and the owner can be used, nothing is kept
+// open or lost from what was kept before, and the operation answers what it answers for a failure.
 #pragma once
 
 #include "PickerFixture.h"
 
 #include <map>
+#include <memory>
+#include <new>
 #include <set>
 
 // Of each function all calls are made to fail up to this number, and fewer and fewer of those behind them.
 inline constexpr int kEveryCall = 1000;
 inline constexpr int kManyCalls = 6;
 inline constexpr int kFewCalls = 4;
+
+/// Stands for the host's calls among the functions that struck.
+inline constexpr const char* kHostCall = "host call";
+
+/// Something of the framework whose making may find no memory, which is an exception; null then.
+template <class Made, class... Arguments> std::unique_ptr<Made> made(Arguments&&... arguments) {
+    try {
+        return std::make_unique<Made>(std::forward<Arguments>(arguments)...);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
 
 class FrameworkSweep : public PickerFixture {
   protected:
@@ -25,8 +40,8 @@ class FrameworkSweep : public PickerFixture {
     /// Runs an action that opens windows, which are confirmed, or left where that isn't possible.
     static void answered(const std::function<void()>& action);
 
-    /// Replays the scenario. @return how many failures struck, each in a run of its own
-    int sweep(int mostCallsOfAFunction);
+    /// Replays the scenario. @return the functions of which a call was made to fail, each in a run of its own
+    std::set<std::string> sweep(int mostCallsOfAFunction);
 
   private:
     /// What must be after a run as it was before.

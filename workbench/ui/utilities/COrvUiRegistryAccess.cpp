@@ -6,6 +6,7 @@
 #include "instruments/HostCalls.h"
 
 #include <string>
+#include <string_view>
 
 using instruments::HostCall;
 
@@ -74,11 +75,13 @@ void COrvUiRegistryAccess::Close() {
 }
 
 unsigned int GetProductRegistryRootKey(wchar_t* buffer, unsigned long length) {
+    if (buffer && length > 0)
+        *buffer = L'\0';
     return framework::answerOr(0u, [&] {
         HostCall call("GetProductRegistryRootKey", length);
-        if (!buffer || length == 0)
+        if (!buffer || length == 0 || call.fault())
             return call.answer(0u);
-        const std::wstring path = call.fault() ? L"" : std::wstring(kProductKey).substr(0, length - 1);
+        const std::wstring_view path = std::wstring_view(kProductKey).substr(0, length - 1);
         path.copy(buffer, path.size());
         buffer[path.size()] = L'\0';
         return call.answer(static_cast<unsigned int>(path.size()));
