@@ -17,6 +17,7 @@
 
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -83,12 +84,22 @@ class Life {
             return;
         m_inTick = true;
         m_watchdog.progress();
+        takeInputFromOthers();
         instruments::clearTrace();
         if (m_isRandom && Clock::now() < m_end)
             m_monkey.act(m_window);
         else if (m_isRandom || GetActiveWindow() != m_window)
             m_monkey.leave(m_window);
         m_inTick = false;
+    }
+
+    /// The desktop of a fresh session may come up behind the first windows of the first program and take their input
+    /// away; a life would wait for ever then.
+    void takeInputFromOthers() const {
+        DWORD owner = 0;
+        GetWindowThreadProcessId(GetForegroundWindow(), &owner);
+        if (owner != GetCurrentProcessId())
+            SetForegroundWindow(GetLastActivePopup(m_window));
     }
 
     static Life* s_current;
@@ -145,10 +156,16 @@ bool isClean(const Rest& rest, const Rest& reference, int allowed) {
     return rest.ledger.empty() && rest.windows == 0 && more <= allowed;
 }
 
+std::string valueOf(const char* variable) {
+    const char* value = std::getenv(variable);
+    return value ? value : "";
+}
+
 bool parse(int argc, char** argv, Options& options) {
-    wchar_t quick[4] = L"";
-    if (GetEnvironmentVariableW(L"KEL_TEST_QUICK", quick, 4) != 0 && std::wstring(quick) == L"1")
+    if (valueOf("KEL_TEST_QUICK") == "1")
         options.seconds = 3;
+    if (const std::string seconds = valueOf("KEL_MONKEY_SECONDS"); !seconds.empty())
+        options.seconds = std::atoi(seconds.c_str());
     for (int i = 1; i + 1 < argc; i += 2) {
         const std::string name = argv[i];
         if (name == "--seed")
