@@ -15,7 +15,8 @@ class KELUI_API COrvUiRegistryAccess {
     COrvUiRegistryAccess& operator=(const COrvUiRegistryAccess&) = delete;
 
     bool IsOpen() const { return m_key != nullptr; }
-    /// The text of a value; empty when it is missing or no text. An empty name reads the key's default value.
+    /// The text of a value; empty when it is missing or no text. Variables in it aren't expanded. An empty name reads
+    /// the key's default value.
     CString GetString(const CString& valueName) const;
     /// The number of a value; 0 when it is missing or no 32-bit number.
     unsigned int GetDWord(const CString& valueName) const;

@@ -74,6 +74,15 @@ class ColorPicker : public PickerFixture {
     }
 };
 
+TEST_F(ColorPicker, setsItselfUpInTheOrderOfAllDialogs) {
+    pick(ui::Script().waitForControl(IDC_COLOR_PALETTE).press(VK_ESCAPE), indexed(5));
+    EXPECT_THAT(setUpCalls(),
+                ElementsAre("SetDialogName(\"Workbench:SelectColor\")", "OnInitDialog()",
+                            "SetContextHelpPrefix(\"LAST\")",
+                            "SetContextHelpFileName(\"/KelDialogToolTips;Component/DialogToolTips.xaml\")",
+                            "SetUseTips(2)", "SetPersistency(1)"));
+}
+
 TEST_F(ColorPicker, beginsOnThePaletteWithTheColorMarked) {
     ui::Script script;
     script.waitForControl(IDC_COLOR_PALETTE)

@@ -199,18 +199,14 @@ TEST_F(LineWeightPicker, itsSizeAndPlaceAreKept) {
 
 TEST_F(LineWeightPicker, setsItselfUpInTheOrderOfAllDialogs) {
     pick(ui::Script().waitForControl(IDC_PICKER_LIST).press(VK_ESCAPE));
-    std::vector<std::string> setUp;
-    for (const std::string& line : instruments::trace())
-        for (const char* call :
-             {"SetDialogName", "OnInitDialog", "SetControlProperty", "SetContextHelpPrefix", "SetContextHelpFileName",
-              "SetUseTips", "GetColumnSizes", "SetPersistency", "SaveColumnSizes"})
-            if (line.rfind(call, 0) == 0)
-                setUp.push_back(line.substr(0, line.find(' ')));
-    EXPECT_THAT(setUp,
-                ElementsAre("SetDialogName(\"Workbench:SelectLineweight\")", "OnInitDialog()", "SetControlProperty(4)",
-                            "SetContextHelpPrefix(\"LAST\")",
-                            "SetContextHelpFileName(\"/KelDialogToolTips;Component/DialogToolTips.xaml\")",
-                            "SetUseTips(2)", "GetColumnSizes(1401)", "SetPersistency(1)", "SaveColumnSizes(1401)"));
+    EXPECT_THAT(setUpCalls(), isSetUpOfList("Workbench:SelectLineweight", 4));
+}
+
+TEST_F(LineWeightPicker, typingTheBeginningOfATextFindsIt) {
+    pick(ui::Script().waitForControl(IDC_PICKER_LIST).type(L"0.3").press(VK_RETURN), 211);
+    EXPECT_EQ(chosen, 30);
+    pick(ui::Script().waitForControl(IDC_PICKER_LIST).type(L"d").press(VK_RETURN), 211);
+    EXPECT_EQ(chosen, -3) << "the default";
 }
 
 TEST_F(LineWeightPicker, theDialogThatOpensItCannotBeUsedMeanwhile) {

@@ -184,6 +184,11 @@ TEST_F(LinetypePicker, eachFailingCallIsSurvived) {
     EXPECT_GE(calls, 10);
 }
 
+TEST_F(LinetypePicker, setsItselfUpInTheOrderOfAllDialogs) {
+    pick(ui::Script().waitForControl(IDC_PICKER_LIST).press(VK_ESCAPE));
+    EXPECT_THAT(setUpCalls(), isSetUpOfList("Workbench:SelectLinetype", 4));
+}
+
 class PlotStylePicker : public PickerFixture {
   protected:
     wchar_t* chosen = nullptr;
@@ -221,6 +226,16 @@ TEST_F(PlotStylePicker, cancellingHandsOutNothing) {
     pick(ui::Script().waitForControl(IDC_PICKER_LIST).press(VK_UP).press(VK_ESCAPE));
     EXPECT_FALSE(answered);
     EXPECT_EQ(chosen, nullptr);
+}
+
+TEST_F(PlotStylePicker, setsItselfUpInTheOrderOfAllDialogs) {
+    pick(ui::Script().waitForControl(IDC_PICKER_LIST).press(VK_ESCAPE));
+    EXPECT_THAT(setUpCalls(), isSetUpOfList("Workbench:SelectPlotStyle", 4));
+}
+
+TEST_F(PlotStylePicker, typingTheBeginningOfANameFindsIt) {
+    pick(ui::Script().waitForControl(IDC_PICKER_LIST).type(L"sc").press(VK_RETURN));
+    EXPECT_STREQ(chosen, L"screened");
 }
 
 TEST_F(PlotStylePicker, withoutACurrentOneNothingIsMarked) {

@@ -61,6 +61,24 @@ std::vector<std::string> PickerFixture::tracedCalls(const std::string& operation
     return calls;
 }
 
+std::vector<std::string> PickerFixture::setUpCalls() {
+    std::vector<std::string> calls;
+    for (const std::string& line : instruments::trace())
+        for (const char* call :
+             {"SetDialogName", "OnInitDialog", "SetControlProperty", "SetContextHelpPrefix", "SetContextHelpFileName",
+              "SetUseTips", "GetColumnSizes", "SetPersistency", "SaveColumnSizes"})
+            if (startsWith(line, call))
+                calls.push_back(line.substr(0, line.find(' ')));
+    return calls;
+}
+
+testing::Matcher<std::vector<std::string>> isSetUpOfList(const std::string& name, int resized) {
+    return testing::ElementsAre("SetDialogName(\"" + name + "\")", "OnInitDialog()",
+                                "SetControlProperty(" + std::to_string(resized) + ")", "SetContextHelpPrefix(\"LAST\")",
+                                "SetContextHelpFileName(\"/KelDialogToolTips;Component/DialogToolTips.xaml\")",
+                                "SetUseTips(2)", "GetColumnSizes(1401)", "SetPersistency(1)", "SaveColumnSizes(1401)");
+}
+
 ui::Script confirmOrLeave() {
     ui::Script script;
     script.ifStillOpen();

@@ -23,9 +23,14 @@ class PickerFixture : public DialogFixture {
 
     /// Runs `pick`, which opens a picker, and the script in it, with the pointer away from it at first.
     static void answer(const ui::Script& script, const std::function<void()>& pick);
+    /// The calls of the trace by which dialogs set themselves up and keep what they show, without answers.
+    static std::vector<std::string> setUpCalls();
     /// The lines of the trace that end the calls of `operation`.
     static std::vector<std::string> tracedCalls(const std::string& operation);
 };
+
+/// What setUpCalls() has to be for a picker with a list: `resized` controls follow the dialog's size.
+testing::Matcher<std::vector<std::string>> isSetUpOfList(const std::string& name, int resized);
 
 /// Enter once a window is there, and then Escape as long as one still is.
 ui::Script confirmOrLeave();

@@ -169,6 +169,25 @@ TEST_F(TaskDialog, aClickOnACommandAnswersItsNumber) {
     EXPECT_EQ(show(ui::Script().waitForControl(1002).click(1002)), kTaskDialogFirstCommand + 1);
 }
 
+TEST_F(TaskDialog, theThirdCommandAnswersTheThirdNumber) {
+    const WrittenFile file("<T><TaskDialog Key='K'><Instruction>x</Instruction><Command>One</Command>"
+                           "<Command>Two</Command><Command>Three</Command></TaskDialog></T>");
+    ASSERT_TRUE(dialog.LoadFromFile(file.path().c_str(), L"K", nullptr, 0));
+    EXPECT_EQ(show(ui::Script().waitForControl(1003).click(1003)), 1003);
+}
+
+TEST_F(TaskDialog, asManyPairsAreReadAsAreCounted) {
+    const WrittenFile file("<T><TaskDialog Key='K'><Instruction>{A}{B}</Instruction></TaskDialog></T>");
+    const TASKDIALOG_KEYVALUE pairs[] = {{L"A", L"1"}, {L"B", L"2"}};
+    const wchar_t* const shown[] = {L"{A}{B}", L"1{B}", L"12"};
+    for (int count = 0; count <= 2; ++count) {
+        ASSERT_TRUE(dialog.LoadFromFile(file.path().c_str(), L"K", pairs, count));
+        EXPECT_EQ(show(ui::Script().waitForText(shown[count]).press(VK_RETURN)), IDOK) << count;
+    }
+    ASSERT_TRUE(dialog.LoadFromFile(file.path().c_str(), L"K", pairs, -1));
+    EXPECT_EQ(show(ui::Script().waitForText(shown[0]).press(VK_RETURN)), IDOK) << "a count below 0 counts none";
+}
+
 TEST_F(TaskDialog, escapeAnswersCancel) {
     ASSERT_TRUE(dialog.LoadFromFile(kFile, L"KelLayerApps.CannotRestoreLayerState", nullptr, 0));
     EXPECT_EQ(show(ui::Script().waitForControl(IDCLOSE).press(VK_ESCAPE)), IDCANCEL);
@@ -268,6 +287,34 @@ TEST_F(TaskDialog, eachRefusalOfANameIsShown) {
             .look("its title", [](const ui::View& view) { EXPECT_EQ(view.title(), L"Invalid Name"); })
             .press(VK_ESCAPE);
         ui::perform(script, [&] { refuse(L"Layer state", L"", nullptr); });
+    }
+}
+
+TEST_F(TaskDialog, thePromptsForNamesSayTheirTextsAndTheirParentCannotBeUsedMeanwhile) {
+    for (const Refusal prompt : {&CKelStandardTaskDialog::ShowDuplicateNameReplaceCancelDialog,
+                                 &CKelStandardTaskDialog::ShowInvalidNameEmptyNameDialog,
+                                 &CKelStandardTaskDialog::ShowInvalidNameTooLongDialog,
+                                 &CKelStandardTaskDialog::ShowInvalidNameUnsupportedCharacters}) {
+        TestDialog parent{IDD_FIXED};
+        parent.onCommand = [&](UINT id) {
+            if (id == IDC_TEST_BUTTON)
+                prompt(L"Layer state", L"The very text", &parent);
+        };
+        ui::Script script;
+        script.click(IDC_TEST_BUTTON)
+            .waitUntil("the prompt",
+                       [&](const ui::View& view) {
+                           return view.window() != parent.GetSafeHwnd() && !testing::Matches(IsEmpty())(view.texts());
+                       })
+            .look("what it says",
+                  [&](const ui::View& view) {
+                      EXPECT_THAT(view.texts(), testing::Contains(HasSubstr(L"The very text")));
+                      EXPECT_FALSE(IsWindowEnabled(parent.GetSafeHwnd()));
+                  })
+            .press(VK_ESCAPE)
+            .waitUntil("the parent again", [&](const ui::View& view) { return view.window() == parent.GetSafeHwnd(); })
+            .look("it can be used", [&](const ui::View&) { EXPECT_TRUE(IsWindowEnabled(parent.GetSafeHwnd())); });
+        parent.run(script);
     }
 }
 

@@ -72,6 +72,7 @@ TEST_F(RegistryAccess, aMissingOrClosedKeyAnswersAsIfNothingWereThere) {
     COrvUiRegistryAccess closed(HKEY_CURRENT_USER, path.c_str());
     closed.Close();
     EXPECT_FALSE(closed.IsOpen());
+    EXPECT_TRUE(closed.GetString(L"Text").IsEmpty());
     EXPECT_EQ(closed.GetDWord(L"Number"), 0u);
     EXPECT_EQ(closed.ValueType(L"Number", nullptr), 0u);
 }
@@ -79,7 +80,7 @@ TEST_F(RegistryAccess, aMissingOrClosedKeyAnswersAsIfNothingWereThere) {
 TEST_F(RegistryAccess, theProductsKeyIsCutToTheBuffer) {
     wchar_t buffer[512] = {};
     const unsigned int length = GetProductRegistryRootKey(buffer, 512);
-    EXPECT_GT(length, 0u);
+    EXPECT_STREQ(buffer, L"Software\\KelWorkbench");
     EXPECT_EQ(wcslen(buffer), length);
     wchar_t small[4] = {L'x', L'x', L'x', L'x'};
     EXPECT_EQ(GetProductRegistryRootKey(small, 4), 3u);
@@ -109,6 +110,14 @@ TEST_F(RegistryAccess, valuesOfOtherTypesAreNeitherTextNorNumber) {
         EXPECT_EQ(key.GetDWord(L"Other"), 0u) << type;
         EXPECT_EQ(key.ValueType(L"Other", nullptr), type);
     }
+}
+
+TEST_F(RegistryAccess, aTextWithVariablesIsATextAndReadAsItStands) {
+    writeValue(path, L"Variables", REG_EXPAND_SZ, L"%OS%\\plan", 22);
+    const COrvUiRegistryAccess key(HKEY_CURRENT_USER, path.c_str());
+    EXPECT_STREQ(key.GetString(L"Variables"), L"%OS%\\plan");
+    EXPECT_EQ(key.ValueType(L"Variables", nullptr), static_cast<unsigned long>(REG_EXPAND_SZ));
+    EXPECT_EQ(key.GetDWord(L"Variables"), 0u);
 }
 
 TEST_F(RegistryAccess, aHiveThatIsNoneIsNotOpened) {

@@ -14,13 +14,16 @@ namespace {
 
 constexpr const wchar_t* kProductKey = L"Software\\KelWorkbench";
 
+// A text with variables comes as it stands: it is for the reader to say whose environment is meant.
+constexpr DWORD kTexts = RRF_RT_REG_SZ | RRF_RT_REG_EXPAND_SZ | RRF_NOEXPAND;
+
 std::wstring readText(HKEY key, const wchar_t* name) {
     DWORD size = 0;
-    if (RegGetValueW(key, nullptr, name, RRF_RT_REG_SZ, nullptr, nullptr, &size) != ERROR_SUCCESS)
+    if (RegGetValueW(key, nullptr, name, kTexts, nullptr, nullptr, &size) != ERROR_SUCCESS)
         return {};
     std::wstring text((size + 1) / sizeof(wchar_t), L'\0'); // a broken value may end in the middle of a character
     size = static_cast<DWORD>(text.size() * sizeof(wchar_t));
-    if (RegGetValueW(key, nullptr, name, RRF_RT_REG_SZ, nullptr, text.data(), &size) != ERROR_SUCCESS)
+    if (RegGetValueW(key, nullptr, name, kTexts, nullptr, text.data(), &size) != ERROR_SUCCESS)
         return {};
     return text.substr(0, text.find(L'\0'));
 }
