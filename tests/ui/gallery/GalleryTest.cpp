@@ -17,6 +17,8 @@ namespace {
 constexpr const wchar_t* testRoot = L"Software\\KelGallery\\Dialogs";
 constexpr const wchar_t* mainWindowKey = L"Software\\KelWorkbench\\Window";
 
+// Paint goes to the screen by and by; what looks the same twice, so far apart, is all there.
+constexpr auto paintTime = std::chrono::milliseconds(100);
 constexpr const char* sampleFiles[] = {"house.zdr", "site.zdr"};
 
 fs::path programFolder() {
@@ -46,6 +48,13 @@ POINT awayFromAll() {
 void forgetPlaces() {
     RegDeleteTreeW(HKEY_CURRENT_USER, testRoot);
     RegDeleteTreeW(HKEY_CURRENT_USER, mainWindowKey);
+}
+
+/// Empty when no pictures are wanted.
+std::wstring pictureFolder() {
+    wchar_t folder[MAX_PATH] = L"";
+    GetEnvironmentVariableW(L"KEL_PICTURES", folder, MAX_PATH);
+    return folder;
 }
 
 ui::Script awayWithPointer() {
@@ -96,7 +105,7 @@ void GalleryTest::useWorkbench(ui::Script script) {
 }
 
 ui::Script GalleryTest::pictureOfAll(const std::string& name) const {
-    ui::Script script = awayWithPointer();
+    ui::Script script = pictureFolder().empty() ? awayWithPointer() : settled();
     return script.look("take the picture " + name, [this, name](const ui::View&) {
         RECT rect{};
         GetWindowRect(m_window->m_hWnd, &rect);
@@ -109,16 +118,33 @@ void GalleryTest::showDialog(ui::Script script, const std::function<void()>& ope
     ui::perform(std::move(script), open);
 }
 
+ui::Script GalleryTest::settled() {
+    using Clock = std::chrono::steady_clock;
+    struct Look {
+        std::vector<char> pixels;
+        Clock::time_point at;
+    };
+    const auto last = std::make_shared<Look>();
+    ui::Script script = awayWithPointer();
+    return script.waitUntil("what is painted has reached the screen", [last](const ui::View&) {
+        if (Clock::now() - last->at < paintTime)
+            return false;
+        const std::vector<char> before = std::exchange(last->pixels, ui::screenBytes());
+        last->at = Clock::now();
+        return before == last->pixels;
+    });
+}
+
 void GalleryTest::savePicture(const std::string& name, const RECT& part) {
-    wchar_t folder[MAX_PATH] = L"";
-    if (GetEnvironmentVariableW(L"KEL_PICTURES", folder, MAX_PATH) == 0)
+    const std::wstring folder = pictureFolder();
+    if (folder.empty())
         return;
     const fs::path path = fs::path(folder) / (name + ".bmp");
     EXPECT_TRUE(ui::saveScreenshot(path.wstring(), part)) << path;
 }
 
 ui::Script GalleryTest::picture(const std::string& name) {
-    ui::Script script = awayWithPointer();
+    ui::Script script = pictureFolder().empty() ? awayWithPointer() : settled();
     script.look("take the picture " + name, [name](const ui::View& view) { savePicture(name, view.rect()); });
     return script;
 }

@@ -27,7 +27,9 @@ class GalleryTest : public testing::Test {
     void run(const std::wstring& line);
     workbench::MainWindow& window() { return *m_window; }
 
-    /// Steps: the pointer away from everything; a picture of the facing window.
+    /// Steps: the pointer away from everything, and then until nothing on the screen changes any more.
+    static ui::Script settled();
+    /// Steps: settled(), and a picture of the facing window.
     static ui::Script picture(const std::string& name);
     /// The same, of the main window with what stands over it.
     ui::Script pictureOfAll(const std::string& name) const;

@@ -140,6 +140,7 @@ TEST_F(Manager, showsTheStatesAndTheProperties) {
 TEST_F(Manager, theChevronIsDrawnAtTheDisplaysScaling) {
     Script script;
     script.waitForControl(IDC_LSTATE_RES_EXPAND)
+        .then(settled())
         .look("its picture",
               [](const ui::View& view) {
                   const int dpi = static_cast<int>(GetDpiForSystem());

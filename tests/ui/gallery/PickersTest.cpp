@@ -66,6 +66,7 @@ TEST_F(Pickers, theBarOfALineweightIsAsThickAsTheLineOnThisDisplay) {
     int chosen = 0, thickness = 0;
     Script script;
     script.waitForControl(IDC_PICKER_LIST)
+        .then(settled())
         .look("the bar of 2.00 mm",
               [&](const ui::View& view) {
                   const int row = view.rowOf(IDC_PICKER_LIST, L"2.00 mm");
