@@ -1,6 +1,9 @@
 // See GuiObjects.h. Windows answers GetGuiResources. Wine answers 0 there, but keeps the table of a process's GDI
 // objects where Windows keeps it: in the process environment block. That table's form is no documented one, so counting
 // by it proves itself first on pens made for the purpose.
+//
+// Wine shows no table of menus, icons and cursors, but takes the lower half of a handle for the whole, and answers for
+// this process alone: so every handle that there can be is asked about. That too proves itself first.
 
 #include "GuiObjects.h"
 
@@ -55,6 +58,44 @@ bool provesItself(const TableEntry* entries) {
     return during == before + static_cast<int>(pens.size()) && countTable(entries) == before;
 }
 
+// The lower halves of Wine's user handles.
+constexpr std::uintptr_t kFirstUserHandle = 0x20, kLastUserHandle = 0xFFEF, kUserHandleStep = 2;
+
+bool isIcon(HICON handle) {
+    ICONINFO info{};
+    if (!GetIconInfo(handle, &info))
+        return false;
+    // They are copies for the asker.
+    DeleteObject(info.hbmColor);
+    DeleteObject(info.hbmMask);
+    return true;
+}
+
+int askAboutUserHandles() {
+    int count = 0;
+    for (std::uintptr_t handle = kFirstUserHandle; handle <= kLastUserHandle; handle += kUserHandleStep)
+        count += IsMenu(reinterpret_cast<HMENU>(handle)) || isIcon(reinterpret_cast<HICON>(handle));
+    return count;
+}
+
+bool askingProvesItself() {
+    constexpr int menuCount = 20, iconCount = 10;
+    const BYTE bits[2] = {0xFF, 0xFF};
+    std::array<HMENU, menuCount> menus{};
+    std::array<HICON, iconCount> icons{};
+    const int before = askAboutUserHandles();
+    for (HMENU& menu : menus)
+        menu = CreatePopupMenu();
+    for (HICON& icon : icons)
+        icon = CreateIcon(nullptr, 8, 1, 1, 1, bits, bits);
+    const int during = askAboutUserHandles();
+    for (const HMENU menu : menus)
+        DestroyMenu(menu);
+    for (const HICON icon : icons)
+        DestroyIcon(icon);
+    return during == before + menuCount + iconCount && askAboutUserHandles() == before;
+}
+
 BOOL CALLBACK countOne(HWND, LPARAM count) {
     ++*reinterpret_cast<int*>(count);
     return TRUE;
@@ -75,6 +116,13 @@ std::optional<int> countGdiObjects() {
     if (!isReadable(entries) || !provesItself(entries))
         return std::nullopt;
     return countTable(entries);
+}
+
+std::optional<int> countUserObjects() {
+    if (const DWORD counted = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS))
+        return static_cast<int>(counted);
+    static const bool proven = askingProvesItself();
+    return proven ? std::optional(askAboutUserHandles()) : std::nullopt;
 }
 
 int countWindows() {

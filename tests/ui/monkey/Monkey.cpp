@@ -26,11 +26,10 @@ constexpr std::array kMainKeys{
     Key{VK_BACK, 0},  Key{VK_DELETE, 0}, Key{VK_HOME, 0}, Key{VK_LEFT, 0},   Key{'Z', 2},         Key{VK_F10, 0},
     Key{VK_F6, 0},    Key{VK_PRIOR, 0},  Key{VK_NEXT, 0}, Key{'A', 2},       Key{'C', 2},         Key{'V', 2},
 };
-// No F1: its page would be opened by another program.
 constexpr std::array kDialogKeys{
-    Key{VK_TAB, 0},    Key{VK_TAB, 1},   Key{VK_UP, 0},   Key{VK_DOWN, 0},   Key{VK_RETURN, 0},
-    Key{VK_ESCAPE, 0}, Key{VK_SPACE, 0}, Key{VK_F2, 0},   Key{VK_DELETE, 0}, Key{VK_HOME, 0},
-    Key{VK_END, 0},    Key{VK_NEXT, 0},  Key{VK_LEFT, 0}, Key{VK_RIGHT, 0},  Key{VK_DOWN, 1},
+    Key{VK_TAB, 0},   Key{VK_TAB, 1},   Key{VK_UP, 0},     Key{VK_DOWN, 0}, Key{VK_RETURN, 0}, Key{VK_ESCAPE, 0},
+    Key{VK_SPACE, 0}, Key{VK_F2, 0},    Key{VK_DELETE, 0}, Key{VK_HOME, 0}, Key{VK_END, 0},    Key{VK_NEXT, 0},
+    Key{VK_LEFT, 0},  Key{VK_RIGHT, 0}, Key{VK_DOWN, 1},   Key{VK_F1, 0},
 };
 
 bool isOfClass(HWND window, const wchar_t* name) {
