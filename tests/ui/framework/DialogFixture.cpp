@@ -32,8 +32,7 @@ INT_PTR TestDialog::run(const ui::Script& script) {
     whole.waitUntil("the dialog is shown", [this](const ui::View&) { return IsWindowVisible() != FALSE; });
     whole.then(script).look("close the dialog", [this](const ui::View&) { EndDialog(IDOK); });
     // Before the dialog is there, so that nothing of it is under the pointer at any time.
-    while (!ui::pointerRestsAt(kAway))
-        Sleep(5);
+    bringPointerAway();
     INT_PTR answer = 0;
     ui::perform(whole, [&] { answer = DoModal(); });
     return answer;
@@ -55,6 +54,11 @@ ui::Script& pointAt(ui::Script& script, std::function<POINT()> target) {
     return script.step("move the pointer", [target](const ui::View&) {
         return ui::pointerRestsAt(target()) ? ui::Obstacle() : "the pointer hasn't arrived";
     });
+}
+
+void bringPointerAway() {
+    while (!ui::pointerRestsAt(kAway))
+        Sleep(5);
 }
 
 ui::Script& pointAway(ui::Script& script) {

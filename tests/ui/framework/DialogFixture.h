@@ -36,6 +36,8 @@ class TestDialog : public CKelUiDialog {
 ui::Script look(std::string what, std::function<void()> see);
 /// Appends a movement of the pointer to a point of the screen, which is asked for when it is the step's turn.
 ui::Script& pointAt(ui::Script& script, std::function<POINT()> target);
+/// Moves the pointer to a corner of the screen where no window is, and answers once it is there.
+void bringPointerAway();
 /// Appends a movement to a corner of the screen where no window is.
 ui::Script& pointAway(ui::Script& script);
 /// Appends a wait, for what must not happen.

@@ -11,7 +11,6 @@
 
 namespace {
 
-constexpr POINT kAway = {1270, 1014};
 constexpr int kMostCalls = 500;
 
 bool startsWith(const std::string& text, const std::string& start) {
@@ -48,8 +47,7 @@ KelDbObjectId PickerFixture::linetypeId(const wchar_t* name) const {
 }
 
 void PickerFixture::answer(const ui::Script& script, const std::function<void()>& pick) {
-    while (!ui::pointerRestsAt(kAway))
-        Sleep(5);
+    bringPointerAway();
     ui::perform(script, pick);
 }
 

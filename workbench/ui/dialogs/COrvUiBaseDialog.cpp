@@ -2,8 +2,8 @@
 
 #include "OrvUiDialog.h"
 
-#include "dialogs/DialogTips.h"
 #include "base/OutOfMemory.h"
+#include "dialogs/DialogTips.h"
 #include "instruments/HostCalls.h"
 
 #include <memory>

@@ -2,11 +2,11 @@
 
 #include "OrvUiDialog.h"
 
+#include "base/OutOfMemory.h"
 #include "dialogs/ResizeTable.h"
 #include "instruments/HostCalls.h"
 #include "persistence/ColumnSizes.h"
 #include "persistence/DialogStore.h"
-#include "base/OutOfMemory.h"
 #include "persistence/Placement.h"
 
 using framework::DialogStore;

@@ -11,6 +11,8 @@ class COrvUiOwnerDrawButton;
 
 namespace framework {
 
+/// The tips of one dialog: a window of the system's that the dialog owns, with a tool for each control that has a text
+/// and one that moves with the pointer over cells and drawn buttons. Without memory or a window there are no tips.
 class DialogTips {
   public:
     /// Makes the tip window, owned by `dialog`, with a tool for each control that has a text, those of

@@ -2,8 +2,8 @@
 
 #include "OrvUiServices.h"
 
-#include "help/HelpPage.h"
 #include "base/OutOfMemory.h"
+#include "help/HelpPage.h"
 #include "instruments/HostCalls.h"
 
 #include <shellapi.h>

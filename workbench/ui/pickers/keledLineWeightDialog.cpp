@@ -3,12 +3,12 @@
 #include "OrvUiPickers.h"
 
 #include "KelEditor.h"
+#include "base/OutOfMemory.h"
 #include "base/Scaling.h"
 #include "instruments/HostCalls.h"
 #include "pickers/ListPicker.h"
-#include "pickers/PickerIds.h"
 #include "pickers/model/LineWeightRows.h"
-#include "base/OutOfMemory.h"
+#include "pickers/PickerIds.h"
 #include "values/ReservedWords.h"
 
 using framework::hostWord;

@@ -3,14 +3,14 @@
 #include "OrvUiPickers.h"
 
 #include "KelDbPointers.h"
+#include "base/OutOfMemory.h"
 #include "base/Scaling.h"
 #include "instruments/HostCalls.h"
 #include "pickers/ListPicker.h"
-#include "pickers/PickerIds.h"
 #include "pickers/model/DashSample.h"
 #include "pickers/model/NamedRows.h"
+#include "pickers/PickerIds.h"
 #include "values/ReservedWords.h"
-#include "base/OutOfMemory.h"
 #include "values/RuntimeStrings.h"
 
 #include <algorithm>

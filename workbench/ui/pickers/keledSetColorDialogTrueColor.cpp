@@ -2,8 +2,8 @@
 
 #include "OrvUiPickers.h"
 
-#include "instruments/HostCalls.h"
 #include "base/OutOfMemory.h"
+#include "instruments/HostCalls.h"
 #include "pickers/ColorDialog.h"
 
 using instruments::HostCall;

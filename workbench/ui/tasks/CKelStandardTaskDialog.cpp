@@ -2,9 +2,9 @@
 
 #include "OrvUiServices.h"
 
+#include "base/OutOfMemory.h"
 #include "instruments/HostCalls.h"
 #include "tasks/TaskDialogFile.h"
-#include "base/OutOfMemory.h"
 #include "tasks/TaskDialogWindow.h"
 
 using instruments::HostCall;

@@ -3,8 +3,8 @@
 #include "OrvUiUtilities.h"
 
 #include "KelDbDatabase.h"
-#include "instruments/HostCalls.h"
 #include "base/OutOfMemory.h"
+#include "instruments/HostCalls.h"
 #include "tasks/TaskDialogFile.h"
 
 using instruments::HostCall;
