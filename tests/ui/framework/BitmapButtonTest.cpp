@@ -137,6 +137,26 @@ TEST_F(BitmapButton, whilePressedItLooksPressed) {
     dialog.run(script);
 }
 
+TEST_F(BitmapButton, noTwoOfItsLooksAreTheSame) {
+    std::vector<Pixels> looks;
+    const auto keep = [&](const ui::View&) { looks.push_back(face()); };
+    const auto isNew = [&](const ui::View&) { return std::ranges::find(looks, face()) == looks.end(); };
+    ui::Script script = look("its face", [&] { button.OnReload(L"RED_FACE"); });
+    script.look("at rest", keep);
+    pointAt(script, [&] { return middle(); });
+    script.waitUntil("it looks hovered", isNew).look("hovered", keep);
+    script.look("press", [](const ui::View&) { ui::pressButton(); });
+    script.waitUntil("it looks pressed", isNew).look("pressed", keep);
+    script.look("release", [](const ui::View&) { ui::releaseButton(); });
+    script.waitUntil("it was clicked", [&](const ui::View&) { return clicks == 1; });
+    pointAway(script);
+    script.press(VK_TAB).press(VK_TAB, ui::holdShift);
+    script.waitUntil("it looks focused", isNew).look("focused", keep);
+    script.look("disable it", [&](const ui::View&) { button.EnableWindow(FALSE); });
+    script.waitUntil("it looks disabled", isNew);
+    dialog.run(script);
+}
+
 TEST_F(BitmapButton, aClickReachesTheDialogAsACommand) {
     ui::Script script;
     script.click(IDC_TEST_FACE).waitUntil("one command", [&](const ui::View&) { return clicks == 1; });

@@ -163,6 +163,10 @@ TEST_F(LineWeightPicker, itsListIsReachedByItsMnemonic) {
     pick(script);
 }
 
+TEST_F(LineWeightPicker, itsListGrowsWithItsBorder) {
+    pick(growByItsCorner(70, 50));
+}
+
 TEST_F(LineWeightPicker, itsSizeAndPlaceAreKept) {
     const auto size = [](const ui::View& view) {
         const RECT rect = view.rect();

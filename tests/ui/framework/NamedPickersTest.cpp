@@ -101,6 +101,10 @@ TEST_F(LinetypePicker, typingTheBeginningOfANameFindsIt) {
     EXPECT_STREQ(name, L"hidden");
 }
 
+TEST_F(LinetypePicker, itsListGrowsWithItsBorder) {
+    pick(growByItsCorner(70, 50));
+}
+
 TEST_F(LinetypePicker, referencesAreOfferedWhereAskedForAndHaveNoId) {
     chosen = linetypeId(L"hidden");
     ui::Script script;
@@ -236,6 +240,10 @@ TEST_F(PlotStylePicker, setsItselfUpInTheOrderOfAllDialogs) {
 TEST_F(PlotStylePicker, typingTheBeginningOfANameFindsIt) {
     pick(ui::Script().waitForControl(IDC_PICKER_LIST).type(L"sc").press(VK_RETURN));
     EXPECT_STREQ(chosen, L"screened");
+}
+
+TEST_F(PlotStylePicker, itsListGrowsWithItsBorder) {
+    pick(growByItsCorner(70, 50));
 }
 
 TEST_F(PlotStylePicker, withoutACurrentOneNothingIsMarked) {

@@ -6,6 +6,7 @@
 #include "Runtime.h"
 #include "engine/DatabaseAccess.h"
 #include "instruments/HostCalls.h"
+#include "pickers/PickerIds.h"
 
 #include <algorithm>
 
@@ -88,6 +89,27 @@ ui::Script confirmOrLeave() {
             ui::pressKey(VK_ESCAPE);
         return "it is still open";
     });
+    return script;
+}
+
+ui::Script growByItsCorner(LONG right, LONG down) {
+    const auto before = std::make_shared<RECT>();
+    const auto corner = std::make_shared<POINT>();
+    ui::Script script;
+    script.waitForControl(IDC_PICKER_LIST).look("its corner", [=](const ui::View& view) {
+        *before = view.rect(IDC_PICKER_LIST);
+        *corner = {view.rect().right - 2, view.rect().bottom - 2};
+    });
+    pointAt(script, [corner] { return *corner; });
+    script.look("take hold of it", [](const ui::View&) { ui::pressButton(); });
+    pointAt(script, [=] { return POINT{corner->x + right, corner->y + down}; });
+    script.look("let go", [](const ui::View&) { ui::releaseButton(); });
+    script.waitUntil("the list has grown as much", [=](const ui::View& view) {
+        const RECT list = view.rect(IDC_PICKER_LIST);
+        return list.left == before->left && list.top == before->top && list.right == before->right + right &&
+               list.bottom == before->bottom + down;
+    });
+    script.press(VK_ESCAPE);
     return script;
 }
 

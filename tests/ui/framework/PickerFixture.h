@@ -35,6 +35,10 @@ testing::Matcher<std::vector<std::string>> isSetUpOfList(const std::string& name
 /// Enter once a window is there, and then Escape as long as one still is.
 ui::Script confirmOrLeave();
 
+/// Drags the lower right corner of a picker with a list away by that much, sees that the list has grown as much, and
+/// cancels.
+ui::Script growByItsCorner(LONG right, LONG down);
+
 /// Runs `pick` again and again, with each host call inside it failing once, and confirms by Enter (or cancels, where
 /// Enter does nothing) whatever appears. After each run `check` is called, and nothing may be left in the ledger.
 /// @return how many calls could fail

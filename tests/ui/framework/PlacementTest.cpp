@@ -5,6 +5,7 @@
 #include "persistence/Placement.h"
 
 using framework::placeOnWorkAreas;
+using framework::screenRectOf;
 
 bool operator==(const RECT& a, const RECT& b) {
     return EqualRect(&a, &b) != FALSE;
@@ -33,6 +34,14 @@ TEST(PlaceOnWorkAreas, takesTheFirstForWhatTouchesNone) {
 
 TEST(PlaceOnWorkAreas, cutsWhatIsLargerThanTheWorkArea) {
     EXPECT_EQ(placeOnWorkAreas({1000, 10, 1700, 910}, kTwoMonitors), (RECT{1000, 0, 1500, 400}));
+}
+
+TEST(ScreenRectOf, countsFromWhereTheTaskbarsLeaveRoom) {
+    const RECT display = {1000, 0, 2000, 800};
+    EXPECT_EQ(screenRectOf({1100, 100, 1300, 200}, {1060, 0, 2000, 800}, display), (RECT{1160, 100, 1360, 200}));
+    EXPECT_EQ(screenRectOf({1100, 100, 1300, 200}, {1000, 40, 2000, 800}, display), (RECT{1100, 140, 1300, 240}));
+    EXPECT_EQ(screenRectOf({1100, 100, 1300, 200}, {1000, 0, 1940, 760}, display), (RECT{1100, 100, 1300, 200}))
+        << "at the right and at the bottom they don't matter";
 }
 
 class Placement : public DialogFixture {

@@ -54,9 +54,13 @@ RECT normalRect(HWND window) {
     WINDOWPLACEMENT placement = {};
     placement.length = sizeof placement;
     RECT rect = {};
-    if (IsIconic(window) || IsZoomed(window))
-        return GetWindowPlacement(window, &placement) ? placement.rcNormalPosition : rect;
-    return GetWindowRect(window, &rect) ? rect : RECT{};
+    if (!IsIconic(window) && !IsZoomed(window))
+        return GetWindowRect(window, &rect) ? rect : RECT{};
+    MONITORINFO display = {};
+    display.cbSize = sizeof display;
+    const bool known = GetWindowPlacement(window, &placement) &&
+                       GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &display);
+    return known ? screenRectOf(placement.rcNormalPosition, display.rcWork, display.rcMonitor) : RECT{};
 }
 
 /// The least size that the window itself asks for, at its display's scaling; nothing where it asks for none.
@@ -75,6 +79,11 @@ RECT placeOnWorkAreas(RECT wanted, const std::vector<RECT>& workAreas) {
     fitInto(wanted.left, wanted.right, most->left, most->right);
     fitInto(wanted.top, wanted.bottom, most->top, most->bottom);
     return wanted;
+}
+
+RECT screenRectOf(RECT workspaceRect, const RECT& workArea, const RECT& display) {
+    OffsetRect(&workspaceRect, workArea.left - display.left, workArea.top - display.top);
+    return workspaceRect;
 }
 
 std::vector<RECT> monitorWorkAreas() {

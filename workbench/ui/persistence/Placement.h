@@ -15,6 +15,10 @@ namespace framework {
 /// the work area that it touches most, or on the first one when it touches none. `workAreas` holds at least one.
 KELUI_API RECT placeOnWorkAreas(RECT wanted, const std::vector<RECT>& workAreas);
 
+/// A rectangle of GetWindowPlacement in coordinates of the screen: it counts from where the taskbars leave room on the
+/// window's display.
+KELUI_API RECT screenRectOf(RECT workspaceRect, const RECT& workArea, const RECT& display);
+
 /// The work areas of all monitors, the primary one's first.
 KELUI_API std::vector<RECT> monitorWorkAreas();
 
