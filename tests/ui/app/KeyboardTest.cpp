@@ -1,5 +1,6 @@
 // The keyboard reaches everything in the main window, and everything has a name for those who can't see it.
 
+#include "Accessibility.h"
 #include "WorkbenchFixture.h"
 #include "resource.h"
 
@@ -8,6 +9,7 @@
 #include <algorithm>
 
 using ui::Script;
+using ui::toldAbout;
 using ui::View;
 
 namespace {
@@ -22,33 +24,6 @@ std::wstring typed(const View& view) {
 
 int firstVisibleLine(const View& view) {
     return static_cast<int>(SendMessageW(paneControl(view, IDC_COMMAND_HISTORY), EM_GETFIRSTVISIBLELINE, 0, 0));
-}
-
-/// What assistive programs are told about a window.
-struct Told {
-    std::wstring name;
-    long role = 0;
-};
-
-Told toldAbout(HWND window) {
-    Told told;
-    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-    void* object = nullptr;
-    VARIANT self{};
-    self.vt = VT_I4;
-    if (AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible), &object) == S_OK) {
-        auto* accessible = static_cast<IAccessible*>(object);
-        BSTR name = nullptr;
-        if (accessible->get_accName(self, &name) == S_OK && name)
-            told.name = name;
-        SysFreeString(name);
-        VARIANT role{};
-        accessible->get_accRole(self, &role);
-        told.role = role.lVal;
-        accessible->Release();
-    }
-    CoUninitialize();
-    return told;
 }
 
 /// A key that the menu names beside an item, and the line that it runs.

@@ -1,12 +1,11 @@
 // The colour dialog, as a person answers it.
 
 #include "PickerFixture.h"
+#include "Accessibility.h"
 
 #include "OrvUiPickers.h"
 #include "instruments/HostCalls.h"
 #include "pickers/PickerIds.h"
-
-#include <oleacc.h>
 
 using testing::ElementsAre;
 
@@ -45,22 +44,6 @@ ui::Script clickCell(int column, int row, int times = 1) {
             return std::nullopt;
         });
     return script;
-}
-
-std::wstring accessibleName(HWND window) {
-    CoInitialize(nullptr);
-    void* object = nullptr;
-    VARIANT self = {};
-    self.vt = VT_I4;
-    BSTR name = nullptr;
-    if (AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible), &object) == S_OK) {
-        static_cast<IAccessible*>(object)->get_accName(self, &name);
-        static_cast<IAccessible*>(object)->Release();
-    }
-    const std::wstring text = name ? name : L"";
-    SysFreeString(name);
-    CoUninitialize();
-    return text;
 }
 
 class ColorPicker : public PickerFixture {
@@ -322,7 +305,7 @@ TEST_F(ColorPicker, itsPaletteHasANameForScreenReaders) {
     ui::Script script;
     script.waitForControl(IDC_COLOR_PALETTE)
         .press(VK_RIGHT)
-        .look("its name", [&](const ui::View& view) { name = accessibleName(view.control(IDC_COLOR_PALETTE)); })
+        .look("its name", [&](const ui::View& view) { name = ui::toldAbout(view.control(IDC_COLOR_PALETTE)).name; })
         .press(VK_ESCAPE);
     pick(script, indexed(1));
     EXPECT_EQ(name, L"Yellow (255,255,0)");

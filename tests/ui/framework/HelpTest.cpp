@@ -192,18 +192,24 @@ TEST_F(Help, aFolderInThePlaceOfAPageIsNoPage) {
 // The number of a Help button's command.
 constexpr UINT kHelpCommand = 57670;
 
-/// Routes the command to the common handler, as the dialogs of modules do.
-class HelpingDialog : public TestDialog {
+/// Counts how often it is asked for its help, though it has no common handler.
+class UnhelpfulDialog : public TestDialog {
   public:
     using TestDialog::TestDialog;
     int asked = 0;
     void OnDialogHelp() override { ++asked; }
+};
+
+/// Routes the command to the common handler, as the dialogs of modules do.
+class HelpingDialog : public UnhelpfulDialog {
+  public:
+    using UnhelpfulDialog::UnhelpfulDialog;
 
   protected:
     DECLARE_MESSAGE_MAP()
 };
 
-BEGIN_MESSAGE_MAP(HelpingDialog, TestDialog)
+BEGIN_MESSAGE_MAP(HelpingDialog, UnhelpfulDialog)
 ON_COMMAND(kHelpCommand, onHelpCommand)
 END_MESSAGE_MAP()
 
@@ -214,17 +220,15 @@ TEST_F(Help, theCommonHandlerAsksTheDialogForItsOwnHelp) {
 }
 
 /// The import selection's way: the command of a standard Help button.
-class StandardHelpingDialog : public TestDialog {
+class StandardHelpingDialog : public UnhelpfulDialog {
   public:
-    using TestDialog::TestDialog;
-    int asked = 0;
-    void OnDialogHelp() override { ++asked; }
+    using UnhelpfulDialog::UnhelpfulDialog;
 
   protected:
     DECLARE_MESSAGE_MAP()
 };
 
-BEGIN_MESSAGE_MAP(StandardHelpingDialog, TestDialog)
+BEGIN_MESSAGE_MAP(StandardHelpingDialog, UnhelpfulDialog)
 ON_COMMAND(IDHELP, onHelpCommand)
 END_MESSAGE_MAP()
 
@@ -244,14 +248,6 @@ TEST_F(Help, theF1KeyAsksADialogThatHasTheCommonHandlerForItsHelp) {
     expectHelpByF1<HelpingDialog>();
     expectHelpByF1<StandardHelpingDialog>();
 }
-
-/// Asked for help in any way, though it has no common handler.
-class UnhelpfulDialog : public TestDialog {
-  public:
-    using TestDialog::TestDialog;
-    int asked = 0;
-    void OnDialogHelp() override { ++asked; }
-};
 
 /// Notes the F1 keys that reach a control.
 LRESULT CALLBACK countHelpKeys(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR count) {

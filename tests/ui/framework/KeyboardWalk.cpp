@@ -2,10 +2,10 @@
 
 #include "KeyboardWalk.h"
 
+#include "Accessibility.h"
 #include "Pixels.h"
 
 #include <commctrl.h>
-#include <oleacc.h>
 
 #include <algorithm>
 #include <cwctype>
@@ -63,20 +63,6 @@ wchar_t accessKey(HWND control) {
     return L'\0';
 }
 
-std::wstring accessibleName(HWND window) {
-    void* object = nullptr;
-    VARIANT self = {};
-    self.vt = VT_I4;
-    BSTR name = nullptr;
-    if (AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible), &object) == S_OK) {
-        static_cast<IAccessible*>(object)->get_accName(self, &name);
-        static_cast<IAccessible*>(object)->Release();
-    }
-    const std::wstring text = name ? name : L"";
-    SysFreeString(name);
-    return text;
-}
-
 /// The label in front of a control, from which it takes its name and its access key.
 std::wstring labelOf(HWND control) {
     const HWND before = GetWindow(control, GW_HWNDPREV);
@@ -89,7 +75,7 @@ bool hasName(HWND control) {
     for (const wchar_t* holder : {WC_EDITW, WC_LISTVIEWW, WC_COMBOBOXW, WC_LISTBOXW})
         if (isOfClass(control, holder))
             return !labelOf(control).empty();
-    return !accessibleName(control).empty() || !labelOf(control).empty();
+    return !ui::toldAbout(control).name.empty() || !labelOf(control).empty();
 }
 
 /// Whether a control is worked, and so has to be a stop. Of a group of radio buttons one is.

@@ -66,7 +66,7 @@ TEST_F(MainWindow, showsALayoutWithAViewportMadeCurrent) {
     run(L"LAYOUT \"A1 sheet\"");
     run(L"VPORT 2");
     run(L"VPLAYER FREEZE L-*,A-FURN*");
-    run(L"VPLAYER COLOUR red A-WALL*");
+    run(L"VPLAYER COLOR red A-WALL*");
     useWorkbench(picture("workbench-layout"));
 }
 

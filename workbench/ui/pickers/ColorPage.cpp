@@ -12,8 +12,6 @@
 namespace framework {
 namespace {
 
-constexpr int kByBlock = 0;
-constexpr int kByLayer = 256;
 constexpr int kFields[] = {IDC_COLOR_RED, IDC_COLOR_GREEN, IDC_COLOR_BLUE};
 constexpr int kSpins[] = {IDC_COLOR_RED_SPIN, IDC_COLOR_GREEN_SPIN, IDC_COLOR_BLUE_SPIN};
 constexpr int kLargest = 255;
@@ -62,7 +60,7 @@ void PalettePage::choose(int index) {
 }
 
 void PalettePage::OnMarked() {
-    choose(m_field.marked().value_or(kByBlock));
+    choose(m_field.marked().value_or(pickers::kByBlock));
 }
 
 void PalettePage::OnAccepted() {
@@ -70,11 +68,11 @@ void PalettePage::OnAccepted() {
 }
 
 void PalettePage::OnByLayer() {
-    choose(kByLayer);
+    choose(pickers::kByLayer);
 }
 
 void PalettePage::OnByBlock() {
-    choose(kByBlock);
+    choose(pickers::kByBlock);
 }
 
 BEGIN_MESSAGE_MAP(TrueColorPage, ColorPage)

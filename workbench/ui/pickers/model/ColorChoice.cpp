@@ -9,8 +9,6 @@
 namespace pickers {
 namespace {
 
-constexpr int kByBlock = 0;
-constexpr int kByLayer = 256;
 constexpr int kNamed = 7;
 
 std::optional<int> channelOf(const std::wstring& text) {

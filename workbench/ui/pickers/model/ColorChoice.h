@@ -9,6 +9,10 @@
 
 namespace pickers {
 
+/// The palette's numbers that stand for no color of its own.
+inline constexpr int kByBlock = 0;
+inline constexpr int kByLayer = 256;
+
 enum class ColorTab { palette, trueColor };
 
 /// Which parts a call of the dialog asks for; see keledSetColorDialogTrueColor.

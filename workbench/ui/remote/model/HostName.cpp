@@ -2,6 +2,8 @@
 
 #include "HostName.h"
 
+#include "AsciiLetters.h"
+
 #include <algorithm>
 #include <vector>
 
@@ -12,12 +14,6 @@ constexpr std::size_t kLongestHost = 253;
 constexpr std::size_t kLongestLabel = 63;
 constexpr wchar_t kBeyondAscii = 0x80;
 
-bool isDigit(wchar_t character) {
-    return character >= L'0' && character <= L'9';
-}
-bool isLetter(wchar_t character) {
-    return (character >= L'a' && character <= L'z') || (character >= L'A' && character <= L'Z');
-}
 bool isHexDigit(wchar_t character) {
     return isDigit(character) || (character >= L'a' && character <= L'f') || (character >= L'A' && character <= L'F');
 }

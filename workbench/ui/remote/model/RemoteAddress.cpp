@@ -3,6 +3,7 @@
 #include "RemoteAddress.h"
 
 #include "AddressPath.h"
+#include "AsciiLetters.h"
 #include "HostName.h"
 
 #include <algorithm>
@@ -13,13 +14,6 @@ namespace {
 constexpr std::wstring_view kEndsServer = L"/?#\\";
 // Of an address in a sentence. What is wrong with a longer one is seen in its beginning or isn't to be seen at all.
 constexpr std::size_t kLongestShown = 300;
-
-bool isLetter(wchar_t character) {
-    return (character >= L'a' && character <= L'z') || (character >= L'A' && character <= L'Z');
-}
-bool isDigit(wchar_t character) {
-    return character >= L'0' && character <= L'9';
-}
 
 std::wstring lowerCase(std::wstring_view text) {
     std::wstring lower(text);
