@@ -5,6 +5,7 @@
 #include "KelEditor.h"
 #include "ManagerLayout.h"
 #include "OrvUiServices.h"
+#include "PropertyTable.h"
 #include "WorkingDatabase.h"
 #include "resource.h"
 
@@ -29,10 +30,7 @@ ON_BN_CLICKED(IDC_LSTATE_RES_CLOSE, &CLayerStatesRestoreDlg::OnClose)
 ON_COMMAND(ID_HELP, &CLayerStatesRestoreDlg::onHelpCommand)
 ON_BN_CLICKED(IDC_LSTATE_RES_HIDEXREFS, &CLayerStatesRestoreDlg::OnHideXrefs)
 ON_BN_CLICKED(IDC_LSTATE_RES_LAYERNOTFOUND, &CLayerStatesRestoreDlg::OnLayerNotFound)
-ON_BN_CLICKED(IDC_LSTATE_RES_COLOR, &CLayerStatesRestoreDlg::OnOverridableProperty)
-ON_BN_CLICKED(IDC_LSTATE_RES_LINETYPE, &CLayerStatesRestoreDlg::OnOverridableProperty)
-ON_BN_CLICKED(IDC_LSTATE_RES_LINEWEIGHT, &CLayerStatesRestoreDlg::OnOverridableProperty)
-ON_BN_CLICKED(IDC_LSTATE_RES_PLOTSTYLE, &CLayerStatesRestoreDlg::OnOverridableProperty)
+ON_CONTROL_RANGE(BN_CLICKED, firstOverridableBox, lastOverridableBox, &CLayerStatesRestoreDlg::OnOverridableProperty)
 ON_BN_CLICKED(IDC_LSTATE_RES_OVERRIDES, &CLayerStatesRestoreDlg::OnRestoreAsOverrides)
 ON_BN_CLICKED(IDC_LSTATE_RES_SELECTALL, &CLayerStatesRestoreDlg::OnSelectAll)
 ON_BN_CLICKED(IDC_LSTATE_RES_CLEARALL, &CLayerStatesRestoreDlg::OnClearAll)

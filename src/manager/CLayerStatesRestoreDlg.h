@@ -34,7 +34,7 @@ class CLayerStatesRestoreDlg : public CKelUiDialog {
     afx_msg void OnClose();
     afx_msg void OnHideXrefs();
     afx_msg void OnLayerNotFound();
-    afx_msg void OnOverridableProperty();
+    afx_msg void OnOverridableProperty(UINT control);
     afx_msg void OnRestoreAsOverrides();
     afx_msg void OnSelectAll();
     afx_msg void OnClearAll();

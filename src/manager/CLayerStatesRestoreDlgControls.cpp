@@ -1,7 +1,7 @@
 // The manager's controls: their state after every change, and the handlers of its options.
 #include "CLayerStatesRestoreDlg.h"
 
-#include "ControlStates.h"
+#include "ControlRules.h"
 #include "HostText.h"
 #include "KelEditor.h"
 #include "PropertyTable.h"
@@ -20,11 +20,11 @@ void CLayerStatesRestoreDlg::updateControls() {
         }
         facts.mask = showStoredState(row);
     } else {
-        for (const PropertyBox* box = propertyTable; box->control != 0; ++box)
-            m_controls.tick(box->control, false);
+        for (const PropertyBox& box : propertyTable)
+            m_controls.tick(box.control, false);
     }
-    for (const ControlState& state : controlStates(facts))
-        m_controls.enable(state.control, state.enabled);
+    for (const ControlRule& row : controlRules)
+        m_controls.enable(row.control, isEnabled(row.rule, facts));
 }
 
 bool CLayerStatesRestoreDlg::selectionHoldsDependent() {
@@ -50,8 +50,8 @@ std::optional<LayerStateMask> CLayerStatesRestoreDlg::showStoredState(int row) {
     // What can't be read isn't reported: the boxes and the text stay as they are.
     if (states->getLayerStateMask(m_stateName, mask) == Vorn::eOk) {
         m_stateMask = mask;
-        for (const PropertyBox* box = propertyTable; box->control != 0; ++box)
-            m_controls.tick(box->control, isTickedBy(mask, box->bit));
+        for (const PropertyBox& box : propertyTable)
+            m_controls.tick(box.control, isTickedBy(mask, box.bit));
         m_overridableMask = mask & MaskOverridable;
         read = mask;
     }
@@ -80,7 +80,7 @@ void CLayerStatesRestoreDlg::OnRestoreAsOverrides() {
     SetDialogData(L"RestoreAsOverrides", m_restoreAsOverrides);
 }
 
-void CLayerStatesRestoreDlg::OnOverridableProperty() {
+void CLayerStatesRestoreDlg::OnOverridableProperty(UINT) {
     // The boxes alone decide here, on purpose: in model space this enables what updateControls had disabled.
     m_controls.enable(IDC_LSTATE_RES_OVERRIDES,
                       anyOverridableBoxTicked([this](int control) { return m_controls.isTicked(control); }));
@@ -95,7 +95,7 @@ void CLayerStatesRestoreDlg::OnClearAll() {
 }
 
 void CLayerStatesRestoreDlg::tickEnabledBoxes(bool on) {
-    for (const PropertyBox* box = propertyTable; box->control != 0; ++box)
-        if (m_controls.isEnabled(box->control))
-            m_controls.tick(box->control, on);
+    for (const PropertyBox& box : propertyTable)
+        if (m_controls.isEnabled(box.control))
+            m_controls.tick(box.control, on);
 }

@@ -65,8 +65,8 @@ void CLayerStatesRestoreDlg::showPanel(bool show) {
         window->ShowWindow(show ? SW_SHOW : SW_HIDE);
         window->EnableWindow(show);
     };
-    for (const PropertyBox* box = propertyTable; box->control != 0; ++box)
-        showControl(box->control);
+    for (const PropertyBox& box : propertyTable)
+        showControl(box.control);
     for (const int control : panelControls)
         showControl(control);
 }

@@ -1,35 +1,60 @@
-// The one source for the ten property boxes of the manager: which box stands for which bit of a state's mask. Every
-// loop over the boxes walks this table.
+// The one source for the ten properties in the manager: which box stands for which bit of a state's mask, and when it
+// is enabled. Every loop over the boxes walks this table.
 #pragma once
 
+#include "EnableRules.h"
 #include "LayerStateMask.h"
 #include "resource.h"
 
-/// One property: its check box, and its bit.
+#include <bit>
+
+/// One property: its check box, its bit, and when the box is enabled.
 struct PropertyBox {
     int control;
     LayerStateMask bit;
+    EnableRule rule;
+
+    /// Whether a restore can apply the property as an override of a viewport.
+    constexpr bool isOverridable() const { return (bit & MaskOverridable) != 0; }
 };
 
-/// In the order of the boxes; a zero row ends it.
+/// In the order of the boxes.
 inline constexpr PropertyBox propertyTable[] = {
-    {IDC_LSTATE_RES_ON, MaskOn},
-    {IDC_LSTATE_RES_FROZEN, MaskFrozen},
-    {IDC_LSTATE_RES_VPFROZEN, MaskViewportFrozen},
-    {IDC_LSTATE_RES_LOCKED, MaskLocked},
-    {IDC_LSTATE_RES_PLOT, MaskPlot},
-    {IDC_LSTATE_RES_NEWVP, MaskNewViewportFrozen},
-    {IDC_LSTATE_RES_COLOR, MaskColor},
-    {IDC_LSTATE_RES_LINETYPE, MaskLinetype},
-    {IDC_LSTATE_RES_LINEWEIGHT, MaskLineWeight},
-    {IDC_LSTATE_RES_PLOTSTYLE, MaskPlotStyle},
-    {0, 0},
+    {IDC_LSTATE_RES_ON, MaskOn, EnableRule::oneRowInModel},
+    {IDC_LSTATE_RES_FROZEN, MaskFrozen, EnableRule::oneRowInModel},
+    {IDC_LSTATE_RES_VPFROZEN, MaskViewportFrozen, EnableRule::oneRowInViewport},
+    {IDC_LSTATE_RES_LOCKED, MaskLocked, EnableRule::oneRow},
+    {IDC_LSTATE_RES_PLOT, MaskPlot, EnableRule::oneRow},
+    {IDC_LSTATE_RES_NEWVP, MaskNewViewportFrozen, EnableRule::oneRow},
+    {IDC_LSTATE_RES_COLOR, MaskColor, EnableRule::oneRow},
+    {IDC_LSTATE_RES_LINETYPE, MaskLinetype, EnableRule::oneRow},
+    {IDC_LSTATE_RES_LINEWEIGHT, MaskLineWeight, EnableRule::oneRow},
+    {IDC_LSTATE_RES_PLOTSTYLE, MaskPlotStyle, EnableRule::oneRow},
 };
 
-/// The first three rows have enable rules of their own, which look at the current viewport; the rest share one.
-inline constexpr const PropertyBox* firstBoxOfCommonRule = propertyTable + 3;
-/// The overridable group is the end of the table.
-inline constexpr const PropertyBox* firstOverridableBox = propertyTable + 6;
+/// The boxes of the overridable properties are those from this id to that one, for message maps.
+inline constexpr int firstOverridableBox = IDC_LSTATE_RES_COLOR;
+inline constexpr int lastOverridableBox = IDC_LSTATE_RES_PLOTSTYLE;
+
+static_assert(
+    [] {
+        LayerStateMask held = 0;
+        for (const PropertyBox& box : propertyTable) {
+            if (!std::has_single_bit(box.bit) || (held & box.bit) != 0)
+                return false;
+            held |= box.bit;
+        }
+        return held == MaskAllProperties;
+    }(),
+    "the table holds each property once");
+static_assert(
+    [] {
+        for (const PropertyBox& box : propertyTable)
+            if (box.isOverridable() != (firstOverridableBox <= box.control && box.control <= lastOverridableBox))
+                return false;
+        return true;
+    }(),
+    "the range of ids holds the overridable boxes and no other");
 
 /// Whether the box of `bit` is ticked for a state of that mask: all of its bits are in the mask.
 constexpr bool isTickedBy(LayerStateMask mask, LayerStateMask bit) {
@@ -39,16 +64,16 @@ constexpr bool isTickedBy(LayerStateMask mask, LayerStateMask bit) {
 /// The mask that the boxes show. `isTicked(control)` is asked for each box of the table, enabled or not, shown or not.
 template <class IsTicked> LayerStateMask maskFromBoxes(IsTicked isTicked) {
     LayerStateMask mask = 0;
-    for (const PropertyBox* box = propertyTable; box->control != 0; ++box)
-        if (isTicked(box->control))
-            mask |= box->bit;
+    for (const PropertyBox& box : propertyTable)
+        if (isTicked(box.control))
+            mask |= box.bit;
     return mask;
 }
 
-/// Whether at least one box of the overridable group is ticked.
+/// Whether at least one box of an overridable property is ticked.
 template <class IsTicked> bool anyOverridableBoxTicked(IsTicked isTicked) {
-    for (const PropertyBox* box = firstOverridableBox; box->control != 0; ++box)
-        if (isTicked(box->control))
+    for (const PropertyBox& box : propertyTable)
+        if (box.isOverridable() && isTicked(box.control))
             return true;
     return false;
 }

@@ -8,10 +8,11 @@
 
 namespace {
 
-std::vector<int> controlsFrom(const PropertyBox* box) {
+template <class Chosen> std::vector<int> boxesThat(Chosen chosen) {
     std::vector<int> controls;
-    for (; box->control != 0; ++box)
-        controls.push_back(box->control);
+    for (const PropertyBox& box : propertyTable)
+        if (chosen(box))
+            controls.push_back(box.control);
     return controls;
 }
 
@@ -26,30 +27,28 @@ TEST(PropertyTable, PairsTheTenBoxesWithTheirBitsInTheOrderOfTheBoxes) {
                                                                   {1011, 8},   {1013, 16}, {1014, 32},  {1015, 64},
                                                                   {1016, 128}, {1017, 256}};
     std::vector<std::pair<int, LayerStateMask>> actual;
-    for (const PropertyBox* box = propertyTable; box->control != 0; ++box)
-        actual.emplace_back(box->control, box->bit);
+    for (const PropertyBox& box : propertyTable)
+        actual.emplace_back(box.control, box.bit);
     EXPECT_EQ(actual, expected);
 }
 
 TEST(PropertyTable, HoldsEveryPropertyOnce) {
     LayerStateMask all = 0;
-    for (const PropertyBox* box = propertyTable; box->control != 0; ++box) {
-        EXPECT_EQ(all & box->bit, 0u);
-        all |= box->bit;
+    for (const PropertyBox& box : propertyTable) {
+        EXPECT_EQ(all & box.bit, 0u);
+        all |= box.bit;
     }
     EXPECT_EQ(all, MaskAllProperties);
 }
 
-TEST(PropertyTable, EndsWithTheOverridableGroup) {
-    EXPECT_EQ(controlsFrom(firstOverridableBox), (std::vector{1014, 1015, 1016, 1017}));
-    LayerStateMask bits = 0;
-    for (const PropertyBox* box = firstOverridableBox; box->control != 0; ++box)
-        bits |= box->bit;
-    EXPECT_EQ(bits, MaskOverridable);
+TEST(PropertyTable, CallsColorLinetypeLineweightAndPlotStyleOverridable) {
+    EXPECT_EQ(boxesThat([](const PropertyBox& box) { return box.isOverridable(); }),
+              (std::vector{1014, 1015, 1016, 1017}));
 }
 
 TEST(PropertyTable, LeavesTheThreeBoxesThatLookAtTheViewportOutOfTheCommonRule) {
-    EXPECT_EQ(controlsFrom(firstBoxOfCommonRule), (std::vector{1010, 1011, 1013, 1014, 1015, 1016, 1017}));
+    EXPECT_EQ(boxesThat([](const PropertyBox& box) { return box.rule == EnableRule::oneRow; }),
+              (std::vector{1010, 1011, 1013, 1014, 1015, 1016, 1017}));
 }
 
 TEST(MaskFromBoxes, IsZeroWithoutATick) {
@@ -65,9 +64,9 @@ TEST(MaskFromBoxes, AddsTheBitOfEachTickedBox) {
 TEST(MaskFromBoxes, ComesBackFromTheBoxesThatItTicks) {
     for (LayerStateMask mask = 0; mask <= MaskAllProperties; ++mask) {
         std::set<int> ticked;
-        for (const PropertyBox* box = propertyTable; box->control != 0; ++box)
-            if (isTickedBy(mask, box->bit))
-                ticked.insert(box->control);
+        for (const PropertyBox& box : propertyTable)
+            if (isTickedBy(mask, box.bit))
+                ticked.insert(box.control);
         ASSERT_EQ(maskOf(ticked), mask);
     }
 }
@@ -78,8 +77,8 @@ TEST(IsTickedBy, LooksAtTheBoxsOwnBitAlone) {
 }
 
 TEST(AnyOverridableBoxTicked, IsTrueForEachOfTheFourAndForNoOther) {
-    for (const PropertyBox* box = propertyTable; box->control != 0; ++box) {
-        const int only = box->control;
+    for (const PropertyBox& box : propertyTable) {
+        const int only = box.control;
         EXPECT_EQ(anyOverridableBoxTicked([&](int control) { return control == only; }), only >= 1014) << only;
     }
     EXPECT_FALSE(anyOverridableBoxTicked([](int) { return false; }));

@@ -1,8 +1,6 @@
 // The enable table of the manager, over every combination of the facts: number of selected rows, viewport, dependence,
 // mask.
-#include "ControlStates.h"
-
-#include "PropertyTable.h"
+#include "ControlRules.h"
 
 #include <gtest/gtest.h>
 
@@ -68,14 +66,14 @@ template <class Check> void forEveryCombination(Check check) {
 
 std::map<int, bool> statesOf(const SelectionFacts& facts) {
     std::map<int, bool> states;
-    for (const ControlState& state : controlStates(facts))
-        EXPECT_TRUE(states.emplace(state.control, state.enabled).second) << state.control << " answered twice";
+    for (const ControlRule& row : controlRules)
+        EXPECT_TRUE(states.emplace(row.control, isEnabled(row.rule, facts)).second) << row.control << " is there twice";
     return states;
 }
 
 } // namespace
 
-TEST(ControlStates, AnswerTheTableForEveryCombinationOfTheFacts) {
+TEST(ControlRules, AnswerTheTableForEveryCombinationOfTheFacts) {
     forEveryCombination([](const SelectionFacts& facts, const OverridesRow&) {
         const std::map<int, bool> states = statesOf(facts);
         for (const Row& row : table) {
@@ -85,21 +83,20 @@ TEST(ControlStates, AnswerTheTableForEveryCombinationOfTheFacts) {
     });
 }
 
-TEST(ControlStates, AnswerTheOverridesOptionByViewportAndMaskForEveryCombination) {
+TEST(ControlRules, AnswerTheOverridesOptionByViewportAndMaskForEveryCombination) {
     forEveryCombination([](const SelectionFacts& facts, const OverridesRow& row) {
         EXPECT_EQ(statesOf(facts).at(IDC_LSTATE_RES_OVERRIDES), expectedOf(row, facts)) << describe(facts);
-        EXPECT_EQ(overridesOptionEnabled(facts), expectedOf(row, facts)) << describe(facts);
     });
 }
 
-TEST(ControlStates, AnswerNoOtherControl) {
+TEST(ControlRules, AnswerNoOtherControl) {
     EXPECT_EQ(statesOf({}).size(), std::size(table) + 1);
     for (const int untouched : {IDC_LSTATE_RES_LIST, IDC_LSTATE_RES_CLOSE, IDC_LSTATE_RES_HIDEXREFS,
                                 IDC_LSTATE_RES_EXPAND, IDC_LSTATE_RES_CURRENT, ID_HELP})
         EXPECT_FALSE(statesOf({}).contains(untouched)) << untouched;
 }
 
-TEST(ControlStates, KeepDeleteTheTwoOptionsNewAndImportForSeveralRows) {
+TEST(ControlRules, KeepDeleteTheTwoOptionsNewAndImportForSeveralRows) {
     const std::map<int, bool> states = statesOf({7, false, false, std::nullopt});
     for (const auto& [control, enabled] : states) {
         const bool live = control == IDC_LSTATE_RES_NEW || control == IDC_LSTATE_RES_DELETE ||
