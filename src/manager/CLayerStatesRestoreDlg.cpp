@@ -9,8 +9,6 @@
 #include "WorkingDatabase.h"
 #include "resource.h"
 
-#include <windowsx.h>
-
 namespace {
 
 constexpr const wchar_t* dialogName = L"KelLayerApps:LayerStatesManager";
@@ -76,11 +74,11 @@ void CLayerStatesRestoreDlg::readOption(const wchar_t* key, bool& option) {
 
 void CLayerStatesRestoreDlg::readOptions() {
     readOption(L"LayerNotFound", m_layerNotFound);
-    CheckDlgButton(IDC_LSTATE_RES_LAYERNOTFOUND, m_layerNotFound ? BST_CHECKED : BST_UNCHECKED);
+    m_controls.tick(IDC_LSTATE_RES_LAYERNOTFOUND, m_layerNotFound);
     readOption(L"RestoreAsOverrides", m_restoreAsOverrides);
-    CheckDlgButton(IDC_LSTATE_RES_OVERRIDES, m_restoreAsOverrides ? BST_CHECKED : BST_UNCHECKED);
+    m_controls.tick(IDC_LSTATE_RES_OVERRIDES, m_restoreAsOverrides);
     readOption(L"ShowXrefs", m_showXrefs);
-    CheckDlgButton(IDC_LSTATE_RES_HIDEXREFS, m_showXrefs ? BST_UNCHECKED : BST_CHECKED);
+    m_controls.tick(IDC_LSTATE_RES_HIDEXREFS, !m_showXrefs);
 }
 
 void CLayerStatesRestoreDlg::setUpList() {
@@ -107,7 +105,7 @@ void CLayerStatesRestoreDlg::showCurrentState(KelString& lastRestored) {
     const CString subject = current ? CString(lastRestored.kwszPtr()) : loadResourceString(IDS_LSTATE_NONE);
     CString line;
     line.Format(loadResourceString(IDS_LSTATE_CURRENT_STATE), subject.GetString());
-    SetDlgItemText(IDC_LSTATE_RES_CURRENT, line);
+    m_controls.setText(IDC_LSTATE_RES_CURRENT, line);
 }
 
 void CLayerStatesRestoreDlg::selectFirstRow(const KelString& lastRestored) {
@@ -161,8 +159,7 @@ void CLayerStatesRestoreDlg::renameByKey() {
 bool CLayerStatesRestoreDlg::restoreByDoubleClick(const MSG& message) {
     if (message.message != WM_LBUTTONDBLCLK || message.hwnd != m_stateList.m_hWnd || m_stateList.m_labelEditActive)
         return false;
-    const CPoint point(GET_X_LPARAM(message.lParam), GET_Y_LPARAM(message.lParam));
-    if (m_stateList.HitTest(point) < 0)
+    if (m_stateList.HitTest(CPoint(message.lParam)) < 0)
         return false;
     OnRestore();
     return true;

@@ -13,11 +13,6 @@ int g_panelWidth = 215;
 constexpr const wchar_t* contractBitmap = L"IDB_LSTATE_RES_CONTRACT";
 constexpr const wchar_t* expandBitmap = L"IDB_LSTATE_RES_EXPAND";
 
-/// What belongs to the panel besides the boxes.
-constexpr int panelControls[] = {IDC_LSTATE_RES_PANEL, IDC_LSTATE_RES_SELECTALL, IDC_LSTATE_RES_CLEARALL};
-/// What moves with the dialog's right edge.
-constexpr int edgeControls[] = {IDC_LSTATE_RES_RESTORE, IDC_LSTATE_RES_CLOSE, ID_HELP, IDC_LSTATE_RES_EXPAND};
-
 } // namespace
 
 void CLayerStatesRestoreDlg::setUpPanel() {
@@ -25,11 +20,7 @@ void CLayerStatesRestoreDlg::setUpPanel() {
     if (GetDialogData(L"Expanded", expanded))
         m_expanded = static_cast<int>(expanded);
     // The template is laid out with the panel open.
-    CRect newButton;
-    CRect panel;
-    GetDlgItem(IDC_LSTATE_RES_NEW)->GetWindowRect(&newButton);
-    GetDlgItem(IDC_LSTATE_RES_PANEL)->GetWindowRect(&panel);
-    g_panelWidth = panelWidthFrom(panel.right, newButton.right);
+    g_panelWidth = panelWidthFrom(m_controls.place(panelFrame).right, m_controls.place(besidePanel).right);
     if (m_expanded)
         setExpandButton(contractBitmap, IDS_LSTATE_CONTRACT);
     else
@@ -61,9 +52,8 @@ void CLayerStatesRestoreDlg::contract() {
 
 void CLayerStatesRestoreDlg::showPanel(bool show) {
     const auto showControl = [this, show](int control) {
-        CWnd* window = GetDlgItem(control);
-        window->ShowWindow(show ? SW_SHOW : SW_HIDE);
-        window->EnableWindow(show);
+        m_controls.show(control, show);
+        m_controls.enable(control, show);
     };
     for (const PropertyBox& box : propertyTable)
         showControl(box.control);
@@ -72,14 +62,8 @@ void CLayerStatesRestoreDlg::showPanel(bool show) {
 }
 
 void CLayerStatesRestoreDlg::widen(int by) {
-    for (const int control : edgeControls) {
-        CWnd* window = GetDlgItem(control);
-        CRect place;
-        window->GetWindowRect(&place);
-        ScreenToClient(&place);
-        place.OffsetRect(by, 0);
-        window->MoveWindow(&place, TRUE);
-    }
+    for (const int control : edgeControls)
+        m_controls.moveBy(control, by);
     CRect dialog;
     GetWindowRect(&dialog);
     SetWindowPos(nullptr, 0, 0, dialog.Width() + by, dialog.Height(), SWP_NOMOVE | SWP_NOZORDER);

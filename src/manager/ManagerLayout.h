@@ -22,10 +22,20 @@ constexpr int columnWidth(int listWidth, double fraction) {
     return static_cast<int>(static_cast<double>(listWidth) * fraction);
 }
 
+// The property panel. The check of the resource module reads these four names too.
+
+inline constexpr int panelFrame = IDC_LSTATE_RES_PANEL;
+/// Where the dialog ends, but for its margin, while the panel is closed.
+inline constexpr int besidePanel = IDC_LSTATE_RES_NEW;
+/// What belongs to the panel besides the property boxes.
+inline constexpr int panelControls[] = {panelFrame, IDC_LSTATE_RES_SELECTALL, IDC_LSTATE_RES_CLEARALL};
+/// What moves with the dialog's right edge.
+inline constexpr int edgeControls[] = {IDC_LSTATE_RES_RESTORE, IDC_LSTATE_RES_CLOSE, ID_HELP, IDC_LSTATE_RES_EXPAND};
+
 /// How far the property panel stands out beyond the dialog's other controls, in pixels: what the dialog narrows by when
-/// the panel is closed. Taken from the right edges of the panel's frame and of the button New.
-constexpr int panelWidthFrom(int panelFrameRight, int newButtonRight) {
-    return panelFrameRight - newButtonRight;
+/// the panel is closed. Taken from the right edges of `panelFrame` and `besidePanel`.
+constexpr int panelWidthFrom(int panelFrameRight, int besidePanelRight) {
+    return panelFrameRight - besidePanelRight;
 }
 
 /// The row that the manager selects: the one found for a name, or else the first; -1 when there are no rows.
