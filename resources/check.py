@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
 """Checks the compiled resource module against the rules that its templates and texts keep.
 
-usage: check.py KelLayerAppsRes.dll resource.h
-Prints each slip, and ends with 1 if there is one.
+usage: check.py KelLayerAppsRes.dll resource.h manager-header...
+Prints each slip, and ends with 1 if there is one. The headers are those that hold the tables of the manager's panel.
 """
 import copy
+import dataclasses
 import pathlib
 import re
 import sys
@@ -18,21 +19,24 @@ OWNER_DRAWN = 11
 SS_NOPREFIX = 0x80
 WS_TABSTOP = 0x10000
 
-# The manager's panel: what closing it hides, and what it moves left by the panel's width.
 MANAGER = "IDD_LSTATE_RES"
-PANEL = "IDC_LSTATE_RES_PANEL"
-BESIDE_PANEL = "IDC_LSTATE_RES_NEW"
-HIDDEN = re.compile(r"IDC_LSTATE_RES_(PANEL|ON|FROZEN|VPFROZEN|LOCKED|PLOT|NEWVP|COLOR|LINETYPE|LINEWEIGHT|PLOTSTYLE"
-                    r"|SELECTALL|CLEARALL)")
-MOVED = ("IDC_LSTATE_RES_RESTORE", "IDC_LSTATE_RES_CLOSE", "ID_HELP", "IDC_LSTATE_RES_EXPAND")
-# Escape and F1 are their keys.
-WITHOUT_MNEMONIC = ("IDC_LSTATE_RES_CLOSE", "ID_HELP")
-
-slips = []
+# The controls whose name doesn't start with the name of one dialog: in whose templates they stand. The module itself
+# makes the ones that stand in none.
+STANDS_IN = {"IDC_LSTATE_INPLACE_EDIT": ()}
+# The system's own ids, which any template may hold, like ID_HELP of resource.h.
+SYSTEM_IDS = {"IDOK": 1, "IDCANCEL": 2, "IDHELP": 9}
+# Enter, Escape and F1 are their keys.
+WITHOUT_MNEMONIC = (*SYSTEM_IDS, "ID_HELP", "IDC_LSTATE_RES_CLOSE")
 
 
-def slip(text):
-    slips.append(text)
+@dataclasses.dataclass
+class Panel:
+    """The manager's panel, by names of controls: what closing it hides, what that moves left, and by which width."""
+
+    frame: str
+    beside: str
+    hidden: list
+    moved: list
 
 
 def is_button(control, *types):
@@ -58,13 +62,13 @@ def check_mnemonics(where, dialog, names):
     for control in dialog.controls:
         letter = mnemonic(control)
         if letter in owners:
-            slip(f"{where}: {describe(control)} has the mnemonic of {describe(owners[letter])}")
+            yield f"{where}: {describe(control)} has the mnemonic of {describe(owners[letter])}"
         elif letter:
             owners[letter] = control
         if control.style & WS_TABSTOP and not is_button(control, OWNER_DRAWN):
             named_by = control if control.kind == "button" else previous
             if names.get(control.id) not in WITHOUT_MNEMONIC and not (named_by and mnemonic(named_by)):
-                slip(f"{where}: {describe(control)} can't be reached by a mnemonic")
+                yield f"{where}: {describe(control)} can't be reached by a mnemonic"
         previous = control
 
 
@@ -82,47 +86,96 @@ def check_layout(where, dialog):
     for index, control in enumerate(dialog.controls):
         if not (MARGIN <= control.left and control.right <= dialog.width - MARGIN and MARGIN <= control.top
                 and control.bottom <= dialog.height - MARGIN):
-            slip(f"{where}: {describe(control)} isn't within the margins")
+            yield f"{where}: {describe(control)} isn't within the margins"
         for other in dialog.controls[index + 1 :]:
             inside = (is_button(control, GROUP_BOX) and contains(control, other)
                       or is_button(other, GROUP_BOX) and contains(other, control))
             if overlap(control, other) and not inside:
-                slip(f"{where}: {describe(control)} and {describe(other)} overlap")
+                yield f"{where}: {describe(control)} and {describe(other)} overlap"
 
 
-def contracted(dialog, ids):
+def contracted(dialog, names, panel):
     """The manager as it stands with its panel closed."""
     closed = copy.deepcopy(dialog)
-    by_id = {control.id: control for control in closed.controls}
-    panel_width = by_id[ids[PANEL]].right - by_id[ids[BESIDE_PANEL]].right
-    hidden = {number for name, number in ids.items() if HIDDEN.fullmatch(name)}
-    closed.controls = [control for control in closed.controls if control.id not in hidden]
-    for name in MOVED:
-        by_id[ids[name]].left -= panel_width
+    by_name = {names.get(control.id): control for control in closed.controls}
+    panel_width = by_name[panel.frame].right - by_name[panel.beside].right
+    closed.controls = [control for control in closed.controls if names.get(control.id) not in panel.hidden]
+    for name in panel.moved:
+        by_name[name].left -= panel_width
     closed.width -= panel_width
     return closed
 
 
-def check_dialogs(module, ids):
-    names = {number: name for name, number in ids.items() if name.startswith(("IDC_", "ID_"))}
+def check_panel(where, dialog, names, panel):
+    present = {names.get(control.id) for control in dialog.controls}
+    missing = sorted({panel.frame, panel.beside, *panel.hidden, *panel.moved} - present)
+    for name in missing:
+        yield f"{where}: {name} is in the tables of the panel but not in the template"
+    if not missing:
+        yield from check_layout(where + ", contracted", contracted(dialog, names, panel))
+
+
+def dialogs_of(name, ids):
+    """The dialogs in whose templates the control of that name stands; None when nothing tells."""
+    if name in STANDS_IN:
+        return STANDS_IN[name]
+    prefixes = [dialog for dialog in ids if dialog.startswith("IDD_") and name.startswith(f"IDC{dialog[3:]}_")]
+    return (max(prefixes, key=len),) if prefixes else None
+
+
+def control_names(dialog, ids):
+    """The ids that the template of a dialog may hold, with their names."""
+    def may_stand(name):
+        return name.startswith("ID_") or name.startswith("IDC_") and dialog in (dialogs_of(name, ids) or ())
+
+    return [*SYSTEM_IDS.items(), *((name, number) for name, number in ids.items() if may_stand(name))]
+
+
+def check_control_names(ids):
+    """Every control belongs to a dialog, and its number is its own there."""
+    for name in ids:
+        if name.startswith("IDC_") and dialogs_of(name, ids) is None:
+            yield f"resource.h: {name} starts with no dialog's name and isn't among the exceptions of check.py"
+    for name, dialogs in STANDS_IN.items():
+        for absent in {name, *dialogs} - ids.keys():
+            yield f"check.py: {absent} is among the exceptions but not in resource.h"
+    for dialog in ids:
+        owners = {}
+        for name, number in control_names(dialog, ids) if dialog.startswith("IDD_") else ():
+            if owners.setdefault(number, name) != name:
+                yield f"resource.h: {owners[number]} and {name} of {dialog} have the number {number}"
+
+
+def check_template(where, dialog, names):
+    """Each control has a name of this dialog, and each name of this dialog a control."""
+    present = {control.id for control in dialog.controls}
+    for control in dialog.controls:
+        if control.id != NO_ID and control.id not in names:
+            yield f"{where}: {describe(control)} has no name of this dialog in resource.h"
+    for number, name in sorted(names.items()):
+        if name.startswith("IDC_") and number not in present:
+            yield f"{where}: {name} isn't in the template"
+
+
+def check_dialogs(module, ids, panel):
     wanted = {number: name for name, number in ids.items() if name.startswith("IDD_")}
     shapes = {}
     for language, dialogs in module.dialogs.items():
         for number in wanted.keys() ^ dialogs.keys():
-            slip(f"dialog {number}, language {language:#x}: without a name in resource.h, or without a template")
-        for number, dialog in dialogs.items():
-            where = f"{wanted.get(number, number)}, language {language:#x}"
-            for control in dialog.controls:
-                if control.id != NO_ID and control.id not in names:
-                    slip(f"{where}: {describe(control)} has no name in resource.h")
-            check_mnemonics(where, dialog, names)
-            check_layout(where, dialog)
-            if wanted.get(number) == MANAGER:
-                check_layout(where + ", contracted", contracted(dialog, ids))
+            yield f"dialog {number}, language {language:#x}: without a name in resource.h, or without a template"
+        for number in dialogs.keys() & wanted.keys():
+            dialog = dialogs[number]
+            where = f"{wanted[number]}, language {language:#x}"
+            names = {number: name for name, number in control_names(wanted[number], ids)}
+            yield from check_template(where, dialog, names)
+            yield from check_mnemonics(where, dialog, names)
+            yield from check_layout(where, dialog)
+            if wanted[number] == MANAGER:
+                yield from check_panel(where, dialog, names, panel)
             # Tab order is template order: it is the same in every language.
             shape = [(control.id, control.kind, control.style) for control in dialog.controls]
             if shapes.setdefault(number, shape) != shape:
-                slip(f"{where}: its controls aren't those of the other languages, in their order")
+                yield f"{where}: its controls aren't those of the other languages, in their order"
 
 
 def check_strings(module, ids):
@@ -130,35 +183,64 @@ def check_strings(module, ids):
     placeholders = {}
     for language, strings in module.strings.items():
         for number in sorted(wanted.keys() - strings.keys()):
-            slip(f"{wanted[number]}: no text in language {language:#x}")
+            yield f"{wanted[number]}: no text in language {language:#x}"
         for number, text in sorted(strings.items()):
             if number not in wanted:
-                slip(f"string {number}, language {language:#x}: has no name in resource.h")
+                yield f"string {number}, language {language:#x}: has no name in resource.h"
             found = re.findall(r"%[^%]", text.replace("%%", ""))
             if placeholders.setdefault(number, found) != found:
-                slip(f"string {number}, language {language:#x}: its placeholders aren't those of the other languages")
+                yield f"string {number}, language {language:#x}: its placeholders aren't those of the other languages"
+
+
+def check_numbers(ids):
+    """Dialogs and strings are found by number alone."""
+    for prefix in ("IDD_", "IDS_"):
+        numbers = [number for name, number in ids.items() if name.startswith(prefix)]
+        for number in sorted({number for number in numbers if numbers.count(number) > 1}):
+            yield f"resource.h: two names starting with {prefix} have the number {number}"
+
+
+def check_languages(module):
+    if len(module.dialogs) < 2 or module.dialogs.keys() != module.strings.keys():
+        yield "dialogs and strings aren't in the same two languages or more"
 
 
 def read_ids(header):
-    defines = re.findall(r"^#define (ID[A-Z]?_\w+) (\d+)$", pathlib.Path(header).read_text("utf-8"), re.MULTILINE)
-    ids = {name: int(number) for name, number in defines}
-    for prefix in ("IDD_", "IDC_", "IDS_"):
-        numbers = [number for name, number in ids.items() if name.startswith(prefix)]
-        for number in sorted({number for number in numbers if numbers.count(number) > 1}):
-            slip(f"resource.h: two names starting with {prefix} have the number {number}")
-    return ids
+    defines = re.findall(r"^#define (ID[A-Z]?_\w+) (\d+)$", header, re.MULTILINE)
+    return {name: int(number) for name, number in defines}
 
 
-def main(file, header):
-    module, ids = Module(file), read_ids(header)
-    languages = module.dialogs.keys()
-    if len(languages) < 2 or languages != module.strings.keys():
-        slip("dialogs and strings aren't in the same two languages or more")
-    check_dialogs(module, ids)
-    check_strings(module, ids)
+def read_panel(headers):
+    """The panel, out of the tables that the manager works with."""
+
+    def names(table):
+        found = re.search(rf"\b{table}(?:\[\])? = (.*?);", headers, re.DOTALL)
+        if not found:
+            raise ValueError(f"the manager's headers have no {table}")
+        return re.findall(r"\bIDC?_\w+", found.group(1))
+
+    frame, beside = names("panelFrame")[0], names("besidePanel")[0]
+    return Panel(frame, beside, [frame, *names("propertyTable"), *names("panelControls")], names("edgeControls"))
+
+
+def check(module, ids, panel):
+    """All slips."""
+    yield from check_languages(module)
+    yield from check_numbers(ids)
+    yield from check_control_names(ids)
+    yield from check_dialogs(module, ids, panel)
+    yield from check_strings(module, ids)
+
+
+def main(module, header, *manager_headers):
+    def texts(*files):
+        return "".join(pathlib.Path(file).read_text("utf-8") for file in files)
+
+    slips = list(check(Module(module), read_ids(texts(header)), read_panel(texts(*manager_headers))))
     for text in slips:
         print(text)
     return 1 if slips else 0
 
 
-sys.exit(main(*sys.argv[1:]))
+if __name__ == "__main__":
+    sys.exit(main(*sys.argv[1:]))

@@ -1,5 +1,9 @@
 // Every id of the resource module, named. Read by the resource compiler and by the module's sources; the numbers are
 // settled for good, since translated resource modules are made and shipped on their own.
+//
+// The name of a control starts with its dialog's: IDC_LSTATE_RES_NEW stands in the template IDD_LSTATE_RES. Two
+// controls of one dialog never have one number, those of two dialogs may. check.py sees to it, and lists the
+// exceptions.
 #pragma once
 
 // Dialog templates.
@@ -35,7 +39,7 @@
 #define IDC_LSTATE_RES_CURRENT 1039
 #define IDC_LSTATE_RES_EXPAND 1325
 
-// The box that opens over a cell of the list of states.
+// The box that opens over a cell of the list of states; the list makes it.
 #define IDC_LSTATE_INPLACE_EDIT 1973
 
 // The platform's own help command; its header names it too, where that is included first.
