@@ -2,7 +2,7 @@
 #include "CLayerStateListCtrl.h"
 
 #include "CResourceScope.h"
-#include "HostText.h"
+#include "HostOwners.h"
 #include "KelEditor.h"
 #include "ListRedrawLock.h"
 #include "resource.h"

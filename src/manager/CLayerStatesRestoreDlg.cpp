@@ -2,9 +2,9 @@
 #include "CLayerStatesRestoreDlg.h"
 
 #include "CResourceScope.h"
+#include "DialogHelp.h"
 #include "KelEditor.h"
 #include "ManagerLayout.h"
-#include "OrvUiServices.h"
 #include "PropertyTable.h"
 #include "WorkingDatabase.h"
 #include "resource.h"
@@ -12,10 +12,7 @@
 namespace {
 
 constexpr const wchar_t* dialogName = L"KelLayerApps:LayerStatesManager";
-constexpr const wchar_t* contextHelpPrefix = L"LAST";
-constexpr const wchar_t* contextHelpFile = L"/KelDialogToolTips;Component/DialogToolTips.xaml";
 constexpr const wchar_t* helpTopic = L"RESTORELAYERSTATEDIALOG";
-constexpr int tipsOn = 2;
 
 } // namespace
 
@@ -52,9 +49,7 @@ BOOL CLayerStatesRestoreDlg::OnInitDialog() {
     SetDialogName(dialogName);
     CKelUiDialog::OnInitDialog();
     m_controls.find(m_hWnd);
-    SetContextHelpPrefix(contextHelpPrefix);
-    SetContextHelpFileName(contextHelpFile);
-    SetUseTips(tipsOn);
+    setUpTips(*this);
     setUpPanel();
     readOptions();
     setUpList();
@@ -181,7 +176,5 @@ void CLayerStatesRestoreDlg::OnClose() {
 }
 
 void CLayerStatesRestoreDlg::OnDialogHelp() {
-    wchar_t topic[MAX_PATH];
-    lstrcpynW(topic, helpTopic, MAX_PATH);
-    keledHelp(nullptr, topic, 0);
+    openHelp(helpTopic);
 }

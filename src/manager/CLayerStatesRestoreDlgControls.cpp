@@ -2,7 +2,7 @@
 #include "CLayerStatesRestoreDlg.h"
 
 #include "ControlRules.h"
-#include "HostText.h"
+#include "HostOwners.h"
 #include "KelEditor.h"
 #include "PropertyTable.h"
 #include "WorkingDatabase.h"

@@ -3,9 +3,11 @@
 #include "CLayerStatesRestoreDlg.h"
 
 #include "CResourceScope.h"
+#include "DocumentTransaction.h"
+#include "HostPrompts.h"
 #include "KelDbPointers.h"
 #include "KelEditor.h"
-#include "OrvUiServices.h"
+#include "LayerPublishing.h"
 #include "PropertyTable.h"
 #include "RestoreRules.h"
 #include "WorkingDatabase.h"
@@ -14,53 +16,7 @@
 
 namespace {
 
-constexpr const wchar_t* taskDialogFile = L"/KelTaskDialogs;component/TaskDialogs.xaml";
 constexpr const wchar_t* cannotRestoreKey = L"KelLayerApps.CannotRestoreLayerState";
-
-KelTransactionManager* currentTransactions() {
-    KelApDocument* document = kelDocManagerPtr()->currentDocument();
-    return document ? document->transactionManager() : nullptr;
-}
-
-/// A transaction of the current document, which is asked for afresh at the end.
-class DocumentTransaction {
-  public:
-    DocumentTransaction() {
-        KelTransactionManager* transactions = currentTransactions();
-        m_started = transactions && transactions->startTransaction();
-    }
-    ~DocumentTransaction() {
-        KelTransactionManager* transactions = m_started ? currentTransactions() : nullptr;
-        if (transactions)
-            transactions->endTransaction();
-    }
-    DocumentTransaction(const DocumentTransaction&) = delete;
-    DocumentTransaction& operator=(const DocumentTransaction&) = delete;
-    bool isStarted() const { return m_started; }
-
-  private:
-    bool m_started;
-};
-
-void publishLayers() {
-    applyCurZdrLayerTableChanges();
-    keledUpdateDisplay();
-}
-
-HWND threadMainWindow() {
-    CWinThread* thread = AfxGetThread();
-    CWnd* window = thread ? thread->GetMainWnd() : nullptr;
-    return window ? window->m_hWnd : nullptr;
-}
-
-/// @return whether the task dialog could be loaded
-bool showCannotRestoreDialog() {
-    COrvTaskDialog dialog;
-    if (!dialog.LoadFromFile(taskDialogFile, cannotRestoreKey, nullptr, 0))
-        return false;
-    dialog.ShowDialog(threadMainWindow());
-    return true;
-}
 
 } // namespace
 
@@ -132,7 +88,7 @@ void CLayerStatesRestoreDlg::reportRestoreFailure(unsigned int status) {
     const RestoreReport report = restoreReport(status);
     if (report.form == RestoreReport::Form::none)
         return;
-    if (report.form == RestoreReport::Form::taskDialog && showCannotRestoreDialog()) {
+    if (report.form == RestoreReport::Form::taskDialog && showTaskDialog(cannotRestoreKey)) {
         m_reportFailure = false;
         return;
     }

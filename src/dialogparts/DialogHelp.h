@@ -1,0 +1,10 @@
+// Tips and help of the module's dialogs.
+#pragma once
+
+class COrvUiBaseDialog;
+
+/// Gives the dialog's controls their tips, out of the host's file. After the base OnInitDialog.
+void setUpTips(COrvUiBaseDialog& dialog);
+
+/// Opens the host's help at a dialog's topic, a name of at most 259 characters.
+void openHelp(const wchar_t* topic);
