@@ -9,9 +9,6 @@
 
 namespace {
 
-constexpr int nameColumn = 0;
-constexpr int spaceColumn = 1;
-constexpr int sameColumn = 2;
 /// Characters of a name as the rows hold them, with the terminating null.
 constexpr int nameBufferSize = 259;
 /// Number of the host's word for model space.
@@ -36,6 +33,17 @@ CLayerStateListCtrl::CLayerStateListCtrl()
       m_sortAscending(1), m_editRow(-1), m_editColumn(-1) {}
 
 CLayerStateListCtrl::~CLayerStateListCtrl() = default;
+
+void CLayerStateListCtrl::InsertColumns(std::span<const ListColumn> columns) {
+    CRect window;
+    GetWindowRect(&window);
+    int index = 0;
+    for (const ListColumn& column : columns) {
+        const CString heading = loadResourceString(column.headingId);
+        InsertColumn(index, heading, LVCFMT_LEFT, columnWidth(window.Width(), column.fraction), index);
+        ++index;
+    }
+}
 
 CString CLayerStateListCtrl::StateName(int row) const {
     wchar_t name[nameBufferSize] = {};
@@ -83,12 +91,11 @@ void CLayerStateListCtrl::FillRow(KelDbLayerStateManager& states, int row, bool 
     static_cast<void>(states.getLayerStateMask(name, mask)); // nothing reads the item data
     SetItemData(row, static_cast<DWORD_PTR>(static_cast<INT_PTR>(static_cast<std::int32_t>(mask))));
     SetItemText(row, spaceColumn, spaceText(states, name));
-    int column = sameColumn;
     if (compareToDrawing) {
         const bool same = states.compareLayerStateToDb(name, keledGetCurViewportObjectId());
-        SetItemText(row, column++, loadResourceString(same ? IDS_LSTATE_YES : IDS_LSTATE_NO));
+        SetItemText(row, sameColumn, loadResourceString(same ? IDS_LSTATE_YES : IDS_LSTATE_NO));
     }
     wchar_t* description = nullptr;
     if (states.getLayerStateDescription(name, description) == Vorn::eOk)
-        SetItemText(row, column, HostDescription(description).get());
+        SetItemText(row, compareToDrawing ? descriptionColumn : sameColumn, HostDescription(description).get());
 }

@@ -3,6 +3,9 @@
 
 #include "CCustomListCtrl.h"
 #include "KelDbDatabase.h"
+#include "StateListColumns.h"
+
+#include <span>
 
 /// The list of the states of one database. It keeps no state data: every cell is text read from the host when the list
 /// was last filled, and a state is named by the text of its row's first column. The row's item data is the state's
@@ -12,6 +15,8 @@ class CLayerStateListCtrl : public CCustomListCtrl {
     CLayerStateListCtrl();
     ~CLayerStateListCtrl() override;
 
+    /// Inserts the columns, with widths that follow the list's present one.
+    void InsertColumns(std::span<const ListColumn> columns);
     /// Empties the list, whatever follows, and fills it in the host's order; selection and focus are gone.
     /// @param database may be null, which leaves the list empty
     /// @param includeDependent also the states of attached references

@@ -78,14 +78,7 @@ void CLayerStatesRestoreDlg::readOptions() {
 
 void CLayerStatesRestoreDlg::setUpList() {
     m_stateList.SubclassDlgItem(IDC_LSTATE_RES_LIST, this);
-    CRect window;
-    m_stateList.GetWindowRect(&window);
-    int column = 0;
-    for (const ListColumn& row : managerColumns) {
-        const CString heading = loadResourceString(row.headingId);
-        m_stateList.InsertColumn(column, heading, LVCFMT_LEFT, columnWidth(window.Width(), row.fraction), column);
-        ++column;
-    }
+    m_stateList.InsertColumns(managerColumns);
     m_stateList.SetExtendedStyle(m_stateList.GetExtendedStyle() | LVS_EX_FULLROWSELECT);
 }
 

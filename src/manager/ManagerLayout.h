@@ -1,13 +1,8 @@
 // The manager's measures: the columns of its list, the width of its property panel, the row that it opens on.
 #pragma once
 
+#include "StateListColumns.h"
 #include "resource.h"
-
-/// One column of the list of states: its heading, and its share of the list's width.
-struct ListColumn {
-    unsigned int headingId;
-    double fraction;
-};
 
 /// In the order of the columns.
 inline constexpr ListColumn managerColumns[] = {
@@ -16,11 +11,10 @@ inline constexpr ListColumn managerColumns[] = {
     {IDS_LSTATE_COLUMN_SAME, 0.1},
     {IDS_LSTATE_COLUMN_DESCRIPTION, 0.35},
 };
-
-/// A column's width in pixels, cut towards zero, in a list of that width.
-constexpr int columnWidth(int listWidth, double fraction) {
-    return static_cast<int>(static_cast<double>(listWidth) * fraction);
-}
+static_assert(managerColumns[nameColumn].headingId == IDS_LSTATE_COLUMN_NAME);
+static_assert(managerColumns[spaceColumn].headingId == IDS_LSTATE_COLUMN_SPACE);
+static_assert(managerColumns[sameColumn].headingId == IDS_LSTATE_COLUMN_SAME);
+static_assert(managerColumns[descriptionColumn].headingId == IDS_LSTATE_COLUMN_DESCRIPTION);
 
 // The property panel. The check of the resource module reads these four names too.
 

@@ -73,6 +73,28 @@ using Texts = std::vector<std::wstring>;
 
 } // namespace
 
+TEST_F(StateList, TakesItsColumnsWithTheirSharesOfItsWholeWidth) {
+    while (m_list.DeleteColumn(0)) {
+    }
+    constexpr ListColumn columns[] = {{IDS_LSTATE_COLUMN_NAME, 0.4}, {IDS_LSTATE_COLUMN_DESCRIPTION, 0.25}};
+    m_list.InsertColumns(columns);
+    for (const int index : {0, 1}) {
+        wchar_t heading[64] = {};
+        LVCOLUMNW column = {};
+        column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT | LVCF_SUBITEM;
+        column.pszText = heading;
+        column.cchTextMax = 64;
+        ASSERT_TRUE(m_list.GetColumn(index, &column)) << index;
+        EXPECT_EQ(heading, text(columns[index].headingId));
+        EXPECT_EQ(column.cx, columnWidth(400, columns[index].fraction));
+        EXPECT_EQ(column.fmt & LVCFMT_JUSTIFYMASK, LVCFMT_LEFT);
+        EXPECT_EQ(column.iSubItem, index);
+    }
+    LVCOLUMNW third = {};
+    third.mask = LVCF_WIDTH;
+    EXPECT_FALSE(m_list.GetColumn(2, &third));
+}
+
 TEST_F(StateList, ShowsTheStatesInTheHostsOrderWithTheirDescriptions) {
     EXPECT_TRUE(m_list.PopulateStates(m_database, true, true));
     EXPECT_EQ(column(0), (Texts{L"alpha", L"Beta", L"gamma"}));
