@@ -1,4 +1,4 @@
-// See MainWindow.h. The commands stand in logic/Commands.cpp; here they are only started. What they and the host ask of
+// See MainWindow.h. The commands stand in commands/Commands.cpp; here they are only started. What they and the host ask of
 // the window is in MainWindowShell.cpp.
 
 #include "MainWindow.h"
