@@ -2,7 +2,7 @@
 // history and in the status line, and changes nothing.
 
 #include "WorkbenchFixture.h"
-#include "unit/app/BadLines.h"
+#include "BadLines.h"
 #include "resource.h"
 
 #include "engine/DatabaseAccess.h"

@@ -1,7 +1,7 @@
 // What the drawing view shows, and how it is moved by mouse and tabs.
 
 #include "LayerLook.h"
-#include "SampleDrawing.h"
+#include "HandmadeDrawing.h"
 #include "WorkbenchFixture.h"
 #include "resource.h"
 
@@ -35,8 +35,8 @@ class DrawingViewTest : public WorkbenchTest {
         zdr::Drawing drawing = session().drawing();
         drawing.linetypes.push_back({drawing.names.intern(L"Dashed"), drawing.nextHandle++, L"", {6, -6}});
         const std::uint8_t flags = zdr::kLayerPlot | (on ? zdr::kLayerOn : 0);
-        const std::size_t layer = sample::addLayer(drawing, L"Red", {flags, 0xC2FF0000, linetype, 13});
-        sample::addLine(drawing, layer, 1000);
+        const std::size_t layer = handmade::addLayer(drawing, L"Red", {flags, 0xC2FF0000, linetype, 13});
+        handmade::addLine(drawing, layer, 1000);
         zdr::Viewport& first = drawing.layouts.at(0).viewports.at(0);
         first.corner = {20, 20};
         first.width = 100;

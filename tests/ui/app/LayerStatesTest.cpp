@@ -2,7 +2,7 @@
 
 #include "KelEditor.h"
 #include "ModuleLoader.h"
-#include "SampleDrawing.h"
+#include "HandmadeDrawing.h"
 #include "WorkbenchFixture.h"
 #include "resource.h"
 
@@ -31,8 +31,8 @@ class LayerStatesTest : public WorkbenchTest {
     void writeDrawingWithState() {
         KelDbDatabase database(true, true);
         zdr::Drawing drawing = engine::drawingOf(database);
-        const std::size_t red = sample::addLayer(drawing, L"Red", {zdr::kLayerPlot, 1});
-        sample::addLine(drawing, red, 1000);
+        const std::size_t red = handmade::addLayer(drawing, L"Red", {zdr::kLayerPlot, 1});
+        handmade::addLine(drawing, red, 1000);
         engine::replaceDrawing(database, std::move(drawing));
         EXPECT_EQ(database.getLayerStateManager()->saveLayerState(L"Without red", MaskAllProperties), Vorn::eOk);
         engine::LayerValues values = engine::layerValues(database, red);

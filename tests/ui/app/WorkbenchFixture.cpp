@@ -3,7 +3,7 @@
 #include "WorkbenchFixture.h"
 
 #include "Runtime.h"
-#include "SampleDrawing.h"
+#include "HandmadeDrawing.h"
 #include "resource.h"
 
 #include "files/DrawingFile.h"
@@ -78,7 +78,7 @@ ui::Script WorkbenchTest::answerBox(const std::wstring& text, int button) {
 
 void WorkbenchTest::writeSample(const char* name) {
     zdr::Drawing drawing = session().drawing();
-    sample::addLine(drawing, 0, 5000);
+    handmade::addLine(drawing, 0, 5000);
     zdr::FileStamp stamp;
     std::wstring reason;
     EXPECT_EQ(zdr::writeDrawingFile(path(name), drawing, reason, stamp), Vorn::eOk) << ui::narrow(reason);

@@ -1,11 +1,11 @@
 // VPLAYER: freezing and overrides in viewports.
 
-#include "CommandTest.h"
+#include "CommandFixture.h"
 #include "LayerStateMask.h"
 
 namespace {
 
-class ViewportLayerCommandTest : public CommandTest {
+class ViewportLayerCommandTest : public CommandFixture {
   protected:
     ViewportLayerCommandTest() {
         zdr::Drawing two = drawing();

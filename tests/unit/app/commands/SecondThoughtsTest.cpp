@@ -1,12 +1,12 @@
 // What a user thinks better of is told too, and changes nothing.
 
-#include "CommandTest.h"
+#include "CommandFixture.h"
 
 namespace {
 
 constexpr const wchar_t* kNothingChosen = L"No file is chosen, and nothing has changed.\n";
 
-class SecondThoughtsTest : public CommandTest {
+class SecondThoughtsTest : public CommandFixture {
   protected:
     void change() { run(L"LAYER NEW Changed"); }
 };

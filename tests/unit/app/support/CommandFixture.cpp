@@ -1,6 +1,6 @@
-// See CommandTest.h.
+// See CommandFixture.h.
 
-#include "CommandTest.h"
+#include "CommandFixture.h"
 
 #include "engine/DatabaseAccess.h"
 #include "files/DrawingFile.h"
@@ -10,42 +10,42 @@
 
 namespace fs = std::filesystem;
 
-CommandTest::CommandTest() : folder(fs::temp_directory_path() / "kel-command-test"), session(shell) {
+CommandFixture::CommandFixture() : folder(fs::temp_directory_path() / "kel-command-test"), session(shell) {
     fs::remove_all(folder);
     fs::create_directories(folder);
 }
 
-CommandTest::~CommandTest() {
+CommandFixture::~CommandFixture() {
     fs::remove_all(folder);
 }
 
-std::wstring CommandTest::run(const std::wstring& line) {
+std::wstring CommandFixture::run(const std::wstring& line) {
     shell.printed.clear();
     workbench::runLine(session, line);
     const std::wstring echo = L"Command: " + line.substr(0, 1000);
     return shell.printed.starts_with(echo) ? shell.printed.substr(shell.printed.find(L'\n') + 1) : shell.printed;
 }
 
-std::wstring CommandTest::path(const char* name) const {
+std::wstring CommandFixture::path(const char* name) const {
     return zdr::widePath(folder / name);
 }
 
-void CommandTest::writeBytes(const char* name, const std::string& bytes) const {
+void CommandFixture::writeBytes(const char* name, const std::string& bytes) const {
     std::ofstream(folder / name, std::ios::binary) << bytes;
 }
 
-void CommandTest::writeDrawing(const char* name, const zdr::Drawing& written) const {
+void CommandFixture::writeDrawing(const char* name, const zdr::Drawing& written) const {
     std::wstring reason;
     zdr::FileStamp stamp;
     EXPECT_EQ(zdr::writeDrawingFile(path(name), written, reason, stamp), Vorn::eOk);
 }
 
-std::size_t CommandTest::layer(const std::wstring& name) const {
+std::size_t CommandFixture::layer(const std::wstring& name) const {
     const std::size_t index = engine::layerIndex(session.database(), name);
     EXPECT_NE(index, zdr::kNone) << "there is no such layer";
     return index == zdr::kNone ? 0 : index;
 }
 
-unsigned CommandTest::flags(const std::wstring& name) const {
+unsigned CommandFixture::flags(const std::wstring& name) const {
     return drawing().columns.flags[layer(name)];
 }

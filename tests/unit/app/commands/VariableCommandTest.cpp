@@ -1,11 +1,11 @@
 // SETVAR.
 
-#include "CommandTest.h"
+#include "CommandFixture.h"
 #include "SystemVariables.h"
 
 using testing::HasSubstr;
 
-using VariableCommandTest = CommandTest;
+using VariableCommandTest = CommandFixture;
 
 TEST_F(VariableCommandTest, ListsThemAll) {
     const std::wstring text = run(L"SETVAR");

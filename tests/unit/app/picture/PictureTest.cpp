@@ -1,7 +1,7 @@
 // Drawings as they are put on the screen.
 
 #include "Picture.h"
-#include "SampleDrawing.h"
+#include "HandmadeDrawing.h"
 
 #include <gtest/gtest.h>
 
@@ -48,7 +48,7 @@ zdr::Viewport viewport(std::int16_t number, zdr::Point corner) {
 
 class PictureTest : public testing::Test {
   protected:
-    zdr::Drawing drawing = sample::emptyDrawing();
+    zdr::Drawing drawing = handmade::emptyDrawing();
     Screen screen = testScreen();
     Picture model() { return modelPicture(drawing, kOneToOne, screen); }
 };
@@ -56,7 +56,7 @@ class PictureTest : public testing::Test {
 } // namespace
 
 TEST_F(PictureTest, DrawsALineInItsLayersColourAndWeight) {
-    sample::addLine(drawing, sample::addLayer(drawing, L"A", {zdr::kLayerOn, 3, L"Continuous", 100}));
+    handmade::addLine(drawing, handmade::addLayer(drawing, L"A", {zdr::kLayerOn, 3, L"Continuous", 100}));
     const Picture picture = model();
     const auto& strokes = picture.parts.at(0).strokes;
     ASSERT_EQ(strokes.strokes.size(), 1u);
@@ -68,19 +68,19 @@ TEST_F(PictureTest, DrawsALineInItsLayersColourAndWeight) {
 }
 
 TEST_F(PictureTest, LeavesOutWhatLiesOnAHiddenLayer) {
-    sample::addLine(drawing, sample::addLayer(drawing, L"A", {zdr::kLayerFrozen | zdr::kLayerOn}));
+    handmade::addLine(drawing, handmade::addLayer(drawing, L"A", {zdr::kLayerFrozen | zdr::kLayerOn}));
     EXPECT_TRUE(model().parts.at(0).strokes.strokes.empty());
 }
 
 TEST_F(PictureTest, BreaksLinesIntoTheirPatternWhateverTheZoom) {
-    sample::addLine(drawing, sample::addLayer(drawing, L"A", {zdr::kLayerOn, 7, L"Dashed"}), 72);
+    handmade::addLine(drawing, handmade::addLayer(drawing, L"A", {zdr::kLayerOn, 7, L"Dashed"}), 72);
     EXPECT_EQ(model().parts.at(0).strokes.strokes.size(), 2u) << "a repeat is 9 mm, 36 pixels";
     const Picture close = modelPicture(drawing, ViewTransform({0, 0}, 5, {0, 300}), screen);
     EXPECT_EQ(close.parts.at(0).strokes.strokes.size(), 10u);
 }
 
 TEST_F(PictureTest, MakesPatternsLongerByTheLinetypeScale) {
-    sample::addLine(drawing, sample::addLayer(drawing, L"A", {zdr::kLayerOn, 7, L"Dashed"}), 72);
+    handmade::addLine(drawing, handmade::addLayer(drawing, L"A", {zdr::kLayerOn, 7, L"Dashed"}), 72);
     screen.linetypeScale = 0.5;
     EXPECT_EQ(model().parts.at(0).strokes.strokes.size(), 4u) << "a repeat is 4.5 mm, 18 pixels";
     for (const double scale : {2.0, 1e300, 1.7e308}) {
@@ -92,8 +92,8 @@ TEST_F(PictureTest, MakesPatternsLongerByTheLinetypeScale) {
 }
 
 TEST_F(PictureTest, ShowsTheForegroundAndTrueColours) {
-    sample::addLine(drawing, sample::addLayer(drawing, L"A", {zdr::kLayerOn, 7}));
-    sample::addLine(drawing, sample::addLayer(drawing, L"B", {zdr::kLayerOn, 0xC2112233}));
+    handmade::addLine(drawing, handmade::addLayer(drawing, L"A", {zdr::kLayerOn, 7}));
+    handmade::addLine(drawing, handmade::addLayer(drawing, L"B", {zdr::kLayerOn, 0xC2112233}));
     const auto strokes = model().parts.at(0).strokes.strokes;
     EXPECT_EQ(strokes.at(0).pen.rgb, 0xEEEEEEu);
     EXPECT_EQ(strokes.at(1).pen.rgb, 0x332211u) << "red in the low byte";
@@ -101,7 +101,7 @@ TEST_F(PictureTest, ShowsTheForegroundAndTrueColours) {
 
 TEST_F(PictureTest, PutsTextWhereItBelongs) {
     zdr::Entity entity;
-    entity.layer = sample::addLayer(drawing, L"A");
+    entity.layer = handmade::addLayer(drawing, L"A");
     entity.geometry = zdr::Text{{20, 30}, 10, std::numbers::pi / 2, L"Bath"};
     drawing.entities.push_back(entity);
     const Picture picture = model();
@@ -115,7 +115,7 @@ TEST_F(PictureTest, PutsTextWhereItBelongs) {
 
 TEST_F(PictureTest, DrawsAnArcCounterClockwise) {
     zdr::Entity entity;
-    entity.layer = sample::addLayer(drawing, L"A");
+    entity.layer = handmade::addLayer(drawing, L"A");
     entity.geometry = zdr::Arc{{100, 100}, 50, 1.5 * std::numbers::pi, 0.5 * std::numbers::pi};
     drawing.entities.push_back(entity);
     const auto extents = modelExtents(drawing);
@@ -125,8 +125,8 @@ TEST_F(PictureTest, DrawsAnArcCounterClockwise) {
 }
 
 TEST_F(PictureTest, PlacesWhatReferencesShow) {
-    auto shown = std::make_shared<zdr::Drawing>(sample::emptyDrawing());
-    sample::addLine(*shown, sample::addLayer(*shown, L"Fence"), 10);
+    auto shown = std::make_shared<zdr::Drawing>(handmade::emptyDrawing());
+    handmade::addLine(*shown, handmade::addLayer(*shown, L"Fence"), 10);
     drawing.references.push_back({L"site", L"site.zdr", {100, 100}, 2, std::numbers::pi / 2, shown});
     drawing.references.push_back({L"gone", L"gone.zdr", {}, 1, 0, nullptr});
     const Picture picture = model();
@@ -138,7 +138,7 @@ TEST_F(PictureTest, PlacesWhatReferencesShow) {
 }
 
 TEST_F(PictureTest, ClipsEachViewportToItsBoxWithItsOwnFreezing) {
-    sample::addLine(drawing, sample::addLayer(drawing, L"A"), 1000);
+    handmade::addLine(drawing, handmade::addLayer(drawing, L"A"), 1000);
     zdr::Layout layout{
         L"Sheet", 297, 210, {viewport(2, {10, 10}), viewport(3, {10, 100}), viewport(-1, {150, 10})}, {}};
     layout.viewports[1].frozen = {true};
@@ -159,7 +159,7 @@ TEST_F(PictureTest, ClipsEachViewportToItsBoxWithItsOwnFreezing) {
 }
 
 TEST_F(PictureTest, ScalesModelSpaceInAViewport) {
-    sample::addLine(drawing, sample::addLayer(drawing, L"A"), 100);
+    handmade::addLine(drawing, handmade::addLayer(drawing, L"A"), 100);
     zdr::Layout layout{L"Sheet", 297, 210, {viewport(2, {0, 0})}, {}};
     layout.viewports[0].scale = 0.5;
     const Picture picture = layoutPicture(drawing, layout, kOneToOne, screen);
@@ -179,6 +179,6 @@ TEST_F(PictureTest, FindsTheViewportUnderAPoint) {
 }
 
 TEST_F(PictureTest, PassesOverEntitiesOfLayersThatDontExist) {
-    sample::addLine(drawing, 7);
+    handmade::addLine(drawing, 7);
     EXPECT_TRUE(model().parts.at(0).strokes.strokes.empty());
 }

@@ -1,8 +1,8 @@
 // Taking a reference out of a drawing: everything that counts layers still means the same ones.
 
-#include "CommandTest.h"
+#include "CommandFixture.h"
 #include "ReferenceEditing.h"
-#include "SampleDrawing.h"
+#include "HandmadeDrawing.h"
 
 #include "engine/DatabaseAccess.h"
 
@@ -20,13 +20,13 @@ std::vector<std::wstring> layerNames(const zdr::Drawing& drawing) {
 
 /// Layers "one", "r1!x", "two", "r2!x", of two references.
 zdr::Drawing withTwoReferences() {
-    zdr::Drawing drawing = sample::emptyDrawing();
+    zdr::Drawing drawing = handmade::emptyDrawing();
     for (const wchar_t* name : {L"r1", L"r2"})
         drawing.references.push_back({name, L"x.zdr", {}, 1, 0, nullptr});
-    sample::addLayer(drawing, L"one", {zdr::kLayerOn, 1});
-    drawing.layers[sample::addLayer(drawing, L"r1!x", {zdr::kLayerOn, 2})].reference = 0;
-    sample::addLayer(drawing, L"two", {zdr::kLayerOn, 3});
-    drawing.layers[sample::addLayer(drawing, L"r2!x", {zdr::kLayerOn, 4})].reference = 1;
+    handmade::addLayer(drawing, L"one", {zdr::kLayerOn, 1});
+    drawing.layers[handmade::addLayer(drawing, L"r1!x", {zdr::kLayerOn, 2})].reference = 0;
+    handmade::addLayer(drawing, L"two", {zdr::kLayerOn, 3});
+    drawing.layers[handmade::addLayer(drawing, L"r2!x", {zdr::kLayerOn, 4})].reference = 1;
     drawing.currentLayer = 2;
     return drawing;
 }
@@ -48,7 +48,7 @@ TEST(ReferenceEditing, TakesTheLayersOutOfTheTable) {
 TEST(ReferenceEditing, KeepsEntitiesOnTheirLayersAndMovesThoseWithoutOne) {
     zdr::Drawing drawing = withTwoReferences();
     for (std::size_t layer = 0; layer < 4; ++layer)
-        sample::addLine(drawing, layer);
+        handmade::addLine(drawing, layer);
     drawing = workbench::withoutReference(drawing, 0);
     EXPECT_EQ(drawing.entities[0].layer, 0u);
     EXPECT_EQ(drawing.entities[1].layer, 1u) << "the current layer";

@@ -2,7 +2,7 @@
 
 #include "LayerLook.h"
 #include "LayerStateMask.h"
-#include "SampleDrawing.h"
+#include "HandmadeDrawing.h"
 
 #include <gtest/gtest.h>
 
@@ -25,12 +25,12 @@ zdr::Viewport viewportThatFreezes(std::vector<bool> frozen) {
 } // namespace
 
 TEST(LayerLook, ShowsALayerUnlessItIsOffOrFrozen) {
-    zdr::Drawing drawing = sample::emptyDrawing();
-    sample::addLayer(drawing, L"Shown", {kShown});
-    sample::addLayer(drawing, L"Off", {zdr::kLayerPlot});
-    sample::addLayer(drawing, L"Frozen", {kShown | zdr::kLayerFrozen});
-    sample::addLayer(drawing, L"Locked", {kShown | zdr::kLayerLocked});
-    sample::addLayer(drawing, L"No plot", {zdr::kLayerOn});
+    zdr::Drawing drawing = handmade::emptyDrawing();
+    handmade::addLayer(drawing, L"Shown", {kShown});
+    handmade::addLayer(drawing, L"Off", {zdr::kLayerPlot});
+    handmade::addLayer(drawing, L"Frozen", {kShown | zdr::kLayerFrozen});
+    handmade::addLayer(drawing, L"Locked", {kShown | zdr::kLayerLocked});
+    handmade::addLayer(drawing, L"No plot", {zdr::kLayerOn});
     const auto looks = layerLooks(drawing, nullptr);
     EXPECT_TRUE(looks[0].visible);
     EXPECT_FALSE(looks[1].visible);
@@ -40,10 +40,10 @@ TEST(LayerLook, ShowsALayerUnlessItIsOffOrFrozen) {
 }
 
 TEST(LayerLook, TakesColourPatternAndWeightFromTheLayer) {
-    zdr::Drawing drawing = sample::emptyDrawing();
+    zdr::Drawing drawing = handmade::emptyDrawing();
     drawing.defaultLineWeight = 35;
-    sample::addLayer(drawing, L"Walls", {kShown, 3, L"Dashed", 50});
-    sample::addLayer(drawing, L"Plain");
+    handmade::addLayer(drawing, L"Walls", {kShown, 3, L"Dashed", 50});
+    handmade::addLayer(drawing, L"Plain");
     const auto looks = layerLooks(drawing, nullptr);
     EXPECT_EQ(looks[0].color, 3u);
     ASSERT_NE(looks[0].pattern, nullptr);
@@ -54,9 +54,9 @@ TEST(LayerLook, TakesColourPatternAndWeightFromTheLayer) {
 }
 
 TEST(LayerLook, AViewportHidesWhatItFreezes) {
-    zdr::Drawing drawing = sample::emptyDrawing();
+    zdr::Drawing drawing = handmade::emptyDrawing();
     for (const wchar_t* name : {L"A", L"B", L"C"})
-        sample::addLayer(drawing, name);
+        handmade::addLayer(drawing, name);
     const zdr::Viewport viewport = viewportThatFreezes({false, true});
     const auto looks = layerLooks(drawing, &viewport);
     EXPECT_TRUE(looks[0].visible);
@@ -65,15 +65,15 @@ TEST(LayerLook, AViewportHidesWhatItFreezes) {
 }
 
 TEST(LayerLook, AViewportCantThawWhatTheDrawingFreezes) {
-    zdr::Drawing drawing = sample::emptyDrawing();
-    sample::addLayer(drawing, L"A", {kShown | zdr::kLayerFrozen});
+    zdr::Drawing drawing = handmade::emptyDrawing();
+    handmade::addLayer(drawing, L"A", {kShown | zdr::kLayerFrozen});
     const zdr::Viewport viewport = viewportThatFreezes({false});
     EXPECT_FALSE(layerLooks(drawing, &viewport)[0].visible);
 }
 
 TEST(LayerLook, AnOverrideAppliesOnlyWhatItsMaskNames) {
-    zdr::Drawing drawing = sample::emptyDrawing();
-    sample::addLayer(drawing, L"A", {kShown, 3, L"Dashed", 50});
+    zdr::Drawing drawing = handmade::emptyDrawing();
+    handmade::addLayer(drawing, L"A", {kShown, 3, L"Dashed", 50});
     zdr::Viewport viewport = viewportThatFreezes({});
     viewport.overrides.push_back({0, MaskColor, 5, drawing.names.intern(L"Continuous"), 9, zdr::kNoName});
     auto look = layerLooks(drawing, &viewport)[0];
@@ -89,8 +89,8 @@ TEST(LayerLook, AnOverrideAppliesOnlyWhatItsMaskNames) {
 }
 
 TEST(LayerLook, AnEntitysOwnPropertiesWin) {
-    zdr::Drawing drawing = sample::emptyDrawing();
-    sample::addLayer(drawing, L"A", {kShown, 3, L"Dashed", 50});
+    zdr::Drawing drawing = handmade::emptyDrawing();
+    handmade::addLayer(drawing, L"A", {kShown, 3, L"Dashed", 50});
     const auto layer = layerLooks(drawing, nullptr)[0];
     zdr::Entity entity;
     EXPECT_EQ(entityLook(drawing, entity, layer).color, 3u);
@@ -106,13 +106,13 @@ TEST(LayerLook, AnEntitysOwnPropertiesWin) {
 }
 
 TEST(LayerLook, WhatAReferenceShowsFollowsTheDrawingsOwnRecords) {
-    auto shown = std::make_shared<zdr::Drawing>(sample::emptyDrawing());
-    sample::addLayer(*shown, L"Fence", {kShown, 1});
-    sample::addLayer(*shown, L"Trees", {kShown, 2});
-    zdr::Drawing drawing = sample::emptyDrawing();
+    auto shown = std::make_shared<zdr::Drawing>(handmade::emptyDrawing());
+    handmade::addLayer(*shown, L"Fence", {kShown, 1});
+    handmade::addLayer(*shown, L"Trees", {kShown, 2});
+    zdr::Drawing drawing = handmade::emptyDrawing();
     drawing.references.push_back({L"site", L"site.zdr", {}, 1, 0, shown});
-    sample::addLayer(drawing, L"Base");
-    sample::addLayer(drawing, L"SITE!fence", {zdr::kLayerPlot, 6});
+    handmade::addLayer(drawing, L"Base");
+    handmade::addLayer(drawing, L"SITE!fence", {zdr::kLayerPlot, 6});
     drawing.layers[1].reference = 0;
     const auto looks = referencedLooks(drawing, layerLooks(drawing, nullptr), 0);
     ASSERT_EQ(looks.size(), 2u);

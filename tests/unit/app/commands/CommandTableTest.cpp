@@ -1,7 +1,7 @@
 // The command table itself, and HELP, which tells it to the user.
 
 #include "CommandTable.h"
-#include "CommandTest.h"
+#include "CommandFixture.h"
 #include "KelEditor.h"
 #include "SystemRegistry.h"
 
@@ -31,7 +31,7 @@ template <class Row> void expectNew(std::set<std::wstring>& names, const Row& ro
     }
 }
 
-using CommandTableTest = CommandTest;
+using CommandTableTest = CommandFixture;
 
 } // namespace
 

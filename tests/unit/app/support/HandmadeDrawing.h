@@ -1,9 +1,9 @@
-// Small drawings for tests, built by hand.
+// Small drawings for tests, made by hand.
 #pragma once
 
 #include "model/Drawing.h"
 
-namespace sample {
+namespace handmade {
 
 struct LayerValues {
     std::uint8_t flags = zdr::kLayerOn | zdr::kLayerPlot;
@@ -19,4 +19,4 @@ std::size_t addLayer(zdr::Drawing& drawing, const wchar_t* name, const LayerValu
 /// Appends a horizontal line of that length from the origin.
 void addLine(zdr::Drawing& drawing, std::size_t layer, double length = 100);
 
-} // namespace sample
+} // namespace handmade

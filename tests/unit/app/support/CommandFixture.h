@@ -7,10 +7,10 @@
 
 #include <filesystem>
 
-class CommandTest : public RuntimeTest {
+class CommandFixture : public RuntimeTest {
   protected:
-    CommandTest();
-    ~CommandTest() override;
+    CommandFixture();
+    ~CommandFixture() override;
 
     /// Runs a line and answers what it printed, without the echo of the line.
     std::wstring run(const std::wstring& line);

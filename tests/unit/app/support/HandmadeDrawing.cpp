@@ -1,8 +1,8 @@
-// See SampleDrawing.h.
+// See HandmadeDrawing.h.
 
-#include "SampleDrawing.h"
+#include "HandmadeDrawing.h"
 
-namespace sample {
+namespace handmade {
 
 namespace {
 
@@ -44,4 +44,4 @@ void addLine(zdr::Drawing& drawing, std::size_t layer, double length) {
     drawing.entities.push_back(std::move(entity));
 }
 
-} // namespace sample
+} // namespace handmade

@@ -1,6 +1,6 @@
 // LAYOUT and VPORT in drawings with many, few and no layouts and viewports.
 
-#include "CommandTest.h"
+#include "CommandFixture.h"
 
 using testing::AllOf;
 using testing::EndsWith;
@@ -9,7 +9,7 @@ using testing::Not;
 
 namespace {
 
-class SpacesTest : public CommandTest {
+class SpacesTest : public CommandFixture {
   protected:
     /// The drawing with that many layouts, all of them like its first one.
     void makeLayouts(std::size_t count) {

@@ -1,14 +1,15 @@
 // SCRIPT, and the lines that wait.
 
-#include "CommandTest.h"
+#include "CommandFixture.h"
 #include "ScriptLines.h"
 
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::IsEmpty;
 using workbench::LineQueue;
+using workbench::scriptLines;
 
-using ScriptTest = CommandTest;
+using ScriptTest = CommandFixture;
 
 TEST_F(ScriptTest, RunsTheLinesOfAFile) {
     writeBytes("a b.scr", "\xEF\xBB\xBFMODEL\r\n; a comment\r\n\r\nLAYER NEW T\xC3\xBCr\n");
@@ -44,6 +45,15 @@ TEST_F(ScriptTest, TellsWhenScriptsGoTooDeep) {
     writeBytes("a.scr", "MODEL\n");
     shell.takesScripts = false;
     EXPECT_THAT(run(L"SCRIPT " + path("a.scr")), EndsWith(L"look for one that runs itself.\n"));
+}
+
+TEST(ScriptLines, LeaveOutCommentsAndEmptyLines) {
+    EXPECT_THAT(scriptLines("\xEF\xBB\xBF; start\r\nOPEN a.zdr\r\n\r\n  \nQUIT"), ElementsAre(L"OPEN a.zdr", L"QUIT"));
+    EXPECT_THAT(scriptLines(""), ElementsAre());
+}
+
+TEST(ScriptLines, AreUtf8) {
+    EXPECT_THAT(scriptLines("OPEN B\xC3\xA4r.zdr\n"), ElementsAre(L"OPEN B\u00E4r.zdr"));
 }
 
 TEST(LineQueue, GivesLinesInOrder) {

@@ -1,7 +1,7 @@
 // The guide for users and the command table tell the same.
 
 #include "CommandTable.h"
-#include "CommandTest.h"
+#include "CommandFixture.h"
 #include "SystemVariables.h"
 
 #include "files/TextCoding.h"
@@ -18,7 +18,7 @@ using workbench::Option;
 
 namespace {
 
-class GuideTest : public CommandTest {
+class GuideTest : public CommandFixture {
   protected:
     GuideTest() {
         std::ifstream file(USER_GUIDE, std::ios::binary);

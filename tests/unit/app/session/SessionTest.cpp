@@ -4,7 +4,7 @@
 #include "Documents.h"
 #include "KelEditor.h"
 #include "RuntimeTest.h"
-#include "SampleDrawing.h"
+#include "HandmadeDrawing.h"
 #include "ScriptedShell.h"
 #include "SystemRegistry.h"
 

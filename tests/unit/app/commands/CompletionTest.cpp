@@ -1,6 +1,6 @@
 // What Tab makes of a line.
 
-#include "CommandTest.h"
+#include "CommandFixture.h"
 #include "Completion.h"
 #include "KelEditor.h"
 #include "SystemRegistry.h"
@@ -11,7 +11,7 @@ using testing::IsEmpty;
 
 namespace {
 
-class CompletionTest : public CommandTest {
+class CompletionTest : public CommandFixture {
   protected:
     CompletionTest() { run(L"LAYER NEW Walls,Windows,\"Ground floor\",\"Ground water\""); }
     std::wstring tab(const std::wstring& line) {

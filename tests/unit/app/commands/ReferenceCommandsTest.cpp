@@ -1,7 +1,7 @@
 // ATTACH, RELOAD, UNLOAD and DETACH.
 
-#include "CommandTest.h"
-#include "SampleDrawing.h"
+#include "CommandFixture.h"
+#include "HandmadeDrawing.h"
 
 #include "KelDbDatabase.h"
 
@@ -14,7 +14,7 @@ using testing::StartsWith;
 
 namespace {
 
-class ReferenceCommandsTest : public CommandTest {
+class ReferenceCommandsTest : public CommandFixture {
   protected:
     ReferenceCommandsTest() { writeSite({L"Trees"}); }
     void writeSite(const std::vector<const wchar_t*>& layers) {

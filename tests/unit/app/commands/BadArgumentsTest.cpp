@@ -2,7 +2,7 @@
 // and nothing changed.
 
 #include "BadLines.h"
-#include "CommandTest.h"
+#include "CommandFixture.h"
 
 #include "engine/DatabaseAccess.h"
 
@@ -16,7 +16,7 @@ using testing::StartsWith;
 
 namespace {
 
-class BadArgumentsTest : public CommandTest {
+class BadArgumentsTest : public CommandFixture {
   protected:
     BadArgumentsTest() {
         // Something to lose, and nothing to ask about.

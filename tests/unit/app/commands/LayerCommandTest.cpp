@@ -1,6 +1,6 @@
 // LAYER with each of its options, and UNDO of each.
 
-#include "CommandTest.h"
+#include "CommandFixture.h"
 
 #include "engine/DatabaseAccess.h"
 
@@ -13,7 +13,7 @@ using testing::StartsWith;
 
 namespace {
 
-class LayerCommandTest : public CommandTest {
+class LayerCommandTest : public CommandFixture {
   protected:
     LayerCommandTest() { run(L"LAYER NEW Walls,Windows,\"Ground floor\""); }
     std::wstring current() const { return drawing().names.text(drawing().layers[drawing().currentLayer].name); }
