@@ -1,5 +1,5 @@
 // The functions behind the rows of the command table, a group of them in each file. They tell the user through the
-// session's shell what they did, or in one sentence why they couldn't.
+// session's window what they did, or in one sentence why they couldn't.
 #pragma once
 
 #include "Command.h"

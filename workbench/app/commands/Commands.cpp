@@ -16,11 +16,11 @@ bool isCountRight(Session& session, std::size_t words, const Count& count, const
                   const std::wstring& usage) {
     const int given = static_cast<int>(words);
     if (given < count.least)
-        session.shell().print(name + L" lacks an argument: type " + usage + L".\n");
+        session.window().print(name + L" lacks an argument: type " + usage + L".\n");
     else if (given > count.most && count.most == 0)
-        session.shell().print(name + L" takes no arguments: type " + usage + L" alone.\n");
+        session.window().print(name + L" takes no arguments: type " + usage + L" alone.\n");
     else if (given > count.most)
-        session.shell().print(name + L" has too many arguments: type " + usage + L".\n");
+        session.window().print(name + L" has too many arguments: type " + usage + L".\n");
     return given >= count.least && given <= count.most;
 }
 
@@ -29,8 +29,8 @@ void askForOption(Session& session, const Command& command, const Words& words) 
     for (const Option& option : command.options())
         names += (names.empty() ? L"" : L", ") + std::wstring(option.name);
     const std::wstring what = words.empty() ? L" needs an option" : L" has no option " + quotation(words.front());
-    session.shell().print(command.name + what + L": type one of " + names + L" behind it, or HELP " + command.name +
-                          L".\n");
+    session.window().print(command.name + what + L": type one of " + names + L" behind it, or HELP " + command.name +
+                           L".\n");
 }
 
 void runOwn(Session& session, const Command& command, const CommandText& text) {
@@ -56,7 +56,7 @@ void runCommand(Session& session, const CommandText& command) {
     else if (const KelEdCommand* registered = runtime::commandStack().lookup(command.name.c_str()))
         session.runModuleCommand(registered->function());
     else
-        session.shell().print(L"Unknown command " + quotation(command.name) + L": HELP lists the commands.\n");
+        session.window().print(L"Unknown command " + quotation(command.name) + L": HELP lists the commands.\n");
 }
 
 std::wstring widened(const char* text) {
@@ -73,21 +73,21 @@ std::wstring shortened(const std::wstring& line) {
 
 void runLine(Session& session, const std::wstring& line) {
     if (line.size() > kLongestLine) {
-        session.shell().print(L"The line is too long: type " + std::to_wstring(kLongestLine) +
-                              L" characters at the most.\n");
+        session.window().print(L"The line is too long: type " + std::to_wstring(kLongestLine) +
+                               L" characters at the most.\n");
         return;
     }
     const CommandText command = parseCommand(line);
     if (command.name.empty())
         return;
-    session.shell().echo(L"Command: " + shortened(line) + L"\n");
+    session.window().echo(L"Command: " + shortened(line) + L"\n");
     const std::wstring name = command.name.substr(0, 60);
     try {
         runCommand(session, command);
     } catch (const std::exception& failure) {
-        session.shell().showFailure(name + L" failed: " + widened(failure.what()) + L".");
+        session.window().showFailure(name + L" failed: " + widened(failure.what()) + L".");
     } catch (...) {
-        session.shell().showFailure(name + L" failed for an unknown reason.");
+        session.window().showFailure(name + L" failed for an unknown reason.");
     }
 }
 

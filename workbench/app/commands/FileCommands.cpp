@@ -23,22 +23,22 @@ void saveAs(Session& session, const CommandText& text) {
 }
 
 void script(Session& session, const CommandText& text) {
-    const auto path = text.argument.empty() ? session.shell().chooseScript() : text.argument;
+    const auto path = text.argument.empty() ? session.window().chooseScript() : text.argument;
     if (!path) {
-        session.shell().tellNothingChosen();
+        session.window().tellNothingChosen();
         return;
     }
     std::wstring problem;
     const std::vector<std::wstring> lines = readScript(*path, problem);
-    if (problem.empty() && !session.shell().runScript(lines))
+    if (problem.empty() && !session.window().runScript(lines))
         problem = L"The script " + quotation(*path) +
                   L" isn't run, because too many scripts wait for each other: look for one that runs itself.";
-    session.shell().print(problem.empty() ? L"Running " + *path + L".\n" : problem + L"\n");
+    session.window().print(problem.empty() ? L"Running " + *path + L".\n" : problem + L"\n");
 }
 
 void quit(Session& session, const CommandText&) {
     if (session.mayClose())
-        session.shell().quit();
+        session.window().quit();
 }
 
 } // namespace workbench::commands

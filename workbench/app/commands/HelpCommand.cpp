@@ -42,17 +42,17 @@ std::wstring explanation(const Command& command) {
 
 void help(Session& session, const CommandText& text) {
     if (text.words.empty()) {
-        session.shell().print(overview());
+        session.window().print(overview());
         return;
     }
     const std::wstring& name = text.argument;
     if (const Command* command = findCommand(name))
-        session.shell().print(explanation(*command));
+        session.window().print(explanation(*command));
     else if (const KelEdCommand* registered = runtime::commandStack().lookup(name.c_str()))
-        session.shell().print(std::wstring(registered->globalName()) + L" - From the module group " +
-                              registered->groupName() + L".\n");
+        session.window().print(std::wstring(registered->globalName()) + L" - From the module group " +
+                               registered->groupName() + L".\n");
     else
-        session.shell().print(L"There is no command " + quotation(name) + L": HELP alone lists them.\n");
+        session.window().print(L"There is no command " + quotation(name) + L": HELP alone lists them.\n");
 }
 
 } // namespace workbench::commands

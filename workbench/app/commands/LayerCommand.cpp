@@ -38,7 +38,7 @@ void editLayers(Session& session, const std::vector<std::size_t>& layers, const 
         text += (changed > 0 ? L"; " : L"") + layerQuotation(session, session.drawing().currentLayer) +
                 L" is the current layer, which can't be frozen: make another one current first";
     if (!text.empty())
-        session.shell().print(text + L".\n");
+        session.window().print(text + L".\n");
 }
 
 void setFlag(Session& session, std::span<const std::wstring> words, unsigned flag, bool set, const wchar_t* done) {
@@ -74,7 +74,7 @@ void setYesNo(Session& session, const Words& words, const Question& question) {
         setFlag(session, behind(words, 1), question.flag, *answer == question.setByYes,
                 *answer ? question.yes : question.no);
     else
-        session.shell().print(quotation(words[0]) + L" is neither yes nor no: give one of them.\n");
+        session.window().print(quotation(words[0]) + L" is neither yes nor no: give one of them.\n");
 }
 
 std::wstring reasonOf(Vorn::ErrorStatus status) {
@@ -99,7 +99,7 @@ std::wstring reasonOf(Vorn::ErrorStatus status) {
 }
 
 void tell(Session& session, Vorn::ErrorStatus status, const std::wstring& done, const std::wstring& failed) {
-    session.shell().print(status == Vorn::eOk ? done + L".\n" : failed + L", because " + reasonOf(status) + L".\n");
+    session.window().print(status == Vorn::eOk ? done + L".\n" : failed + L", because " + reasonOf(status) + L".\n");
 }
 
 /// The layer of exactly that name; none when it has been told that there is none.
@@ -107,7 +107,7 @@ std::optional<std::size_t> layerOf(Session& session, const std::wstring& word) {
     const std::size_t layer = engine::layerIndex(session.database(), unquoted(word));
     if (layer != zdr::kNone)
         return layer;
-    session.shell().print(L"No layer is called " + quotation(unquoted(word)) + L": LAYER LIST shows the names.\n");
+    session.window().print(L"No layer is called " + quotation(unquoted(word)) + L": LAYER LIST shows the names.\n");
     return std::nullopt;
 }
 
@@ -135,7 +135,7 @@ std::vector<std::wstring> namesIn(const Words& words) {
 void makeLayers(Session& session, const Words& words) {
     const std::vector<std::wstring> names = namesIn(words);
     if (names.empty()) {
-        session.shell().print(L"No layer is named: give names with commas between.\n");
+        session.window().print(L"No layer is named: give names with commas between.\n");
         return;
     }
     std::size_t made = 0;
@@ -151,7 +151,7 @@ void makeLayers(Session& session, const Words& words) {
         }
     });
     const std::wstring done = made > 0 ? layersAre(made) + L" made" : layersAre(names.size()) + L" there already";
-    session.shell().print((failure.empty() ? done : failure) + L".\n");
+    session.window().print((failure.empty() ? done : failure) + L".\n");
 }
 
 void make(Session& session, const Words& words) {
@@ -198,7 +198,7 @@ void remove(Session& session, const Words& words) {
         }
     });
     const std::wstring done = removed > 0 || failure.empty() ? layersAre(removed) + L" deleted" : std::wstring();
-    session.shell().print(done + (done.empty() || failure.empty() ? L"" : L"; ") + failure + L".\n");
+    session.window().print(done + (done.empty() || failure.empty() ? L"" : L"; ") + failure + L".\n");
 }
 
 /// An open object, closed at the end.
@@ -274,7 +274,7 @@ void list(Session& session, const Words& words) {
         text += std::to_wstring(layers->size() - most) + L" more: a pattern such as A* shows fewer.\n";
     else if (layers->size() > 1)
         text += layersAre(layers->size()) + L" listed.\n";
-    session.shell().print(text);
+    session.window().print(text);
 }
 
 constexpr Count kNames{1, kMany};

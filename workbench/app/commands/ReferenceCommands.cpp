@@ -91,9 +91,9 @@ std::vector<std::size_t> referencesNamed(Session& session, const CommandText& te
     std::vector<std::wstring> names;
     for (const zdr::Reference& reference : references)
         names.push_back(quotedWhereNeeded(reference.name));
-    session.shell().print(names.empty() ? std::wstring(L"No drawing is attached: ATTACH attaches one.\n")
-                                        : L"No reference is called " + quotation(text.argument) + L": give " +
-                                              listed(names) + L", or * for all.\n");
+    session.window().print(names.empty() ? std::wstring(L"No drawing is attached: ATTACH attaches one.\n")
+                                         : L"No reference is called " + quotation(text.argument) + L": give " +
+                                               listed(names) + L", or * for all.\n");
     return found;
 }
 
@@ -104,9 +104,9 @@ std::wstring nameOf(const Session& session, std::size_t reference) {
 } // namespace
 
 void attach(Session& session, const CommandText& text) {
-    const auto chosen = text.words.empty() ? session.shell().chooseFileToOpen() : unquoted(text.words[0]);
+    const auto chosen = text.words.empty() ? session.window().chooseFileToOpen() : unquoted(text.words[0]);
     if (!chosen) {
-        session.shell().tellNothingChosen();
+        session.window().tellNothingChosen();
         return;
     }
     zdr::Reference reference;
@@ -123,13 +123,13 @@ void attach(Session& session, const CommandText& text) {
             problem = L"The drawing can't be shown.";
     }
     if (!reference.drawing) {
-        session.shell().print(problem + L"\n");
+        session.window().print(problem + L"\n");
         return;
     }
     zdr::Drawing drawing = session.drawing();
     drawing.references.push_back(reference);
     session.rebuild(std::move(drawing));
-    session.shell().print(quotation(reference.name) + L" is attached." + kForGood);
+    session.window().print(quotation(reference.name) + L" is attached." + kForGood);
 }
 
 void reload(Session& session, const CommandText& text) {
@@ -140,14 +140,14 @@ void reload(Session& session, const CommandText& text) {
         if (drawing)
             engine::attachReference(session.database(), reference, drawing);
         else
-            session.shell().print(nameOf(session, reference) + L" stays as it is: " + reason + L"\n");
+            session.window().print(nameOf(session, reference) + L" stays as it is: " + reason + L"\n");
         done += drawing != nullptr;
     }
     if (done == 0)
         return;
-    session.shell().drawingChanged();
-    session.shell().print((done == 1 ? L"1 reference is" : std::to_wstring(done) + L" references are") +
-                          std::wstring(L" read again.") + kForGood);
+    session.window().drawingChanged();
+    session.window().print((done == 1 ? L"1 reference is" : std::to_wstring(done) + L" references are") +
+                           std::wstring(L" read again.") + kForGood);
 }
 
 void unload(Session& session, const CommandText& text) {
@@ -156,10 +156,10 @@ void unload(Session& session, const CommandText& text) {
         return;
     for (const std::size_t reference : references)
         engine::attachReference(session.database(), reference, nullptr);
-    session.shell().drawingChanged();
-    session.shell().print((references.size() == 1 ? nameOf(session, references[0]) + L" is"
-                                                  : std::to_wstring(references.size()) + L" references are") +
-                          L" left out until RELOAD." + kForGood);
+    session.window().drawingChanged();
+    session.window().print((references.size() == 1 ? nameOf(session, references[0]) + L" is"
+                                                   : std::to_wstring(references.size()) + L" references are") +
+                           L" left out until RELOAD." + kForGood);
 }
 
 void detach(Session& session, const CommandText& text) {
@@ -173,7 +173,7 @@ void detach(Session& session, const CommandText& text) {
     for (auto reference = references.rbegin(); reference != references.rend(); ++reference)
         drawing = withoutReference(std::move(drawing), *reference);
     session.rebuild(std::move(drawing));
-    session.shell().print(what + L" detached." + kForGood);
+    session.window().print(what + L" detached." + kForGood);
 }
 
 } // namespace workbench::commands

@@ -81,9 +81,9 @@ void setTileMode(Session& session, const std::wstring& value) {
     if (value == L"1")
         session.showModel();
     else if (value != L"0")
-        session.shell().print(L"TILEMODE takes 1 for model space or 0 for a layout.\n");
+        session.window().print(L"TILEMODE takes 1 for model space or 0 for a layout.\n");
     else if (drawing.layouts.empty())
-        session.shell().print(L"The drawing has no layout that TILEMODE could show: leave it at 1.\n");
+        session.window().print(L"The drawing has no layout that TILEMODE could show: leave it at 1.\n");
     else
         session.showTab(drawing.activeLayout.value_or(0) + 1);
 }
@@ -91,7 +91,7 @@ void setTileMode(Session& session, const std::wstring& value) {
 void setCurrentViewport(Session& session, const std::wstring& value) {
     const int number = parseViewportNumber(value);
     if (number < 0)
-        session.shell().print(L"CVPORT takes the number of a viewport, or 0 for the paper.\n");
+        session.window().print(L"CVPORT takes the number of a viewport, or 0 for the paper.\n");
     else
         session.makeViewportCurrent(number);
 }
@@ -121,7 +121,7 @@ void listAll(Session& session) {
     for (const std::wstring& name : runtime::systemVariableNames())
         if (const VariableRead read(name); read.isFound())
             text += name + L" = " + read.text() + L"\n";
-    session.shell().print(text);
+    session.window().print(text);
 }
 
 void set(Session& session, const std::wstring& name, const std::wstring& typed, int type) {
@@ -135,14 +135,14 @@ void set(Session& session, const std::wstring& name, const std::wstring& typed, 
     const Vorn::ErrorStatus status =
         value ? runtime::setSystemVariable(name.c_str(), *value) : Vorn::ErrorStatus{Vorn::eInvalidInput};
     if (status == Vorn::eOk) {
-        session.shell().print(name + L" = " + VariableRead(name).text() + L"\n");
-        session.shell().drawingChanged(); // LTSCALE changes how it looks
+        session.window().print(name + L" = " + VariableRead(name).text() + L"\n");
+        session.window().drawingChanged(); // LTSCALE changes how it looks
     } else if (status == Vorn::eNotApplicable)
-        session.shell().print(name + L" tells about the drawing: SETVAR can only show it.\n");
+        session.window().print(name + L" tells about the drawing: SETVAR can only show it.\n");
     else if (value) // of the right type, but refused
-        session.shell().print(quotation(typed) + L" is no value of " + name + L": give a number above 0.\n");
+        session.window().print(quotation(typed) + L" is no value of " + name + L": give a number above 0.\n");
     else
-        session.shell().print(
+        session.window().print(
             quotation(typed) + L" is no value of " + name +
             (type == kVariableReal || type == kVariableAngle ? L": give a number.\n" : L": give a whole number.\n"));
 }
@@ -157,10 +157,10 @@ void setVariable(Session& session, const CommandText& text) {
     std::wstring name = zdr::foldCase(unquoted(text.words[0]));
     const VariableRead read(name);
     if (!read.isFound())
-        session.shell().print(L"There is no system variable " + quotation(unquoted(text.words[0])) +
-                              L": SETVAR alone lists them.\n");
+        session.window().print(L"There is no system variable " + quotation(unquoted(text.words[0])) +
+                               L": SETVAR alone lists them.\n");
     else if (text.words.size() == 1)
-        session.shell().print(name + L" = " + read.text() + L"\n");
+        session.window().print(name + L" = " + read.text() + L"\n");
     else
         set(session, name, text.words[1], read.type());
 }

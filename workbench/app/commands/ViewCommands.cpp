@@ -18,8 +18,8 @@ constexpr Option kZoomOptions[] = {
      Offer::Nothing,
      Offer::Nothing,
      [](Session& session, const Words&) {
-         session.shell().zoomExtents();
-         session.shell().print(L"All of the drawing is shown.\n");
+         session.window().zoomExtents();
+         session.window().print(L"All of the drawing is shown.\n");
      }},
     {L"IN",
      nullptr,
@@ -29,8 +29,8 @@ constexpr Option kZoomOptions[] = {
      Offer::Nothing,
      Offer::Nothing,
      [](Session& session, const Words&) {
-         session.shell().zoomBy(kZoomStep);
-         session.shell().print(L"Zoomed in.\n");
+         session.window().zoomBy(kZoomStep);
+         session.window().print(L"Zoomed in.\n");
      }},
     {L"OUT",
      nullptr,
@@ -40,8 +40,8 @@ constexpr Option kZoomOptions[] = {
      Offer::Nothing,
      Offer::Nothing,
      [](Session& session, const Words&) {
-         session.shell().zoomBy(1 / kZoomStep);
-         session.shell().print(L"Zoomed out.\n");
+         session.window().zoomBy(1 / kZoomStep);
+         session.window().print(L"Zoomed out.\n");
      }},
 };
 
@@ -70,14 +70,14 @@ void layout(Session& session, const CommandText& text) {
 void viewport(Session& session, const CommandText& text) {
     const int number = parseViewportNumber(text.argument);
     if (number < 0)
-        session.shell().print(L"VPORT takes the number of a viewport, or NONE.\n");
+        session.window().print(L"VPORT takes the number of a viewport, or NONE.\n");
     else
         session.makeViewportCurrent(number);
 }
 
 void regenerate(Session& session, const CommandText&) {
-    session.shell().drawingChanged();
-    session.shell().print(L"Everything is drawn anew.\n");
+    session.window().drawingChanged();
+    session.window().print(L"Everything is drawn anew.\n");
 }
 
 } // namespace workbench::commands

@@ -36,7 +36,7 @@ Handles viewportsNamed(const zdr::Layout& layout, const std::wstring& name) {
 std::optional<Target> targetOf(Session& session, const Words& words) {
     const zdr::Drawing& drawing = session.drawing();
     if (!drawing.activeLayout) {
-        session.shell().print(L"The model tab has no viewports: LAYOUT shows a layout.\n");
+        session.window().print(L"The model tab has no viewports: LAYOUT shows a layout.\n");
         return std::nullopt;
     }
     const std::span<const std::wstring> all(words);
@@ -45,13 +45,13 @@ std::optional<Target> targetOf(Session& session, const Words& words) {
                       viewportsNamed(drawing.layouts[*drawing.activeLayout], words.back())};
         if (!target.viewports.empty())
             return target;
-        session.shell().print(L"The layout has no viewport " + quotation(words.back()) +
-                              L": give the number of one, or ALL.\n");
+        session.window().print(L"The layout has no viewport " + quotation(words.back()) +
+                               L": give the number of one, or ALL.\n");
         return std::nullopt;
     }
     if (drawing.currentViewport)
         return Target{all, {*drawing.currentViewport}};
-    session.shell().print(L"No viewport is current: VPORT makes one so, or end the line with IN and its number.\n");
+    session.window().print(L"No viewport is current: VPORT makes one so, or end the line with IN and its number.\n");
     return std::nullopt;
 }
 
@@ -72,7 +72,7 @@ void editViewports(Session& session, const Target& target, std::size_t firstName
             for (const std::size_t layer : *layers)
                 edit(database, viewport, layer);
     });
-    session.shell().print(layersAre(layers->size()) + L' ' + done + whereText(target));
+    session.window().print(layersAre(layers->size()) + L' ' + done + whereText(target));
 }
 
 zdr::ViewportOverride overrideOf(const KelDbDatabase& database, zdr::Handle viewport, std::size_t layer) {
@@ -100,7 +100,7 @@ void override(Session& session, const Words& words, std::uint32_t bit, Read read
     if (!target)
         return;
     if (target->words.empty()) {
-        session.shell().print(L"VPLAYER lacks a value: give one before IN.\n");
+        session.window().print(L"VPLAYER lacks a value: give one before IN.\n");
         return;
     }
     const auto value = read(session, target->words[0]);

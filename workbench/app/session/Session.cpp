@@ -65,7 +65,7 @@ class UndoGroup {
 
 } // namespace
 
-Session::Session(Shell& shell) : m_shell(shell) {
+Session::Session(SessionWindow& window) : m_window(window) {
     runtime::openDocument(std::make_unique<KelDbDatabase>(true, false), {});
     m_savedCount = engine::changeCount(database());
 }
@@ -107,8 +107,8 @@ void Session::newDrawing() {
     if (!mayClose())
         return;
     replaceDrawing(engine::makeNewDrawing(), {}, {});
-    m_shell.drawingReplaced();
-    m_shell.print(L"A new drawing is open.\n");
+    m_window.drawingReplaced();
+    m_window.print(L"A new drawing is open.\n");
 }
 
 std::optional<Session::ReadDrawing> Session::readDrawing(const std::wstring& path) {
@@ -117,15 +117,15 @@ std::optional<Session::ReadDrawing> Session::readDrawing(const std::wstring& pat
     const Vorn::ErrorStatus status = zdr::readDrawingFile(path, read.drawing, reason, &read.stamp);
     if (status == Vorn::eOk)
         return read;
-    m_shell.showFailure(
+    m_window.showFailure(
         advised(reason, status == Vorn::eFileNotFound ? L"check its name and folder" : L"choose another one"));
     return std::nullopt;
 }
 
 void Session::open(const std::wstring& path) {
-    const auto chosen = path.empty() ? m_shell.chooseFileToOpen() : path;
+    const auto chosen = path.empty() ? m_window.chooseFileToOpen() : path;
     if (!chosen) {
-        m_shell.tellNothingChosen();
+        m_window.tellNothingChosen();
         return;
     }
     const std::wstring full = fullPath(*chosen);
@@ -139,32 +139,32 @@ void Session::open(const std::wstring& path) {
     std::vector<zdr::ReferenceProblem> problems;
     zdr::resolveReferences(read->drawing, full, problems);
     replaceDrawing(std::move(read->drawing), full, read->stamp);
-    m_shell.drawingReplaced();
+    m_window.drawingReplaced();
     for (const zdr::ReferenceProblem& problem : problems)
-        m_shell.print(L"Reference \"" + problem.name + L"\" is not shown: " + problem.reason + L"\n");
-    m_shell.print(L"Opened " + full + L".\n");
+        m_window.print(L"Reference \"" + problem.name + L"\" is not shown: " + problem.reason + L"\n");
+    m_window.print(L"Opened " + full + L".\n");
 }
 
 bool Session::write(const std::wstring& path, zdr::FileStamp stamp) {
     std::wstring reason;
     Vorn::ErrorStatus status = zdr::writeDrawingFile(path, drawing(), reason, stamp);
     if (status == Vorn::eFileChangedOnDisk) {
-        if (!m_shell.askToOverwrite(reason)) {
-            m_shell.print(L"The file stays as it is, and the drawing isn't saved.\n");
+        if (!m_window.askToOverwrite(reason)) {
+            m_window.print(L"The file stays as it is, and the drawing isn't saved.\n");
             return false;
         }
         status = zdr::writeDrawingFile(path, drawing(), reason, stamp, zdr::Overwrite::Always);
     }
     if (status != Vorn::eOk) {
-        m_shell.showFailure(advised(reason, L"choose another name or folder by SAVEAS"));
+        m_window.showFailure(advised(reason, L"choose another name or folder by SAVEAS"));
         return false;
     }
     m_path = path;
     m_stamp = stamp;
     m_savedCount = engine::changeCount(database());
     runtime::currentDocument()->setPath(path);
-    m_shell.drawingReplaced();
-    m_shell.print(L"Saved " + path + L".\n");
+    m_window.drawingReplaced();
+    m_window.print(L"Saved " + path + L".\n");
     return true;
 }
 
@@ -174,9 +174,9 @@ bool Session::save() {
 
 bool Session::saveAs(const std::wstring& path) {
     const std::wstring proposal = m_path.empty() ? name() + kExtension : m_path;
-    const auto chosen = path.empty() ? m_shell.chooseFileToSave(proposal) : path;
+    const auto chosen = path.empty() ? m_window.chooseFileToSave(proposal) : path;
     if (!chosen) {
-        m_shell.tellNothingChosen();
+        m_window.tellNothingChosen();
         return false;
     }
     const std::wstring full = fullPath(*chosen);
@@ -186,7 +186,7 @@ bool Session::saveAs(const std::wstring& path) {
 bool Session::mayClose() {
     if (!isModified())
         return true;
-    switch (m_shell.askToSave(name())) {
+    switch (m_window.askToSave(name())) {
     case SaveAnswer::Save:
         return save();
     case SaveAnswer::Discard:
@@ -194,26 +194,26 @@ bool Session::mayClose() {
     case SaveAnswer::Cancel:
         break;
     }
-    m_shell.print(L"The drawing stays open.\n");
+    m_window.print(L"The drawing stays open.\n");
     return false;
 }
 
 void Session::undo() {
     if (!engine::undo(database())) {
-        m_shell.print(L"There is nothing to undo: change the drawing first.\n");
+        m_window.print(L"There is nothing to undo: change the drawing first.\n");
         return;
     }
-    m_shell.print(L"The last change is undone.\n");
-    m_shell.drawingChanged();
+    m_window.print(L"The last change is undone.\n");
+    m_window.drawingChanged();
 }
 
 void Session::redo() {
     if (!engine::redo(database())) {
-        m_shell.print(L"There is nothing to redo: take a change back by UNDO first.\n");
+        m_window.print(L"There is nothing to redo: take a change back by UNDO first.\n");
         return;
     }
-    m_shell.print(L"The change is made again.\n");
-    m_shell.drawingChanged();
+    m_window.print(L"The change is made again.\n");
+    m_window.drawingChanged();
 }
 
 // What is looked at is kept in the file, but having looked is no change that has to be saved.
@@ -223,7 +223,7 @@ template <class Change> bool Session::changeView(Change change) {
         return false;
     if (!wasModified)
         m_savedCount = engine::changeCount(database());
-    m_shell.drawingChanged();
+    m_window.drawingChanged();
     return true;
 }
 
@@ -237,12 +237,12 @@ bool Session::showViewport(std::optional<zdr::Handle> viewport) {
 
 void Session::showModel() {
     if (showSpace(std::nullopt))
-        m_shell.print(L"Model space is shown.\n");
+        m_window.print(L"Model space is shown.\n");
 }
 
 void Session::showSheet(std::size_t layout) {
     if (showSpace(layout))
-        m_shell.print(L"The layout " + quotation(drawing().layouts[layout].name) + L" is shown.\n");
+        m_window.print(L"The layout " + quotation(drawing().layouts[layout].name) + L" is shown.\n");
 }
 
 void Session::showLayout(const std::wstring& name) {
@@ -262,8 +262,8 @@ void Session::showLayout(const std::wstring& name) {
     std::vector<std::wstring> names;
     for (const zdr::Layout& layout : layouts)
         names.push_back(quotation(layout.name));
-    m_shell.print(L"The drawing has no layout " + quotation(name) +
-                  (names.empty() ? L": MODEL shows all that it has.\n" : L": give one of " + listed(names) + L".\n"));
+    m_window.print(L"The drawing has no layout " + quotation(name) +
+                   (names.empty() ? L": MODEL shows all that it has.\n" : L": give one of " + listed(names) + L".\n"));
 }
 
 void Session::showTab(std::size_t tab) {
@@ -276,12 +276,12 @@ void Session::showTab(std::size_t tab) {
 void Session::makeViewportCurrent(int number) {
     const auto active = drawing().activeLayout;
     if (!active) {
-        m_shell.print(L"The model tab has no viewports: LAYOUT shows a layout.\n");
+        m_window.print(L"The model tab has no viewports: LAYOUT shows a layout.\n");
         return;
     }
     if (number == 0) {
         if (showViewport(std::nullopt))
-            m_shell.print(L"The paper of the layout is current.\n");
+            m_window.print(L"The paper of the layout is current.\n");
         return;
     }
     const auto& viewports = drawing().layouts[*active].viewports;
@@ -289,32 +289,32 @@ void Session::makeViewportCurrent(int number) {
                                     [number](const zdr::Viewport& viewport) { return viewport.number == number; });
     if (found != viewports.end()) {
         if (showViewport(found->handle))
-            m_shell.print(L"Viewport " + std::to_wstring(number) + L" is current.\n");
+            m_window.print(L"Viewport " + std::to_wstring(number) + L" is current.\n");
         return;
     }
     std::vector<std::wstring> numbers;
     for (const zdr::Viewport& viewport : viewports)
         if (viewport.number > 0)
             numbers.push_back(std::to_wstring(viewport.number));
-    m_shell.print(L"The layout has no viewport " + std::to_wstring(number) + L": give " +
-                  (numbers.empty() ? L"" : listed(numbers) + L", or ") + L"NONE.\n");
+    m_window.print(L"The layout has no viewport " + std::to_wstring(number) + L": give " +
+                   (numbers.empty() ? L"" : listed(numbers) + L", or ") + L"NONE.\n");
 }
 
 void Session::change(const std::function<void(KelDbDatabase&)>& step) {
     {
         const Transaction transaction(*runtime::currentDocument()->transactionManager());
         if (!transaction.isStarted()) {
-            m_shell.print(L"The drawing can't be changed now: end what is under way and try again.\n");
+            m_window.print(L"The drawing can't be changed now: end what is under way and try again.\n");
             return;
         }
         step(database());
     }
-    m_shell.drawingChanged();
+    m_window.drawingChanged();
 }
 
 void Session::rebuild(zdr::Drawing drawing) {
     engine::replaceDrawing(database(), std::move(drawing));
-    m_shell.drawingChanged();
+    m_window.drawingChanged();
 }
 
 void Session::runModuleCommand(void (*function)()) {

@@ -1,8 +1,8 @@
 // The drawing at work: opened, saved, undone, looked at from its spaces. It decides without a window; what it has to
-// tell or to ask goes through the Shell.
+// tell or to ask goes through the SessionWindow.
 #pragma once
 
-#include "Shell.h"
+#include "SessionWindow.h"
 
 #include "files/FileStamp.h"
 #include "model/Drawing.h"
@@ -17,12 +17,12 @@ namespace workbench {
 class Session {
   public:
     /// Starts with a new drawing.
-    explicit Session(Shell& shell);
+    explicit Session(SessionWindow& window);
     ~Session();
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
-    Shell& shell() { return m_shell; }
+    SessionWindow& window() { return m_window; }
     KelDbDatabase& database() const;
     const zdr::Drawing& drawing() const;
     /// The drawing's file name without its folder, or a name for one that was never saved.
@@ -71,7 +71,7 @@ class Session {
     bool showViewport(std::optional<zdr::Handle> viewport);
     void showSheet(std::size_t layout);
 
-    Shell& m_shell;
+    SessionWindow& m_window;
     std::wstring m_path;
     zdr::FileStamp m_stamp;
     std::uint64_t m_savedCount = 0; ///< of changes, when the drawing was opened or last saved

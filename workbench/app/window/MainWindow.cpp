@@ -1,5 +1,5 @@
-// See MainWindow.h. The commands stand in commands/Commands.cpp; here they are only started. What they and the host ask of
-// the window is in MainWindowShell.cpp.
+// See MainWindow.h. The commands stand in commands/Commands.cpp; here they are only started. What they and the host ask
+// of the window is in MainWindowAnswers.cpp.
 
 #include "MainWindow.h"
 
@@ -125,7 +125,7 @@ BOOL MainWindow::createWindow() {
         return FALSE;
     // Only now it is known on which display it stands.
     SetWindowPos(nullptr, 0, 0, m_look.px(1100), m_look.px(760), SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    m_session = std::make_unique<Session>(static_cast<Shell&>(*this));
+    m_session = std::make_unique<Session>(static_cast<SessionWindow&>(*this));
     runtime::setDisplayObserver(this);
     runtime::setOutputSink([this](const std::wstring& text) { print(text); });
     drawingReplaced();

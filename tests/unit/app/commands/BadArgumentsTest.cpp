@@ -21,7 +21,7 @@ class BadArgumentsTest : public CommandFixture {
     BadArgumentsTest() {
         // Something to lose, and nothing to ask about.
         run(L"LAYER NEW Walls");
-        shell.saveAnswer = workbench::SaveAnswer::Cancel;
+        window.saveAnswer = workbench::SaveAnswer::Cancel;
     }
     /// Runs a line that has to be refused in one sentence.
     void expectRefusal(const std::wstring& line) {
@@ -32,7 +32,7 @@ class BadArgumentsTest : public CommandFixture {
         EXPECT_THAT(said, EndsWith(L".\n")) << about;
         EXPECT_EQ(std::ranges::count(said, L'\n'), 1) << about;
         EXPECT_LT(said.size(), 600u) << about << ": a message that long can't be read";
-        EXPECT_THAT(shell.failures, IsEmpty()) << about;
+        EXPECT_THAT(window.failures, IsEmpty()) << about;
         EXPECT_EQ(engine::changeCount(session.database()), before) << about << ": the drawing was changed";
     }
 };
@@ -51,7 +51,7 @@ TEST_F(BadArgumentsTest, TooFewAreToldWithTheUsage) {
 TEST_F(BadArgumentsTest, TooManyAreToldWithTheUsage) {
     for (const std::wstring& line : bad::linesWithTooMany()) {
         expectRefusal(line);
-        EXPECT_THAT(shell.printed,
+        EXPECT_THAT(window.printed,
                     AnyOf(HasSubstr(L" has too many arguments: type "), HasSubstr(L" takes no arguments: type ")));
     }
     EXPECT_EQ(run(L"NEW word"), L"NEW takes no arguments: type NEW alone.\n");
@@ -73,8 +73,8 @@ TEST_F(BadArgumentsTest, EnormousOnesAreRefusedByEveryCommand) {
         expectRefusal(line + kEnormous);
     for (const std::wstring line : {L"OPEN ", L"SAVEAS "}) {
         run(line + kEnormous);
-        EXPECT_EQ(shell.failures.size(), 1u) << "a file that can't be used is told so that it can't be missed";
-        shell.failures.clear();
+        EXPECT_EQ(window.failures.size(), 1u) << "a file that can't be used is told so that it can't be missed";
+        window.failures.clear();
     }
 }
 
@@ -90,8 +90,8 @@ TEST_F(BadArgumentsTest, EnormousOnesAreRefusedInAViewportToo) {
 
 TEST_F(BadArgumentsTest, AnEnormousLineIsEchoedByItsBeginning) {
     run(L"LAYER SET " + kEnormous);
-    EXPECT_THAT(shell.printed, StartsWith(L"Command: LAYER SET xxx"));
-    EXPECT_EQ(shell.printed.find(L"...\n"), std::wstring(L"Command: ").size() + 1000);
+    EXPECT_THAT(window.printed, StartsWith(L"Command: LAYER SET xxx"));
+    EXPECT_EQ(window.printed.find(L"...\n"), std::wstring(L"Command: ").size() + 1000);
 }
 
 TEST_F(BadArgumentsTest, ALineBeyondAllMeasureIsRefusedAsAWhole) {
@@ -107,13 +107,13 @@ TEST_F(BadArgumentsTest, WrongValuesAreToldWithThoseThatAreRight) {
 
 TEST_F(BadArgumentsTest, AFileThatCantBeUsedIsToldWithWhatToDo) {
     run(L"OPEN " + path("nowhere.zdr"));
-    EXPECT_EQ(shell.failures.at(0),
+    EXPECT_EQ(window.failures.at(0),
               L"The file \"" + path("nowhere.zdr") + L"\" doesn't exist: check its name and folder.");
     writeBytes("text.zdr", "This is no drawing.");
     run(L"OPEN " + path("text.zdr"));
-    EXPECT_THAT(shell.failures.at(1), EndsWith(L": choose another one."));
+    EXPECT_THAT(window.failures.at(1), EndsWith(L": choose another one."));
     run(L"SAVEAS " + path("nowhere/a.zdr"));
-    EXPECT_THAT(shell.failures.at(2), EndsWith(L": choose another name or folder by SAVEAS."));
+    EXPECT_THAT(window.failures.at(2), EndsWith(L": choose another name or folder by SAVEAS."));
     EXPECT_THAT(run(L"ATTACH " + path("nowhere.zdr")),
                 EndsWith(L"doesn't exist: check the path, or attach another one.\n"));
 }

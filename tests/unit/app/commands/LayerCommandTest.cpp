@@ -22,7 +22,7 @@ class LayerCommandTest : public CommandFixture {
         const unsigned before = flags(L"Walls");
         EXPECT_EQ(run(line), said);
         EXPECT_EQ(flags(L"Walls"), expected);
-        EXPECT_GT(shell.changed, 0) << "the view is told";
+        EXPECT_GT(window.changed, 0) << "the view is told";
         run(L"UNDO");
         EXPECT_EQ(flags(L"Walls"), before) << "after UNDO";
         run(L"REDO");

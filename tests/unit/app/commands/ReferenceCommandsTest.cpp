@@ -36,7 +36,7 @@ TEST_F(ReferenceCommandsTest, AttachBringsTheLayersAndStatesIn) {
     EXPECT_TRUE(hasLayer(L"site!Trees"));
     EXPECT_TRUE(hasState(L"site!All"));
     EXPECT_TRUE(session.isModified());
-    EXPECT_GT(shell.changed, 0);
+    EXPECT_GT(window.changed, 0);
     EXPECT_EQ(drawing().references.at(0).path, path("site.zdr"));
 }
 
@@ -71,7 +71,7 @@ TEST_F(ReferenceCommandsTest, AttachKeepsAPathBesideTheDrawingShort) {
 TEST_F(ReferenceCommandsTest, AttachAsksForAPathThatWasntGiven) {
     run(L"ATTACH");
     EXPECT_TRUE(drawing().references.empty());
-    shell.chosenFile = path("site.zdr");
+    window.chosenFile = path("site.zdr");
     run(L"ATTACH");
     EXPECT_EQ(drawing().references.size(), 1u);
 }
@@ -152,7 +152,7 @@ TEST_F(ReferenceCommandsTest, DetachTakesLayersAndStatesOut) {
     EXPECT_EQ(drawing().references.size(), 0u);
     run(L"SAVEAS " + path("house.zdr"));
     run(L"OPEN " + path("house.zdr"));
-    EXPECT_TRUE(shell.failures.empty()) << "the file holds together";
+    EXPECT_TRUE(window.failures.empty()) << "the file holds together";
     EXPECT_EQ(drawing().layers.size(), 2u);
 }
 

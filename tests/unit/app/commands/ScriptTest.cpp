@@ -14,23 +14,23 @@ using ScriptTest = CommandFixture;
 TEST_F(ScriptTest, RunsTheLinesOfAFile) {
     writeBytes("a b.scr", "\xEF\xBB\xBFMODEL\r\n; a comment\r\n\r\nLAYER NEW T\xC3\xBCr\n");
     EXPECT_EQ(run(L"SCRIPT \"" + path("a b.scr") + L"\""), L"Running " + path("a b.scr") + L".\n");
-    EXPECT_THAT(shell.scriptLines, ElementsAre(L"MODEL", L"LAYER NEW T\u00FCr"));
+    EXPECT_THAT(window.scriptLines, ElementsAre(L"MODEL", L"LAYER NEW T\u00FCr"));
 }
 
 TEST_F(ScriptTest, AsksForAPathThatWasntGiven) {
     writeBytes("a.scr", "MODEL\n");
     EXPECT_EQ(run(L"SCRIPT"), L"No file is chosen, and nothing has changed.\n");
-    shell.chosenFile = path("a.scr");
+    window.chosenFile = path("a.scr");
     EXPECT_EQ(run(L"SCRIPT"), L"Running " + path("a.scr") + L".\n");
-    EXPECT_THAT(shell.scriptLines, ElementsAre(L"MODEL"));
-    EXPECT_THAT(shell.questions, ElementsAre(L"script", L"script"));
+    EXPECT_THAT(window.scriptLines, ElementsAre(L"MODEL"));
+    EXPECT_THAT(window.questions, ElementsAre(L"script", L"script"));
 }
 
 TEST_F(ScriptTest, AnEmptyFileIsAScript) {
     writeBytes("empty.scr", "");
     run(L"SCRIPT " + path("empty.scr"));
-    EXPECT_THAT(shell.printed, EndsWith(L"Running " + path("empty.scr") + L".\n"));
-    EXPECT_THAT(shell.scriptLines, IsEmpty());
+    EXPECT_THAT(window.printed, EndsWith(L"Running " + path("empty.scr") + L".\n"));
+    EXPECT_THAT(window.scriptLines, IsEmpty());
 }
 
 TEST_F(ScriptTest, TellsWhenTheFileCantBeRead) {
@@ -43,7 +43,7 @@ TEST_F(ScriptTest, TellsWhenTheFileCantBeRead) {
 
 TEST_F(ScriptTest, TellsWhenScriptsGoTooDeep) {
     writeBytes("a.scr", "MODEL\n");
-    shell.takesScripts = false;
+    window.takesScripts = false;
     EXPECT_THAT(run(L"SCRIPT " + path("a.scr")), EndsWith(L"look for one that runs itself.\n"));
 }
 

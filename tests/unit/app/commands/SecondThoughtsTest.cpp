@@ -17,26 +17,26 @@ TEST_F(SecondThoughtsTest, AboutAFileAreTold) {
     for (const wchar_t* line : {L"OPEN", L"SAVE", L"SAVEAS", L"ATTACH", L"SCRIPT"})
         EXPECT_EQ(run(line), kNothingChosen);
     EXPECT_EQ(session.path(), L"");
-    EXPECT_TRUE(shell.scriptLines.empty());
+    EXPECT_TRUE(window.scriptLines.empty());
     EXPECT_TRUE(drawing().references.empty());
 }
 
 TEST_F(SecondThoughtsTest, AboutLeavingTheDrawingAreTold) {
     change();
     writeDrawing("other.zdr", drawing());
-    shell.saveAnswer = workbench::SaveAnswer::Cancel;
+    window.saveAnswer = workbench::SaveAnswer::Cancel;
     for (const std::wstring& line : {std::wstring(L"NEW"), std::wstring(L"QUIT"), L"OPEN " + path("other.zdr")})
         EXPECT_EQ(run(line), L"The drawing stays open.\n");
-    EXPECT_EQ(shell.quits, 0);
-    EXPECT_EQ(shell.replaced, 0);
+    EXPECT_EQ(window.quits, 0);
+    EXPECT_EQ(window.replaced, 0);
     EXPECT_TRUE(session.isModified());
 }
 
 TEST_F(SecondThoughtsTest, AboutTheFileOfASaveThatTheyWouldTakeAreTold) {
     change();
-    shell.saveAnswer = workbench::SaveAnswer::Save;
+    window.saveAnswer = workbench::SaveAnswer::Save;
     EXPECT_EQ(run(L"QUIT"), kNothingChosen) << "a drawing without a file asks for one";
-    EXPECT_EQ(shell.quits, 0);
+    EXPECT_EQ(window.quits, 0);
 }
 
 TEST_F(SecondThoughtsTest, AboutWritingOverAFileAreTold) {

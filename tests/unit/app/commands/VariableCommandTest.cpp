@@ -19,10 +19,10 @@ TEST_F(VariableCommandTest, ShowsAndSetsThoseThatTheApplicationKeeps) {
     EXPECT_EQ(run(L"setvar cprofile"), L"CPROFILE = \"Default\"\n");
     EXPECT_EQ(run(L"SETVAR cprofile \"My profile\""), L"CPROFILE = \"My profile\"\n");
     EXPECT_EQ(run(L"SETVAR CPROFILE"), L"CPROFILE = \"My profile\"\n");
-    const int changed = shell.changed;
+    const int changed = window.changed;
     run(L"SETVAR LTSCALE 0.5");
     EXPECT_EQ(runtime::linetypeScale(), 0.5);
-    EXPECT_GT(shell.changed, changed) << "the dashes on view follow";
+    EXPECT_GT(window.changed, changed) << "the dashes on view follow";
     EXPECT_THAT(run(L"SETVAR LTSCALE"), HasSubstr(L"LTSCALE = 0.5"));
 }
 

@@ -2,10 +2,10 @@
 
 #include "Commands.h"
 #include "Documents.h"
+#include "HandmadeDrawing.h"
 #include "KelEditor.h"
 #include "RuntimeTest.h"
-#include "HandmadeDrawing.h"
-#include "ScriptedShell.h"
+#include "ScriptedWindow.h"
 #include "SystemRegistry.h"
 
 #include "files/DrawingFile.h"
@@ -54,7 +54,7 @@ std::string drawingOfNewerVersion() {
 
 class SessionTest : public RuntimeTest {
   protected:
-    SessionTest() : folder(fs::temp_directory_path() / "kel-session-test"), session(shell) {
+    SessionTest() : folder(fs::temp_directory_path() / "kel-session-test"), session(window) {
         fs::remove_all(folder);
         fs::create_directories(folder);
         runtime::commandStack().addCommand(L"TEST", L"TURNOFF", L"AUSSCHALTEN", 0, turnBaseLayerOff);
@@ -63,7 +63,7 @@ class SessionTest : public RuntimeTest {
     ~SessionTest() override { fs::remove_all(folder); }
 
     void run(const std::wstring& line) {
-        shell.printed.clear();
+        window.printed.clear();
         workbench::runLine(session, line);
     }
     std::wstring path(const char* name) const { return zdr::widePath(folder / name); }
@@ -73,7 +73,7 @@ class SessionTest : public RuntimeTest {
     bool isBaseOn() const { return session.drawing().columns.flags[0] & zdr::kLayerOn; }
 
     fs::path folder;
-    ScriptedShell shell;
+    ScriptedWindow window;
     workbench::Session session;
 };
 
@@ -87,18 +87,18 @@ TEST_F(SessionTest, StartsWithANewUnmodifiedDrawing) {
 
 TEST_F(SessionTest, AnswersAnUnknownCommandInOneSentence) {
     run(L"foo bar");
-    EXPECT_EQ(shell.printed, L"Command: foo bar\nUnknown command \"FOO\": HELP lists the commands.\n");
+    EXPECT_EQ(window.printed, L"Command: foo bar\nUnknown command \"FOO\": HELP lists the commands.\n");
 }
 
 TEST_F(SessionTest, SaysNothingToAnEmptyLine) {
     run(L"   ");
-    EXPECT_EQ(shell.printed, L"");
+    EXPECT_EQ(window.printed, L"");
 }
 
 TEST_F(SessionTest, ListsItsOwnCommandsAndThoseOfModules) {
     run(L"help");
-    EXPECT_THAT(shell.printed, HasSubstr(L"OPEN [path] - Opens a drawing; without a path, asks for one.\n"));
-    EXPECT_THAT(shell.printed, HasSubstr(L"TURNOFF - From the module group TEST.\n"));
+    EXPECT_THAT(window.printed, HasSubstr(L"OPEN [path] - Opens a drawing; without a path, asks for one.\n"));
+    EXPECT_THAT(window.printed, HasSubstr(L"TURNOFF - From the module group TEST.\n"));
 }
 
 TEST_F(SessionTest, RunsAModulesCommandByEitherName) {
@@ -114,19 +114,19 @@ TEST_F(SessionTest, AModulesCommandIsOneStepOfUndo) {
     EXPECT_TRUE(isBaseOn());
     run(L"REDO");
     EXPECT_FALSE(isBaseOn());
-    EXPECT_EQ(shell.changed, 2);
+    EXPECT_EQ(window.changed, 2);
 }
 
 TEST_F(SessionTest, SaysWhenThereIsNothingToUndo) {
     run(L"U");
-    EXPECT_THAT(shell.printed, EndsWith(L"There is nothing to undo: change the drawing first.\n"));
+    EXPECT_THAT(window.printed, EndsWith(L"There is nothing to undo: change the drawing first.\n"));
     run(L"REDO");
-    EXPECT_THAT(shell.printed, EndsWith(L"There is nothing to redo: take a change back by UNDO first.\n"));
+    EXPECT_THAT(window.printed, EndsWith(L"There is nothing to redo: take a change back by UNDO first.\n"));
 }
 
 TEST_F(SessionTest, AnExceptionEndsTheCommandAndNothingElse) {
     run(L"THROW");
-    EXPECT_THAT(shell.failures, ElementsAre(L"THROW failed for an unknown reason."));
+    EXPECT_THAT(window.failures, ElementsAre(L"THROW failed for an unknown reason."));
     run(L"TURNOFF");
     EXPECT_FALSE(isBaseOn());
 }
@@ -135,18 +135,18 @@ TEST_F(SessionTest, SavesAndOpensAgain) {
     run(L"TURNOFF");
     EXPECT_TRUE(session.isModified());
     run(L"SAVEAS \"" + path("a b") + L"\"");
-    EXPECT_THAT(shell.failures, IsEmpty());
+    EXPECT_THAT(window.failures, IsEmpty());
     EXPECT_EQ(session.name(), L"a b.zdr");
     EXPECT_FALSE(session.isModified());
     run(L"TURNOFF");
     run(L"SAVE");
     EXPECT_FALSE(session.isModified());
-    shell.saveAnswer = SaveAnswer::Discard;
+    window.saveAnswer = SaveAnswer::Discard;
     run(L"TURNOFF");
     run(L"OPEN " + path("a b.zdr"));
     EXPECT_TRUE(isBaseOn());
     EXPECT_EQ(runtime::documentCount(), 1u);
-    EXPECT_THAT(shell.printed, EndsWith(L"Opened " + path("a b.zdr") + L".\n"));
+    EXPECT_THAT(window.printed, EndsWith(L"Opened " + path("a b.zdr") + L".\n"));
 }
 
 TEST_F(SessionTest, ADrawingThatCantBeReadLeavesTheOpenOneUntouched) {
@@ -158,7 +158,7 @@ TEST_F(SessionTest, ADrawingThatCantBeReadLeavesTheOpenOneUntouched) {
     writeBytes("text.zdr", "This is no drawing.");
     writeBytes("newer.zdr", drawingOfNewerVersion());
     run(L"TURNOFF");
-    const int before = shell.replaced;
+    const int before = window.replaced;
     const std::pair<const char*, const wchar_t*> refusals[] = {
         {"missing.zdr", L"doesn't exist"},
         {"text.zdr", L"isn't a drawing"},
@@ -166,25 +166,25 @@ TEST_F(SessionTest, ADrawingThatCantBeReadLeavesTheOpenOneUntouched) {
         {"newer.zdr", L"was written by a newer version of this program"},
     };
     for (const auto& [name, reason] : refusals) {
-        shell.failures.clear();
+        window.failures.clear();
         run(L"OPEN " + path(name));
-        ASSERT_EQ(shell.failures.size(), 1u) << name;
-        EXPECT_THAT(shell.failures[0], StartsWith(L"The file \"" + path(name) + L"\" " + reason));
-        EXPECT_THAT(shell.failures[0], EndsWith(L"."));
+        ASSERT_EQ(window.failures.size(), 1u) << name;
+        EXPECT_THAT(window.failures[0], StartsWith(L"The file \"" + path(name) + L"\" " + reason));
+        EXPECT_THAT(window.failures[0], EndsWith(L"."));
     }
-    EXPECT_THAT(shell.questions, IsEmpty()) << "nothing is asked for a file that can't be opened";
+    EXPECT_THAT(window.questions, IsEmpty()) << "nothing is asked for a file that can't be opened";
     EXPECT_EQ(session.path(), path("good.zdr"));
     EXPECT_TRUE(session.isModified());
     EXPECT_TRUE(isBaseOn());
-    EXPECT_EQ(shell.replaced, before);
+    EXPECT_EQ(window.replaced, before);
 }
 
 TEST_F(SessionTest, AsksForAPathThatWasntGiven) {
     run(L"OPEN");
     run(L"SAVEAS");
-    EXPECT_THAT(shell.questions, ElementsAre(L"open", L"save as"));
-    EXPECT_EQ(shell.proposal, L"Drawing1.zdr");
-    shell.chosenFile = path("chosen.zdr");
+    EXPECT_THAT(window.questions, ElementsAre(L"open", L"save as"));
+    EXPECT_EQ(window.proposal, L"Drawing1.zdr");
+    window.chosenFile = path("chosen.zdr");
     run(L"SAVE");
     EXPECT_EQ(session.path(), path("chosen.zdr"));
 }
@@ -192,17 +192,17 @@ TEST_F(SessionTest, AsksForAPathThatWasntGiven) {
 TEST_F(SessionTest, AsksBeforeUnsavedChangesGo) {
     run(L"SAVEAS " + path("a.zdr"));
     run(L"TURNOFF");
-    shell.saveAnswer = SaveAnswer::Cancel;
+    window.saveAnswer = SaveAnswer::Cancel;
     run(L"OPEN " + path("a.zdr"));
     run(L"QUIT");
     EXPECT_FALSE(isBaseOn());
-    EXPECT_EQ(shell.quits, 0);
-    EXPECT_THAT(shell.questions, ElementsAre(L"save a.zdr", L"save a.zdr"));
-    shell.saveAnswer = SaveAnswer::Save;
+    EXPECT_EQ(window.quits, 0);
+    EXPECT_THAT(window.questions, ElementsAre(L"save a.zdr", L"save a.zdr"));
+    window.saveAnswer = SaveAnswer::Save;
     run(L"OPEN " + path("a.zdr"));
     EXPECT_FALSE(isBaseOn()) << "saved first";
     run(L"QUIT");
-    EXPECT_EQ(shell.quits, 1);
+    EXPECT_EQ(window.quits, 1);
 }
 
 TEST_F(SessionTest, AsksBeforeItWritesOverAFileThatSomeoneElseHasChanged) {
@@ -210,11 +210,11 @@ TEST_F(SessionTest, AsksBeforeItWritesOverAFileThatSomeoneElseHasChanged) {
     writeBytes("a.zdr", "changed by someone else");
     run(L"TURNOFF");
     run(L"SAVE");
-    ASSERT_EQ(shell.questions.size(), 1u);
-    EXPECT_THAT(shell.questions[0], HasSubstr(path("a.zdr")));
+    ASSERT_EQ(window.questions.size(), 1u);
+    EXPECT_THAT(window.questions[0], HasSubstr(path("a.zdr")));
     EXPECT_EQ(fs::file_size(folder / "a.zdr"), 23u) << "left alone";
     EXPECT_TRUE(session.isModified());
-    shell.overwrite = true;
+    window.overwrite = true;
     run(L"SAVE");
     EXPECT_FALSE(session.isModified());
     EXPECT_GT(fs::file_size(folder / "a.zdr"), 23u);
@@ -223,14 +223,14 @@ TEST_F(SessionTest, AsksBeforeItWritesOverAFileThatSomeoneElseHasChanged) {
 TEST_F(SessionTest, AsksBeforeItSavesUnderTheNameOfAFileThatIsThere) {
     writeBytes("other.zdr", "something");
     run(L"SAVEAS " + path("other.zdr"));
-    EXPECT_EQ(shell.questions.size(), 1u);
+    EXPECT_EQ(window.questions.size(), 1u);
     EXPECT_EQ(session.path(), L"");
     EXPECT_EQ(fs::file_size(folder / "other.zdr"), 9u);
 }
 
 TEST_F(SessionTest, TellsAboutAFolderThatIsntThere) {
     run(L"SAVEAS " + zdr::widePath(folder / "missing" / "a.zdr"));
-    EXPECT_EQ(shell.failures.size(), 1u);
+    EXPECT_EQ(window.failures.size(), 1u);
     EXPECT_EQ(session.path(), L"");
 }
 
@@ -245,13 +245,13 @@ TEST_F(SessionTest, ShowsLayoutsByNameAndTab) {
     session.showTab(9);
     EXPECT_EQ(session.drawing().activeLayout, 0u);
     run(L"LAYOUT Nowhere");
-    EXPECT_THAT(shell.printed, EndsWith(L"The drawing has no layout \"Nowhere\": give one of \"Layout1\".\n"));
+    EXPECT_THAT(window.printed, EndsWith(L"The drawing has no layout \"Nowhere\": give one of \"Layout1\".\n"));
     EXPECT_FALSE(session.isModified()) << "looking at a drawing is no change that has to be saved";
 }
 
 TEST_F(SessionTest, MakesAViewportCurrent) {
     run(L"VPORT 2");
-    EXPECT_THAT(shell.printed, EndsWith(L"The model tab has no viewports: LAYOUT shows a layout.\n"));
+    EXPECT_THAT(window.printed, EndsWith(L"The model tab has no viewports: LAYOUT shows a layout.\n"));
     session.showTab(1);
     const auto& viewport = session.drawing().layouts.at(0).viewports.at(0);
     run(L"VPORT " + std::to_wstring(viewport.number));
@@ -261,32 +261,32 @@ TEST_F(SessionTest, MakesAViewportCurrent) {
     EXPECT_EQ(session.drawing().currentViewport, std::nullopt);
     EXPECT_TRUE(keledGetCurViewportObjectId().isNull());
     run(L"VPORT 77");
-    EXPECT_THAT(shell.printed, EndsWith(L"The layout has no viewport 77: give 2, or NONE.\n"));
+    EXPECT_THAT(window.printed, EndsWith(L"The layout has no viewport 77: give 2, or NONE.\n"));
     run(L"VPORT x");
-    EXPECT_THAT(shell.printed, EndsWith(L"VPORT takes the number of a viewport, or NONE.\n"));
+    EXPECT_THAT(window.printed, EndsWith(L"VPORT takes the number of a viewport, or NONE.\n"));
 }
 
 TEST_F(SessionTest, ZoomsToTheExtents) {
     run(L"ZOOM E");
     run(L"z extents");
-    EXPECT_EQ(shell.zoomed, 2);
-    EXPECT_THAT(shell.printed, EndsWith(L"All of the drawing is shown.\n"));
+    EXPECT_EQ(window.zoomed, 2);
+    EXPECT_THAT(window.printed, EndsWith(L"All of the drawing is shown.\n"));
     run(L"ZOOM w");
-    EXPECT_EQ(shell.zoomed, 2);
+    EXPECT_EQ(window.zoomed, 2);
 }
 
 TEST_F(SessionTest, ZoomsInAndOut) {
     run(L"ZOOM in");
-    EXPECT_EQ(shell.scale, 2);
+    EXPECT_EQ(window.scale, 2);
     run(L"ZOOM OUT");
     run(L"Z out");
-    EXPECT_EQ(shell.scale, 0.5);
+    EXPECT_EQ(window.scale, 0.5);
 }
 
 TEST_F(SessionTest, RegenDrawsAnew) {
     run(L"REGEN");
-    EXPECT_EQ(shell.changed, 1);
-    EXPECT_THAT(shell.printed, EndsWith(L"Everything is drawn anew.\n"));
+    EXPECT_EQ(window.changed, 1);
+    EXPECT_THAT(window.printed, EndsWith(L"Everything is drawn anew.\n"));
 }
 
 TEST_F(SessionTest, NewStartsANewDrawingAndAsksAboutUnsavedChanges) {
@@ -294,16 +294,16 @@ TEST_F(SessionTest, NewStartsANewDrawingAndAsksAboutUnsavedChanges) {
     run(L"TURNOFF");
     run(L"NEW");
     EXPECT_FALSE(isBaseOn()) << "the question was answered by Cancel";
-    shell.saveAnswer = SaveAnswer::Discard;
-    const int before = shell.replaced;
+    window.saveAnswer = SaveAnswer::Discard;
+    const int before = window.replaced;
     run(L"NEW");
     EXPECT_TRUE(isBaseOn());
     EXPECT_EQ(session.path(), L"");
     EXPECT_EQ(session.name(), L"Drawing1");
     EXPECT_FALSE(session.isModified());
-    EXPECT_EQ(shell.replaced, before + 1);
+    EXPECT_EQ(window.replaced, before + 1);
     EXPECT_EQ(runtime::documentCount(), 1u);
-    EXPECT_THAT(shell.printed, EndsWith(L"A new drawing is open.\n"));
+    EXPECT_THAT(window.printed, EndsWith(L"A new drawing is open.\n"));
 }
 
 TEST_F(SessionTest, TellsAboutReferencesThatCantBeShown) {
@@ -313,6 +313,6 @@ TEST_F(SessionTest, TellsAboutReferencesThatCantBeShown) {
     std::wstring reason;
     ASSERT_EQ(zdr::writeDrawingFile(path("a.zdr"), drawing, reason, stamp), Vorn::eOk);
     run(L"OPEN " + path("a.zdr"));
-    EXPECT_THAT(shell.printed, HasSubstr(L"Reference \"site\" is not shown: "));
+    EXPECT_THAT(window.printed, HasSubstr(L"Reference \"site\" is not shown: "));
     EXPECT_EQ(session.path(), path("a.zdr"));
 }

@@ -10,7 +10,7 @@
 
 namespace fs = std::filesystem;
 
-CommandFixture::CommandFixture() : folder(fs::temp_directory_path() / "kel-command-test"), session(shell) {
+CommandFixture::CommandFixture() : folder(fs::temp_directory_path() / "kel-command-test"), session(window) {
     fs::remove_all(folder);
     fs::create_directories(folder);
 }
@@ -20,10 +20,10 @@ CommandFixture::~CommandFixture() {
 }
 
 std::wstring CommandFixture::run(const std::wstring& line) {
-    shell.printed.clear();
+    window.printed.clear();
     workbench::runLine(session, line);
     const std::wstring echo = L"Command: " + line.substr(0, 1000);
-    return shell.printed.starts_with(echo) ? shell.printed.substr(shell.printed.find(L'\n') + 1) : shell.printed;
+    return window.printed.starts_with(echo) ? window.printed.substr(window.printed.find(L'\n') + 1) : window.printed;
 }
 
 std::wstring CommandFixture::path(const char* name) const {

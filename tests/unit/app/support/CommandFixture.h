@@ -1,9 +1,9 @@
-// Base of tests of commands: a session with a shell that keeps what it is told, and a folder for files.
+// Base of tests of commands: a session with a window that keeps what it is told, and a folder for files.
 #pragma once
 
 #include "Commands.h"
 #include "RuntimeTest.h"
-#include "ScriptedShell.h"
+#include "ScriptedWindow.h"
 
 #include <filesystem>
 
@@ -23,6 +23,6 @@ class CommandFixture : public RuntimeTest {
     const zdr::Drawing& drawing() const { return session.drawing(); }
 
     std::filesystem::path folder;
-    ScriptedShell shell;
+    ScriptedWindow window;
     workbench::Session session;
 };

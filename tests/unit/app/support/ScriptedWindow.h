@@ -1,11 +1,11 @@
-// A shell that answers questions as a test has told it to, and keeps what it was told.
+// A window around a session that answers questions as a test has told it to, and keeps what it was told.
 #pragma once
 
-#include "Shell.h"
+#include "SessionWindow.h"
 
 #include <vector>
 
-class ScriptedShell : public workbench::Shell {
+class ScriptedWindow : public workbench::SessionWindow {
   public:
     std::wstring printed;
     std::vector<std::wstring> failures;

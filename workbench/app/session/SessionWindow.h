@@ -9,9 +9,9 @@ namespace workbench {
 
 enum class SaveAnswer { Save, Discard, Cancel };
 
-class Shell {
+class SessionWindow {
   public:
-    virtual ~Shell() = default;
+    virtual ~SessionWindow() = default;
 
     /// A line, or several, into the history of the command line.
     virtual void print(const std::wstring& text) = 0;
