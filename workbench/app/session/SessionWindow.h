@@ -1,4 +1,4 @@
-// What commands need of the window around them: to tell and to ask. A test answers in its place.
+// The window around a session, as the commands need it: to tell and to ask. A test answers in its place.
 #pragma once
 
 #include <optional>

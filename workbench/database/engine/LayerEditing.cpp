@@ -1,6 +1,6 @@
-// See LayerCommands.h.
+// See LayerEditing.h.
 
-#include "LayerCommands.h"
+#include "LayerEditing.h"
 
 #include "values/NameRules.h"
 
