@@ -2,7 +2,7 @@
 
 #include "CommandTable.h"
 
-#include "CommandGroups.h"
+#include "CommandFunctions.h"
 
 #include <algorithm>
 

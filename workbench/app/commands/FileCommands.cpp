@@ -1,6 +1,6 @@
 // The commands of drawing files and scripts.
 
-#include "CommandGroups.h"
+#include "CommandFunctions.h"
 #include "ScriptLines.h"
 #include "Session.h"
 

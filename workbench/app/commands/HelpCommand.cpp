@@ -1,6 +1,6 @@
 // HELP: the list of commands, and one command with its options.
 
-#include "CommandGroups.h"
+#include "CommandFunctions.h"
 #include "CommandTable.h"
 #include "Session.h"
 

@@ -1,6 +1,6 @@
 // LAYER: one function for each kind of option, and the table of the options.
 
-#include "CommandGroups.h"
+#include "CommandFunctions.h"
 #include "LayerSelection.h"
 #include "PropertyText.h"
 #include "Session.h"

@@ -1,6 +1,6 @@
 // The commands of references: drawings that this one shows.
 
-#include "CommandGroups.h"
+#include "CommandFunctions.h"
 #include "PropertyText.h"
 #include "ReferenceEditing.h"
 #include "Session.h"

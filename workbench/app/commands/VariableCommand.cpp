@@ -1,6 +1,6 @@
 // SETVAR. Some variables are answered by the drawing; those that a command changes are set by that command.
 
-#include "CommandGroups.h"
+#include "CommandFunctions.h"
 #include "PropertyText.h"
 #include "Session.h"
 #include "SystemVariables.h"

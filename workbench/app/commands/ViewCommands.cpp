@@ -1,6 +1,6 @@
 // The commands that change what is looked at, and those that take changes back.
 
-#include "CommandGroups.h"
+#include "CommandFunctions.h"
 #include "Session.h"
 
 namespace workbench::commands {

@@ -1,6 +1,6 @@
 // VPLAYER: what single viewports freeze and override.
 
-#include "CommandGroups.h"
+#include "CommandFunctions.h"
 #include "LayerSelection.h"
 #include "PropertyText.h"
 #include "Session.h"

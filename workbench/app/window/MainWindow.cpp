@@ -1,10 +1,10 @@
-// See MainWindow.h. The commands stand in commands/Commands.cpp; here they are only started. What they and the host ask
-// of the window is in MainWindowAnswers.cpp.
+// See MainWindow.h. The commands stand in commands/CommandDispatch.cpp; here they are only started. What they and the
+// host ask of the window is in MainWindowAnswers.cpp.
 
 #include "MainWindow.h"
 
+#include "CommandDispatch.h"
 #include "CommandLineOutput.h"
-#include "Commands.h"
 #include "Completion.h"
 #include "SavedPlacement.h"
 #include "resource.h"

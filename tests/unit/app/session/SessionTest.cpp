@@ -1,6 +1,6 @@
 // The drawing at work, through the commands that a user types.
 
-#include "Commands.h"
+#include "CommandDispatch.h"
 #include "Documents.h"
 #include "HandmadeDrawing.h"
 #include "KelEditor.h"

@@ -1,7 +1,7 @@
 // Base of tests of commands: a session with a window that keeps what it is told, and a folder for files.
 #pragma once
 
-#include "Commands.h"
+#include "CommandDispatch.h"
 #include "RuntimeTest.h"
 #include "ScriptedWindow.h"
 

@@ -1,6 +1,6 @@
-// See Commands.h.
+// See CommandDispatch.h.
 
-#include "Commands.h"
+#include "CommandDispatch.h"
 
 #include "CommandTable.h"
 #include "SystemRegistry.h"
