@@ -1,6 +1,6 @@
-// See WideFormat.h.
+// See CommandLineFormat.h.
 
-#include "WideFormat.h"
+#include "CommandLineFormat.h"
 
 #include <cwchar>
 #include <vector>
@@ -54,7 +54,7 @@ std::wstring systemFormat(const wchar_t* format) {
 
 } // namespace
 
-std::wstring formatWide(const wchar_t* format, std::va_list arguments) {
+std::wstring formatForCommandLine(const wchar_t* format, std::va_list arguments) {
     const std::wstring native = systemFormat(format ? format : L"");
     // Neither system tells the length needed of a wide format, so the room is doubled; the bound catches a broken
     // format.
