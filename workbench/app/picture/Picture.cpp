@@ -4,7 +4,7 @@
 
 #include "LayerLook.h"
 #include "Outline.h"
-#include "Placement.h"
+#include "SpaceTransform.h"
 
 #include <algorithm>
 #include <ranges>
@@ -26,36 +26,36 @@ class PartPainter {
 
     /// Draws model space with what the drawing's references show, nested as deep as they come: opening a drawing leaves
     /// no circle in them.
-    void drawModel(const zdr::Drawing& drawing, const std::vector<LayerLook>& looks, const Placement& placement) {
+    void drawModel(const zdr::Drawing& drawing, const std::vector<LayerLook>& looks, const SpaceTransform& transform) {
         for (std::size_t i = 0; i < drawing.references.size(); ++i) {
             const zdr::Reference& reference = drawing.references[i];
             if (reference.drawing)
                 drawModel(*reference.drawing, referencedLooks(drawing, looks, i),
-                          placement.after(Placement::of(reference)));
+                          transform.after(SpaceTransform::of(reference)));
         }
-        draw(drawing, drawing.entities, looks, placement);
+        draw(drawing, drawing.entities, looks, transform);
     }
 
     void draw(const zdr::Drawing& drawing, const std::vector<zdr::Entity>& entities,
-              const std::vector<LayerLook>& looks, const Placement& placement) {
+              const std::vector<LayerLook>& looks, const SpaceTransform& transform) {
         for (const zdr::Entity& entity : entities)
             if (entity.layer < looks.size() && looks[entity.layer].visible)
-                drawEntity(entity, entityLook(drawing, entity, looks[entity.layer]), placement);
+                drawEntity(entity, entityLook(drawing, entity, looks[entity.layer]), transform);
     }
 
   private:
     // Wide pens reach into the part from beyond its edge.
     static constexpr double kMargin = 16;
 
-    void drawEntity(const zdr::Entity& entity, const LayerLook& look, const Placement& placement) {
+    void drawEntity(const zdr::Entity& entity, const LayerLook& look, const SpaceTransform& transform) {
         if (const auto* text = std::get_if<zdr::Text>(&entity.geometry)) {
-            drawText(*text, look, placement);
+            drawText(*text, look, transform);
             return;
         }
         m_points.clear();
-        outline(entity.geometry, placement.scale * m_view.scale(), m_points);
+        outline(entity.geometry, transform.scale * m_view.scale(), m_points);
         for (Point& point : m_points)
-            point = m_view.toScreen(placement(point));
+            point = m_view.toScreen(transform(point));
         const double width = look.lineWeight / 100.0 * m_pixelsPerMillimetre;
         const Pen pen{rgb(look.color), std::max(1, static_cast<int>(width + 0.5))};
         if (look.pattern)
@@ -64,13 +64,13 @@ class PartPainter {
             m_plotter.plot(m_points, pen);
     }
 
-    void drawText(const zdr::Text& text, const LayerLook& look, const Placement& placement) {
-        const double height = text.height * placement.scale * m_view.scale();
-        const Point position = m_view.toScreen(placement(text.position));
+    void drawText(const zdr::Text& text, const LayerLook& look, const SpaceTransform& transform) {
+        const double height = text.height * transform.scale * m_view.scale();
+        const Point position = m_view.toScreen(transform(text.position));
         const double reach = height * static_cast<double>(text.text.size() + 1);
         const bool seen = m_part.clip.grownBy(reach).contains(position);
         if (seen && height >= kSmallestText)
-            m_part.labels.push_back({position, height, text.rotation + placement.rotation, rgb(look.color), text.text});
+            m_part.labels.push_back({position, height, text.rotation + transform.rotation, rgb(look.color), text.text});
     }
 
     std::uint32_t rgb(std::uint32_t packed) const { return rgbOf(packed, m_foreground, m_screen.paletteRgb); }
@@ -102,21 +102,21 @@ bool isOn(const zdr::Viewport& viewport) {
 // Curves count with their finest chords here: the extents are asked for seldom.
 constexpr double kFinest = 1e9;
 
-void addExtents(Rect& extents, const std::vector<zdr::Entity>& entities, const Placement& placement) {
+void addExtents(Rect& extents, const std::vector<zdr::Entity>& entities, const SpaceTransform& transform) {
     std::vector<Point> points;
     for (const zdr::Entity& entity : entities) {
         points.clear();
         outline(entity.geometry, kFinest, points);
         for (const Point point : points)
-            extents.add(placement(point));
+            extents.add(transform(point));
     }
 }
 
-void addModelExtents(Rect& extents, const zdr::Drawing& drawing, const Placement& placement) {
-    addExtents(extents, drawing.entities, placement);
+void addModelExtents(Rect& extents, const zdr::Drawing& drawing, const SpaceTransform& transform) {
+    addExtents(extents, drawing.entities, transform);
     for (const zdr::Reference& reference : drawing.references)
         if (reference.drawing)
-            addModelExtents(extents, *reference.drawing, placement.after(Placement::of(reference)));
+            addModelExtents(extents, *reference.drawing, transform.after(SpaceTransform::of(reference)));
 }
 
 } // namespace
@@ -144,7 +144,7 @@ Picture layoutPicture(const zdr::Drawing& drawing, const zdr::Layout& layout, co
             continue;
         picture.parts.push_back({clip, {}, {}});
         PartPainter painter(picture.parts.back(), view, screen, screen.paperForeground, view.scale());
-        painter.drawModel(drawing, layerLooks(drawing, &viewport), Placement::of(viewport));
+        painter.drawModel(drawing, layerLooks(drawing, &viewport), SpaceTransform::of(viewport));
     }
     picture.parts.push_back({window, {}, {}});
     PartPainter painter(picture.parts.back(), view, screen, screen.paperForeground, view.scale());

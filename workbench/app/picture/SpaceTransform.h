@@ -7,16 +7,16 @@
 
 namespace workbench {
 
-struct Placement {
+struct SpaceTransform {
     double scale = 1;
     double rotation = 0; ///< radians
     Point offset;
 
-    static Placement of(const zdr::Reference& reference) {
+    static SpaceTransform of(const zdr::Reference& reference) {
         return {reference.scale, reference.rotation, reference.insertion};
     }
     /// Model space on the paper, as a viewport shows it.
-    static Placement of(const zdr::Viewport& viewport) {
+    static SpaceTransform of(const zdr::Viewport& viewport) {
         const Point middle{viewport.corner.x + viewport.width / 2, viewport.corner.y + viewport.height / 2};
         return {viewport.scale,
                 0,
@@ -30,7 +30,7 @@ struct Placement {
                 offset.y + scale * (point.x * sine + point.y * cosine)};
     }
     /// First `inner`, then this.
-    Placement after(const Placement& inner) const {
+    SpaceTransform after(const SpaceTransform& inner) const {
         return {scale * inner.scale, rotation + inner.rotation, (*this)(inner.offset)};
     }
 };
