@@ -1,8 +1,8 @@
 // The layer states command in the Workbench: from the typed line to the changed drawing, and back by UNDO.
 
+#include "HandmadeDrawing.h"
 #include "KelEditor.h"
 #include "ModuleLoader.h"
-#include "HandmadeDrawing.h"
 #include "WorkbenchFixture.h"
 #include "resource.h"
 

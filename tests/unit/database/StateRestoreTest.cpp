@@ -2,7 +2,7 @@
 
 #include "EngineTest.h"
 
-class Restore : public EngineTest {
+class StateRestore : public EngineTest {
   protected:
     /// Saves the drawing as "Plan" with all properties, and then makes every property of Walls differ.
     void savePlanAndChangeWalls() {
@@ -17,7 +17,7 @@ class Restore : public EngineTest {
     const engine::LayerValues m_saved = values(L"Walls");
 };
 
-TEST_F(Restore, WritesAllPropertiesOfTheMaskBack) {
+TEST_F(StateRestore, WritesAllPropertiesOfTheMaskBack) {
     savePlanAndChangeWalls();
     EXPECT_EQ(restore(L"Plan"), Vorn::eOk);
     EXPECT_EQ(values(L"Walls"), m_saved);
@@ -33,7 +33,7 @@ void PrintTo(const MaskCase& item, std::ostream* out) {
     *out << item.name;
 }
 
-class RestoreMask : public Restore, public testing::WithParamInterface<MaskCase> {};
+class RestoreMask : public StateRestore, public testing::WithParamInterface<MaskCase> {};
 
 void takeFlag(engine::LayerValues& values, const engine::LayerValues& saved, std::uint8_t flag) {
     values.flags = static_cast<std::uint8_t>((values.flags & ~flag) | (saved.flags & flag));
@@ -74,7 +74,7 @@ TEST_P(RestoreMask, RestoresItsPropertyAloneAlsoWhenTheStateHoldsOtherLayersThan
     EXPECT_EQ(values(L"Walls"), expected);
 }
 
-TEST_F(Restore, ANullMaskIsTheStatesOwn) {
+TEST_F(StateRestore, ANullMaskIsTheStatesOwn) {
     savePlanAndChangeWalls();
     states().setLayerStateMask(L"Plan", MaskColor);
     EXPECT_EQ(restore(L"Plan"), Vorn::eOk);
@@ -82,21 +82,21 @@ TEST_F(Restore, ANullMaskIsTheStatesOwn) {
     EXPECT_EQ(values(L"Walls").lineWeight, 50);
 }
 
-TEST_F(Restore, LeavesTheStateItselfAsItWas) {
+TEST_F(StateRestore, LeavesTheStateItselfAsItWas) {
     savePlanAndChangeWalls();
     restore(L"Plan");
     setColor(L"Walls", 5);
     EXPECT_EQ(drawing().states[0].columns.colors[layer(L"Walls")], 7u);
 }
 
-TEST_F(Restore, PassesOverLayersThatTheDrawingLacks) {
+TEST_F(StateRestore, PassesOverLayersThatTheDrawingLacks) {
     savePlanAndChangeWalls();
     engine::removeLayer(m_database, layer(L"Doors"));
     EXPECT_EQ(restore(L"Plan"), Vorn::eOk);
     EXPECT_EQ(values(L"Walls"), m_saved);
 }
 
-TEST_F(Restore, LeavesLayersAloneThatTheStateDoesNotHold) {
+TEST_F(StateRestore, LeavesLayersAloneThatTheStateDoesNotHold) {
     savePlanAndChangeWalls();
     engine::addLayer(m_database, L"Notes");
     setColor(L"Notes", 4);
@@ -105,7 +105,7 @@ TEST_F(Restore, LeavesLayersAloneThatTheStateDoesNotHold) {
     EXPECT_EQ(values(L"Notes").color, 4u);
 }
 
-TEST_F(Restore, TurnsLayersOffThatTheStateDoesNotHoldOnRequest) {
+TEST_F(StateRestore, TurnsLayersOffThatTheStateDoesNotHoldOnRequest) {
     savePlanAndChangeWalls();
     engine::addLayer(m_database, L"Notes");
     setFlag(L"Doors", zdr::kLayerOn, true);
@@ -115,14 +115,14 @@ TEST_F(Restore, TurnsLayersOffThatTheStateDoesNotHoldOnRequest) {
     EXPECT_TRUE(hasFlag(L"Walls", zdr::kLayerOn));
 }
 
-TEST_F(Restore, TurnsThoseLayersOffWhateverTheMask) {
+TEST_F(StateRestore, TurnsThoseLayersOffWhateverTheMask) {
     states().saveLayerState(L"Plan", 0);
     engine::addLayer(m_database, L"Notes");
     EXPECT_EQ(restore(L"Plan", RestoreFlagLayerNotFound), Vorn::eOk);
     EXPECT_FALSE(hasFlag(L"Notes", zdr::kLayerOn));
 }
 
-TEST_F(Restore, DoesNotFreezeTheCurrentLayerAndSaysSo) {
+TEST_F(StateRestore, DoesNotFreezeTheCurrentLayerAndSaysSo) {
     setFlag(L"Walls", zdr::kLayerFrozen, true);
     setColor(L"Walls", 5);
     states().saveLayerState(L"Plan", MaskAllProperties);
@@ -139,7 +139,7 @@ TEST_F(Restore, DoesNotFreezeTheCurrentLayerAndSaysSo) {
     EXPECT_EQ(values(L"Walls").color, 5u); // the rest was done
 }
 
-TEST_F(Restore, MakesTheStatesCurrentLayerCurrent) {
+TEST_F(StateRestore, MakesTheStatesCurrentLayerCurrent) {
     engine::setCurrentLayer(m_database, layer(L"Doors"));
     states().saveLayerState(L"Plan", MaskColor);
     engine::setCurrentLayer(m_database, layer(L"Walls"));
@@ -147,7 +147,7 @@ TEST_F(Restore, MakesTheStatesCurrentLayerCurrent) {
     EXPECT_EQ(drawing().currentLayer, layer(L"Doors"));
 }
 
-TEST_F(Restore, FreezesTheLayerThatWasCurrentBefore) {
+TEST_F(StateRestore, FreezesTheLayerThatWasCurrentBefore) {
     setFlag(L"Walls", zdr::kLayerFrozen, true);
     states().saveLayerState(L"Plan", MaskAllProperties);
     setFlag(L"Walls", zdr::kLayerFrozen, false);
@@ -157,14 +157,14 @@ TEST_F(Restore, FreezesTheLayerThatWasCurrentBefore) {
     EXPECT_TRUE(hasFlag(L"Walls", zdr::kLayerFrozen));
 }
 
-TEST_F(Restore, LeavesTheCurrentLayerWhenNoPropertyIsRestored) {
+TEST_F(StateRestore, LeavesTheCurrentLayerWhenNoPropertyIsRestored) {
     states().saveLayerState(L"Plan", 0);
     engine::setCurrentLayer(m_database, layer(L"Walls"));
     EXPECT_EQ(restore(L"Plan"), Vorn::eOk);
     EXPECT_EQ(drawing().currentLayer, layer(L"Walls"));
 }
 
-TEST_F(Restore, LeavesTheCurrentLayerWhenTheStatesOwnIsFrozenAndStaysSo) {
+TEST_F(StateRestore, LeavesTheCurrentLayerWhenTheStatesOwnIsFrozenAndStaysSo) {
     engine::setCurrentLayer(m_database, layer(L"Doors"));
     states().saveLayerState(L"Plan", MaskColor);
     engine::setCurrentLayer(m_database, layer(L"Walls"));
@@ -173,7 +173,7 @@ TEST_F(Restore, LeavesTheCurrentLayerWhenTheStatesOwnIsFrozenAndStaysSo) {
     EXPECT_EQ(drawing().currentLayer, layer(L"Walls"));
 }
 
-TEST_F(Restore, ThawsTheStatesCurrentLayerAndMakesItCurrent) {
+TEST_F(StateRestore, ThawsTheStatesCurrentLayerAndMakesItCurrent) {
     engine::setCurrentLayer(m_database, layer(L"Doors"));
     states().saveLayerState(L"Plan", MaskFrozen);
     engine::setCurrentLayer(m_database, layer(L"Walls"));
@@ -183,7 +183,7 @@ TEST_F(Restore, ThawsTheStatesCurrentLayerAndMakesItCurrent) {
     EXPECT_FALSE(hasFlag(L"Doors", zdr::kLayerFrozen));
 }
 
-TEST_F(Restore, AnswersAMissingLinetypeAndDoesTheRest) {
+TEST_F(StateRestore, AnswersAMissingLinetypeAndDoesTheRest) {
     zdr::Drawing source =
         makeDrawing({{.name = L"Walls", .color = 4, .linetype = L"Wavy"}, {.name = L"Doors", .linetype = L"Dotted"}});
     source.linetypes.push_back({source.names.find(L"Wavy"), source.nextHandle++, L"", {2, -1}});
@@ -199,7 +199,7 @@ TEST_F(Restore, AnswersAMissingLinetypeAndDoesTheRest) {
     EXPECT_EQ(restore(L"Plan", MaskColor), Vorn::eOk); // nothing is missing for colours
 }
 
-TEST_F(Restore, AnswersAMissingPlotStyle) {
+TEST_F(StateRestore, AnswersAMissingPlotStyle) {
     zdr::Drawing source = makeDrawing({{.name = L"Walls", .plotStyle = L"Bold"}});
     source.plotStyles.push_back({source.names.find(L"Bold"), source.nextHandle++});
     KelDbDatabase other(false, true);
@@ -210,7 +210,7 @@ TEST_F(Restore, AnswersAMissingPlotStyle) {
     EXPECT_EQ(values(L"Walls").plotStyle, nameId(L"Normal"));
 }
 
-TEST_F(Restore, LeavesPlotStylesAloneWhereTheyDependOnColours) {
+TEST_F(StateRestore, LeavesPlotStylesAloneWhereTheyDependOnColours) {
     zdr::Drawing colorDependent = makeDrawing({{.name = L"Walls", .plotStyle = L"Fine"}});
     colorDependent.colorDependentPlotStyles = true;
     use(std::move(colorDependent));
@@ -221,7 +221,7 @@ TEST_F(Restore, LeavesPlotStylesAloneWhereTheyDependOnColours) {
     EXPECT_EQ(values(L"Walls").plotStyle, nameId(L"Normal"));
 }
 
-TEST_F(Restore, MakesTheStateTheLastRestoredOneAlsoWhenSomethingWasMissing) {
+TEST_F(StateRestore, MakesTheStateTheLastRestoredOneAlsoWhenSomethingWasMissing) {
     engine::setCurrentLayer(m_database, layer(L"Walls"));
     states().saveLayerState(L"Plan", MaskAllProperties);
     KelDbLayerTableRecord frozen;
@@ -232,7 +232,7 @@ TEST_F(Restore, MakesTheStateTheLastRestoredOneAlsoWhenSomethingWasMissing) {
     EXPECT_EQ(drawing().lastRestored, L"Plan");
 }
 
-TEST_F(Restore, TheQuietOneTakesTheMaskGivenAndIsNotRemembered) {
+TEST_F(StateRestore, TheQuietOneTakesTheMaskGivenAndIsNotRemembered) {
     savePlanAndChangeWalls();
     states().setLayerStateMask(L"Plan", 0);
     const LayerStateMask all = MaskAllProperties;
@@ -244,14 +244,14 @@ TEST_F(Restore, TheQuietOneTakesTheMaskGivenAndIsNotRemembered) {
     EXPECT_EQ(drawing().lastRestored, L"Plan");
 }
 
-TEST_F(Restore, RefusesAnIdThatIsNoViewport) {
+TEST_F(StateRestore, RefusesAnIdThatIsNoViewport) {
     states().saveLayerState(L"Plan", MaskAllProperties);
     EXPECT_EQ(restore(L"Plan", 0, layerId(L"Walls")), Vorn::eInvalidInput);
     EXPECT_EQ(states().saveLayerState(L"Plan", 1, layerId(L"Walls")), Vorn::eInvalidInput);
     EXPECT_FALSE(matches(L"Plan", layerId(L"Walls")));
 }
 
-TEST_F(Restore, FlagFourWithoutAViewportChangesTheLayersThemselves) {
+TEST_F(StateRestore, FlagFourWithoutAViewportChangesTheLayersThemselves) {
     savePlanAndChangeWalls();
     EXPECT_EQ(restore(L"Plan", RestoreFlagAsOverrides), Vorn::eOk);
     EXPECT_EQ(values(L"Walls"), m_saved);

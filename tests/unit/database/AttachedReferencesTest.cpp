@@ -5,10 +5,10 @@
 
 using testing::ElementsAre;
 
-class References : public EngineTest {
+class AttachedReferences : public EngineTest {
   protected:
     /// A drawing with a reference "site" that isn't resolved yet.
-    References() {
+    AttachedReferences() {
         zdr::Drawing withReference = makeDrawing({{L"Walls"}});
         withReference.references.push_back({.name = L"site", .path = L"site.zdr", .insertion = {}, .drawing = nullptr});
         use(std::move(withReference));
@@ -32,7 +32,7 @@ class References : public EngineTest {
     void detach() { engine::attachReference(m_database, 0, nullptr); }
 };
 
-TEST_F(References, BringTheirLayersUnderTheirName) {
+TEST_F(AttachedReferences, BringTheirLayersUnderTheirName) {
     attach();
     EXPECT_EQ(layer(L"site!Base"), 2u);
     EXPECT_EQ(layer(L"SITE!trees"), 3u);
@@ -43,7 +43,7 @@ TEST_F(References, BringTheirLayersUnderTheirName) {
     EXPECT_TRUE(record->isResolved());
 }
 
-TEST_F(References, BringStylesThatTheDrawingLacksUnderTheirName) {
+TEST_F(AttachedReferences, BringStylesThatTheDrawingLacksUnderTheirName) {
     attach();
     EXPECT_EQ(values(L"site!Trees").linetype, nameId(L"site!Wavy"));
     EXPECT_EQ(values(L"site!Base").linetype, nameId(L"Continuous"));
@@ -52,7 +52,7 @@ TEST_F(References, BringStylesThatTheDrawingLacksUnderTheirName) {
     EXPECT_TRUE(linetype->isDependent());
 }
 
-TEST_F(References, BringTheirStatesBehindTheDrawingsOwn) {
+TEST_F(AttachedReferences, BringTheirStatesBehindTheDrawingsOwn) {
     states().saveLayerState(L"Plan", MaskAllProperties);
     attach();
     states().saveLayerState(L"Section", MaskAllProperties);
@@ -63,7 +63,7 @@ TEST_F(References, BringTheirStatesBehindTheDrawingsOwn) {
     EXPECT_THAT(layersOf(L"site!Summer"), ElementsAre(L"site!Base", L"site!Trees"));
 }
 
-TEST_F(References, StatesOfThemCannotBeChanged) {
+TEST_F(AttachedReferences, StatesOfThemCannotBeChanged) {
     attach();
     const wchar_t* summer = L"site!Summer";
     KelArray<KelDbObjectId> layers;
@@ -83,7 +83,7 @@ TEST_F(References, StatesOfThemCannotBeChanged) {
     EXPECT_EQ(drawing().states[0].mask, MaskAllProperties);
 }
 
-TEST_F(References, StatesOfThemCanBeComparedAndRestored) {
+TEST_F(AttachedReferences, StatesOfThemCanBeComparedAndRestored) {
     attach();
     EXPECT_FALSE(matches(L"site!Summer"));
     EXPECT_EQ(restore(L"site!Summer"), Vorn::eOk);
@@ -93,14 +93,14 @@ TEST_F(References, StatesOfThemCanBeComparedAndRestored) {
     EXPECT_EQ(drawing().currentLayer, 0u); // a layer of a reference is never the current one
 }
 
-TEST_F(References, LayersOfThemAreNotRenamedRemovedOrMadeCurrent) {
+TEST_F(AttachedReferences, LayersOfThemAreNotRenamedRemovedOrMadeCurrent) {
     attach();
     EXPECT_EQ(engine::renameLayer(m_database, layer(L"site!Trees"), L"Shrubs"), Vorn::eDependentRecord);
     EXPECT_EQ(engine::removeLayer(m_database, layer(L"site!Trees")), Vorn::eDependentRecord);
     EXPECT_EQ(m_database.setClayer(layerId(L"site!Trees")), Vorn::eDependentRecord);
 }
 
-TEST_F(References, AttachedAgainKeepTheDrawingsValuesOfTheirLayers) {
+TEST_F(AttachedReferences, AttachedAgainKeepTheDrawingsValuesOfTheirLayers) {
     attach();
     setColor(L"site!Trees", 5);
     attach();
@@ -109,7 +109,7 @@ TEST_F(References, AttachedAgainKeepTheDrawingsValuesOfTheirLayers) {
     EXPECT_THAT(stateNames(), ElementsAre(L"site!Summer"));
 }
 
-TEST_F(References, ThatAreNotThereLeaveTheirLayersUnresolved) {
+TEST_F(AttachedReferences, ThatAreNotThereLeaveTheirLayersUnresolved) {
     attach();
     detach();
     KelDbObjectPointer<KelDbLayerTableRecord> record(layerId(L"site!Trees"), KelDb::kForRead);
@@ -118,7 +118,7 @@ TEST_F(References, ThatAreNotThereLeaveTheirLayersUnresolved) {
     EXPECT_THAT(stateNames(), ElementsAre());
 }
 
-TEST_F(References, ARestoreThatWouldChangeAnUnresolvedLayerSaysSoAndDoesTheRest) {
+TEST_F(AttachedReferences, ARestoreThatWouldChangeAnUnresolvedLayerSaysSoAndDoesTheRest) {
     attach();
     states().saveLayerState(L"Plan", MaskAllProperties);
     setColor(L"site!Trees", 5);
@@ -130,7 +130,7 @@ TEST_F(References, ARestoreThatWouldChangeAnUnresolvedLayerSaysSoAndDoesTheRest)
     EXPECT_EQ(drawing().lastRestored, L"Plan");
 }
 
-TEST_F(References, ARestoreThatWouldNotChangeAnUnresolvedLayerIsAFullOne) {
+TEST_F(AttachedReferences, ARestoreThatWouldNotChangeAnUnresolvedLayerIsAFullOne) {
     attach();
     states().saveLayerState(L"Plan", MaskAllProperties);
     setColor(L"Walls", 5);
@@ -139,7 +139,7 @@ TEST_F(References, ARestoreThatWouldNotChangeAnUnresolvedLayerIsAFullOne) {
     EXPECT_TRUE(matches(L"Plan"));
 }
 
-TEST_F(References, AnUnresolvedLayerIsNotOverriddenEither) {
+TEST_F(AttachedReferences, AnUnresolvedLayerIsNotOverriddenEither) {
     attach();
     states().saveLayerState(L"Plan", MaskColor);
     setColor(L"site!Trees", 5);
@@ -149,7 +149,7 @@ TEST_F(References, AnUnresolvedLayerIsNotOverriddenEither) {
     EXPECT_EQ(shown.colors[layer(L"site!Trees")], 5u);
 }
 
-TEST_F(References, HeldByANewDrawingAreAttachedWithIt) {
+TEST_F(AttachedReferences, HeldByANewDrawingAreAttachedWithIt) {
     zdr::Drawing withReference = makeDrawing();
     withReference.references.push_back({.name = L"site", .path = L"site.zdr", .insertion = {}, .drawing = site()});
     use(std::move(withReference));
@@ -157,14 +157,14 @@ TEST_F(References, HeldByANewDrawingAreAttachedWithIt) {
     EXPECT_FALSE(engine::canUndo(m_database));
 }
 
-TEST_F(References, StatesOfThemAreNotInTheDictionary) {
+TEST_F(AttachedReferences, StatesOfThemAreNotInTheDictionary) {
     attach();
     KelDbObjectPointer<KelDbDictionary> dictionary(states().layerStatesDictionaryId(true), KelDb::kForRead);
     KelDbObjectId id;
     EXPECT_EQ(dictionary->getAt(L"site!Summer", id), Vorn::eKeyNotFound);
 }
 
-class NestedReferences : public References {
+class NestedReferences : public AttachedReferences {
   protected:
     /// A drawing that refers to others.
     static std::shared_ptr<const zdr::Drawing>
@@ -241,7 +241,7 @@ TEST_F(NestedReferences, OfAnyDepthAreAttached) {
     EXPECT_NE(layer((prefix + L"Trees").c_str()), zdr::kNone);
 }
 
-TEST_F(References, LayersThatTheirFileNoLongerHasGo) {
+TEST_F(AttachedReferences, LayersThatTheirFileNoLongerHasGo) {
     attach();
     states().saveLayerState(L"Plan", MaskAllProperties);
     zdr::Drawing bare = makeDrawing({{L"Lawn"}});
@@ -255,7 +255,7 @@ TEST_F(References, LayersThatTheirFileNoLongerHasGo) {
     EXPECT_EQ(drawing().layers[layer(L"site!Lawn")].description, L"wild");
 }
 
-TEST_F(References, ALayerThatTheirFileNoLongerHasStaysUnresolvedWhileSomethingLiesOnIt) {
+TEST_F(AttachedReferences, ALayerThatTheirFileNoLongerHasStaysUnresolvedWhileSomethingLiesOnIt) {
     attach();
     zdr::Drawing drawn = drawing();
     drawn.entities.push_back({.layer = layer(L"site!Trees"), .color = {}, .geometry = zdr::Line{{0, 0}, {1, 1}}});
@@ -266,7 +266,7 @@ TEST_F(References, ALayerThatTheirFileNoLongerHasStaysUnresolvedWhileSomethingLi
     EXPECT_FALSE(record->isResolved());
 }
 
-TEST_F(References, TheirLinetypesFollowTheirFile) {
+TEST_F(AttachedReferences, TheirLinetypesFollowTheirFile) {
     attach();
     zdr::Drawing changed = *site();
     changed.linetypes.back().pattern = {9, -9};

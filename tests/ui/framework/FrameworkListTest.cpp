@@ -4,12 +4,12 @@
 
 namespace {
 
-class ListCtrl : public DialogFixture {
+class FrameworkList : public DialogFixture {
   protected:
     TestDialog dialog{IDD_FIXED};
     COrvUiListCtrl list;
 
-    ListCtrl() {
+    FrameworkList() {
         dialog.setUp = [this] {
             list.SubclassDlgItem(IDC_TEST_LIST, &dialog);
             list.InsertColumn(0, L"Name", LVCFMT_LEFT, 80, 0);
@@ -39,7 +39,7 @@ class ListCtrl : public DialogFixture {
     }
 };
 
-TEST_F(ListCtrl, theHitTestTellsTheCell) {
+TEST_F(FrameworkList, theHitTestTellsTheCell) {
     dialog.run(look("the cells", [&] {
         int row = -5;
         int column = -5;
@@ -54,7 +54,7 @@ TEST_F(ListCtrl, theHitTestTellsTheCell) {
     }));
 }
 
-TEST_F(ListCtrl, beyondTheLastRowAndColumnThereIsNoCellAndNoTip) {
+TEST_F(FrameworkList, beyondTheLastRowAndColumnThereIsNoCellAndNoTip) {
     dialog.run(look("the cells", [&] {
         for (const CPoint& where : {CPoint(20, 100), CPoint(200, middleOf(0, 0).y), CPoint(-5, -5)}) {
             int row = 5;
@@ -81,7 +81,7 @@ class DecidingList : public COrvUiListCtrl {
     }
 };
 
-TEST_F(ListCtrl, aDerivedListDecidesWhetherATipShowsAndWhere) {
+TEST_F(FrameworkList, aDerivedListDecidesWhetherATipShowsAndWhere) {
     DecidingList deciding;
     CPoint cell;
     const auto setUp = dialog.setUp;
@@ -109,7 +109,7 @@ TEST_F(ListCtrl, aDerivedListDecidesWhetherATipShowsAndWhere) {
     dialog.run(script);
 }
 
-TEST_F(ListCtrl, aTipShowsForCutOffTextOnly) {
+TEST_F(FrameworkList, aTipShowsForCutOffTextOnly) {
     ui::Script script;
     pointAtCell(script, 0, 1);
     script.look("the long text", [&](const ui::View&) {
@@ -126,7 +126,7 @@ TEST_F(ListCtrl, aTipShowsForCutOffTextOnly) {
     dialog.run(script);
 }
 
-TEST_F(ListCtrl, whatTheWindowsEdgeCutsOffIsCutOff) {
+TEST_F(FrameworkList, whatTheWindowsEdgeCutsOffIsCutOff) {
     CRect client;
     ui::Script script = look("a column of which only 40 pixels are in the window", [&] {
         GetClientRect(list.GetSafeHwnd(), &client);
@@ -154,7 +154,7 @@ class Listener : public CWnd {
     }
 };
 
-TEST_F(ListCtrl, theNamedWindowHearsTheNotificationsWhereverItStands) {
+TEST_F(FrameworkList, theNamedWindowHearsTheNotificationsWhereverItStands) {
     Listener listener;
     dialog.run(look("selections", [&] {
         ASSERT_TRUE(listener.CreateEx(0, L"STATIC", L"", WS_CHILD, 0, 0, 1, 1, dialog.GetSafeHwnd(), nullptr));

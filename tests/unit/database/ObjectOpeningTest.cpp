@@ -6,7 +6,7 @@
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class Opening : public EngineTest {
+class ObjectOpening : public EngineTest {
   protected:
     KelDbObject* open(int mode, Vorn::ErrorStatus expected = Vorn::eOk) {
         KelDbObject* object = nullptr;
@@ -16,7 +16,7 @@ class Opening : public EngineTest {
     const KelDbObjectId m_walls = layerId(L"Walls");
 };
 
-TEST_F(Opening, ManyMayReadAtOnce) {
+TEST_F(ObjectOpening, ManyMayReadAtOnce) {
     KelDbObject* first = open(KelDb::kForRead);
     KelDbObject* second = open(KelDb::kForRead);
     EXPECT_EQ(first->objectId(), m_walls);
@@ -24,14 +24,14 @@ TEST_F(Opening, ManyMayReadAtOnce) {
     EXPECT_EQ(second->close(), Vorn::eOk);
 }
 
-TEST_F(Opening, WritingIsRefusedWhileSomeoneReads) {
+TEST_F(ObjectOpening, WritingIsRefusedWhileSomeoneReads) {
     KelDbObject* reader = open(KelDb::kForRead);
     EXPECT_EQ(open(KelDb::kForWrite, Vorn::eWasOpenForRead), nullptr);
     reader->close();
     open(KelDb::kForWrite)->close();
 }
 
-TEST_F(Opening, NobodyElseMayOpenWhatIsOpenForWriting) {
+TEST_F(ObjectOpening, NobodyElseMayOpenWhatIsOpenForWriting) {
     KelDbObject* writer = open(KelDb::kForWrite);
     EXPECT_EQ(open(KelDb::kForRead, Vorn::eWasOpenForWrite), nullptr);
     EXPECT_EQ(open(KelDb::kForWrite, Vorn::eWasOpenForWrite), nullptr);
@@ -39,7 +39,7 @@ TEST_F(Opening, NobodyElseMayOpenWhatIsOpenForWriting) {
     open(KelDb::kForRead)->close();
 }
 
-TEST_F(Opening, ASingleReaderMayBecomeTheWriter) {
+TEST_F(ObjectOpening, ASingleReaderMayBecomeTheWriter) {
     KelDbObject* object = open(KelDb::kForRead);
     EXPECT_EQ(object->upgradeOpen(), Vorn::eOk);
     EXPECT_EQ(object->upgradeOpen(), Vorn::eWasOpenForWrite);
@@ -47,7 +47,7 @@ TEST_F(Opening, ASingleReaderMayBecomeTheWriter) {
     object->close();
 }
 
-TEST_F(Opening, OneReaderOfSeveralMayNotBecomeTheWriter) {
+TEST_F(ObjectOpening, OneReaderOfSeveralMayNotBecomeTheWriter) {
     KelDbObject* object = open(KelDb::kForRead);
     KelDbObject* other = open(KelDb::kForRead);
     EXPECT_EQ(object->upgradeOpen(), Vorn::eWasOpenForRead);
@@ -56,7 +56,7 @@ TEST_F(Opening, OneReaderOfSeveralMayNotBecomeTheWriter) {
     object->close();
 }
 
-TEST_F(Opening, AWriterMayBecomeAReader) {
+TEST_F(ObjectOpening, AWriterMayBecomeAReader) {
     KelDbObject* object = open(KelDb::kForWrite);
     EXPECT_EQ(object->downgradeOpen(), Vorn::eOk);
     EXPECT_EQ(object->downgradeOpen(), Vorn::eNotOpenForWrite);
@@ -64,7 +64,7 @@ TEST_F(Opening, AWriterMayBecomeAReader) {
     object->close();
 }
 
-TEST_F(Opening, TheNullIdAndErasedObjectsAreRefused) {
+TEST_F(ObjectOpening, TheNullIdAndErasedObjectsAreRefused) {
     KelDbObject* object = nullptr;
     EXPECT_EQ(keldbOpenKelDbObject(object, {}, KelDb::kForRead, false), Vorn::eNullObjectId);
     ASSERT_EQ(engine::removeLayer(m_database, layer(L"Walls")), Vorn::eOk);
@@ -75,7 +75,7 @@ TEST_F(Opening, TheNullIdAndErasedObjectsAreRefused) {
     object->close();
 }
 
-TEST_F(Opening, AnErasedLayerReadsAsNothingAndCannotBeWritten) {
+TEST_F(ObjectOpening, AnErasedLayerReadsAsNothingAndCannotBeWritten) {
     KelDbLayerTableRecord* record = nullptr;
     ASSERT_EQ(keldbOpenObject(record, m_walls, KelDb::kForWrite), Vorn::eOk);
     ASSERT_EQ(engine::removeLayer(m_database, layer(L"Walls")), Vorn::eOk);
@@ -86,7 +86,7 @@ TEST_F(Opening, AnErasedLayerReadsAsNothingAndCannotBeWritten) {
     record->close();
 }
 
-TEST_F(Opening, AnObjectOfAnotherClassIsRefused) {
+TEST_F(ObjectOpening, AnObjectOfAnotherClassIsRefused) {
     KelDbXrecord* record = nullptr;
     EXPECT_EQ(keldbOpenObject(record, m_walls, KelDb::kForRead), Vorn::eNotThatKindOfClass);
     EXPECT_EQ(record, nullptr);
@@ -96,7 +96,7 @@ TEST_F(Opening, AnObjectOfAnotherClassIsRefused) {
     base->close();
 }
 
-TEST_F(Opening, TheLedgerKnowsWhatIsOpen) {
+TEST_F(ObjectOpening, TheLedgerKnowsWhatIsOpen) {
     KelDbObject* object = open(KelDb::kForRead);
     open(KelDb::kForRead);
     EXPECT_THAT(instruments::ledger(), ElementsAre("open for read " + instruments::describe(m_walls) + " (2 times)"));
@@ -105,7 +105,7 @@ TEST_F(Opening, TheLedgerKnowsWhatIsOpen) {
     EXPECT_THAT(instruments::ledger(), IsEmpty());
 }
 
-TEST_F(Opening, ACloseThatIsMadeToFailStillEndsTheOpen) {
+TEST_F(ObjectOpening, ACloseThatIsMadeToFailStillEndsTheOpen) {
     KelDbObject* object = open(KelDb::kForWrite);
     instruments::failCall("close", 1, Vorn::eInvalidInput);
     EXPECT_EQ(object->close(), Vorn::eInvalidInput);
@@ -113,7 +113,7 @@ TEST_F(Opening, ACloseThatIsMadeToFailStillEndsTheOpen) {
     open(KelDb::kForWrite)->close();
 }
 
-TEST_F(Opening, AnObjectInMemoryHasNoIdAndNothingToClose) {
+TEST_F(ObjectOpening, AnObjectInMemoryHasNoIdAndNothingToClose) {
     auto* record = new KelDbLayerTableRecord;
     EXPECT_TRUE(record->objectId().isNull());
     EXPECT_EQ(record->close(), Vorn::eNotApplicable);
@@ -123,7 +123,7 @@ TEST_F(Opening, AnObjectInMemoryHasNoIdAndNothingToClose) {
     delete record;
 }
 
-TEST_F(Opening, PointersCloseWhatIsInADatabaseAndDeleteWhatIsNot) {
+TEST_F(ObjectOpening, PointersCloseWhatIsInADatabaseAndDeleteWhatIsNot) {
     {
         KelDbObjectPointer<KelDbLayerTableRecord> open(m_walls, KelDb::kForWrite);
         EXPECT_EQ(open.openStatus(), Vorn::eOk);
@@ -139,7 +139,7 @@ TEST_F(Opening, PointersCloseWhatIsInADatabaseAndDeleteWhatIsNot) {
     EXPECT_THAT(instruments::ledger(), IsEmpty());
 }
 
-TEST_F(Opening, APointerClosesBeforeItOpensAnew) {
+TEST_F(ObjectOpening, APointerClosesBeforeItOpensAnew) {
     const std::string walls = instruments::describe(m_walls);
     {
         KelDbObjectPointer<KelDbLayerTableRecord> pointer(m_walls, KelDb::kForWrite);
@@ -152,28 +152,28 @@ TEST_F(Opening, APointerClosesBeforeItOpensAnew) {
                                                   "openObject(null, 0, false) = 16"));
 }
 
-TEST_F(Opening, APointersCloseMayFailUnseen) {
+TEST_F(ObjectOpening, APointersCloseMayFailUnseen) {
     instruments::failCall("close", 1, Vorn::eInvalidInput);
     { KelDbObjectPointer<KelDbLayerTableRecord> pointer(m_walls, KelDb::kForWrite); }
     EXPECT_TRUE(instruments::faultStruck());
     open(KelDb::kForWrite)->close();
 }
 
-TEST_F(Opening, ThereAreTwoModes) {
+TEST_F(ObjectOpening, ThereAreTwoModes) {
     KelDbObject* object = nullptr;
     for (const int mode : {-1, 2})
         EXPECT_EQ(keldbOpenKelDbObject(object, m_walls, mode, false), Vorn::eInvalidInput) << mode;
     EXPECT_EQ(object, nullptr);
 }
 
-TEST_F(Opening, WhatCannotBeOutsideOfItsDrawingHasNoCopy) {
+TEST_F(ObjectOpening, WhatCannotBeOutsideOfItsDrawingHasNoCopy) {
     KelDbObjectPointer<KelDbObject> table(m_database.layerTableId(), KelDb::kForRead);
     EXPECT_EQ(table->clone(), nullptr);
     KelDbObjectPointer<KelDbObject> seen(viewportId(), KelDb::kForRead);
     EXPECT_EQ(seen->clone(), nullptr);
 }
 
-TEST_F(Opening, ATablePointerOfNoDatabaseAnswersSo) {
+TEST_F(ObjectOpening, ATablePointerOfNoDatabaseAnswersSo) {
     KelDbSymbolTablePointer<KelDbLayerTable> none(nullptr, KelDb::kForRead);
     EXPECT_EQ(none.openStatus(), Vorn::eNoDatabase);
     KelDbSymbolTablePointer<KelDbLayerTable> table(&m_database, KelDb::kForRead);
