@@ -1,6 +1,6 @@
-// See Program.h.
+// See DrivenProgram.h.
 
-#include "Program.h"
+#include "DrivenProgram.h"
 
 #include "Input.h"
 
@@ -42,7 +42,7 @@ bool comesTrue(const std::function<bool()>& seen) {
 
 } // namespace
 
-Program::Program(const std::wstring& path) {
+DrivenProgram::DrivenProgram(const std::wstring& path) {
     std::wstring line = L"\"" + path + L"\"";
     STARTUPINFOW start{};
     start.cb = sizeof start;
@@ -56,29 +56,29 @@ Program::Program(const std::wstring& path) {
     WaitForInputIdle(m_process, patience);
 }
 
-Program::~Program() {
+DrivenProgram::~DrivenProgram() {
     if (!hasEnded())
         TerminateProcess(m_process, 1);
     CloseHandle(m_process);
 }
 
-bool Program::hasEnded() const {
+bool DrivenProgram::hasEnded() const {
     return WaitForSingleObject(m_process, 0) == WAIT_OBJECT_0;
 }
 
-HWND Program::find(const std::function<bool(HWND)>& looksRight) const {
+HWND DrivenProgram::find(const std::function<bool(HWND)>& looksRight) const {
     Search search{m_id, looksRight, nullptr};
     EnumWindows(visit, reinterpret_cast<LPARAM>(&search));
     return search.found;
 }
 
-HWND Program::waitForWindow(const std::string& what, const std::function<bool(HWND)>& looksRight) {
+HWND DrivenProgram::waitForWindow(const std::string& what, const std::function<bool(HWND)>& looksRight) {
     HWND window = nullptr;
     waitUntil(what, [&] { return (window = find(looksRight)) != nullptr; });
     return window;
 }
 
-void Program::waitUntil(const std::string& what, const std::function<bool()>& seen) {
+void DrivenProgram::waitUntil(const std::string& what, const std::function<bool()>& seen) {
     bool came = false;
     const bool waited = comesTrue([&] {
         came = seen();
@@ -90,7 +90,7 @@ void Program::waitUntil(const std::string& what, const std::function<bool()>& se
         throw Disappointment("the program ended before this: " + what);
 }
 
-DWORD Program::waitForEnd() {
+DWORD DrivenProgram::waitForEnd() {
     if (!comesTrue([this] { return hasEnded(); }))
         throw Disappointment("waited in vain for the program's end");
     DWORD code = 0;
@@ -104,7 +104,7 @@ void clickMiddle(const RECT& rect) {
     ui::click();
 }
 
-void clickControl(Program& program, HWND dialog, int control) {
+void clickControl(DrivenProgram& program, HWND dialog, int control) {
     const HWND window = GetDlgItem(dialog, control);
     program.waitUntil("control " + std::to_string(control) + " is shown and enabled",
                       [window] { return IsWindowVisible(window) && IsWindowEnabled(window); });

@@ -17,14 +17,14 @@ class Disappointment : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-class Program {
+class DrivenProgram {
   public:
     /// Starts the program of that path.
-    explicit Program(const std::wstring& path);
+    explicit DrivenProgram(const std::wstring& path);
     /// Ends it by force if it still runs.
-    ~Program();
-    Program(const Program&) = delete;
-    Program& operator=(const Program&) = delete;
+    ~DrivenProgram();
+    DrivenProgram(const DrivenProgram&) = delete;
+    DrivenProgram& operator=(const DrivenProgram&) = delete;
 
     /// Waits for a visible top-level window of the program that `looksRight` accepts.
     HWND waitForWindow(const std::string& what, const std::function<bool(HWND)>& looksRight);
@@ -44,7 +44,7 @@ class Program {
 /// Clicks the middle of a rectangle of the screen.
 void clickMiddle(const RECT& rect);
 /// Clicks the middle of a control once it is shown and enabled.
-void clickControl(Program& program, HWND dialog, int control);
+void clickControl(DrivenProgram& program, HWND dialog, int control);
 /// A window's text, also one of another process.
 std::wstring windowText(HWND window);
 
