@@ -1,9 +1,9 @@
 // Lines that can't be right, typed and pasted into the real window: each is answered in one sentence that stands in the
 // history and in the status line, and changes nothing.
 
-#include "WorkbenchFixture.h"
 #include "BadLines.h"
-#include "resource.h"
+#include "WorkbenchFixture.h"
+#include "WorkbenchIds.h"
 
 #include "engine/DatabaseAccess.h"
 

@@ -1,7 +1,7 @@
 // The command line, typed into by a scripted person.
 
 #include "WorkbenchFixture.h"
-#include "resource.h"
+#include "WorkbenchIds.h"
 
 using CommandLineTest = WorkbenchTest;
 using ui::Script;

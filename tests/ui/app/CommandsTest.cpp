@@ -2,7 +2,7 @@
 
 #include "KelDbDatabase.h"
 #include "WorkbenchFixture.h"
-#include "resource.h"
+#include "WorkbenchIds.h"
 
 #include "engine/DatabaseAccess.h"
 #include "files/DrawingFile.h"

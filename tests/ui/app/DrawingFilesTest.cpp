@@ -3,7 +3,7 @@
 #include "KelEditor.h"
 #include "SystemRegistry.h"
 #include "WorkbenchFixture.h"
-#include "resource.h"
+#include "WorkbenchIds.h"
 
 #include "files/DrawingFile.h"
 

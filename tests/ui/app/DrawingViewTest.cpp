@@ -1,9 +1,9 @@
 // What the drawing view shows, and how it is moved by mouse and tabs.
 
-#include "LayerLook.h"
 #include "HandmadeDrawing.h"
+#include "LayerLook.h"
 #include "WorkbenchFixture.h"
-#include "resource.h"
+#include "WorkbenchIds.h"
 
 #include "engine/DatabaseAccess.h"
 #include "files/DrawingFile.h"

@@ -2,7 +2,7 @@
 
 #include "Accessibility.h"
 #include "WorkbenchFixture.h"
-#include "resource.h"
+#include "WorkbenchIds.h"
 
 #include <oleacc.h>
 

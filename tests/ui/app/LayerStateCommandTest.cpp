@@ -4,7 +4,7 @@
 #include "KelEditor.h"
 #include "ModuleLoader.h"
 #include "WorkbenchFixture.h"
-#include "resource.h"
+#include "WorkbenchIds.h"
 
 #include "engine/DatabaseAccess.h"
 #include "files/DrawingFile.h"

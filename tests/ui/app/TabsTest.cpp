@@ -1,7 +1,7 @@
 // The tabs of the spaces when there are more than the bar has room for, and names that are too long for a tab.
 
 #include "WorkbenchFixture.h"
-#include "resource.h"
+#include "WorkbenchIds.h"
 
 using ui::Script;
 using ui::View;

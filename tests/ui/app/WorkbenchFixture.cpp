@@ -2,9 +2,9 @@
 
 #include "WorkbenchFixture.h"
 
-#include "Runtime.h"
 #include "HandmadeDrawing.h"
-#include "resource.h"
+#include "Runtime.h"
+#include "WorkbenchIds.h"
 
 #include "files/DrawingFile.h"
 

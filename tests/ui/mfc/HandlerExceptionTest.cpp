@@ -1,6 +1,6 @@
 // Exceptions in handlers: stopped at the window procedure, told to the user, answered by the kind of the message.
+#include "MfcTestIds.h"
 #include "Program.h"
-#include "resource.h"
 
 #include <stdexcept>
 

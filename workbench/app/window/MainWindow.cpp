@@ -7,7 +7,7 @@
 #include "CommandLineOutput.h"
 #include "Completion.h"
 #include "SavedPlacement.h"
-#include "resource.h"
+#include "WorkbenchIds.h"
 
 #include <shellapi.h>
 
