@@ -2,8 +2,8 @@
 
 #include "DialogFixture.h"
 
-#include "OrvUiUtilities.h"
 #include "KelDbDatabase.h"
+#include "OrvUiUtilities.h"
 #include "instruments/HostCalls.h"
 #include "pickers/FileFilter.h"
 

@@ -1,7 +1,7 @@
 // The colour dialog, as a person answers it.
 
-#include "PickerFixture.h"
 #include "Accessibility.h"
+#include "PickerFixture.h"
 
 #include "OrvUiPickers.h"
 #include "instruments/HostCalls.h"

@@ -1,10 +1,10 @@
 // What the tests of dialogs share: a dialog that sets itself up as modules do, and a registry of its own for each test.
 #pragma once
 
+#include "Driver.h"
+#include "FrameworkTestIds.h"
 #include "OrvUiControls.h"
 #include "OrvUiDialog.h"
-#include "Driver.h"
-#include "ids.h"
 
 #include <gmock/gmock.h>
 
