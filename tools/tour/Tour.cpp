@@ -7,7 +7,7 @@
 #include "Screenshot.h"
 
 #include "resource.h"
-#include "window/resource.h"
+#include "window/WorkbenchIds.h"
 
 #include <cstdio>
 #include <utility>

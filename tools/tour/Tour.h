@@ -2,7 +2,7 @@
 // another name, with pictures on the way.
 #pragma once
 
-#include "Program.h"
+#include "DrivenProgram.h"
 #include "TourOptions.h"
 
 namespace tour {
@@ -26,7 +26,7 @@ class Tour {
     void picture(const std::wstring& name) const;
 
     Options m_options;
-    Program m_program;
+    DrivenProgram m_program;
     HWND m_main = nullptr;
     HWND m_manager = nullptr;
 };

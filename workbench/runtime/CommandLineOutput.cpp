@@ -2,10 +2,10 @@
 
 #include "CommandLineOutput.h"
 
+#include "CommandLineFormat.h"
 #include "instruments/HostCalls.h"
 #include "KelRuntime.h"
 #include "ResultBuffer.h"
-#include "WideFormat.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -22,7 +22,7 @@ runtime::AbortHandler g_abortHandler;
 int kelutPrintf(const wchar_t* format, ...) {
     std::va_list arguments;
     va_start(arguments, format);
-    const std::wstring text = runtime::formatWide(format, arguments);
+    const std::wstring text = runtime::formatForCommandLine(format, arguments);
     va_end(arguments);
     HostCall call("kelutPrintf", text);
     if (call.fault())
@@ -34,7 +34,7 @@ int kelutPrintf(const wchar_t* format, ...) {
 void kelrt_abort(const wchar_t* format, ...) {
     std::va_list arguments;
     va_start(arguments, format);
-    const std::wstring text = runtime::formatWide(format, arguments);
+    const std::wstring text = runtime::formatForCommandLine(format, arguments);
     va_end(arguments);
     HostCall call("kelrt_abort", text);
     if (g_abortHandler)

@@ -1,8 +1,11 @@
 // What the host offers every module beside drawings: who it is and which drawing is the current one.
 
-#include "instruments/HostCalls.h"
 #include "KelDbDatabase.h"
 #include "RuntimeParts.h"
+
+#include "engine/DatabaseAccess.h"
+#include "instruments/HostCalls.h"
+#include "objects/ExtendedDataChain.h"
 
 using instruments::HostCall;
 
@@ -52,3 +55,10 @@ void setWorkingDatabase(KelDbDatabase* database) {
 }
 
 } // namespace runtime
+
+bool keldbRegApp(const wchar_t* name) {
+    HostCall call("keldbRegApp", name);
+    KelDbDatabase* database = runtime::workingDatabase();
+    return call.answer(!call.fault() && database && name &&
+                       engine::registerApplication(engine::impOf(*database), name));
+}

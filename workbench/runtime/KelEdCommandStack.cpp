@@ -3,7 +3,7 @@
 #include "instruments/HostCalls.h"
 #include "KelRuntime.h"
 #include "model/NameTable.h"
-#include "RtClass.h"
+#include "objects/RtClass.h"
 
 #include <algorithm>
 #include <memory>

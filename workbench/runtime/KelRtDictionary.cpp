@@ -2,7 +2,7 @@
 
 #include "DictionaryAccess.h"
 #include "instruments/HostCalls.h"
-#include "RtClass.h"
+#include "objects/RtClass.h"
 
 #include <map>
 #include <string>

@@ -5,7 +5,7 @@
 #include "DictionaryAccess.h"
 #include "instruments/HostCalls.h"
 #include "KelDbDatabase.h"
-#include "RtClass.h"
+#include "objects/RtClass.h"
 #include "RuntimeParts.h"
 
 #include <map>

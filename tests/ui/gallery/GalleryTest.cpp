@@ -2,7 +2,7 @@
 
 #include "GalleryTest.h"
 
-#include "Commands.h"
+#include "CommandDispatch.h"
 #include "LayoutProblems.h"
 #include "Runtime.h"
 #include "Screenshot.h"

@@ -4,9 +4,9 @@
 
 #include "Documents.h"
 #include "KelDbDatabase.h"
+#include "WorkbenchIds.h"
 #include "engine/DatabaseAccess.h"
 #include "resources/resource.h"
-#include "resource.h"
 
 #include <commctrl.h>
 

@@ -1,6 +1,6 @@
 // Commands and control notifications: which message map gets them, in which order, and who may decline.
+#include "MfcTestIds.h"
 #include "Program.h"
-#include "resource.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // The smaller controls: buttons, edits, list and combo boxes, tool tips, status bars, tabs, and menus.
+#include "MfcTestIds.h"
 #include "Program.h"
-#include "resource.h"
 
 namespace {
 

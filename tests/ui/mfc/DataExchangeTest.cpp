@@ -1,6 +1,6 @@
 // Dialog data exchange: each kind of control in both directions, what is refused, and what is heard meanwhile.
+#include "MfcTestIds.h"
 #include "Program.h"
-#include "resource.h"
 
 #include <functional>
 

@@ -1,7 +1,7 @@
 // A dialog's keyboard with real key strokes: Tab, Enter, Escape and mnemonics, in modal and modeless dialogs.
 #include "Driver.h"
+#include "MfcTestIds.h"
 #include "Program.h"
-#include "resource.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // Dialogs from templates: end values, nesting, missing templates, where templates are found, owners, and what a message
 // meets before it is dispatched.
 #include "Driver.h"
+#include "MfcTestIds.h"
 #include "Program.h"
-#include "resource.h"
 
 #include <functional>
 

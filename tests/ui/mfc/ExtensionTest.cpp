@@ -1,6 +1,6 @@
 // Extension DLLs: their resources are in the search while they are loaded, behind the current resource handle.
+#include "MfcTestIds.h"
 #include "Program.h"
-#include "resource.h"
 
 namespace {
 

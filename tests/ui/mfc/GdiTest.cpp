@@ -1,6 +1,6 @@
 // GDI objects and device contexts: who owns them, that they are released, and what they draw.
+#include "MfcTestIds.h"
 #include "Program.h"
-#include "resource.h"
 
 namespace {
 

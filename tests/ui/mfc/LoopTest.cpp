@@ -1,6 +1,6 @@
 // The message loops: being idle in the program's loop and in modal ones, and how they end.
+#include "MfcTestIds.h"
 #include "Program.h"
-#include "resource.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // The program object: its names, its message boxes and its hourglass.
 #include "Driver.h"
+#include "MfcTestIds.h"
 #include "Program.h"
-#include "resource.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // Texts from string resources, and formats that are texts from string resources.
+#include "MfcTestIds.h"
 #include "Program.h"
-#include "resource.h"
 
 namespace {
 

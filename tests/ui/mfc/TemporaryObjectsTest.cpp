@@ -1,6 +1,6 @@
 // Temporary objects: one for each handle, gone when the loop that made them is idle, and with them nothing else.
+#include "MfcTestIds.h"
 #include "Program.h"
-#include "resource.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // A window and its object: creation, subclassing, attaching, and what each end does.
+#include "MfcTestIds.h"
 #include "Program.h"
-#include "resource.h"
 
 #include <algorithm>
 

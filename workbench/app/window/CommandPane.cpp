@@ -2,7 +2,7 @@
 
 #include "CommandPane.h"
 
-#include "resource.h"
+#include "WorkbenchIds.h"
 
 #include <algorithm>
 

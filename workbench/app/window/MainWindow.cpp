@@ -1,13 +1,13 @@
-// See MainWindow.h. The commands stand in logic/Commands.cpp; here they are only started. What they and the host ask of
-// the window is in MainWindowShell.cpp.
+// See MainWindow.h. The commands stand in commands/CommandDispatch.cpp; here they are only started. What they and the
+// host ask of the window is in MainWindowAnswers.cpp.
 
 #include "MainWindow.h"
 
+#include "CommandDispatch.h"
 #include "CommandLineOutput.h"
-#include "Commands.h"
 #include "Completion.h"
 #include "SavedPlacement.h"
-#include "resource.h"
+#include "WorkbenchIds.h"
 
 #include <shellapi.h>
 
@@ -125,7 +125,7 @@ BOOL MainWindow::createWindow() {
         return FALSE;
     // Only now it is known on which display it stands.
     SetWindowPos(nullptr, 0, 0, m_look.px(1100), m_look.px(760), SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    m_session = std::make_unique<Session>(static_cast<Shell&>(*this));
+    m_session = std::make_unique<Session>(static_cast<SessionWindow&>(*this));
     runtime::setDisplayObserver(this);
     runtime::setOutputSink([this](const std::wstring& text) { print(text); });
     drawingReplaced();

@@ -18,7 +18,7 @@ inline constexpr const wchar_t* kMainWindowClass = L"KelWorkbench";
 /// The program's name in titles.
 inline constexpr const wchar_t* kProgramName = L"Kel Workbench";
 
-class MainWindow : public CWnd, private Shell, private runtime::DisplayObserver {
+class MainWindow : public CWnd, private SessionWindow, private runtime::DisplayObserver {
   public:
     MainWindow();
     ~MainWindow() override;
@@ -51,7 +51,7 @@ class MainWindow : public CWnd, private Shell, private runtime::DisplayObserver 
     BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
 
   private:
-    // Shell.
+    // SessionWindow.
     void print(const std::wstring& text) override;
     void echo(const std::wstring& text) override { m_command.print(text); }
     void showFailure(const std::wstring& text) override;

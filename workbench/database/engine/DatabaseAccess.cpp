@@ -3,7 +3,7 @@
 #include "DatabaseAccess.h"
 
 #include "DatabaseImp.h"
-#include "LayerCommands.h"
+#include "LayerEditing.h"
 #include "NewDrawing.h"
 #include "ReferenceAttachment.h"
 

@@ -37,7 +37,7 @@ KELDB_API Vorn::ErrorStatus setCurrentViewport(KelDbDatabase& database, std::opt
 /// The current viewport's id; null on the model tab and in paper space itself.
 KELDB_API KelDbObjectId currentViewportId(const KelDbDatabase& database);
 
-/// Layer commands; the statuses are those of engine/LayerCommands.h. Layers are given by index.
+/// Changes of layers; the statuses are those of engine/LayerEditing.h. Layers are given by index.
 KELDB_API Vorn::ErrorStatus addLayer(KelDbDatabase& database, std::wstring_view name);
 KELDB_API Vorn::ErrorStatus renameLayer(KelDbDatabase& database, std::size_t layer, std::wstring_view name);
 KELDB_API Vorn::ErrorStatus removeLayer(KelDbDatabase& database, std::size_t layer);

@@ -4,7 +4,7 @@
 
 #include "ReferenceAttachment.h"
 
-#include "LayerCommands.h"
+#include "LayerEditing.h"
 #include "LayerStates.h"
 #include "values/NameRules.h"
 

@@ -4,7 +4,6 @@
 
 #include "instruments/HostCalls.h"
 #include "values/NameRules.h"
-#include "RuntimeParts.h"
 #include "values/RuntimeStrings.h"
 
 #include <algorithm>
@@ -115,10 +114,3 @@ bool registerApplication(DatabaseImp& database, std::wstring_view name) {
 }
 
 } // namespace engine
-
-bool keldbRegApp(const wchar_t* name) {
-    instruments::HostCall call("keldbRegApp", name);
-    KelDbDatabase* database = runtime::workingDatabase();
-    return call.answer(!call.fault() && database && name &&
-                       engine::registerApplication(engine::impOf(*database), name));
-}

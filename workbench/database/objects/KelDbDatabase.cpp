@@ -2,12 +2,12 @@
 
 #include "KelDbDatabase.h"
 
-#include "instruments/HostCalls.h"
 #include "ObjectState.h"
 #include "RtClass.h"
-#include "engine/LayerCommands.h"
+#include "engine/LayerEditing.h"
 #include "engine/NewDrawing.h"
 #include "files/DrawingFile.h"
+#include "instruments/HostCalls.h"
 
 using engine::ObjectKind;
 using instruments::HostCall;

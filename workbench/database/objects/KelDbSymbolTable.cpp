@@ -1,11 +1,11 @@
 // The symbol tables: finding records by name, and walking and filling the layer table.
 
-#include "instruments/HostCalls.h"
 #include "IteratorPosition.h"
 #include "KelDbTables.h"
 #include "ObjectState.h"
 #include "RtClass.h"
-#include "engine/LayerCommands.h"
+#include "engine/LayerEditing.h"
+#include "instruments/HostCalls.h"
 
 using instruments::HostCall;
 

@@ -1,12 +1,12 @@
 // What is common to the records of symbol tables: the name, and where they come from.
 
+#include "engine/LayerEditing.h"
 #include "instruments/HostCalls.h"
 #include "KelDbTables.h"
-#include "values/NameRules.h"
 #include "ObjectState.h"
 #include "RtClass.h"
+#include "values/NameRules.h"
 #include "values/RuntimeStrings.h"
-#include "engine/LayerCommands.h"
 
 using engine::ObjectKind;
 using instruments::HostCall;

@@ -1,9 +1,9 @@
 // A layer as callers write it: one row of the drawing's columns, or values in memory.
 
-#include "instruments/HostCalls.h"
 #include "KelDbTables.h"
 #include "ObjectState.h"
-#include "engine/LayerCommands.h"
+#include "engine/LayerEditing.h"
+#include "instruments/HostCalls.h"
 
 using engine::MemoryLayer;
 using instruments::HostCall;

@@ -6,7 +6,7 @@
 #include "KelCmColor.h"
 #include "StateFileFormat.h"
 #include "StateFileText.h"
-#include "engine/LayerCommands.h"
+#include "engine/LayerEditing.h"
 #include "engine/LayerStates.h"
 #include "files/DrawingCheck.h"
 #include "files/Refusal.h"

@@ -1,0 +1,188 @@
+// Opening and saving through the main window: titles, questions, and drawings that can't be read.
+
+#include "KelEditor.h"
+#include "SystemRegistry.h"
+#include "WorkbenchFixture.h"
+#include "WorkbenchIds.h"
+
+#include "files/DrawingFile.h"
+
+#include <atomic>
+#include <fstream>
+#include <thread>
+
+#include <shlobj.h>
+
+namespace fs = std::filesystem;
+using ui::Script;
+using ui::View;
+
+namespace {
+
+void turnBaseLayerOff() {
+    KelDbLayerTable* table = nullptr;
+    if (keldbHostApplicationServices()->workingDatabase()->getSymbolTable(table, KelDb::kForRead) != Vorn::eOk)
+        return;
+    KelDbLayerTableRecord* record = nullptr;
+    if (table->getAt(L"Base", record, KelDb::kForWrite) == Vorn::eOk) {
+        record->setIsOff(true);
+        record->close();
+    }
+    table->close();
+}
+
+Script expectTitle(const std::wstring& title) {
+    Script script;
+    script.waitUntil("the title is " + ui::narrow(title), [title](const View& view) { return view.title() == title; });
+    return script;
+}
+
+/// What the system sends for a file that is dropped on the window.
+void drop(HWND target, const std::wstring& path) {
+    const SIZE_T size = sizeof(DROPFILES) + (path.size() + 2) * sizeof(wchar_t);
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, size);
+    auto* files = static_cast<DROPFILES*>(GlobalLock(memory));
+    files->pFiles = sizeof(DROPFILES);
+    files->fWide = TRUE;
+    std::copy(path.begin(), path.end(), reinterpret_cast<wchar_t*>(files + 1));
+    GlobalUnlock(memory);
+    PostMessageW(target, WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
+}
+
+class DrawingFilesTest : public WorkbenchTest {
+  protected:
+    DrawingFilesTest() { runtime::commandStack().addCommand(L"TEST", L"TURNOFF", L"TURNOFF", 0, turnBaseLayerOff); }
+    void writeText(const char* name) { std::ofstream(folder / name) << "This is no drawing."; }
+    void writeCutOff(const char* name) {
+        writeSample(name);
+        fs::resize_file(folder / name, fs::file_size(folder / name) / 2);
+    }
+};
+
+} // namespace
+
+TEST_F(DrawingFilesTest, ShowsTheDrawingsNameInTheTitle) {
+    writeSample("plan.zdr");
+    Script script;
+    script.then(expectTitle(L"Drawing1 - Kel Workbench"))
+        .then(command(L"OPEN " + path("plan.zdr")))
+        .then(expectTitle(L"plan.zdr - Kel Workbench"))
+        .then(command(L"TURNOFF"))
+        .then(expectTitle(L"plan.zdr* - Kel Workbench"))
+        .then(command(L"SAVEAS " + path("other.zdr")))
+        .then(expectTitle(L"other.zdr - Kel Workbench"))
+        .then(command(L"QUIT"));
+    runWith(script);
+    EXPECT_TRUE(fs::exists(folder / "other.zdr"));
+}
+
+TEST_F(DrawingFilesTest, ADrawingThatCantBeReadIsToldWithPathAndReason) {
+    writeSample("plan.zdr");
+    writeText("text.zdr");
+    writeCutOff("cut.zdr");
+    Script script;
+    script.then(command(L"OPEN " + path("plan.zdr"))).then(expectTitle(L"plan.zdr - Kel Workbench"));
+    for (const char* name : {"missing.zdr", "text.zdr", "cut.zdr"})
+        script.then(command(L"OPEN " + path(name)))
+            .then(answerBox(path(name), IDOK))
+            .then(expectTitle(L"plan.zdr - Kel Workbench"));
+    script.then(command(L"QUIT"));
+    runWith(script);
+}
+
+TEST_F(DrawingFilesTest, AsksAboutUnsavedChangesAtTheEnd) {
+    Script script;
+    script.then(command(L"TURNOFF"))
+        .then(command(L"QUIT"))
+        .then(answerBox(L"Save the changes to Drawing1?", IDCANCEL))
+        .press(VK_F4, ui::holdAlt)
+        .then(answerBox(L"Save the changes to Drawing1?", IDNO));
+    runWith(script);
+    EXPECT_EQ(window->m_hWnd, nullptr);
+}
+
+TEST_F(DrawingFilesTest, SavesAtTheEndWhenAskedTo) {
+    writeSample("plan.zdr");
+    Script script;
+    script.then(command(L"OPEN " + path("plan.zdr")))
+        .then(command(L"TURNOFF"))
+        .then(command(L"QUIT"))
+        .then(answerBox(L"Save the changes to plan.zdr?", IDYES));
+    runWith(script);
+    zdr::Drawing saved;
+    std::wstring reason;
+    ASSERT_EQ(zdr::readDrawingFile(path("plan.zdr"), saved, reason), Vorn::eOk) << ui::narrow(reason);
+    EXPECT_FALSE(saved.columns.flags[0] & zdr::kLayerOn);
+}
+
+TEST_F(DrawingFilesTest, AsksBeforeItWritesOverAFileChangedByAnother) {
+    writeSample("plan.zdr");
+    Script script;
+    script.then(command(L"OPEN " + path("plan.zdr")))
+        .then(expectTitle(L"plan.zdr - Kel Workbench"))
+        .look("someone else writes the file", [this](const View&) { writeText("plan.zdr"); })
+        .then(command(L"TURNOFF"))
+        .then(command(L"SAVE"))
+        .then(answerBox(L"Write over it?", IDNO))
+        .then(expectTitle(L"plan.zdr* - Kel Workbench"))
+        .look("the file is left alone", [this](const View&) { EXPECT_EQ(fs::file_size(folder / "plan.zdr"), 19u); })
+        .then(command(L"SAVE"))
+        .then(answerBox(L"Write over it?", IDYES))
+        .then(expectTitle(L"plan.zdr - Kel Workbench"))
+        .then(command(L"QUIT"));
+    runWith(script);
+    EXPECT_GT(fs::file_size(folder / "plan.zdr"), 19u);
+}
+
+TEST_F(DrawingFilesTest, AsksTheSystemsDialogForAFile) {
+    writeSample("plan.zdr");
+    Script script;
+    script.then(command(L"OPEN"))
+        .waitUntil("the file dialog", [](const View& view) { return view.title() == L"Open"; })
+        .type(path("plan.zdr"))
+        .press(VK_RETURN)
+        .then(expectTitle(L"plan.zdr - Kel Workbench"))
+        .then(command(L"QUIT"));
+    runWith(script);
+}
+
+TEST_F(DrawingFilesTest, AFileDroppedOnTheWindowIsOpened) {
+    writeSample("a plan.zdr");
+    Script script;
+    script
+        .look("the window takes files",
+              [](const View& view) { EXPECT_TRUE(GetWindowLongPtrW(view.window(), GWL_EXSTYLE) & WS_EX_ACCEPTFILES); })
+        .look("drop a file", [this](const View& view) { drop(view.window(), path("a plan.zdr")); })
+        .then(expectTitle(L"a plan.zdr - Kel Workbench"))
+        .then(command(L"QUIT"));
+    runWith(script);
+}
+
+TEST_F(DrawingFilesTest, TheEndOfTheSystemsSessionAsksAboutUnsavedChanges) {
+    constexpr LRESULT none = -1;
+    std::atomic<LRESULT> answer = none;
+    // The system asks from outside, and waits.
+    std::jthread system;
+    const auto ends = [&] {
+        Script script;
+        script.look("the session ends", [&](const View& view) {
+            answer = none;
+            system = std::jthread(
+                [&answer, shown = view.window()] { answer = SendMessageW(shown, WM_QUERYENDSESSION, 0, 0); });
+        });
+        return script;
+    };
+    const auto answers = [&](LRESULT expected) {
+        Script script;
+        script.waitUntil("the answer is " + std::to_string(expected),
+                         [&answer, expected](const View&) { return answer == expected; });
+        return script;
+    };
+    Script script;
+    script.then(ends()).then(answers(TRUE));
+    script.then(command(L"TURNOFF")).then(ends());
+    script.then(answerBox(L"Save the changes to Drawing1?", IDCANCEL)).then(answers(FALSE));
+    script.then(ends()).then(answerBox(L"Save the changes to Drawing1?", IDNO)).then(answers(TRUE));
+    script.then(command(L"QUIT")).then(answerBox(L"Save the changes to Drawing1?", IDNO));
+    runWith(script);
+}

@@ -1,0 +1,174 @@
+// The list's hit test, and who hears its notifications.
+
+#include "DialogFixture.h"
+
+namespace {
+
+class FrameworkList : public DialogFixture {
+  protected:
+    TestDialog dialog{IDD_FIXED};
+    COrvUiListCtrl list;
+
+    FrameworkList() {
+        dialog.setUp = [this] {
+            list.SubclassDlgItem(IDC_TEST_LIST, &dialog);
+            list.InsertColumn(0, L"Name", LVCFMT_LEFT, 80, 0);
+            list.InsertColumn(1, L"Description", LVCFMT_LEFT, 60, 1);
+            list.InsertItem(0, L"First");
+            list.SetItemText(0, 1, L"A text too long for it");
+            list.InsertItem(1, L"Second");
+        };
+    }
+    CPoint middleOf(int row, int column) {
+        RECT bounds = {};
+        ListView_GetSubItemRect(list.GetSafeHwnd(), row, column, LVIR_BOUNDS, &bounds);
+        if (column == 0)
+            bounds.right = bounds.left + list.GetColumnWidth(0);
+        return CPoint((bounds.left + bounds.right) / 2, (bounds.top + bounds.bottom) / 2);
+    }
+    ui::Script& pointAtCell(ui::Script& script, int row, int column) {
+        return pointAt(script, [this, row, column] {
+            POINT point = middleOf(row, column);
+            ClientToScreen(list.GetSafeHwnd(), &point);
+            return point;
+        });
+    }
+    bool offersTip() {
+        CRect rect;
+        return list.OnGetTipRect(rect) != 0;
+    }
+};
+
+TEST_F(FrameworkList, theHitTestTellsTheCell) {
+    dialog.run(look("the cells", [&] {
+        int row = -5;
+        int column = -5;
+        CPoint point = middleOf(1, 1);
+        EXPECT_EQ(list.GetItemAtPoint(point, row, column), 0);
+        EXPECT_EQ(row, 1);
+        EXPECT_EQ(column, 1);
+        point = middleOf(0, 0);
+        EXPECT_EQ(list.GetItemAtPoint(point, row, column), 0);
+        EXPECT_EQ(row, 0);
+        EXPECT_EQ(column, 0);
+    }));
+}
+
+TEST_F(FrameworkList, beyondTheLastRowAndColumnThereIsNoCellAndNoTip) {
+    dialog.run(look("the cells", [&] {
+        for (const CPoint& where : {CPoint(20, 100), CPoint(200, middleOf(0, 0).y), CPoint(-5, -5)}) {
+            int row = 5;
+            int column = 5;
+            CPoint point = where;
+            EXPECT_NE(list.GetItemAtPoint(point, row, column), 0);
+            EXPECT_LT(row, 0);
+            EXPECT_LT(column, 0);
+            CRect rect;
+            CString text;
+            EXPECT_FALSE(list.TipAtPoint(where, rect, text));
+        }
+    }));
+}
+
+/// A list that decides itself about tips, as the grids of modules do.
+class DecidingList : public COrvUiListCtrl {
+  public:
+    BOOL answer = FALSE;
+    BOOL OnGetTipRect(CRect& rect) override {
+        COrvUiListCtrl::OnGetTipRect(rect);
+        rect.right = rect.left + 11;
+        return answer;
+    }
+};
+
+TEST_F(FrameworkList, aDerivedListDecidesWhetherATipShowsAndWhere) {
+    DecidingList deciding;
+    CPoint cell;
+    const auto setUp = dialog.setUp;
+    dialog.setUp = [&] {
+        setUp();
+        cell = middleOf(0, 1);
+        list.UnsubclassWindow();
+        deciding.SubclassDlgItem(IDC_TEST_LIST, &dialog);
+    };
+    ui::Script script;
+    pointAt(script, [&] {
+        POINT point = cell;
+        ClientToScreen(deciding.GetSafeHwnd(), &point);
+        return point;
+    });
+    script.look("its decision", [&](const ui::View&) {
+        CRect rect;
+        CString text;
+        EXPECT_FALSE(deciding.TipAtPoint(cell, rect, text));
+        deciding.answer = TRUE;
+        EXPECT_TRUE(deciding.TipAtPoint(cell, rect, text));
+        EXPECT_EQ(rect.Width(), 11);
+        EXPECT_STREQ(text, L"A text too long for it");
+    });
+    dialog.run(script);
+}
+
+TEST_F(FrameworkList, aTipShowsForCutOffTextOnly) {
+    ui::Script script;
+    pointAtCell(script, 0, 1);
+    script.look("the long text", [&](const ui::View&) {
+        CRect rect;
+        EXPECT_TRUE(list.OnGetTipRect(rect));
+        EXPECT_TRUE(rect.PtInRect(middleOf(0, 1)));
+        EXPECT_EQ(rect.Width(), 60);
+    });
+    pointAtCell(script, 0, 0);
+    script.look("a short text", [&](const ui::View&) { EXPECT_FALSE(offersTip()); });
+    script.look("room for the long one", [&](const ui::View&) { list.SetColumnWidth(1, 200); });
+    pointAtCell(script, 0, 1);
+    script.look("a long text with room", [&](const ui::View&) { EXPECT_FALSE(offersTip()); });
+    dialog.run(script);
+}
+
+TEST_F(FrameworkList, whatTheWindowsEdgeCutsOffIsCutOff) {
+    CRect client;
+    ui::Script script = look("a column of which only 40 pixels are in the window", [&] {
+        GetClientRect(list.GetSafeHwnd(), &client);
+        list.SetColumnWidth(0, client.right - 40);
+        list.SetColumnWidth(1, 400);
+    });
+    pointAt(script, [&] {
+        POINT point = {client.right - 20, middleOf(0, 0).y};
+        ClientToScreen(list.GetSafeHwnd(), &point);
+        return point;
+    });
+    script.look("the long text", [&](const ui::View&) { EXPECT_TRUE(offersTip()); });
+    dialog.run(script);
+}
+
+/// A window that is no parent of the list, and counts what it hears.
+class Listener : public CWnd {
+  public:
+    int selections = 0;
+
+  protected:
+    BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override {
+        selections += reinterpret_cast<NMHDR*>(lParam)->code == LVN_ITEMCHANGED;
+        return CWnd::OnNotify(wParam, lParam, result);
+    }
+};
+
+TEST_F(FrameworkList, theNamedWindowHearsTheNotificationsWhereverItStands) {
+    Listener listener;
+    dialog.run(look("selections", [&] {
+        ASSERT_TRUE(listener.CreateEx(0, L"STATIC", L"", WS_CHILD, 0, 0, 1, 1, dialog.GetSafeHwnd(), nullptr));
+        list.SetItemState(0, LVIS_SELECTED, LVIS_SELECTED);
+        EXPECT_EQ(listener.selections, 0);
+        list.SetOrvUiParent(&listener);
+        list.SetItemState(1, LVIS_SELECTED, LVIS_SELECTED);
+        EXPECT_GT(listener.selections, 0);
+        const int heard = listener.selections;
+        list.SetOrvUiParent(nullptr);
+        list.SetItemState(0, 0, LVIS_SELECTED);
+        EXPECT_EQ(listener.selections, heard);
+        listener.DestroyWindow();
+    }));
+}
+
+} // namespace

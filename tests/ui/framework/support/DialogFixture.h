@@ -1,0 +1,59 @@
+// What the tests of dialogs share: a dialog that sets itself up as modules do, and a registry of its own for each test.
+#pragma once
+
+#include "Driver.h"
+#include "FrameworkTestIds.h"
+#include "OrvUiControls.h"
+#include "OrvUiDialog.h"
+
+#include <gmock/gmock.h>
+
+#include <functional>
+#include <string>
+
+/// A dialog whose set-up after the base OnInitDialog is the test's.
+class TestDialog : public CKelUiDialog {
+  public:
+    explicit TestDialog(UINT templateId, const wchar_t* name = L"FrameworkTests:Dialog", CWnd* parent = nullptr);
+
+    std::function<void()> setUp;
+    std::function<void(UINT)> onCommand;
+
+    BOOL OnInitDialog() override;
+    HWND control(int id) const { return ::GetDlgItem(GetSafeHwnd(), id); }
+    /// Opens the dialog with the pointer away from it, runs the script in it and closes it with OK.
+    /// @return the dialog's answer
+    INT_PTR run(const ui::Script& script = {});
+
+  protected:
+    BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    const wchar_t* m_name;
+};
+
+/// A script with one assertion or action.
+ui::Script look(std::string what, std::function<void()> see);
+/// Appends a movement of the pointer to a point of the screen, which is asked for when it is the step's turn.
+ui::Script& pointAt(ui::Script& script, std::function<POINT()> target);
+/// Moves the pointer to a corner of the screen where no window is, and answers once it is there.
+void bringPointerAway();
+/// Appends a movement to a corner of the screen where no window is.
+ui::Script& pointAway(ui::Script& script);
+/// Appends a wait, for what must not happen.
+ui::Script& pause(ui::Script& script, std::chrono::milliseconds duration);
+
+RECT screenRect(HWND window);
+using ui::shownTip;
+
+/// Moves the framework's store to a key of the tests, and empties it before and after each one.
+class DialogFixture : public testing::Test {
+  protected:
+    DialogFixture();
+    ~DialogFixture() override;
+
+    /// The registry path, below HKEY_CURRENT_USER, of what is kept for a dialog.
+    static std::wstring kept(const std::wstring& below = {});
+    static void writeValue(const std::wstring& path, const wchar_t* name, DWORD type, const void* data, DWORD size);
+    static void writeNumber(const std::wstring& path, const wchar_t* name, DWORD value);
+};

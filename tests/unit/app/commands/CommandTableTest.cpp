@@ -1,0 +1,78 @@
+// The command table itself, and HELP, which tells it to the user.
+
+#include "CommandTable.h"
+#include "CommandFixture.h"
+#include "KelEditor.h"
+#include "SystemRegistry.h"
+
+#include <set>
+
+using testing::HasSubstr;
+using workbench::Command;
+using workbench::commandTable;
+using workbench::findCommand;
+using workbench::Option;
+
+namespace {
+
+bool isSentence(const std::wstring& text) {
+    return text.size() > 8 && text.back() == L'.' && std::iswupper(static_cast<wint_t>(text.front()));
+}
+
+std::string narrow(const std::wstring& text) {
+    return {text.begin(), text.end()};
+}
+
+/// Enters a row's names; each may stand once.
+template <class Row> void expectNew(std::set<std::wstring>& names, const Row& row) {
+    EXPECT_TRUE(names.insert(row.name).second) << narrow(row.name) << " stands twice";
+    if (row.alias) {
+        EXPECT_TRUE(names.insert(row.alias).second) << narrow(row.alias) << " stands twice";
+    }
+}
+
+using CommandTableTest = CommandFixture;
+
+} // namespace
+
+TEST_F(CommandTableTest, HasEveryNameOnceAndAFunctionOrOptionsInEachRow) {
+    std::set<std::wstring> names;
+    for (const Command& command : commandTable()) {
+        expectNew(names, command);
+        EXPECT_TRUE(isSentence(command.help)) << narrow(command.name);
+        EXPECT_NE(command.run == nullptr, command.options == nullptr) << narrow(command.name);
+        std::set<std::wstring> optionNames;
+        for (const Option& option : command.options ? command.options() : std::span<const Option>()) {
+            expectNew(optionNames, option);
+            EXPECT_TRUE(isSentence(option.help)) << narrow(option.name);
+            EXPECT_NE(option.run, nullptr) << narrow(option.name);
+            EXPECT_LE(option.count.least, option.count.most) << narrow(option.name);
+        }
+    }
+}
+
+TEST_F(CommandTableTest, FindsACommandByNameOrShortForm) {
+    ASSERT_NE(findCommand(L"LAYER"), nullptr);
+    EXPECT_EQ(findCommand(L"LA"), findCommand(L"layer"));
+    EXPECT_EQ(findCommand(L"LAYE"), nullptr);
+}
+
+TEST_F(CommandTableTest, HelpListsEveryCommandWithItsArguments) {
+    const std::wstring text = run(L"HELP");
+    for (const Command& command : commandTable())
+        EXPECT_THAT(text, HasSubstr(usageOf(command) + L" - " + command.help + L"\n"));
+}
+
+TEST_F(CommandTableTest, HelpExplainsACommandAndItsOptions) {
+    const std::wstring text = run(L"HELP layer");
+    EXPECT_THAT(text, HasSubstr(L"LAYER option ... - Makes layers and changes them. Short: LA.\n"));
+    EXPECT_THAT(text, HasSubstr(L"    LAYER COLOR color [layers] - "));
+    EXPECT_THAT(text, HasSubstr(L" Also: COLOUR.\n"));
+    EXPECT_EQ(run(L"? U"), L"UNDO - Takes back the last change. Short: U.\n");
+    EXPECT_EQ(run(L"HELP nonsense"), L"There is no command \"nonsense\": HELP alone lists them.\n");
+}
+
+TEST_F(CommandTableTest, HelpTellsWhereAModulesCommandComesFrom) {
+    runtime::commandStack().addCommand(L"TEST", L"SOMETHING", L"ETWAS", 0, [] {});
+    EXPECT_EQ(run(L"HELP etwas"), L"SOMETHING - From the module group TEST.\n");
+}

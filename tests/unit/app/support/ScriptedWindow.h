@@ -1,0 +1,56 @@
+// A window around a session that answers questions as a test has told it to, and keeps what it was told.
+#pragma once
+
+#include "SessionWindow.h"
+
+#include <vector>
+
+class ScriptedWindow : public workbench::SessionWindow {
+  public:
+    std::wstring printed;
+    std::vector<std::wstring> failures;
+    std::vector<std::wstring> questions;
+    workbench::SaveAnswer saveAnswer = workbench::SaveAnswer::Cancel;
+    bool overwrite = false;
+    std::optional<std::wstring> chosenFile;
+    std::wstring proposal;
+    int replaced = 0, changed = 0, zoomed = 0, quits = 0;
+    double scale = 1;
+    std::vector<std::wstring> scriptLines;
+    bool takesScripts = true;
+
+    void print(const std::wstring& text) override { printed += text; }
+    void echo(const std::wstring& text) override { printed += text; }
+    void showFailure(const std::wstring& text) override { failures.push_back(text); }
+    workbench::SaveAnswer askToSave(const std::wstring& name) override {
+        questions.push_back(L"save " + name);
+        return saveAnswer;
+    }
+    bool askToOverwrite(const std::wstring& reason) override {
+        questions.push_back(reason);
+        return overwrite;
+    }
+    std::optional<std::wstring> chooseFileToOpen() override {
+        questions.push_back(L"open");
+        return chosenFile;
+    }
+    std::optional<std::wstring> chooseFileToSave(const std::wstring& name) override {
+        questions.push_back(L"save as");
+        proposal = name;
+        return chosenFile;
+    }
+    std::optional<std::wstring> chooseScript() override {
+        questions.push_back(L"script");
+        return chosenFile;
+    }
+    void drawingReplaced() override { ++replaced; }
+    void drawingChanged() override { ++changed; }
+    void zoomExtents() override { ++zoomed; }
+    void zoomBy(double factor) override { scale *= factor; }
+    bool runScript(const std::vector<std::wstring>& lines) override {
+        if (takesScripts)
+            scriptLines = lines;
+        return takesScripts;
+    }
+    void quit() override { ++quits; }
+};

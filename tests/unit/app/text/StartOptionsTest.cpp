@@ -1,0 +1,25 @@
+// The words of the program's own command line.
+
+#include "StartOptions.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using testing::ElementsAre;
+using workbench::parseStartOptions;
+
+TEST(StartOptions, TakeADrawingAndSwitchesInAnyOrder) {
+    const auto options = parseStartOptions(
+        {L"--module", L"m.xmod", L"house.zdr", L"--command", L"LAYERSTATE", L"--command", L"QUIT", L"--script", L"s"});
+    EXPECT_EQ(options.drawing, L"house.zdr");
+    EXPECT_EQ(options.module, L"m.xmod");
+    EXPECT_EQ(options.script, L"s");
+    EXPECT_THAT(options.commands, ElementsAre(L"LAYERSTATE", L"QUIT"));
+    EXPECT_EQ(options.error, L"");
+}
+
+TEST(StartOptions, TellAboutWhatMakesNoSense) {
+    EXPECT_EQ(parseStartOptions({L"--fast"}).error, L"There is no switch --fast.");
+    EXPECT_EQ(parseStartOptions({L"--module"}).error, L"The switch --module needs a value.");
+    EXPECT_EQ(parseStartOptions({L"a.zdr", L"b.zdr"}).error, L"Only one drawing can be opened, so b.zdr is left out.");
+}

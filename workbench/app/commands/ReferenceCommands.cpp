@@ -1,0 +1,179 @@
+// The commands of references: drawings that this one shows.
+
+#include "CommandFunctions.h"
+#include "PropertyText.h"
+#include "ReferenceEditing.h"
+#include "Session.h"
+
+#include "KelEditor.h"
+
+#include "engine/DatabaseAccess.h"
+#include "files/References.h"
+#include "files/TextCoding.h"
+
+#include <algorithm>
+#include <numbers>
+
+namespace workbench::commands {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const wchar_t* kExtension = L".zdr";
+
+// Undoing would have to bring back layers, states and styles of the other drawing.
+constexpr const wchar_t* kForGood = L" UNDO goes back no further than this.\n";
+
+/// The path under which the drawing keeps a typed one: as typed when it is found from the drawing's folder, otherwise
+/// in full.
+std::wstring storedPath(const Session& session, const std::wstring& typed) {
+    fs::path path = zdr::systemPath(typed);
+    if (!path.has_extension())
+        path += kExtension;
+    std::error_code error;
+    const bool besideDrawing =
+        !session.path().empty() && fs::exists(zdr::systemPath(session.path()).parent_path() / path, error);
+    const fs::path full = besideDrawing ? path : fs::absolute(path, error);
+    return zdr::widePath(error ? path : full.lexically_normal());
+}
+
+/// Reads the drawing of a reference; null, with the reason in `reason`, when it can't be shown.
+std::shared_ptr<const zdr::Drawing> readReferenced(const Session& session, const zdr::Reference& reference,
+                                                   std::wstring& reason) {
+    zdr::Drawing holder;
+    holder.references.push_back(reference);
+    std::vector<zdr::ReferenceProblem> problems;
+    zdr::resolveReferences(holder, session.path(), problems);
+    const auto own = std::ranges::find(problems, reference.name, &zdr::ReferenceProblem::name);
+    if (own != problems.end())
+        reason = advised(own->reason, L"check the path, or attach another one");
+    return holder.references[0].drawing;
+}
+
+/// What stands in the way of a reference's name; empty when nothing does.
+std::wstring nameProblem(const Session& session, const std::wstring& name) {
+    const bool known = std::ranges::any_of(
+        session.drawing().references, [&](const zdr::Reference& reference) { return sameName(reference.name, name); });
+    if (known)
+        return L"A reference is called " + quotation(name) + L" already: give another name behind the path.";
+    if (KelDbSymbolUtilities::servicesPtr106()->validateSymbolName(name.c_str(), false) != Vorn::eOk)
+        return quotation(name) + L" can't be the name of a reference: " + kNameAdvice +
+               L"; a path with blanks goes in quotes.";
+    return {};
+}
+
+/// Reads x, y, scale and angle, as far as they are given; false when one isn't a number that will do.
+bool place(zdr::Reference& reference, std::span<const std::wstring> words) {
+    constexpr double farthest = 1e9;
+    constexpr double degree = std::numbers::pi / 180;
+    double values[] = {0, 0, 1, 0};
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        const auto value = parseNumber(words[i]);
+        if (!value || *value > farthest || *value < -farthest)
+            return false;
+        values[i] = *value;
+    }
+    reference.insertion = {values[0], values[1]};
+    reference.scale = values[2];
+    reference.rotation = values[3] * degree;
+    return words.size() != 1 && reference.scale > 1 / farthest;
+}
+
+std::vector<std::size_t> referencesNamed(Session& session, const CommandText& text) {
+    const auto& references = session.drawing().references;
+    std::vector<std::size_t> found;
+    for (std::size_t i = 0; i < references.size(); ++i)
+        if (matches(references[i].name, text.argument))
+            found.push_back(i);
+    if (!found.empty())
+        return found;
+    std::vector<std::wstring> names;
+    for (const zdr::Reference& reference : references)
+        names.push_back(quotedWhereNeeded(reference.name));
+    session.window().print(names.empty() ? std::wstring(L"No drawing is attached: ATTACH attaches one.\n")
+                                         : L"No reference is called " + quotation(text.argument) + L": give " +
+                                               listed(names) + L", or * for all.\n");
+    return found;
+}
+
+std::wstring nameOf(const Session& session, std::size_t reference) {
+    return quotation(session.drawing().references[reference].name);
+}
+
+} // namespace
+
+void attach(Session& session, const CommandText& text) {
+    const auto chosen = text.words.empty() ? session.window().chooseFileToOpen() : unquoted(text.words[0]);
+    if (!chosen) {
+        session.window().tellNothingChosen();
+        return;
+    }
+    zdr::Reference reference;
+    reference.path = storedPath(session, *chosen);
+    reference.name =
+        text.words.size() > 1 ? unquoted(text.words[1]) : zdr::widePath(zdr::systemPath(reference.path).stem());
+    const std::span<const std::wstring> numbers(text.words);
+    std::wstring problem = nameProblem(session, reference.name);
+    if (problem.empty() && !place(reference, numbers.subspan(std::min<std::size_t>(2, numbers.size()))))
+        problem = L"The place needs numbers: give x and y, a scale above 0 and an angle in degrees behind the name.";
+    if (problem.empty()) {
+        reference.drawing = readReferenced(session, reference, problem);
+        if (!reference.drawing && problem.empty())
+            problem = L"The drawing can't be shown.";
+    }
+    if (!reference.drawing) {
+        session.window().print(problem + L"\n");
+        return;
+    }
+    zdr::Drawing drawing = session.drawing();
+    drawing.references.push_back(reference);
+    session.rebuild(std::move(drawing));
+    session.window().print(quotation(reference.name) + L" is attached." + kForGood);
+}
+
+void reload(Session& session, const CommandText& text) {
+    std::size_t done = 0;
+    for (const std::size_t reference : referencesNamed(session, text)) {
+        std::wstring reason;
+        const auto drawing = readReferenced(session, session.drawing().references[reference], reason);
+        if (drawing)
+            engine::attachReference(session.database(), reference, drawing);
+        else
+            session.window().print(nameOf(session, reference) + L" stays as it is: " + reason + L"\n");
+        done += drawing != nullptr;
+    }
+    if (done == 0)
+        return;
+    session.window().drawingChanged();
+    session.window().print((done == 1 ? L"1 reference is" : std::to_wstring(done) + L" references are") +
+                           std::wstring(L" read again.") + kForGood);
+}
+
+void unload(Session& session, const CommandText& text) {
+    const std::vector<std::size_t> references = referencesNamed(session, text);
+    if (references.empty())
+        return;
+    for (const std::size_t reference : references)
+        engine::attachReference(session.database(), reference, nullptr);
+    session.window().drawingChanged();
+    session.window().print((references.size() == 1 ? nameOf(session, references[0]) + L" is"
+                                                   : std::to_wstring(references.size()) + L" references are") +
+                           L" left out until RELOAD." + kForGood);
+}
+
+void detach(Session& session, const CommandText& text) {
+    const std::vector<std::size_t> references = referencesNamed(session, text);
+    if (references.empty())
+        return;
+    const std::wstring what = references.size() == 1 ? nameOf(session, references[0]) + L" is"
+                                                     : std::to_wstring(references.size()) + L" references are";
+    zdr::Drawing drawing = session.drawing();
+    // From the end, so that the indexes before stay what they are.
+    for (auto reference = references.rbegin(); reference != references.rend(); ++reference)
+        drawing = withoutReference(std::move(drawing), *reference);
+    session.rebuild(std::move(drawing));
+    session.window().print(what + L" detached." + kForGood);
+}
+
+} // namespace workbench::commands

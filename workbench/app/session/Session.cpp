@@ -1,0 +1,325 @@
+// See Session.h.
+
+#include "Session.h"
+
+#include "CommandText.h"
+#include "Documents.h"
+#include "KelEditor.h"
+
+#include "engine/DatabaseAccess.h"
+#include "files/DrawingFile.h"
+#include "files/References.h"
+#include "files/TextCoding.h"
+#include "values/ReservedWords.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace workbench {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A transaction while it lives.
+class Transaction {
+  public:
+    explicit Transaction(KelTransactionManager& manager)
+        : m_manager(manager), m_started(manager.startTransaction() != nullptr) {}
+    ~Transaction() {
+        if (m_started)
+            m_manager.endTransaction();
+    }
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    bool isStarted() const { return m_started; }
+
+  private:
+    KelTransactionManager& m_manager;
+    bool m_started;
+};
+
+constexpr const wchar_t* kExtension = L".zdr";
+
+std::wstring fullPath(const std::wstring& typed) {
+    fs::path path = zdr::systemPath(typed);
+    if (!path.has_extension())
+        path += kExtension;
+    std::error_code error;
+    const fs::path absolute = fs::absolute(path, error);
+    return zdr::widePath(error ? path : absolute.lexically_normal());
+}
+
+/// What happens while it lives is one step of undo.
+class UndoGroup {
+  public:
+    explicit UndoGroup(KelDbDatabase& database) : m_database(database) { engine::beginUndoGroup(database); }
+    ~UndoGroup() { engine::endUndoGroup(m_database); }
+    UndoGroup(const UndoGroup&) = delete;
+    UndoGroup& operator=(const UndoGroup&) = delete;
+
+  private:
+    KelDbDatabase& m_database;
+};
+
+} // namespace
+
+Session::Session(SessionWindow& window) : m_window(window) {
+    runtime::openDocument(std::make_unique<KelDbDatabase>(true, false), {});
+    m_savedCount = engine::changeCount(database());
+}
+
+Session::~Session() {
+    if (runtime::Document* document = runtime::currentDocument())
+        runtime::closeDocument(*document);
+}
+
+KelDbDatabase& Session::database() const {
+    return runtime::currentDocument()->data();
+}
+
+const zdr::Drawing& Session::drawing() const {
+    return engine::drawingOf(database());
+}
+
+std::wstring Session::name() const {
+    return m_path.empty() ? L"Drawing1" : zdr::widePath(zdr::systemPath(m_path).filename());
+}
+
+bool Session::isModified() const {
+    return engine::changeCount(database()) != m_savedCount;
+}
+
+void Session::replaceDrawing(zdr::Drawing drawing, std::wstring path, const zdr::FileStamp& stamp) {
+    runtime::Document* former = runtime::currentDocument();
+    auto database = std::make_unique<KelDbDatabase>(false, false);
+    engine::replaceDrawing(*database, std::move(drawing));
+    runtime::openDocument(std::move(database), path);
+    if (former)
+        runtime::closeDocument(*former);
+    m_path = std::move(path);
+    m_stamp = stamp;
+    m_savedCount = engine::changeCount(this->database());
+}
+
+void Session::newDrawing() {
+    if (!mayClose())
+        return;
+    replaceDrawing(engine::makeNewDrawing(), {}, {});
+    m_window.drawingReplaced();
+    m_window.print(L"A new drawing is open.\n");
+}
+
+std::optional<Session::ReadDrawing> Session::readDrawing(const std::wstring& path) {
+    ReadDrawing read;
+    std::wstring reason;
+    const Vorn::ErrorStatus status = zdr::readDrawingFile(path, read.drawing, reason, &read.stamp);
+    if (status == Vorn::eOk)
+        return read;
+    m_window.showFailure(
+        advised(reason, status == Vorn::eFileNotFound ? L"check its name and folder" : L"choose another one"));
+    return std::nullopt;
+}
+
+void Session::open(const std::wstring& path) {
+    const auto chosen = path.empty() ? m_window.chooseFileToOpen() : path;
+    if (!chosen) {
+        m_window.tellNothingChosen();
+        return;
+    }
+    const std::wstring full = fullPath(*chosen);
+    // Read before anything is asked: a file that can't be read is no reason to give up the open drawing. And read again
+    // afterwards, because it may be this very file that the answer saves.
+    std::optional<ReadDrawing> read = readDrawing(full);
+    if (read && isModified())
+        read = mayClose() ? readDrawing(full) : std::nullopt;
+    if (!read)
+        return;
+    std::vector<zdr::ReferenceProblem> problems;
+    zdr::resolveReferences(read->drawing, full, problems);
+    replaceDrawing(std::move(read->drawing), full, read->stamp);
+    m_window.drawingReplaced();
+    for (const zdr::ReferenceProblem& problem : problems)
+        m_window.print(L"Reference \"" + problem.name + L"\" is not shown: " + problem.reason + L"\n");
+    m_window.print(L"Opened " + full + L".\n");
+}
+
+bool Session::write(const std::wstring& path, zdr::FileStamp stamp) {
+    std::wstring reason;
+    Vorn::ErrorStatus status = zdr::writeDrawingFile(path, drawing(), reason, stamp);
+    if (status == Vorn::eFileChangedOnDisk) {
+        if (!m_window.askToOverwrite(reason)) {
+            m_window.print(L"The file stays as it is, and the drawing isn't saved.\n");
+            return false;
+        }
+        status = zdr::writeDrawingFile(path, drawing(), reason, stamp, zdr::Overwrite::Always);
+    }
+    if (status != Vorn::eOk) {
+        m_window.showFailure(advised(reason, L"choose another name or folder by SAVEAS"));
+        return false;
+    }
+    m_path = path;
+    m_stamp = stamp;
+    m_savedCount = engine::changeCount(database());
+    runtime::currentDocument()->setPath(path);
+    m_window.drawingReplaced();
+    m_window.print(L"Saved " + path + L".\n");
+    return true;
+}
+
+bool Session::save() {
+    return m_path.empty() ? saveAs({}) : write(m_path, m_stamp);
+}
+
+bool Session::saveAs(const std::wstring& path) {
+    const std::wstring proposal = m_path.empty() ? name() + kExtension : m_path;
+    const auto chosen = path.empty() ? m_window.chooseFileToSave(proposal) : path;
+    if (!chosen) {
+        m_window.tellNothingChosen();
+        return false;
+    }
+    const std::wstring full = fullPath(*chosen);
+    return write(full, full == m_path ? m_stamp : zdr::FileStamp{});
+}
+
+bool Session::mayClose() {
+    if (!isModified())
+        return true;
+    switch (m_window.askToSave(name())) {
+    case SaveAnswer::Save:
+        return save();
+    case SaveAnswer::Discard:
+        return true;
+    case SaveAnswer::Cancel:
+        break;
+    }
+    m_window.print(L"The drawing stays open.\n");
+    return false;
+}
+
+void Session::undo() {
+    if (!engine::undo(database())) {
+        m_window.print(L"There is nothing to undo: change the drawing first.\n");
+        return;
+    }
+    m_window.print(L"The last change is undone.\n");
+    m_window.drawingChanged();
+}
+
+void Session::redo() {
+    if (!engine::redo(database())) {
+        m_window.print(L"There is nothing to redo: take a change back by UNDO first.\n");
+        return;
+    }
+    m_window.print(L"The change is made again.\n");
+    m_window.drawingChanged();
+}
+
+// What is looked at is kept in the file, but having looked is no change that has to be saved.
+template <class Change> bool Session::changeView(Change change) {
+    const bool wasModified = isModified();
+    if (change(database()) != Vorn::eOk)
+        return false;
+    if (!wasModified)
+        m_savedCount = engine::changeCount(database());
+    m_window.drawingChanged();
+    return true;
+}
+
+bool Session::showSpace(std::optional<std::size_t> layout) {
+    return changeView([layout](KelDbDatabase& database) { return engine::setActiveLayout(database, layout); });
+}
+
+bool Session::showViewport(std::optional<zdr::Handle> viewport) {
+    return changeView([viewport](KelDbDatabase& database) { return engine::setCurrentViewport(database, viewport); });
+}
+
+void Session::showModel() {
+    if (showSpace(std::nullopt))
+        m_window.print(L"Model space is shown.\n");
+}
+
+void Session::showSheet(std::size_t layout) {
+    if (showSpace(layout))
+        m_window.print(L"The layout " + quotation(drawing().layouts[layout].name) + L" is shown.\n");
+}
+
+void Session::showLayout(const std::wstring& name) {
+    const auto& layouts = drawing().layouts;
+    const auto found = std::find_if(layouts.begin(), layouts.end(),
+                                    [&name](const zdr::Layout& layout) { return sameName(layout.name, name); });
+    if (found != layouts.end()) {
+        showSheet(static_cast<std::size_t>(found - layouts.begin()));
+        return;
+    }
+    // The model tab bears a name like the others.
+    const wchar_t* model = keldbGetReservedString(engine::kModelSpaceWord, true);
+    if (model && sameName(name, model)) {
+        showModel();
+        return;
+    }
+    std::vector<std::wstring> names;
+    for (const zdr::Layout& layout : layouts)
+        names.push_back(quotation(layout.name));
+    m_window.print(L"The drawing has no layout " + quotation(name) +
+                   (names.empty() ? L": MODEL shows all that it has.\n" : L": give one of " + listed(names) + L".\n"));
+}
+
+void Session::showTab(std::size_t tab) {
+    if (tab == 0)
+        showModel();
+    else if (tab <= drawing().layouts.size())
+        showSheet(tab - 1);
+}
+
+void Session::makeViewportCurrent(int number) {
+    const auto active = drawing().activeLayout;
+    if (!active) {
+        m_window.print(L"The model tab has no viewports: LAYOUT shows a layout.\n");
+        return;
+    }
+    if (number == 0) {
+        if (showViewport(std::nullopt))
+            m_window.print(L"The paper of the layout is current.\n");
+        return;
+    }
+    const auto& viewports = drawing().layouts[*active].viewports;
+    const auto found = std::find_if(viewports.begin(), viewports.end(),
+                                    [number](const zdr::Viewport& viewport) { return viewport.number == number; });
+    if (found != viewports.end()) {
+        if (showViewport(found->handle))
+            m_window.print(L"Viewport " + std::to_wstring(number) + L" is current.\n");
+        return;
+    }
+    std::vector<std::wstring> numbers;
+    for (const zdr::Viewport& viewport : viewports)
+        if (viewport.number > 0)
+            numbers.push_back(std::to_wstring(viewport.number));
+    m_window.print(L"The layout has no viewport " + std::to_wstring(number) + L": give " +
+                   (numbers.empty() ? L"" : listed(numbers) + L", or ") + L"NONE.\n");
+}
+
+void Session::change(const std::function<void(KelDbDatabase&)>& step) {
+    {
+        const Transaction transaction(*runtime::currentDocument()->transactionManager());
+        if (!transaction.isStarted()) {
+            m_window.print(L"The drawing can't be changed now: end what is under way and try again.\n");
+            return;
+        }
+        step(database());
+    }
+    m_window.drawingChanged();
+}
+
+void Session::rebuild(zdr::Drawing drawing) {
+    engine::replaceDrawing(database(), std::move(drawing));
+    m_window.drawingChanged();
+}
+
+void Session::runModuleCommand(void (*function)()) {
+    const UndoGroup group(database());
+    function();
+}
+
+} // namespace workbench

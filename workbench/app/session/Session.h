@@ -1,0 +1,80 @@
+// The drawing at work: opened, saved, undone, looked at from its spaces. It decides without a window; what it has to
+// tell or to ask goes through the SessionWindow.
+#pragma once
+
+#include "SessionWindow.h"
+
+#include "files/FileStamp.h"
+#include "model/Drawing.h"
+
+#include <cstdint>
+#include <functional>
+
+class KelDbDatabase;
+
+namespace workbench {
+
+class Session {
+  public:
+    /// Starts with a new drawing.
+    explicit Session(SessionWindow& window);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    SessionWindow& window() { return m_window; }
+    KelDbDatabase& database() const;
+    const zdr::Drawing& drawing() const;
+    /// The drawing's file name without its folder, or a name for one that was never saved.
+    std::wstring name() const;
+    /// The drawing's full path; empty for one that was never saved.
+    const std::wstring& path() const { return m_path; }
+    bool isModified() const;
+
+    // Each tells about its own failure; a failed one leaves everything as it was. An empty path is asked for.
+    void newDrawing();
+    void open(const std::wstring& path);
+    bool save();
+    bool saveAs(const std::wstring& path);
+    /// Asks about unsaved changes. Answers whether the drawing may go.
+    bool mayClose();
+    void undo();
+    void redo();
+
+    void showModel();
+    /// Shows the sheet of that name.
+    void showLayout(const std::wstring& name);
+    /// Shows the space of a tab: 0 the model tab, n the n-th sheet.
+    void showTab(std::size_t tab);
+    /// Makes the viewport of that number the current one; 0 for none.
+    void makeViewportCurrent(int number);
+
+    /// Runs a change of the drawing as one transaction, which is one step of undo, and shows what came of it.
+    void change(const std::function<void(KelDbDatabase&)>& step);
+    /// Puts another drawing into the place of the open one, as a change of it that can't be undone.
+    void rebuild(zdr::Drawing drawing);
+    /// Runs a command of a module; what it changes is one step of undo.
+    void runModuleCommand(void (*function)());
+
+  private:
+    struct ReadDrawing {
+        zdr::Drawing drawing;
+        zdr::FileStamp stamp;
+    };
+
+    /// None, when the reason has been told.
+    std::optional<ReadDrawing> readDrawing(const std::wstring& path);
+    void replaceDrawing(zdr::Drawing drawing, std::wstring path, const zdr::FileStamp& stamp);
+    bool write(const std::wstring& path, zdr::FileStamp stamp);
+    template <class Change> bool changeView(Change change);
+    bool showSpace(std::optional<std::size_t> layout);
+    bool showViewport(std::optional<zdr::Handle> viewport);
+    void showSheet(std::size_t layout);
+
+    SessionWindow& m_window;
+    std::wstring m_path;
+    zdr::FileStamp m_stamp;
+    std::uint64_t m_savedCount = 0; ///< of changes, when the drawing was opened or last saved
+};
+
+} // namespace workbench
