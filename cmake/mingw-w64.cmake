@@ -10,3 +10,8 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/../tools/wine)
+# Programs and DLLs are linked by LLVM's linker; see tools/mingw-link.
+set(link_flags "-wrapper ${CMAKE_CURRENT_LIST_DIR}/../tools/mingw-link")
+set(CMAKE_EXE_LINKER_FLAGS_INIT ${link_flags})
+set(CMAKE_SHARED_LINKER_FLAGS_INIT ${link_flags})
+set(CMAKE_MODULE_LINKER_FLAGS_INIT ${link_flags})

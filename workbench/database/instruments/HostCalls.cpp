@@ -59,7 +59,7 @@ void appendUtf8(std::string& out, char32_t character) {
     }
 }
 
-std::string quoted(std::wstring_view text) {
+std::string inQuotes(std::wstring_view text) {
     std::string out = "\"";
     for (std::size_t i = 0; i < text.size(); ++i) {
         auto character = static_cast<char32_t>(text[i]);
@@ -83,13 +83,13 @@ void watch(bool on) {
 }
 
 std::string describe(const wchar_t* text) {
-    return text ? quoted(text) : "null";
+    return text ? inQuotes(text) : "null";
 }
 std::string describe(const std::wstring& text) {
-    return quoted(text);
+    return inQuotes(text);
 }
 std::string describe(const KelString& text) {
-    return quoted(text.kwszPtr());
+    return inQuotes(text.kwszPtr());
 }
 
 std::string describe(KelDbObjectId id) {

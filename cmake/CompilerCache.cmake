@@ -1,0 +1,16 @@
+# Compiles through ccache where it is installed; everything works without it. Paths below the root of the clone are taken
+# as relative, so a clone in another folder gets the hits of this one, precompiled headers included.
+find_program(KEL_CCACHE ccache DOC "Compiler cache; empty to compile without one")
+if(KEL_CCACHE)
+    set(launcher
+        ${CMAKE_COMMAND} -E env
+        CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}
+        CCACHE_NOHASHDIR=1
+        CCACHE_SLOPPINESS=pch_defines,time_macros
+        ${KEL_CCACHE})
+    set(CMAKE_C_COMPILER_LAUNCHER ${launcher})
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${launcher})
+endif()
+
+# Paths in messages and debug information start at the root of the clone, whatever its folder is named.
+add_compile_options("$<$<COMPILE_LANGUAGE:C,CXX>:-ffile-prefix-map=${CMAKE_SOURCE_DIR}/=>")
