@@ -1,5 +1,5 @@
-# Tests, by area. The area of a test is the folder right below tests/unit, tests/ui or tests/fuzz in which it stands, whatever
-# lies between (the first folder of all for a test elsewhere). Its tests carry the area's name as their label, and the target
+# Tests, by area. The area of a test is the folder right below tests/unit or tests/ui in which it stands, whatever lies between;
+# fuzz, tools and resources are areas too. Its tests carry the area's name as their label, and the target
 # tests_<area> builds what they need, so that ./test <area> builds and runs just that.
 
 # kel_add_test(name [COMMAND command...] [DEPENDS target...] [COST seconds] [WITHOUT_DESK])
@@ -10,7 +10,7 @@
 function(kel_add_test name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "WITHOUT_DESK" "COST" "COMMAND;DEPENDS")
     file(RELATIVE_PATH area ${CMAKE_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
-    string(REGEX REPLACE "^tests/(unit|ui|fuzz)/" "" area ${area})
+    string(REGEX REPLACE "^tests/((unit|ui)/)?" "" area ${area})
     string(REGEX REPLACE "/.*" "" area ${area})
     if(NOT TARGET tests_${area})
         add_custom_target(tests_${area})
