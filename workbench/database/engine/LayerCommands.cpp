@@ -78,7 +78,7 @@ Vorn::ErrorStatus setLayerValues(DatabaseImp& database, std::size_t index, const
     const bool freezes = values.flags & ~drawing.columns.flags[index] & zdr::kLayerFrozen;
     if (freezes && drawing.currentLayer == index)
         return Vorn::eCannotFreezeCurrentLayer;
-    setValuesAt(database.editColumns(), index, values);
+    setValuesAt(*database.editColumns(), index, values);
     return Vorn::eOk;
 }
 

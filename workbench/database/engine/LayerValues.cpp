@@ -1,4 +1,5 @@
-// One layer's row of the columns. See Changes.h.
+// One layer's row of the columns. See Changes.h. What can fail is done for all columns first, so that a row is written
+// whole or not at all.
 
 #include "Changes.h"
 
@@ -23,8 +24,13 @@ LayerValues valuesAt(const zdr::LayerColumns& columns, std::size_t index) {
 }
 
 void setValuesAt(zdr::LayerColumns& columns, std::size_t index, const LayerValues& values) {
+    const auto differs = [&](const auto& column, auto member) { return column[index] != values.*member; };
     forEachColumn(columns, [&](auto& column, auto member) {
-        if (column[index] != values.*member)
+        if (differs(column, member))
+            column.makeRoom(0);
+    });
+    forEachColumn(columns, [&](auto& column, auto member) {
+        if (differs(column, member))
             column.set(index, values.*member);
     });
 }
@@ -33,20 +39,18 @@ void appendValues(zdr::LayerColumns& columns, const LayerValues& values) {
     insertValues(columns, columns.flags.size(), values);
 }
 
+void makeRoomForValues(zdr::LayerColumns& columns, std::size_t more) {
+    forEachColumn(columns, [more](auto& column, auto) { column.makeRoom(more); });
+}
+
 void insertValues(zdr::LayerColumns& columns, std::size_t index, const LayerValues& values) {
-    forEachColumn(columns, [&](auto& column, auto member) {
-        auto& items = column.edit();
-        items.insert(items.begin() + static_cast<std::ptrdiff_t>(index), values.*member);
-        column.look();
-    });
+    makeRoomForValues(columns, 1);
+    forEachColumn(columns, [&](auto& column, auto member) { column.insert(index, values.*member); });
 }
 
 void eraseValues(zdr::LayerColumns& columns, std::size_t index) {
-    forEachColumn(columns, [&](auto& column, auto) {
-        auto& items = column.edit();
-        items.erase(items.begin() + static_cast<std::ptrdiff_t>(index));
-        column.look();
-    });
+    makeRoomForValues(columns, 0);
+    forEachColumn(columns, [&](auto& column, auto) { column.erase(index); });
 }
 
 } // namespace engine

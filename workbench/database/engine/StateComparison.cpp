@@ -25,13 +25,13 @@ bool flagsMatch(const zdr::Column<std::uint8_t>& state, const zdr::Column<std::u
 }
 
 bool compare(const DatabaseImp& database, const zdr::LayerState& state, const zdr::Viewport* viewport) {
-    const LayerMapping& mapping = database.mapping(state);
+    const LayerMapping& mapping = database.lookups().mapping(state);
     if (mapping.missing > 0)
         return false;
     std::uint32_t mask = effectiveMask(database.drawing(), state.mask);
     if (!viewport || !state.hasViewportData)
         mask &= ~MaskViewportFrozen;
-    const zdr::LayerColumns& shown = database.shown(viewport);
+    const zdr::LayerColumns& shown = database.lookups().shown(viewport);
     const zdr::LayerColumns& own = state.columns;
     return flagsMatch(own.flags, shown.flags, mapping, mask) &&
            (!(mask & MaskColor) || runsEqual(own.colors, shown.colors, mapping)) &&
@@ -45,10 +45,10 @@ bool compare(const DatabaseImp& database, const zdr::LayerState& state, const zd
 bool stateMatches(const DatabaseImp& database, std::size_t index, const zdr::Viewport* viewport) {
     const zdr::LayerState& state = database.drawing().states[index];
     const zdr::Handle space = viewport ? viewport->handle : 0;
-    if (const std::optional<bool> kept = database.comparisons().find(state.handle, space))
+    if (const std::optional<bool> kept = database.lookups().comparison(state.handle, space))
         return *kept;
     const bool matches = compare(database, state, viewport);
-    database.comparisons().keep(state.handle, space, matches);
+    database.lookups().keepComparison(state.handle, space, matches);
     return matches;
 }
 

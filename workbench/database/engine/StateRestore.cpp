@@ -15,8 +15,8 @@ constexpr std::uint32_t kOwnFlags = MaskOn | MaskFrozen | MaskLocked | MaskPlot 
 class Restore {
   public:
     Restore(DatabaseImp& database, std::size_t index, const RestoreRequest& request)
-        : m_database(database), m_state(database.drawing().states[index]), m_mapping(database.mapping(m_state)),
-          m_request(request), m_before(database.drawing().columns) {
+        : m_database(database), m_state(database.drawing().states[index]),
+          m_mapping(database.lookups().mapping(m_state)), m_request(request), m_before(database.drawing().columns) {
         const std::uint32_t mask = effectiveMask(database.drawing(), request.mask);
         m_asOverrides = request.viewport && (request.flags & RestoreFlagAsOverrides) ? mask & MaskOverridable : 0;
         m_direct = mask & ~m_asOverrides;
@@ -56,7 +56,7 @@ class Restore {
         if (m_direct & MaskPlotStyle)
             copyStyles(columns.plotStyles, m_state.columns.plotStyles, m_before.plotStyles, false);
         keepUnresolved(columns);
-        m_database.editColumns() = std::move(columns);
+        *m_database.editColumns() = std::move(columns);
     }
 
     bool hasStyle(zdr::NameId name, bool linetype) const {
@@ -108,12 +108,11 @@ class Restore {
         std::vector<bool> held(count);
         for (const LayerMapping::Run& run : m_mapping.runs)
             std::fill_n(held.begin() + static_cast<std::ptrdiff_t>(run.drawing), run.count, true);
-        zdr::Column<std::uint8_t>& flags = m_database.editColumns().flags;
-        std::vector<std::uint8_t>& values = flags.edit();
+        const Editor<zdr::LayerColumns> columns = m_database.editColumns();
+        const std::span<std::uint8_t> values = columns->flags.write();
         for (std::size_t layer = 0; layer < count; ++layer)
             if (!held[layer])
                 values[layer] = static_cast<std::uint8_t>(values[layer] & ~zdr::kLayerOn);
-        flags.look();
     }
 
     bool isFrozen(std::size_t layer) const { return m_database.drawing().columns.flags[layer] & zdr::kLayerFrozen; }
@@ -134,8 +133,8 @@ class Restore {
         if (layer >= m_before.flags.size() || !isFrozen(layer) || wasFrozen(layer))
             return;
         m_currentThawed = true;
-        zdr::Column<std::uint8_t>& flags = m_database.editColumns().flags;
-        flags.set(layer, static_cast<std::uint8_t>(flags[layer] & ~zdr::kLayerFrozen));
+        const Editor<zdr::LayerColumns> columns = m_database.editColumns();
+        columns->flags.set(layer, static_cast<std::uint8_t>(columns->flags[layer] & ~zdr::kLayerFrozen));
     }
 
     // Rows of the state by the layers of the drawing; kNone where it holds none or the layer is to be kept.
@@ -176,7 +175,7 @@ class Restore {
             if (item.mask)
                 after.push_back(item);
         }
-        m_database.editViewport(*m_request.viewport).overrides = std::move(after);
+        m_database.editViewport(*m_request.viewport)->overrides = std::move(after);
     }
 
     void writeViewportFreezing() {
@@ -186,7 +185,7 @@ class Restore {
         for (std::size_t layer = 0; layer < rows.size(); ++layer)
             if (rows[layer] != zdr::kNone)
                 put(layer, frozen[layer], (m_state.columns.flags[rows[layer]] & zdr::kLayerViewportFrozen) != 0);
-        m_database.editViewport(*m_request.viewport).frozen = std::move(frozen);
+        m_database.editViewport(*m_request.viewport)->frozen = std::move(frozen);
     }
 
     // Layers of a reference that isn't there keep what the viewport shows of them, too.

@@ -10,15 +10,18 @@ namespace engine {
 
 namespace {
 
-StepContent contentOf(const std::vector<Change>& changes) {
-    StepContent content;
+Parts partsOf(const std::vector<Change>& changes) {
+    Parts parts{.looks = true};
     for (const Change& change : changes) {
-        content.states |= std::holds_alternative<StateChange>(change);
-        content.plotStyles |= std::holds_alternative<PlotStyleChange>(change);
-        content.layers |=
-            std::holds_alternative<LayerChange>(change) || std::holds_alternative<LayerListChange>(change);
+        parts.states |= std::holds_alternative<StateChange>(change);
+        parts.plotStyles |= std::holds_alternative<PlotStyleChange>(change);
+        parts.layers |= std::holds_alternative<LayerChange>(change) || std::holds_alternative<LayerListChange>(change);
     }
-    return content;
+    return parts;
+}
+
+void exchange(Change& change, zdr::Drawing& drawing, ObjectDirectory& objects) {
+    std::visit([&](auto& side) { side.exchange(drawing, objects); }, change);
 }
 
 } // namespace
@@ -43,29 +46,43 @@ void UndoHistory::close() {
         m_done.pop_front();
 }
 
-std::optional<StepContent> UndoHistory::undo(zdr::Drawing& drawing, ObjectDirectory& objects) {
+std::optional<Parts> UndoHistory::undoable() const {
     if (inGroup() || !canUndo())
         return std::nullopt;
-    close();
-    Step step = std::move(m_done.back());
-    m_done.pop_back();
-    for (auto change = step.changes.rbegin(); change != step.changes.rend(); ++change)
-        std::visit([&](auto& side) { side.exchange(drawing, objects); }, *change);
-    const StepContent content = contentOf(step.changes);
-    m_undone.push_back(std::move(step));
-    return content;
+    return partsOf(m_open.changes.empty() ? m_done.back().changes : m_open.changes);
 }
 
-std::optional<StepContent> UndoHistory::redo(zdr::Drawing& drawing, ObjectDirectory& objects) {
+std::optional<Parts> UndoHistory::redoable() const {
     if (inGroup() || !canRedo())
         return std::nullopt;
-    Step step = std::move(m_undone.back());
-    m_undone.pop_back();
-    for (Change& change : step.changes)
-        std::visit([&](auto& side) { side.exchange(drawing, objects); }, change);
-    const StepContent content = contentOf(step.changes);
-    m_done.push_back(std::move(step));
-    return content;
+    return partsOf(m_undone.back().changes);
+}
+
+void UndoHistory::undo(zdr::Drawing& drawing, ObjectDirectory& objects) {
+    close();
+    carry(m_done, m_undone, drawing, objects);
+}
+
+void UndoHistory::redo(zdr::Drawing& drawing, ObjectDirectory& objects) {
+    carry(m_undone, m_done, drawing, objects);
+}
+
+void UndoHistory::carry(std::deque<Step>& from, std::deque<Step>& to, zdr::Drawing& drawing, ObjectDirectory& objects) {
+    std::vector<Change>& source = from.back().changes;
+    std::vector<Change>& target = to.emplace_back().changes;
+    try {
+        target.reserve(source.size());
+        while (!source.empty()) {
+            exchange(source.back(), drawing, objects);
+            target.push_back(std::move(source.back()));
+            source.pop_back();
+        }
+    } catch (...) {
+        if (target.empty())
+            to.pop_back();
+        throw;
+    }
+    from.pop_back();
 }
 
 void UndoHistory::clear() {
@@ -75,29 +92,49 @@ void UndoHistory::clear() {
 }
 
 void UndoHistory::add(Change change) {
-    m_undone.clear();
     m_open.changes.push_back(std::move(change));
+    m_undone.clear();
+}
+
+void UndoHistory::perform(Change change, zdr::Drawing& drawing, ObjectDirectory& objects) {
+    m_open.changes.push_back(std::move(change));
+    try {
+        exchange(m_open.changes.back(), drawing, objects);
+    } catch (...) {
+        m_open.changes.pop_back();
+        throw;
+    }
+    m_undone.clear();
 }
 
 void UndoHistory::beforeColumns(const zdr::Drawing& drawing) {
-    if (!std::exchange(m_open.columns, true))
-        add(ColumnsChange{drawing.columns});
+    if (m_open.columns)
+        return;
+    add(ColumnsChange{drawing.columns});
+    m_open.columns = true;
 }
 
 void UndoHistory::beforeSettings(const zdr::Drawing& drawing) {
-    if (!std::exchange(m_open.settings, true))
-        add(SettingsChange{drawing.currentLayer, drawing.lastRestored, drawing.activeLayout, drawing.currentViewport});
+    if (m_open.settings)
+        return;
+    add(SettingsChange{drawing.currentLayer, drawing.lastRestored, drawing.activeLayout, drawing.currentViewport});
+    m_open.settings = true;
 }
 
+// A part that is added but not marked is added once more later, which does no harm: what is undone last is the first.
 void UndoHistory::beforeState(const zdr::Drawing& drawing, std::size_t index) {
     const zdr::LayerState& state = drawing.states[index];
-    if (m_open.objects.insert(state.handle).second)
-        add(StateChange{state.handle, index, state});
+    if (m_open.objects.contains(state.handle))
+        return;
+    add(StateChange{state.handle, index, state});
+    m_open.objects.insert(state.handle);
 }
 
 void UndoHistory::beforeViewport(const zdr::Viewport& viewport) {
-    if (m_open.objects.insert(viewport.handle).second)
-        add(ViewportChange{viewport.handle, viewport.frozen, viewport.overrides});
+    if (m_open.objects.contains(viewport.handle))
+        return;
+    add(ViewportChange{viewport.handle, viewport.frozen, viewport.overrides});
+    m_open.objects.insert(viewport.handle);
 }
 
 } // namespace engine
