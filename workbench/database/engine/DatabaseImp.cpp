@@ -54,11 +54,6 @@ const zdr::Viewport* DatabaseImp::viewport(KelDbObjectId id) const {
     return &m_drawing.layouts[stub->layout].viewports[stub->index];
 }
 
-void DatabaseImp::perform(Change change, const Parts& parts) {
-    const Writing writing(m_lookups, parts);
-    m_history.perform(std::move(change), m_drawing, m_objects);
-}
-
 Editor<zdr::LayerColumns> DatabaseImp::editColumns() {
     m_history.beforeColumns(m_drawing);
     return {m_drawing.columns, m_lookups, {.looks = true}};
@@ -94,7 +89,7 @@ void DatabaseImp::setActiveSpace(std::optional<std::size_t> layout, std::optiona
     m_drawing.currentViewport = viewport;
 }
 
-void DatabaseImp::insertState(zdr::LayerState state, std::optional<std::size_t> position) {
+void DatabaseImp::insertState(zdr::LayerState&& state, std::optional<std::size_t> position) {
     std::size_t behindOwn = m_drawing.states.size();
     while (behindOwn > 0 && m_drawing.states[behindOwn - 1].reference != zdr::kNone)
         --behindOwn;

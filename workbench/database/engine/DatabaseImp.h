@@ -58,7 +58,7 @@ class DatabaseImp : public KelDbImpDatabase {
     void setLastRestored(std::optional<std::wstring> name);
     void setActiveSpace(std::optional<std::size_t> layout, std::optional<zdr::Handle> viewport);
     /// Behind the drawing's own states, or at a given place. Gives it a handle.
-    void insertState(zdr::LayerState state, std::optional<std::size_t> position = std::nullopt);
+    void insertState(zdr::LayerState&& state, std::optional<std::size_t> position = std::nullopt);
     void removeState(std::size_t index);
     void renameState(std::size_t index, std::wstring name);
     /// At the end of the table, under a name that is valid, free and spelled so from then on; gives it a handle, which
@@ -98,7 +98,10 @@ class DatabaseImp : public KelDbImpDatabase {
     std::wstring fileProblem; ///< why the last reading or writing of a file failed
 
   private:
-    void perform(Change change, const Parts& parts);
+    template <class Side> void perform(Side&& change, const Parts& parts) {
+        const Writing writing(m_lookups, parts);
+        m_history.perform(std::forward<Side>(change), m_drawing, m_objects);
+    }
     std::shared_ptr<zdr::LayerSet> layerSet() const;
 
     KelDbDatabase& m_owner;

@@ -24,9 +24,10 @@ struct Parts {
 template <class Index> class FilledIndex {
   public:
     template <class List> const Index& of(const List& objects) {
-        if (m_outdated)
+        if (m_outdated) {
             m_index.fill(objects);
-        m_outdated = false;
+            m_outdated = false;
+        }
         return m_index;
     }
     void outdate() noexcept { m_outdated = true; }

@@ -4,6 +4,7 @@
 
 #include "ObjectDirectory.h"
 
+#include <iterator>
 #include <utility>
 
 namespace engine {
@@ -42,7 +43,7 @@ void UndoHistory::close() {
     m_open.objects.clear();
     m_done.push_back(std::move(m_open));
     m_open = {};
-    if (m_done.size() > kMaxSteps)
+    if (m_done.size() > kMaxUndoSteps)
         m_done.pop_front();
 }
 
@@ -60,29 +61,42 @@ std::optional<Parts> UndoHistory::redoable() const {
 
 void UndoHistory::undo(zdr::Drawing& drawing, ObjectDirectory& objects) {
     close();
-    carry(m_done, m_undone, drawing, objects);
+    carry(m_done, m_undone, Way::Back, drawing, objects);
 }
 
 void UndoHistory::redo(zdr::Drawing& drawing, ObjectDirectory& objects) {
-    carry(m_undone, m_done, drawing, objects);
+    carry(m_undone, m_done, Way::Forth, drawing, objects);
 }
 
-void UndoHistory::carry(std::deque<Step>& from, std::deque<Step>& to, zdr::Drawing& drawing, ObjectDirectory& objects) {
-    std::vector<Change>& source = from.back().changes;
-    std::vector<Change>& target = to.emplace_back().changes;
+void UndoHistory::carry(std::deque<Step>& from, std::deque<Step>& to, Way way, zdr::Drawing& drawing,
+                        ObjectDirectory& objects) {
+    to.emplace_back();
+    std::vector<Change>& changes = from.back().changes;
+    std::size_t done = 0;
     try {
-        target.reserve(source.size());
-        while (!source.empty()) {
-            exchange(source.back(), drawing, objects);
-            target.push_back(std::move(source.back()));
-            source.pop_back();
-        }
+        for (; done < changes.size(); ++done)
+            exchange(changes[way == Way::Back ? changes.size() - 1 - done : done], drawing, objects);
     } catch (...) {
-        if (target.empty())
-            to.pop_back();
+        divide(from, to, way, done);
         throw;
     }
+    to.back() = std::move(from.back());
     from.pop_back();
+}
+
+// Takes those changes of a step that were exchanged over to the step that was made for them.
+void UndoHistory::divide(std::deque<Step>& from, std::deque<Step>& to, Way way, std::size_t done) noexcept {
+    std::vector<Change>& changes = from.back().changes;
+    const auto count = static_cast<std::ptrdiff_t>(done);
+    const auto first = way == Way::Back ? changes.end() - count : changes.begin();
+    try {
+        to.back().changes.assign(std::move_iterator(first), std::move_iterator(first + count));
+        changes.erase(first, first + count);
+        if (done == 0)
+            to.pop_back();
+    } catch (const std::bad_alloc&) {
+        clear();
+    }
 }
 
 void UndoHistory::clear() {
@@ -96,8 +110,7 @@ void UndoHistory::add(Change change) {
     m_undone.clear();
 }
 
-void UndoHistory::perform(Change change, zdr::Drawing& drawing, ObjectDirectory& objects) {
-    m_open.changes.push_back(std::move(change));
+void UndoHistory::performLast(zdr::Drawing& drawing, ObjectDirectory& objects) {
     try {
         exchange(m_open.changes.back(), drawing, objects);
     } catch (...) {

@@ -10,6 +10,9 @@
 
 namespace engine {
 
+/// How many steps are kept; the oldest are forgotten.
+inline constexpr std::size_t kMaxUndoSteps = 200;
+
 class UndoHistory {
   public:
     void beginGroup();
@@ -21,7 +24,7 @@ class UndoHistory {
     std::optional<Parts> undoable() const;
     std::optional<Parts> redoable() const;
     /// Takes the last step back. When memory runs out on the way, the step is divided in two: what was taken back can
-    /// be done again, and the rest be taken back.
+    /// be done again, and the rest be taken back. Without memory for that, too, nothing can be undone any more.
     void undo(zdr::Drawing& drawing, ObjectDirectory& objects);
     void redo(zdr::Drawing& drawing, ObjectDirectory& objects);
     void clear();
@@ -32,21 +35,24 @@ class UndoHistory {
     void beforeState(const zdr::Drawing& drawing, std::size_t index);
     void beforeViewport(const zdr::Viewport& viewport);
     /// Does a change, by exchanging its sides; when that throws, nothing has happened.
-    void perform(Change change, zdr::Drawing& drawing, ObjectDirectory& objects);
+    template <class Side> void perform(Side&& change, zdr::Drawing& drawing, ObjectDirectory& objects) {
+        m_open.changes.emplace_back(std::forward<Side>(change));
+        performLast(drawing, objects);
+    }
 
   private:
-    // The changes of a step that was undone stand in the order in which they were undone, so that each way takes the
-    // last one first.
     struct Step {
         std::vector<Change> changes;
         bool columns = false, settings = false;
         std::unordered_set<zdr::Handle> objects; // states and viewports that are in `changes` already
     };
     void add(Change change);
+    void performLast(zdr::Drawing& drawing, ObjectDirectory& objects);
     void close();
-    static void carry(std::deque<Step>& from, std::deque<Step>& to, zdr::Drawing& drawing, ObjectDirectory& objects);
+    enum class Way { Back, Forth };
+    void carry(std::deque<Step>& from, std::deque<Step>& to, Way way, zdr::Drawing& drawing, ObjectDirectory& objects);
+    void divide(std::deque<Step>& from, std::deque<Step>& to, Way way, std::size_t done) noexcept;
 
-    static constexpr std::size_t kMaxSteps = 200;
     std::deque<Step> m_done, m_undone;
     Step m_open;
     int m_depth = 0;
