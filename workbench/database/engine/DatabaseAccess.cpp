@@ -6,6 +6,7 @@
 #include "LayerCommands.h"
 #include "NewDrawing.h"
 #include "ReferenceAttachment.h"
+#include "values/NameRules.h"
 
 #include <algorithm>
 
@@ -82,7 +83,7 @@ KelDbObjectId currentViewportId(const KelDbDatabase& database) {
 Vorn::ErrorStatus addLayer(KelDbDatabase& database, std::wstring_view name) {
     DatabaseImp& imp = impOf(database);
     LayerValues values{.flags = zdr::kLayerOn | zdr::kLayerPlot};
-    values.linetype = imp.drawing().names.find(L"Continuous");
+    values.linetype = imp.drawing().names.find(kContinuousName);
     if (!imp.drawing().plotStyles.empty())
         values.plotStyle = imp.drawing().plotStyles.front().name;
     return addLayer(imp, name, {}, values);

@@ -12,6 +12,7 @@
 #include "files/Refusal.h"
 #include "files/SystemFile.h"
 #include "files/TextCoding.h"
+#include "values/LineWeights.h"
 #include "values/NameRules.h"
 
 #include <algorithm>
@@ -152,7 +153,7 @@ LayerValues readLayer(const Json& row, bool withViewport, const Place& place, zd
         refuseStateFile(place.text() + L" is frozen in a viewport, but the state was saved without one");
     values.color = readColor(row, place);
     values.linetype = drawingName(row, kLinetypeKey, true, place, names);
-    values.lineWeight = static_cast<std::int16_t>(number(row, kLineWeightKey, -3, 211, place));
+    values.lineWeight = static_cast<std::int16_t>(number(row, kLineWeightKey, kLineWeightDefault, kWidestLine, place));
     if (!engine::isLineWeight(values.lineWeight))
         refuseValue(place, kLineWeightKey, L"isn't a lineweight: " + std::to_wstring(values.lineWeight));
     values.plotStyle = drawingName(row, kPlotStyleKey, true, place, names);
