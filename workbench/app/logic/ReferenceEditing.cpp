@@ -56,11 +56,7 @@ class LayerRemoval {
     }
 
     void removeFrom(zdr::LayerColumns& columns) const {
-        removeFrom(columns.flags);
-        removeFrom(columns.colors);
-        removeFrom(columns.linetypes);
-        removeFrom(columns.lineWeights);
-        removeFrom(columns.plotStyles);
+        zdr::forEachColumn([this](auto& column) { removeFrom(column); }, columns);
     }
 
     void removeFrom(std::vector<zdr::Entity>& entities, std::size_t otherwise) const {

@@ -55,7 +55,8 @@ Vorn::ErrorStatus saveState(DatabaseImp& database, std::wstring_view name, std::
     std::size_t index = zdr::kNone;
     if (const Vorn::ErrorStatus status = placeForName(database, name, index); status != Vorn::eOk)
         return status;
-    const auto record = [&, columns = database.lookups().shown(viewport)](zdr::LayerState& state) {
+    const zdr::LayerColumns& columns = database.lookups().shown(viewport);
+    const auto record = [&](zdr::LayerState& state) {
         state.mask = mask;
         state.layers = database.drawing().layerSet;
         state.columns = columns;
@@ -140,9 +141,8 @@ void removeLayersFromState(DatabaseImp& database, std::size_t index, const std::
     }
     if (kept.size() == before.layers->names.size())
         return;
-    const zdr::LayerColumns& columns = before.columns;
-    zdr::LayerColumns rest{pick(columns.flags, kept), pick(columns.colors, kept), pick(columns.linetypes, kept),
-                           pick(columns.lineWeights, kept), pick(columns.plotStyles, kept)};
+    zdr::LayerColumns rest;
+    zdr::forEachColumn([&kept](auto& to, const auto& from) { to = pick(from, kept); }, rest, before.columns);
     const Editor<zdr::LayerState> state = database.editState(index);
     state->columns = std::move(rest);
     state->layers = std::move(set);

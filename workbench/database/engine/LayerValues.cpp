@@ -4,35 +4,26 @@
 #include "Changes.h"
 
 namespace engine {
-namespace {
 
-// Calls `action` for each column together with the member of LayerValues that stands in it.
-template <class Columns, class Action> void forEachColumn(Columns& columns, Action action) {
-    action(columns.flags, &LayerValues::flags);
-    action(columns.colors, &LayerValues::color);
-    action(columns.linetypes, &LayerValues::linetype);
-    action(columns.lineWeights, &LayerValues::lineWeight);
-    action(columns.plotStyles, &LayerValues::plotStyle);
-}
-
-} // namespace
+using zdr::forEachColumn;
 
 LayerValues valuesAt(const zdr::LayerColumns& columns, std::size_t index) {
     LayerValues values;
-    forEachColumn(columns, [&](const auto& column, auto member) { values.*member = column[index]; });
+    forEachColumn([index](const auto& column, auto& value) { value = column[index]; }, columns, values);
     return values;
 }
 
 void setValuesAt(zdr::LayerColumns& columns, std::size_t index, const LayerValues& values) {
-    const auto differs = [&](const auto& column, auto member) { return column[index] != values.*member; };
-    forEachColumn(columns, [&](auto& column, auto member) {
-        if (differs(column, member))
+    const auto makeOwn = [index](auto& column, const auto& value) {
+        if (column[index] != value)
             column.makeRoom(0);
-    });
-    forEachColumn(columns, [&](auto& column, auto member) {
-        if (differs(column, member))
-            column.set(index, values.*member);
-    });
+    };
+    const auto write = [index](auto& column, const auto& value) {
+        if (column[index] != value)
+            column.set(index, value);
+    };
+    forEachColumn(makeOwn, columns, values);
+    forEachColumn(write, columns, values);
 }
 
 void appendValues(zdr::LayerColumns& columns, const LayerValues& values) {
@@ -40,17 +31,17 @@ void appendValues(zdr::LayerColumns& columns, const LayerValues& values) {
 }
 
 void makeRoomForValues(zdr::LayerColumns& columns, std::size_t more) {
-    forEachColumn(columns, [more](auto& column, auto) { column.makeRoom(more); });
+    forEachColumn([more](auto& column) { column.makeRoom(more); }, columns);
 }
 
 void insertValues(zdr::LayerColumns& columns, std::size_t index, const LayerValues& values) {
     makeRoomForValues(columns, 1);
-    forEachColumn(columns, [&](auto& column, auto member) { column.insert(index, values.*member); });
+    forEachColumn([index](auto& column, const auto& value) { column.insert(index, value); }, columns, values);
 }
 
 void eraseValues(zdr::LayerColumns& columns, std::size_t index) {
     makeRoomForValues(columns, 0);
-    forEachColumn(columns, [&](auto& column, auto) { column.erase(index); });
+    forEachColumn([index](auto& column) { column.erase(index); }, columns);
 }
 
 } // namespace engine

@@ -2,7 +2,7 @@
 
 #include "ShownColumns.h"
 
-#include "LayerStateMask.h"
+#include "LayerProperties.h"
 
 namespace engine {
 namespace {
@@ -37,10 +37,9 @@ void markFrozen(zdr::Column<std::uint8_t>& flags, const std::vector<bool>& froze
 zdr::LayerColumns showColumns(const zdr::Drawing& drawing, const zdr::Viewport& viewport) {
     zdr::LayerColumns columns = drawing.columns;
     markFrozen(columns.flags, viewport.frozen);
-    applyOverrides(columns.colors, viewport.overrides, MaskColor, &zdr::ViewportOverride::color);
-    applyOverrides(columns.linetypes, viewport.overrides, MaskLinetype, &zdr::ViewportOverride::linetype);
-    applyOverrides(columns.lineWeights, viewport.overrides, MaskLineWeight, &zdr::ViewportOverride::lineWeight);
-    applyOverrides(columns.plotStyles, viewport.overrides, MaskPlotStyle, &zdr::ViewportOverride::plotStyle);
+    forEachColumnProperty([&](auto property) {
+        applyOverrides(columns.*property.column, viewport.overrides, property.bit, property.overriding);
+    });
     return columns;
 }
 
