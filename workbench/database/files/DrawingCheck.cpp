@@ -93,7 +93,7 @@ class DrawingCheck {
 
 void DrawingCheck::run() {
     // The engine gives the highest ones to its tables, and a drawing must be able to grow.
-    if (constexpr Handle enough = Handle{1} << 62; m_drawing.nextHandle > enough)
+    if (constexpr Handle kEnough = Handle{1} << 62; m_drawing.nextHandle > kEnough)
         refuse({L"the next handle to give"},
                L"is " + std::to_wstring(m_drawing.nextHandle) + L", and there are none so high");
     checkStyles();
