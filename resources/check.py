@@ -219,8 +219,8 @@ def read_panel(headers):
             raise ValueError(f"the manager's headers have no {table}")
         return re.findall(r"\bIDC?_\w+", found.group(1))
 
-    frame, beside = names("panelFrame")[0], names("besidePanel")[0]
-    return Panel(frame, beside, [frame, *names("propertyTable"), *names("panelControls")], names("edgeControls"))
+    frame, beside = names("kPanelFrame")[0], names("kBesidePanel")[0]
+    return Panel(frame, beside, [frame, *names("kPropertyTable"), *names("kPanelControls")], names("kEdgeControls"))
 
 
 def check(module, ids, panel):

@@ -24,11 +24,11 @@ HEADER = """
 #define IDS_LSTATE_CURRENT_STATE 165
 """
 PANEL = """
-inline constexpr int panelFrame = IDC_LSTATE_RES_PANEL;
-inline constexpr int besidePanel = IDC_LSTATE_RES_NEW;
-inline constexpr int panelControls[] = {panelFrame, IDC_LSTATE_RES_CLEARALL};
-inline constexpr int edgeControls[] = {IDC_LSTATE_RES_CLOSE, ID_HELP};
-inline constexpr PropertyBox propertyTable[] = {
+inline constexpr int kPanelFrame = IDC_LSTATE_RES_PANEL;
+inline constexpr int kBesidePanel = IDC_LSTATE_RES_NEW;
+inline constexpr int kPanelControls[] = {kPanelFrame, IDC_LSTATE_RES_CLEARALL};
+inline constexpr int kEdgeControls[] = {IDC_LSTATE_RES_CLOSE, ID_HELP};
+inline constexpr PropertyBox kPropertyTable[] = {
     {IDC_LSTATE_RES_ON, MaskOn, EnableRule::oneRow},
 };
 """
@@ -182,7 +182,7 @@ class CheckTest(unittest.TestCase):
 
     def test_headers_without_the_panels_tables(self):
         self.panel = ""
-        self.assertRaisesRegex(ValueError, "panelFrame", self.slips)
+        self.assertRaisesRegex(ValueError, "kPanelFrame", self.slips)
 
     # Languages.
 

@@ -6,16 +6,16 @@
 
 namespace {
 
-constexpr const wchar_t* contextHelpPrefix = L"LAST";
-constexpr const wchar_t* contextHelpFile = L"/KelDialogToolTips;Component/DialogToolTips.xaml";
-constexpr int tipsOn = 2;
+constexpr const wchar_t* kContextHelpPrefix = L"LAST";
+constexpr const wchar_t* kContextHelpFile = L"/KelDialogToolTips;Component/DialogToolTips.xaml";
+constexpr int kTipsOn = 2;
 
 } // namespace
 
 void setUpTips(COrvUiBaseDialog& dialog) {
-    dialog.SetContextHelpPrefix(contextHelpPrefix);
-    dialog.SetContextHelpFileName(contextHelpFile);
-    dialog.SetUseTips(tipsOn);
+    dialog.SetContextHelpPrefix(kContextHelpPrefix);
+    dialog.SetContextHelpFileName(kContextHelpFile);
+    dialog.SetUseTips(kTipsOn);
 }
 
 void openHelp(const wchar_t* topic) {

@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr const wchar_t* taskDialogFile = L"/KelTaskDialogs;component/TaskDialogs.xaml";
+constexpr const wchar_t* kTaskDialogFile = L"/KelTaskDialogs;component/TaskDialogs.xaml";
 
 } // namespace
 
@@ -16,7 +16,7 @@ CWnd* threadMainWindow() {
 
 std::optional<int> showTaskDialog(const wchar_t* key, const TASKDIALOG_KEYVALUE* pairs, int count) {
     COrvTaskDialog dialog;
-    if (!dialog.LoadFromFile(taskDialogFile, key, pairs, count))
+    if (!dialog.LoadFromFile(kTaskDialogFile, key, pairs, count))
         return std::nullopt;
     const CWnd* window = threadMainWindow();
     return dialog.ShowDialog(window ? window->m_hWnd : nullptr);

@@ -6,14 +6,14 @@
 
 namespace {
 
-constexpr int swatchSide = 12;
-constexpr int byLayerIndex = 256;
+constexpr int kSwatchSide = 12;
+constexpr int kByLayerIndex = 256;
 
 COLORREF fillColor(const KelCmColor& color) {
     if (!color.isByPCI())
         return RGB(color.red(), color.green(), color.blue());
     const int index = color.colorIndex();
-    return index == byLayerIndex ? RGB(255, 255, 255) : keledGetRGB(index);
+    return index == kByLayerIndex ? RGB(255, 255, 255) : keledGetRGB(index);
 }
 
 bool drawSwatch(CBitmap& bitmap, const KelCmColor& color) {
@@ -29,7 +29,7 @@ bool drawSwatch(CBitmap& bitmap, const KelCmColor& color) {
     if (hasTools) {
         memory.SelectObject(&pen);
         memory.SelectObject(&brush);
-        memory.Rectangle(0, 0, swatchSide, swatchSide);
+        memory.Rectangle(0, 0, kSwatchSide, kSwatchSide);
     }
     memory.RestoreDC(saved);
     return hasTools;
@@ -42,7 +42,7 @@ bool makeColorSwatch(CBitmap& bitmap, KelCmColor color, CDC* dc) {
         return false;
     if (bitmap.GetSafeHandle())
         bitmap.DeleteObject();
-    if (!bitmap.CreateCompatibleBitmap(dc, swatchSide, swatchSide))
+    if (!bitmap.CreateCompatibleBitmap(dc, kSwatchSide, kSwatchSide))
         return false;
     if (drawSwatch(bitmap, color))
         return true;

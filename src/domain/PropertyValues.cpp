@@ -10,7 +10,7 @@
 #include <cwchar>
 #endif
 
-wchar_t g_sysvarText[sysvarTextLength];
+wchar_t g_sysvarText[kSysvarTextLength];
 
 namespace {
 
@@ -20,7 +20,7 @@ struct WidthText {
 };
 
 // Fixed texts: no number rule of a locale has a say in them.
-constexpr WidthText widthTexts[] = {
+constexpr WidthText kWidthTexts[] = {
     {0, L"0.00 mm"},   {5, L"0.05 mm"},   {9, L"0.09 mm"},   {13, L"0.13 mm"},  {15, L"0.15 mm"},  {18, L"0.18 mm"},
     {20, L"0.20 mm"},  {25, L"0.25 mm"},  {30, L"0.30 mm"},  {35, L"0.35 mm"},  {40, L"0.40 mm"},  {50, L"0.50 mm"},
     {53, L"0.53 mm"},  {60, L"0.60 mm"},  {70, L"0.70 mm"},  {80, L"0.80 mm"},  {90, L"0.90 mm"},  {100, L"1.00 mm"},
@@ -32,9 +32,9 @@ struct WeightWord {
     int reservedWord; // number for keldbGetReservedString
 };
 
-constexpr WeightWord weightWords[] = {{-1, 0}, {-2, 1}, {-3, 7}};
+constexpr WeightWord kWeightWords[] = {{-1, 0}, {-2, 1}, {-3, 7}};
 
-constexpr int unreadableLineWeight = -1;
+constexpr int kUnreadableLineWeight = -1;
 
 #if defined(_WIN32)
 template <class Value> void formatSysvar(const wchar_t* format, Value value) {
@@ -45,7 +45,7 @@ template <class Value> void formatSysvar(const wchar_t* format, Value value) {
 template <class Value> void formatSysvar(const wchar_t* format, Value value) {
     CString text;
     text.Format(format, value);
-    text.Truncate(std::min(text.GetLength(), sysvarTextLength - 1));
+    text.Truncate(std::min(text.GetLength(), kSysvarTextLength - 1));
     std::wcscpy(g_sysvarText, text);
 }
 #endif
@@ -58,10 +58,10 @@ bool fitsInt(double value) {
 } // namespace
 
 const wchar_t* lineWeightText(int lineWeight, CString& text) {
-    for (const WidthText& row : widthTexts)
+    for (const WidthText& row : kWidthTexts)
         if (row.width == lineWeight)
             return text = row.text;
-    for (const WeightWord& row : weightWords)
+    for (const WeightWord& row : kWeightWords)
         if (row.weight == lineWeight)
             return text = keldbGetReservedString(row.reservedWord, true);
     return text = L"*Unknown*";
@@ -70,32 +70,32 @@ const wchar_t* lineWeightText(int lineWeight, CString& text) {
 int lineWeightOf(const ResultBuffer& value) {
     switch (value.type) {
     case kVariableReal:
-        return fitsInt(value.value.real) ? static_cast<int>(value.value.real) : unreadableLineWeight;
+        return fitsInt(value.value.real) ? static_cast<int>(value.value.real) : kUnreadableLineWeight;
     case kVariableInt16:
         return value.value.int16;
     case kVariableInt32:
         return value.value.int32;
     default:
-        return unreadableLineWeight;
+        return kUnreadableLineWeight;
     }
 }
 
 int defaultLineWeight() {
     ResultBuffer value{};
-    return keledGetVar(L"LWDEFAULT", &value) == kResultNormal ? lineWeightOf(value) : unreadableLineWeight;
+    return keledGetVar(L"LWDEFAULT", &value) == kResultNormal ? lineWeightOf(value) : kUnreadableLineWeight;
 }
 
 const wchar_t* sysvarValueText(const ResultBuffer& value) {
-    constexpr int asTheHostHasIt = -1;
+    constexpr int kAsTheHostHasIt = -1;
     switch (value.type) {
     case kVariableReal:
-        keldbRToS(value.value.real, asTheHostHasIt, asTheHostHasIt, g_sysvarText);
+        keldbRToS(value.value.real, kAsTheHostHasIt, kAsTheHostHasIt, g_sysvarText);
         break;
     case kVariableInt16:
         formatSysvar(L"%d", static_cast<int>(value.value.int16));
         break;
     case kVariableAngle:
-        keldbAngToS(value.value.real, asTheHostHasIt, asTheHostHasIt, g_sysvarText);
+        keldbAngToS(value.value.real, kAsTheHostHasIt, kAsTheHostHasIt, g_sysvarText);
         break;
     case kVariableString:
         formatSysvar(L"%s", static_cast<const wchar_t*>(value.value.string));

@@ -20,8 +20,8 @@ int lineWeightOf(const ResultBuffer& value);
 /// is freed: the value isn't to be used afterwards.
 const wchar_t* sysvarValueText(const ResultBuffer& value);
 /// Room for the 1024 characters that wsprintfW writes at the most. There is one for the whole module, unguarded.
-inline constexpr int sysvarTextLength = 1024 + 1;
-extern wchar_t g_sysvarText[sysvarTextLength];
+inline constexpr int kSysvarTextLength = 1024 + 1;
+extern wchar_t g_sysvarText[kSysvarTextLength];
 
 /// Finds a plot style of the current drawing by name; on a failure `id` stays as it was.
 /// @return eNoWorkingDatabase, eNotNamedPlotStyles, the host's own failure, or eNullObjectId for an entry without an id

@@ -10,9 +10,9 @@
 namespace {
 
 /// Characters of a name as the rows hold them, with the terminating null.
-constexpr int nameBufferSize = 259;
+constexpr int kNameBufferSize = 259;
 /// Number of the host's word for model space.
-constexpr int modelSpaceWord = 10;
+constexpr int kModelSpaceWord = 10;
 
 /// Where the state was saved: from a reference, with a viewport, or in model space.
 CString spaceText(KelDbLayerStateManager& states, const wchar_t* name) {
@@ -20,7 +20,7 @@ CString spaceText(KelDbLayerStateManager& states, const wchar_t* name) {
         return loadResourceString(IDS_LSTATE_SPACE_REFERENCE);
     if (states.layerStateHasViewportData(name))
         return loadResourceString(IDS_LSTATE_SPACE_VIEWPORT);
-    return keldbGetReservedString(modelSpaceWord, true);
+    return keldbGetReservedString(kModelSpaceWord, true);
 }
 
 } // namespace
@@ -46,8 +46,8 @@ void CLayerStateListCtrl::InsertColumns(std::span<const ListColumn> columns) {
 }
 
 CString CLayerStateListCtrl::StateName(int row) const {
-    wchar_t name[nameBufferSize] = {};
-    GetItemText(row, nameColumn, name, nameBufferSize);
+    wchar_t name[kNameBufferSize] = {};
+    GetItemText(row, nameColumn, name, kNameBufferSize);
     return name;
 }
 

@@ -11,8 +11,8 @@
 
 namespace {
 
-constexpr const wchar_t* dialogName = L"KelLayerApps:LayerStatesManager";
-constexpr const wchar_t* helpTopic = L"RESTORELAYERSTATEDIALOG";
+constexpr const wchar_t* kDialogName = L"KelLayerApps:LayerStatesManager";
+constexpr const wchar_t* kHelpTopic = L"RESTORELAYERSTATEDIALOG";
 
 } // namespace
 
@@ -25,7 +25,7 @@ ON_BN_CLICKED(IDC_LSTATE_RES_CLOSE, &CLayerStatesRestoreDlg::OnClose)
 ON_COMMAND(ID_HELP, &CLayerStatesRestoreDlg::onHelpCommand)
 ON_BN_CLICKED(IDC_LSTATE_RES_HIDEXREFS, &CLayerStatesRestoreDlg::OnHideXrefs)
 ON_BN_CLICKED(IDC_LSTATE_RES_LAYERNOTFOUND, &CLayerStatesRestoreDlg::OnLayerNotFound)
-ON_CONTROL_RANGE(BN_CLICKED, firstOverridableBox, lastOverridableBox, &CLayerStatesRestoreDlg::OnOverridableProperty)
+ON_CONTROL_RANGE(BN_CLICKED, kFirstOverridableBox, kLastOverridableBox, &CLayerStatesRestoreDlg::OnOverridableProperty)
 ON_BN_CLICKED(IDC_LSTATE_RES_OVERRIDES, &CLayerStatesRestoreDlg::OnRestoreAsOverrides)
 ON_BN_CLICKED(IDC_LSTATE_RES_SELECTALL, &CLayerStatesRestoreDlg::OnSelectAll)
 ON_BN_CLICKED(IDC_LSTATE_RES_CLEARALL, &CLayerStatesRestoreDlg::OnClearAll)
@@ -46,7 +46,7 @@ void CLayerStatesRestoreDlg::DoDataExchange(CDataExchange* exchange) {
 
 BOOL CLayerStatesRestoreDlg::OnInitDialog() {
     // The base restores what was kept under the name.
-    SetDialogName(dialogName);
+    SetDialogName(kDialogName);
     CKelUiDialog::OnInitDialog();
     m_controls.find(m_hWnd);
     setUpTips(*this);
@@ -78,7 +78,7 @@ void CLayerStatesRestoreDlg::readOptions() {
 
 void CLayerStatesRestoreDlg::setUpList() {
     m_stateList.SubclassDlgItem(IDC_LSTATE_RES_LIST, this);
-    m_stateList.InsertColumns(managerColumns);
+    m_stateList.InsertColumns(kManagerColumns);
     m_stateList.SetExtendedStyle(m_stateList.GetExtendedStyle() | LVS_EX_FULLROWSELECT);
 }
 
@@ -169,5 +169,5 @@ void CLayerStatesRestoreDlg::OnClose() {
 }
 
 void CLayerStatesRestoreDlg::OnDialogHelp() {
-    openHelp(helpTopic);
+    openHelp(kHelpTopic);
 }

@@ -20,10 +20,10 @@ void CLayerStatesRestoreDlg::updateControls() {
         }
         facts.mask = showStoredState(row);
     } else {
-        for (const PropertyBox& box : propertyTable)
+        for (const PropertyBox& box : kPropertyTable)
             m_controls.tick(box.control, false);
     }
-    for (const ControlRule& row : controlRules)
+    for (const ControlRule& row : kControlRules)
         m_controls.enable(row.control, isEnabled(row.rule, facts));
 }
 
@@ -50,7 +50,7 @@ std::optional<LayerStateMask> CLayerStatesRestoreDlg::showStoredState(int row) {
     // What can't be read isn't reported: the boxes and the text stay as they are.
     if (states->getLayerStateMask(m_stateName, mask) == Vorn::eOk) {
         m_stateMask = mask;
-        for (const PropertyBox& box : propertyTable)
+        for (const PropertyBox& box : kPropertyTable)
             m_controls.tick(box.control, isTickedBy(mask, box.bit));
         m_overridableMask = mask & MaskOverridable;
         read = mask;
@@ -95,7 +95,7 @@ void CLayerStatesRestoreDlg::OnClearAll() {
 }
 
 void CLayerStatesRestoreDlg::tickEnabledBoxes(bool on) {
-    for (const PropertyBox& box : propertyTable)
+    for (const PropertyBox& box : kPropertyTable)
         if (m_controls.isEnabled(box.control))
             m_controls.tick(box.control, on);
 }

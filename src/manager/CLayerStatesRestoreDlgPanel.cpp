@@ -10,8 +10,8 @@ namespace {
 /// How far the panel stands out, measured each time the dialog opens; the one modal dialog is its only user.
 int g_panelWidth = 215;
 
-constexpr const wchar_t* contractBitmap = L"IDB_LSTATE_RES_CONTRACT";
-constexpr const wchar_t* expandBitmap = L"IDB_LSTATE_RES_EXPAND";
+constexpr const wchar_t* kContractBitmap = L"IDB_LSTATE_RES_CONTRACT";
+constexpr const wchar_t* kExpandBitmap = L"IDB_LSTATE_RES_EXPAND";
 
 } // namespace
 
@@ -20,9 +20,9 @@ void CLayerStatesRestoreDlg::setUpPanel() {
     if (GetDialogData(L"Expanded", expanded))
         m_expanded = static_cast<int>(expanded);
     // The template is laid out with the panel open.
-    g_panelWidth = panelWidthFrom(m_controls.place(panelFrame).right, m_controls.place(besidePanel).right);
+    g_panelWidth = panelWidthFrom(m_controls.place(kPanelFrame).right, m_controls.place(kBesidePanel).right);
     if (m_expanded)
-        setExpandButton(contractBitmap, IDS_LSTATE_CONTRACT);
+        setExpandButton(kContractBitmap, IDS_LSTATE_CONTRACT);
     else
         contract();
 }
@@ -37,7 +37,7 @@ void CLayerStatesRestoreDlg::OnExpandContract() {
 void CLayerStatesRestoreDlg::expand() {
     showPanel(true);
     widen(g_panelWidth);
-    setExpandButton(contractBitmap, IDS_LSTATE_CONTRACT);
+    setExpandButton(kContractBitmap, IDS_LSTATE_CONTRACT);
     m_expanded = 1;
     // Takes back the enables that don't apply.
     updateControls();
@@ -46,7 +46,7 @@ void CLayerStatesRestoreDlg::expand() {
 void CLayerStatesRestoreDlg::contract() {
     showPanel(false);
     widen(-g_panelWidth);
-    setExpandButton(expandBitmap, IDS_LSTATE_EXPAND);
+    setExpandButton(kExpandBitmap, IDS_LSTATE_EXPAND);
     m_expanded = 0;
 }
 
@@ -55,14 +55,14 @@ void CLayerStatesRestoreDlg::showPanel(bool show) {
         m_controls.show(control, show);
         m_controls.enable(control, show);
     };
-    for (const PropertyBox& box : propertyTable)
+    for (const PropertyBox& box : kPropertyTable)
         showControl(box.control);
-    for (const int control : panelControls)
+    for (const int control : kPanelControls)
         showControl(control);
 }
 
 void CLayerStatesRestoreDlg::widen(int by) {
-    for (const int control : edgeControls)
+    for (const int control : kEdgeControls)
         m_controls.moveBy(control, by);
     CRect dialog;
     GetWindowRect(&dialog);

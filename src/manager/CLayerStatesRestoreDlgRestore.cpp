@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr const wchar_t* cannotRestoreKey = L"KelLayerApps.CannotRestoreLayerState";
+constexpr const wchar_t* kCannotRestoreKey = L"KelLayerApps.CannotRestoreLayerState";
 
 } // namespace
 
@@ -88,7 +88,7 @@ void CLayerStatesRestoreDlg::reportRestoreFailure(unsigned int status) {
     const RestoreReport report = restoreReport(status);
     if (report.form == RestoreReport::Form::none)
         return;
-    if (report.form == RestoreReport::Form::taskDialog && showTaskDialog(cannotRestoreKey)) {
+    if (report.form == RestoreReport::Form::taskDialog && showTaskDialog(kCannotRestoreKey)) {
         m_reportFailure = false;
         return;
     }

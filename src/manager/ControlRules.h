@@ -17,7 +17,7 @@ struct ControlRule {
 };
 
 /// Each control once; the property boxes come out of their own table.
-inline constexpr auto controlRules = [] {
+inline constexpr auto kControlRules = [] {
     // A state of a reference can be restored but not changed: what would alter or export it refuses a dependent
     // selection.
     constexpr ControlRule others[] = {
@@ -35,9 +35,9 @@ inline constexpr auto controlRules = [] {
         {IDC_LSTATE_RES_SELECTALL, EnableRule::oneRow},
         {IDC_LSTATE_RES_CLEARALL, EnableRule::oneRow},
     };
-    std::array<ControlRule, std::size(others) + std::size(propertyTable)> rules{};
+    std::array<ControlRule, std::size(others) + std::size(kPropertyTable)> rules{};
     const auto boxes = std::copy(std::begin(others), std::end(others), rules.begin());
-    std::transform(std::begin(propertyTable), std::end(propertyTable), boxes, [](const PropertyBox& box) {
+    std::transform(std::begin(kPropertyTable), std::end(kPropertyTable), boxes, [](const PropertyBox& box) {
         return ControlRule{box.control, box.rule};
     });
     return rules;

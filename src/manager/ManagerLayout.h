@@ -5,29 +5,29 @@
 #include "resource.h"
 
 /// In the order of the columns.
-inline constexpr ListColumn managerColumns[] = {
+inline constexpr ListColumn kManagerColumns[] = {
     {IDS_LSTATE_COLUMN_NAME, 0.4},
     {IDS_LSTATE_COLUMN_SPACE, 0.14},
     {IDS_LSTATE_COLUMN_SAME, 0.1},
     {IDS_LSTATE_COLUMN_DESCRIPTION, 0.35},
 };
-static_assert(managerColumns[nameColumn].headingId == IDS_LSTATE_COLUMN_NAME);
-static_assert(managerColumns[spaceColumn].headingId == IDS_LSTATE_COLUMN_SPACE);
-static_assert(managerColumns[sameColumn].headingId == IDS_LSTATE_COLUMN_SAME);
-static_assert(managerColumns[descriptionColumn].headingId == IDS_LSTATE_COLUMN_DESCRIPTION);
+static_assert(kManagerColumns[nameColumn].headingId == IDS_LSTATE_COLUMN_NAME);
+static_assert(kManagerColumns[spaceColumn].headingId == IDS_LSTATE_COLUMN_SPACE);
+static_assert(kManagerColumns[sameColumn].headingId == IDS_LSTATE_COLUMN_SAME);
+static_assert(kManagerColumns[descriptionColumn].headingId == IDS_LSTATE_COLUMN_DESCRIPTION);
 
 // The property panel. The check of the resource module reads these four names too.
 
-inline constexpr int panelFrame = IDC_LSTATE_RES_PANEL;
+inline constexpr int kPanelFrame = IDC_LSTATE_RES_PANEL;
 /// Where the dialog ends, but for its margin, while the panel is closed.
-inline constexpr int besidePanel = IDC_LSTATE_RES_NEW;
+inline constexpr int kBesidePanel = IDC_LSTATE_RES_NEW;
 /// What belongs to the panel besides the property boxes.
-inline constexpr int panelControls[] = {panelFrame, IDC_LSTATE_RES_SELECTALL, IDC_LSTATE_RES_CLEARALL};
+inline constexpr int kPanelControls[] = {kPanelFrame, IDC_LSTATE_RES_SELECTALL, IDC_LSTATE_RES_CLEARALL};
 /// What moves with the dialog's right edge.
-inline constexpr int edgeControls[] = {IDC_LSTATE_RES_RESTORE, IDC_LSTATE_RES_CLOSE, ID_HELP, IDC_LSTATE_RES_EXPAND};
+inline constexpr int kEdgeControls[] = {IDC_LSTATE_RES_RESTORE, IDC_LSTATE_RES_CLOSE, ID_HELP, IDC_LSTATE_RES_EXPAND};
 
 /// How far the property panel stands out beyond the dialog's other controls, in pixels: what the dialog narrows by when
-/// the panel is closed. Taken from the right edges of `panelFrame` and `besidePanel`.
+/// the panel is closed. Taken from the right edges of `kPanelFrame` and `kBesidePanel`.
 constexpr int panelWidthFrom(int panelFrameRight, int besidePanelRight) {
     return panelFrameRight - besidePanelRight;
 }

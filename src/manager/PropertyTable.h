@@ -19,7 +19,7 @@ struct PropertyBox {
 };
 
 /// In the order of the boxes.
-inline constexpr PropertyBox propertyTable[] = {
+inline constexpr PropertyBox kPropertyTable[] = {
     {IDC_LSTATE_RES_ON, MaskOn, EnableRule::oneRowInModel},
     {IDC_LSTATE_RES_FROZEN, MaskFrozen, EnableRule::oneRowInModel},
     {IDC_LSTATE_RES_VPFROZEN, MaskViewportFrozen, EnableRule::oneRowInViewport},
@@ -33,13 +33,13 @@ inline constexpr PropertyBox propertyTable[] = {
 };
 
 /// The boxes of the overridable properties are those from this id to that one, for message maps.
-inline constexpr int firstOverridableBox = IDC_LSTATE_RES_COLOR;
-inline constexpr int lastOverridableBox = IDC_LSTATE_RES_PLOTSTYLE;
+inline constexpr int kFirstOverridableBox = IDC_LSTATE_RES_COLOR;
+inline constexpr int kLastOverridableBox = IDC_LSTATE_RES_PLOTSTYLE;
 
 static_assert(
     [] {
         LayerStateMask held = 0;
-        for (const PropertyBox& box : propertyTable) {
+        for (const PropertyBox& box : kPropertyTable) {
             if (!std::has_single_bit(box.bit) || (held & box.bit) != 0)
                 return false;
             held |= box.bit;
@@ -49,8 +49,8 @@ static_assert(
     "the table holds each property once");
 static_assert(
     [] {
-        for (const PropertyBox& box : propertyTable)
-            if (box.isOverridable() != (firstOverridableBox <= box.control && box.control <= lastOverridableBox))
+        for (const PropertyBox& box : kPropertyTable)
+            if (box.isOverridable() != (kFirstOverridableBox <= box.control && box.control <= kLastOverridableBox))
                 return false;
         return true;
     }(),
@@ -64,7 +64,7 @@ constexpr bool isTickedBy(LayerStateMask mask, LayerStateMask bit) {
 /// The mask that the boxes show. `isTicked(control)` is asked for each box of the table, enabled or not, shown or not.
 template <class IsTicked> LayerStateMask maskFromBoxes(IsTicked isTicked) {
     LayerStateMask mask = 0;
-    for (const PropertyBox& box : propertyTable)
+    for (const PropertyBox& box : kPropertyTable)
         if (isTicked(box.control))
             mask |= box.bit;
     return mask;
@@ -72,7 +72,7 @@ template <class IsTicked> LayerStateMask maskFromBoxes(IsTicked isTicked) {
 
 /// Whether at least one box of an overridable property is ticked.
 template <class IsTicked> bool anyOverridableBoxTicked(IsTicked isTicked) {
-    for (const PropertyBox& box : propertyTable)
+    for (const PropertyBox& box : kPropertyTable)
         if (box.isOverridable() && isTicked(box.control))
             return true;
     return false;

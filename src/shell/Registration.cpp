@@ -8,11 +8,11 @@
 
 namespace {
 
-constexpr const wchar_t* serviceName = L"KelLayerApps";
-constexpr const wchar_t* commandGroup = L"VORN_KelLayerApps";
-constexpr const wchar_t* commandName = L"LAYERSTATE";
-constexpr int plainModalCommand = 0;
-constexpr int noFunctionCode = -1;
+constexpr const wchar_t* kServiceName = L"KelLayerApps";
+constexpr const wchar_t* kCommandGroup = L"VORN_KelLayerApps";
+constexpr const wchar_t* kCommandName = L"LAYERSTATE";
+constexpr int kPlainModalCommand = 0;
+constexpr int kNoFunctionCode = -1;
 
 KelRtDictionary* registeredDictionary(const wchar_t* key) {
     return kelrtCast<KelRtDictionary>(kelrtSystemRegistry()->at(key));
@@ -37,19 +37,19 @@ KelEdCommandStack* commandStack() {
 } // namespace
 
 void registerLayerStateCommand() {
-    if (!kelrtServiceIsRegistered(serviceName))
-        kelrtRegisterService(serviceName);
+    if (!kelrtServiceIsRegistered(kServiceName))
+        kelrtRegisterService(kServiceName);
     KelEdCommandStack* stack = commandStack();
     const CString localName = loadResourceString(IDS_LSTATE_COMMAND);
     if (stack)
-        stack->addCommand(commandGroup, commandName, localName, plainModalCommand, runLayerStateCommand, nullptr,
-                          noFunctionCode, nullptr, nullptr);
+        stack->addCommand(kCommandGroup, kCommandName, localName, kPlainModalCommand, runLayerStateCommand, nullptr,
+                          kNoFunctionCode, nullptr, nullptr);
 }
 
 void unregisterLayerStateCommand() {
-    if (kelrtServiceIsRegistered(serviceName))
+    if (kelrtServiceIsRegistered(kServiceName))
         if (KelRtDictionary* services = registeredDictionary(kelrtServiceDictionaryKey))
-            delete services->remove(serviceName);
+            delete services->remove(kServiceName);
     if (KelEdCommandStack* stack = commandStack())
-        stack->removeGroup(commandGroup);
+        stack->removeGroup(kCommandGroup);
 }

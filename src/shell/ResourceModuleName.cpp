@@ -4,12 +4,13 @@
 #include <algorithm>
 
 std::wstring resourceModuleName(std::wstring_view modulePath) {
-    constexpr std::wstring_view extension = L".xmod";
-    constexpr std::wstring_view suffix = L"Res.dll";
-    // The dot isn't searched for: a module file is told by its place of installation, and its extension has one length.
-    const std::size_t extensionLength = std::min(extension.size(), modulePath.size());
+    constexpr std::wstring_view kExtension = L".xmod";
+    constexpr std::wstring_view kSuffix = L"Res.dll";
+    // The dot isn't searched for: a module file is told by its place of installation, and its extension has one
+    // length.
+    const std::size_t extensionLength = std::min(kExtension.size(), modulePath.size());
     std::wstring name(modulePath.substr(0, modulePath.size() - extensionLength));
-    name += suffix;
+    name += kSuffix;
     const std::size_t backslash = name.find_last_of(L'\\');
     return backslash == std::wstring::npos ? name : name.substr(backslash + 1);
 }

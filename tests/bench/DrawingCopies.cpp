@@ -17,8 +17,9 @@ template <class T> zdr::Column<T> ownCopy(const zdr::Column<T>& column, bool rev
 }
 
 zdr::LayerColumns ownCopy(const zdr::LayerColumns& columns, bool reversed) {
-    return {ownCopy(columns.flags, reversed), ownCopy(columns.colors, reversed), ownCopy(columns.linetypes, reversed),
-            ownCopy(columns.lineWeights, reversed), ownCopy(columns.plotStyles, reversed)};
+    zdr::LayerColumns copy;
+    zdr::forEachColumn([reversed](auto& to, const auto& from) { to = ownCopy(from, reversed); }, copy, columns);
+    return copy;
 }
 
 } // namespace

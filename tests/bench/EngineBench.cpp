@@ -32,14 +32,6 @@ KelDbDatabase& database(Order order) {
     return *entry;
 }
 
-template <class Action> void forEachColumn(const zdr::LayerColumns& columns, Action action) {
-    action(columns.flags);
-    action(columns.colors);
-    action(columns.linetypes);
-    action(columns.lineWeights);
-    action(columns.plotStyles);
-}
-
 void memcmpOfAllStates(benchmark::State& run) {
     const zdr::Drawing& drawing = engine::drawingOf(database(Order::Same));
     const auto equal = [](const auto& a, const auto& b) {
@@ -83,10 +75,12 @@ void memcpyOfAState(benchmark::State& run) {
     std::vector<std::byte> target(kBytesOfState);
     for (auto _ : run) {
         std::byte* to = target.data();
-        forEachColumn(columns, [&to](const auto& column) {
-            std::memcpy(to, column.values().data(), column.values().size_bytes());
-            to += column.values().size_bytes();
-        });
+        zdr::forEachColumn(
+            [&to](const auto& column) {
+                std::memcpy(to, column.values().data(), column.values().size_bytes());
+                to += column.values().size_bytes();
+            },
+            columns);
         benchmark::DoNotOptimize(target.data());
         benchmark::ClobberMemory();
     }

@@ -4,6 +4,8 @@
 
 #include "KelCmColor.h"
 
+#include <bit>
+#include <iterator>
 #include <algorithm>
 #include <map>
 #include <set>
@@ -25,6 +27,8 @@ constexpr FlagWords flagTable[] = {
     {zdr::kLayerPlot, L"plot", L"plotted", L"not plotted"},
     {zdr::kLayerNewViewportFrozen, L"new viewports", L"frozen", L"thawed"},
 };
+static_assert(static_cast<int>(std::size(flagTable)) == std::popcount(zdr::kDrawingFlags),
+              "each flag of a drawing has its words");
 
 std::wstring colorText(std::uint32_t packed) {
     const KelCmColor color = KelCmColor::fromPacked(packed);

@@ -120,9 +120,9 @@ template <class T> Column<T> copied(const Column<T>& column) {
 
 /// Equal to the drawing's, but not shared with them: the most that a file can have to hold.
 LayerColumns DrawingGenerator::matchingColumns() const {
-    const LayerColumns& own = m_drawing.columns;
-    return {copied(own.flags), copied(own.colors), copied(own.linetypes), copied(own.lineWeights),
-            copied(own.plotStyles)};
+    LayerColumns columns;
+    forEachColumn([](auto& to, const auto& from) { to = copied(from); }, columns, m_drawing.columns);
+    return columns;
 }
 
 LayerColumns DrawingGenerator::changedColumns(bool withViewport) {

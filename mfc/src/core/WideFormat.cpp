@@ -91,11 +91,11 @@ class Formatter {
         static constexpr struct {
             const wchar_t* prefix;
             Size size;
-        } sizes[] = {{L"I64", Size::SixtyFour}, {L"I32", Size::None},    {L"ll", Size::SixtyFour},
-                     {L"hh", Size::Char},       {L"l", Size::Long},      {L"w", Size::Long},
-                     {L"h", Size::Short},       {L"I", Size::SixtyFour}, {L"j", Size::SixtyFour},
-                     {L"z", Size::SixtyFour},   {L"t", Size::SixtyFour}, {L"L", Size::None}};
-        for (const auto& entry : sizes)
+        } kSizes[] = {{L"I64", Size::SixtyFour}, {L"I32", Size::None},    {L"ll", Size::SixtyFour},
+                      {L"hh", Size::Char},       {L"l", Size::Long},      {L"w", Size::Long},
+                      {L"h", Size::Short},       {L"I", Size::SixtyFour}, {L"j", Size::SixtyFour},
+                      {L"z", Size::SixtyFour},   {L"t", Size::SixtyFour}, {L"L", Size::None}};
+        for (const auto& entry : kSizes)
             if (Skip(entry.prefix))
                 return entry.size;
         return Size::None;
@@ -256,19 +256,19 @@ int ContinuationCount(unsigned char first) {
 } // namespace
 
 std::wstring Widen(const char* text, std::size_t length) {
-    constexpr wchar_t bad = 0xFFFD;
-    static constexpr unsigned firstBits[] = {0x7F, 0x1F, 0x0F, 0x07};
+    constexpr wchar_t kBad = 0xFFFD;
+    static constexpr unsigned kFirstBits[] = {0x7F, 0x1F, 0x0F, 0x07};
     std::wstring wide;
     for (std::size_t i = 0; i < length;) {
         const auto first = static_cast<unsigned char>(text[i++]);
         const int more = ContinuationCount(first);
-        unsigned code = more < 0 ? 0u : first & firstBits[more];
+        unsigned code = more < 0 ? 0u : first & kFirstBits[more];
         int seen = 0;
         while (seen < more && i < length && (static_cast<unsigned char>(text[i]) & 0xC0) == 0x80) {
             code = code << 6 | (static_cast<unsigned char>(text[i++]) & 0x3Fu);
             ++seen;
         }
-        wide += seen == more ? static_cast<wchar_t>(code) : bad;
+        wide += seen == more ? static_cast<wchar_t>(code) : kBad;
     }
     return wide;
 }

@@ -99,7 +99,7 @@ BOOL CWinThread::PumpMessage() {
 }
 
 BOOL CWinThread::IsIdleMessage(MSG* pMsg) {
-    constexpr UINT systemTimer = 0x0118; // the caret's
+    constexpr UINT kSystemTimer = 0x0118; // the caret's
     if (pMsg->message == WM_MOUSEMOVE || pMsg->message == WM_NCMOUSEMOVE) {
         // A window that comes and goes under a resting pointer makes moves without a move.
         if (m_ptCursorLast == pMsg->pt && pMsg->message == m_nMsgLast)
@@ -108,7 +108,7 @@ BOOL CWinThread::IsIdleMessage(MSG* pMsg) {
         m_nMsgLast = pMsg->message;
         return TRUE;
     }
-    return pMsg->message != WM_PAINT && pMsg->message != systemTimer;
+    return pMsg->message != WM_PAINT && pMsg->message != kSystemTimer;
 }
 
 LRESULT CWinThread::ProcessWndProcException(CException*, const MSG* pMsg) {

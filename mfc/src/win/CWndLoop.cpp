@@ -38,8 +38,8 @@ void CWnd::EndModalLoop(int nResult) {
 namespace {
 
 bool endsHiding(const MSG& message) {
-    constexpr UINT systemTimer = 0x0118; // undocumented; sent while a hidden window has the caret
-    return message.message == systemTimer || message.message == WM_SYSKEYDOWN;
+    constexpr UINT kSystemTimer = 0x0118; // undocumented; sent while a hidden window has the caret
+    return message.message == kSystemTimer || message.message == WM_SYSKEYDOWN;
 }
 
 /// What a modal loop does while no message waits.

@@ -2,6 +2,8 @@
 
 #include "TestDrawing.h"
 
+#include "engine/Changes.h"
+
 #include <algorithm>
 #include <stdexcept>
 
@@ -20,17 +22,8 @@ TestDrawing::TestDrawing() {
 TestDrawing& TestDrawing::layer(const std::wstring& name, std::uint32_t color) {
     const zdr::NameId id = m_drawing.names.intern(name);
     m_drawing.layers.push_back({id, newHandle(), L"", zdr::kNone});
-    zdr::LayerColumns& columns = m_drawing.columns;
-    columns.flags.edit().push_back(zdr::kLayerOn | zdr::kLayerPlot);
-    columns.flags.look();
-    columns.colors.edit().push_back(color);
-    columns.colors.look();
-    columns.linetypes.edit().push_back(m_drawing.linetypes.front().name);
-    columns.linetypes.look();
-    columns.lineWeights.edit().push_back(-3);
-    columns.lineWeights.look();
-    columns.plotStyles.edit().push_back(m_drawing.plotStyles.front().name);
-    columns.plotStyles.look();
+    engine::appendValues(m_drawing.columns, {zdr::kLayerOn | zdr::kLayerPlot, color, m_drawing.linetypes.front().name,
+                                             -3, m_drawing.plotStyles.front().name});
     refreshLayerSet();
     return *this;
 }

@@ -8,7 +8,7 @@ using ui::Script;
 using ui::View;
 
 constexpr int movedButtons[] = {IDC_LSTATE_RES_RESTORE, IDC_LSTATE_RES_CLOSE, ID_HELP, IDC_LSTATE_RES_EXPAND};
-constexpr int panelControls[] = {IDC_LSTATE_RES_PANEL, IDC_LSTATE_RES_SELECTALL, IDC_LSTATE_RES_CLEARALL};
+constexpr int kPanelControls[] = {IDC_LSTATE_RES_PANEL, IDC_LSTATE_RES_SELECTALL, IDC_LSTATE_RES_CLEARALL};
 
 // Where everything stands, in the dialog's own coordinates, and how wide and high the dialog is.
 struct Layout {
@@ -58,7 +58,7 @@ class Panel : public ManagerTest {
         return script.look("the layout", [&into](const View& view) { into = layoutOf(view); });
     }
     static void expectPanel(const View& view, bool shown) {
-        for (const int control : panelControls)
+        for (const int control : kPanelControls)
             EXPECT_EQ(view.isVisible(control), shown) << control;
         for (const BoxBit& row : propertyBoxes)
             EXPECT_EQ(view.isVisible(row.box), shown) << row.box;
@@ -140,7 +140,7 @@ TEST_F(Panel, ClosingDisablesWhatItHidesUntilTheSelectionChanges) {
                      [](const View& view) {
                          for (const BoxBit& row : propertyBoxes)
                              EXPECT_FALSE(view.isEnabled(row.box)) << row.box;
-                         for (const int control : panelControls)
+                         for (const int control : kPanelControls)
                              EXPECT_FALSE(view.isEnabled(control)) << control;
                          EXPECT_EQ(shownMask(view), MaskAllProperties);
                      })

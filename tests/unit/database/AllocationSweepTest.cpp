@@ -1,59 +1,11 @@
 // Reading and saving a drawing with each allocation failing once: both answer that, and leave what was there. Only
-// natively, where this program's operator new is also the engine's.
+// natively.
 
 #include "DrawingDifference.h"
 #include "EngineTest.h"
+#include "FailingAllocation.h"
 #include "TemporaryFolder.h"
 #include "files/DrawingFile.h"
-
-#include <cstdlib>
-#include <new>
-
-namespace {
-
-int g_allocationsLeft = 0; // until one fails; 0: none is to
-
-/// Lets one allocation fail while it lives.
-class FailingAllocation {
-  public:
-    explicit FailingAllocation(int nth) { g_allocationsLeft = nth; }
-    ~FailingAllocation() { g_allocationsLeft = 0; }
-    FailingAllocation(const FailingAllocation&) = delete;
-    FailingAllocation& operator=(const FailingAllocation&) = delete;
-    bool hasStruck() const { return g_allocationsLeft == 0; }
-};
-
-} // namespace
-
-// All forms but the aligned ones, so that none of the sanitizer's own is mixed with these.
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    if (g_allocationsLeft > 0 && --g_allocationsLeft == 0)
-        return nullptr;
-    return std::malloc(size == 0 ? 1 : size);
-}
-void* operator new(std::size_t size) {
-    if (void* memory = operator new(size, std::nothrow))
-        return memory;
-    throw std::bad_alloc();
-}
-void* operator new[](std::size_t size) {
-    return operator new(size);
-}
-void* operator new[](std::size_t size, const std::nothrow_t& nothrow) noexcept {
-    return operator new(size, nothrow);
-}
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
 
 class AllocationSweep : public testing::Test {
   protected:

@@ -2,6 +2,7 @@
 
 #include "EngineTest.h"
 #include "KelDbPointers.h"
+#include "engine/UndoHistory.h"
 
 using testing::ElementsAre;
 
@@ -242,6 +243,16 @@ TEST_F(Undo, CountsAsAChange) {
     const std::uint64_t before = engine::changeCount(m_database);
     engine::undo(m_database);
     EXPECT_GT(engine::changeCount(m_database), before);
+}
+
+TEST_F(Undo, TheOldestStepIsForgotten) {
+    for (std::size_t i = 0; i <= engine::kMaxUndoSteps; ++i)
+        step([this, i] { setColor(L"Walls", static_cast<std::uint32_t>(i + 10)); });
+    std::size_t undone = 0;
+    while (engine::undo(m_database))
+        ++undone;
+    EXPECT_EQ(undone, engine::kMaxUndoSteps);
+    EXPECT_EQ(values(L"Walls").color, 10u) << "what the first step left";
 }
 
 TEST_F(Undo, ReadingIsNoChange) {

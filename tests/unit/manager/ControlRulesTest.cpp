@@ -66,7 +66,7 @@ template <class Check> void forEveryCombination(Check check) {
 
 std::map<int, bool> statesOf(const SelectionFacts& facts) {
     std::map<int, bool> states;
-    for (const ControlRule& row : controlRules)
+    for (const ControlRule& row : kControlRules)
         EXPECT_TRUE(states.emplace(row.control, isEnabled(row.rule, facts)).second) << row.control << " is there twice";
     return states;
 }

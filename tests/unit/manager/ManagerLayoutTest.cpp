@@ -6,15 +6,15 @@
 #include <iterator>
 
 TEST(ManagerColumns, AreNameSpaceSameAndDescriptionWithTheirShares) {
-    ASSERT_EQ(std::size(managerColumns), 4u);
-    EXPECT_EQ(managerColumns[0].headingId, 114u);
-    EXPECT_EQ(managerColumns[1].headingId, 115u);
-    EXPECT_EQ(managerColumns[2].headingId, 132u);
-    EXPECT_EQ(managerColumns[3].headingId, 116u);
-    EXPECT_EQ(managerColumns[0].fraction, 0.4);
-    EXPECT_EQ(managerColumns[1].fraction, 0.14);
-    EXPECT_EQ(managerColumns[2].fraction, 0.1);
-    EXPECT_EQ(managerColumns[3].fraction, 0.35);
+    ASSERT_EQ(std::size(kManagerColumns), 4u);
+    EXPECT_EQ(kManagerColumns[0].headingId, 114u);
+    EXPECT_EQ(kManagerColumns[1].headingId, 115u);
+    EXPECT_EQ(kManagerColumns[2].headingId, 132u);
+    EXPECT_EQ(kManagerColumns[3].headingId, 116u);
+    EXPECT_EQ(kManagerColumns[0].fraction, 0.4);
+    EXPECT_EQ(kManagerColumns[1].fraction, 0.14);
+    EXPECT_EQ(kManagerColumns[2].fraction, 0.1);
+    EXPECT_EQ(kManagerColumns[3].fraction, 0.35);
 }
 
 TEST(ColumnWidth, IsCutTowardsZero) {

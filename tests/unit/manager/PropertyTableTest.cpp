@@ -10,7 +10,7 @@ namespace {
 
 template <class Chosen> std::vector<int> boxesThat(Chosen chosen) {
     std::vector<int> controls;
-    for (const PropertyBox& box : propertyTable)
+    for (const PropertyBox& box : kPropertyTable)
         if (chosen(box))
             controls.push_back(box.control);
     return controls;
@@ -27,14 +27,14 @@ TEST(PropertyTable, PairsTheTenBoxesWithTheirBitsInTheOrderOfTheBoxes) {
                                                                   {1011, 8},   {1013, 16}, {1014, 32},  {1015, 64},
                                                                   {1016, 128}, {1017, 256}};
     std::vector<std::pair<int, LayerStateMask>> actual;
-    for (const PropertyBox& box : propertyTable)
+    for (const PropertyBox& box : kPropertyTable)
         actual.emplace_back(box.control, box.bit);
     EXPECT_EQ(actual, expected);
 }
 
 TEST(PropertyTable, HoldsEveryPropertyOnce) {
     LayerStateMask all = 0;
-    for (const PropertyBox& box : propertyTable) {
+    for (const PropertyBox& box : kPropertyTable) {
         EXPECT_EQ(all & box.bit, 0u);
         all |= box.bit;
     }
@@ -64,7 +64,7 @@ TEST(MaskFromBoxes, AddsTheBitOfEachTickedBox) {
 TEST(MaskFromBoxes, ComesBackFromTheBoxesThatItTicks) {
     for (LayerStateMask mask = 0; mask <= MaskAllProperties; ++mask) {
         std::set<int> ticked;
-        for (const PropertyBox& box : propertyTable)
+        for (const PropertyBox& box : kPropertyTable)
             if (isTickedBy(mask, box.bit))
                 ticked.insert(box.control);
         ASSERT_EQ(maskOf(ticked), mask);
@@ -77,7 +77,7 @@ TEST(IsTickedBy, LooksAtTheBoxsOwnBitAlone) {
 }
 
 TEST(AnyOverridableBoxTicked, IsTrueForEachOfTheFourAndForNoOther) {
-    for (const PropertyBox& box : propertyTable) {
+    for (const PropertyBox& box : kPropertyTable) {
         const int only = box.control;
         EXPECT_EQ(anyOverridableBoxTicked([&](int control) { return control == only; }), only >= 1014) << only;
     }

@@ -3,7 +3,7 @@
 #include "Model.h"
 
 #include "KelDbDatabase.h"
-#include "engine/DatabaseAccess.h"
+#include "engine/UndoHistory.h"
 
 #include <algorithm>
 
@@ -280,12 +280,11 @@ bool Model::redo() {
 }
 
 void Model::closeStep() {
-    constexpr std::size_t kMostSteps = 200;
     if (!m_open)
         return;
     m_done.push_back(std::move(*m_open));
     m_open.reset();
-    if (m_done.size() > kMostSteps)
+    if (m_done.size() > engine::kMaxUndoSteps)
         m_done.pop_front();
 }
 

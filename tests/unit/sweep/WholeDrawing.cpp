@@ -33,9 +33,10 @@ class Examination {
     }
 
     void examineColumns(const zdr::LayerColumns& columns, std::size_t count, std::wstring_view owner) {
-        for (const std::size_t size : {columns.flags.size(), columns.colors.size(), columns.linetypes.size(),
-                                       columns.lineWeights.size(), columns.plotStyles.size()})
-            require(size == count, "columns are as long as their layers are many", owner);
+        const auto examine = [&](const auto& column) {
+            require(column.size() == count, "columns are as long as their layers are many", owner);
+        };
+        zdr::forEachColumn(examine, columns);
     }
 
     void examineLayers() {

@@ -65,8 +65,8 @@ std::wstring widened(const char* text) {
 
 /// A line as the history shows it: a very long one would push out all that was said before.
 std::wstring shortened(const std::wstring& line) {
-    constexpr std::size_t longest = 1000;
-    return line.size() > longest ? line.substr(0, longest) + L"..." : line;
+    constexpr std::size_t kLongest = 1000;
+    return line.size() > kLongest ? line.substr(0, kLongest) + L"..." : line;
 }
 
 } // namespace

@@ -263,15 +263,15 @@ std::wstring describe(const zdr::Drawing& drawing, std::size_t layer) {
 }
 
 void list(Session& session, const Words& words) {
-    constexpr std::size_t most = 200;
+    constexpr std::size_t kMost = 200;
     const auto layers = words.empty() ? selectLayers(session, Words{L"*"}) : selectLayers(session, words);
     if (!layers)
         return;
     std::wstring text;
-    for (std::size_t i = 0; i < std::min(layers->size(), most); ++i)
+    for (std::size_t i = 0; i < std::min(layers->size(), kMost); ++i)
         text += describe(session.drawing(), (*layers)[i]);
-    if (layers->size() > most)
-        text += std::to_wstring(layers->size() - most) + L" more: a pattern such as A* shows fewer.\n";
+    if (layers->size() > kMost)
+        text += std::to_wstring(layers->size() - kMost) + L" more: a pattern such as A* shows fewer.\n";
     else if (layers->size() > 1)
         text += layersAre(layers->size()) + L" listed.\n";
     session.window().print(text);

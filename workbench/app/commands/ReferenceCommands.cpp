@@ -65,19 +65,19 @@ std::wstring nameProblem(const Session& session, const std::wstring& name) {
 
 /// Reads x, y, scale and angle, as far as they are given; false when one isn't a number that will do.
 bool place(zdr::Reference& reference, std::span<const std::wstring> words) {
-    constexpr double farthest = 1e9;
-    constexpr double degree = std::numbers::pi / 180;
+    constexpr double kFarthest = 1e9;
+    constexpr double kDegree = std::numbers::pi / 180;
     double values[] = {0, 0, 1, 0};
     for (std::size_t i = 0; i < words.size(); ++i) {
         const auto value = parseNumber(words[i]);
-        if (!value || *value > farthest || *value < -farthest)
+        if (!value || *value > kFarthest || *value < -kFarthest)
             return false;
         values[i] = *value;
     }
     reference.insertion = {values[0], values[1]};
     reference.scale = values[2];
-    reference.rotation = values[3] * degree;
-    return words.size() != 1 && reference.scale > 1 / farthest;
+    reference.rotation = values[3] * kDegree;
+    return words.size() != 1 && reference.scale > 1 / kFarthest;
 }
 
 std::vector<std::size_t> referencesNamed(Session& session, const CommandText& text) {

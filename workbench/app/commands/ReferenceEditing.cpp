@@ -2,14 +2,14 @@
 
 #include "ReferenceEditing.h"
 
+#include "values/NameRules.h"
+
 #include <algorithm>
 #include <unordered_set>
 
 namespace workbench {
 
 namespace {
-
-constexpr wchar_t kSeparator = L'!';
 
 /// Takes the layers of one reference out of everything that counts layers.
 class LayerRemoval {
@@ -56,11 +56,7 @@ class LayerRemoval {
     }
 
     void removeFrom(zdr::LayerColumns& columns) const {
-        removeFrom(columns.flags);
-        removeFrom(columns.colors);
-        removeFrom(columns.linetypes);
-        removeFrom(columns.lineWeights);
-        removeFrom(columns.plotStyles);
+        zdr::forEachColumn([this](auto& column) { removeFrom(column); }, columns);
     }
 
     void removeFrom(std::vector<zdr::Entity>& entities, std::size_t otherwise) const {
@@ -118,7 +114,7 @@ std::unordered_set<zdr::NameId> usedStyles(const zdr::Drawing& drawing) {
 }
 
 void removeUnusedStyles(zdr::Drawing& drawing, const std::wstring& reference) {
-    const std::wstring prefix = zdr::foldCase(reference + kSeparator);
+    const std::wstring prefix = zdr::foldCase(reference + engine::kReferenceSeparator);
     const std::unordered_set<zdr::NameId> used = usedStyles(drawing);
     const auto isUnused = [&](const auto& style) {
         return !used.contains(style.name) && zdr::foldCase(drawing.names.text(style.name)).starts_with(prefix);

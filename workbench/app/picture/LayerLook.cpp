@@ -3,6 +3,8 @@
 #include "LayerLook.h"
 
 #include "LayerStateMask.h"
+#include "values/LineWeights.h"
+#include "values/NameRules.h"
 
 #include <algorithm>
 #include <cwctype>
@@ -16,7 +18,6 @@ namespace {
 constexpr std::uint32_t kByBlock = 0;
 constexpr std::uint32_t kByLayer = 256;
 constexpr std::uint32_t kForeground = 7;
-constexpr int kLineWeightByLayer = -1;
 
 const std::vector<double>* patternOf(const zdr::Drawing& drawing, zdr::NameId linetype) {
     const auto found = std::find_if(drawing.linetypes.begin(), drawing.linetypes.end(),
@@ -84,7 +85,7 @@ std::vector<LayerLook> referencedLooks(const zdr::Drawing& drawing, const std::v
     for (std::size_t layer = 0; layer < drawing.layers.size(); ++layer)
         if (drawing.layers[layer].reference == reference)
             known.emplace(folded(drawing.names.text(drawing.layers[layer].name)), layer);
-    const std::wstring prefix = folded(drawing.references[reference].name) + L"!";
+    const std::wstring prefix = folded(drawing.references[reference].name) + engine::kReferenceSeparator;
     std::vector<LayerLook> out = layerLooks(shown, nullptr);
     for (std::size_t layer = 0; layer < out.size(); ++layer) {
         const auto found = known.find(prefix + folded(shown.names.text(shown.layers[layer].name)));
@@ -100,7 +101,7 @@ LayerLook entityLook(const zdr::Drawing& drawing, const zdr::Entity& entity, con
         look.color = plainColor(*entity.color);
     if (entity.linetype != zdr::kNoName)
         look.pattern = patternOf(drawing, entity.linetype);
-    if (entity.lineWeight != kLineWeightByLayer)
+    if (entity.lineWeight != engine::kLineWeightByLayer)
         look.lineWeight = plainWeight(drawing, entity.lineWeight);
     return look;
 }

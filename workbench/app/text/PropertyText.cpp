@@ -6,6 +6,7 @@
 
 #include "KelCmColor.h"
 #include "KelDbTables.h"
+#include "values/LineWeights.h"
 
 #include <algorithm>
 #include <cmath>
@@ -23,10 +24,7 @@ constexpr NamedColor kColors[] = {
     {L"red", 1}, {L"yellow", 2}, {L"green", 3}, {L"cyan", 4}, {L"blue", 5}, {L"magenta", 6}, {L"white", 7},
 };
 constexpr std::uint32_t kLastPaletteColor = 255;
-constexpr std::int16_t kDefaultLineWeight = -3;
 constexpr const wchar_t* kDefaultWord = L"default";
-// Widths are given in hundredths up to 2.11 mm.
-constexpr int kWidest = 211;
 
 /// A number of digits alone, of at most `largest`.
 std::optional<std::uint32_t> parseIndex(const std::wstring& text, std::uint32_t largest) {
@@ -82,9 +80,9 @@ std::optional<std::uint32_t> parseColor(const std::wstring& text) {
 
 std::optional<std::int16_t> parseLineWeight(const std::wstring& text) {
     if (sameName(text, kDefaultWord))
-        return kDefaultLineWeight;
+        return engine::kLineWeightDefault;
     const auto millimetres = parseNumber(text);
-    if (!millimetres || *millimetres < 0 || *millimetres * 100 > kWidest)
+    if (!millimetres || *millimetres < 0 || *millimetres * 100 > engine::kWidestLine)
         return std::nullopt;
     const double hundredths = std::round(*millimetres * 100);
     const bool exact = std::abs(hundredths - *millimetres * 100) < 1e-6;
@@ -139,11 +137,10 @@ std::vector<std::wstring> colorNames() {
 
 std::vector<std::wstring> lineWeightNames() {
     std::vector<std::wstring> names{kDefaultWord};
-    for (int weight = 0; weight <= kWidest; ++weight)
-        if (isLineWeight(weight)) {
-            const std::wstring text = lineWeightText(weight);
-            names.push_back(text.substr(0, text.find(L' ')));
-        }
+    for (const int weight : engine::kLineWidths) {
+        const std::wstring text = lineWeightText(weight);
+        names.push_back(text.substr(0, text.find(L' ')));
+    }
     return names;
 }
 

@@ -34,8 +34,8 @@ ON_WM_CHAR()
 END_MESSAGE_MAP()
 
 void CommandOutput::OnChar(UINT letter, UINT repeats, UINT flags) {
-    constexpr UINT leading[] = {L'\t', L'\r', VK_ESCAPE};
-    if (std::ranges::find(leading, letter) != std::end(leading))
+    constexpr UINT kLeading[] = {L'\t', L'\r', VK_ESCAPE};
+    if (std::ranges::find(kLeading, letter) != std::end(kLeading))
         m_typed(0);
     else if (letter >= L' ')
         m_typed(static_cast<wchar_t>(letter));
@@ -178,8 +178,8 @@ void CommandPane::switchFocus() {
 }
 
 void CommandPane::turnWheel(int delta) {
-    constexpr int lines = 3; // a step of the wheel
-    m_turned += delta * lines;
+    constexpr int kLines = 3; // a step of the wheel
+    m_turned += delta * kLines;
     m_output.LineScroll(-m_turned / WHEEL_DELTA);
     m_turned %= WHEEL_DELTA;
 }

@@ -62,11 +62,11 @@ constexpr PanKey kPanKeys[] = {
 };
 
 std::wstring listOf(const std::vector<std::wstring>& candidates) {
-    constexpr std::size_t most = 100;
+    constexpr std::size_t kMost = 100;
     std::wstring names;
-    for (std::size_t i = 0; i < std::min(candidates.size(), most); ++i)
+    for (std::size_t i = 0; i < std::min(candidates.size(), kMost); ++i)
         names += (i == 0 ? L"" : L"  ") + candidates[i];
-    return candidates.size() > most ? names + L"  and more" : names;
+    return candidates.size() > kMost ? names + L"  and more" : names;
 }
 
 bool isDown(int key) {

@@ -40,20 +40,29 @@ template <class Action> void forEachViewport(zdr::Drawing& drawing, Action actio
             action(viewport);
 }
 
+/// Room for one more; then putting it in can't fail.
+template <class List> void makeRoom(List& list) {
+    if (list.size() == list.capacity())
+        list.reserve(std::max<std::size_t>(2 * list.size(), 8));
+}
+
 WholeLayer takeOut(zdr::Drawing& drawing, std::size_t index) {
-    const std::wstring spelling = drawing.names.text(drawing.layers[index].name);
-    WholeLayer whole{std::move(drawing.layers[index]), valuesAt(drawing.columns, index), {}, {}, spelling};
-    forEachViewport(drawing, [&](zdr::Viewport& viewport) {
-        if (index < viewport.frozen.size()) {
-            if (viewport.frozen[index])
-                whole.frozenIn.push_back(viewport.handle);
-            viewport.frozen.erase(viewport.frozen.begin() + static_cast<Offset>(index));
-        }
-        std::erase_if(viewport.overrides, [&](const zdr::ViewportOverride& layer) {
+    WholeLayer whole{{}, valuesAt(drawing.columns, index), {}, {}, drawing.names.text(drawing.layers[index].name)};
+    makeRoomForValues(drawing.columns, 0);
+    forEachViewport(drawing, [&](const zdr::Viewport& viewport) {
+        if (index < viewport.frozen.size() && viewport.frozen[index])
+            whole.frozenIn.push_back(viewport.handle);
+        for (const zdr::ViewportOverride& layer : viewport.overrides)
             if (sameLayer(layer, index))
                 whole.overrides.emplace_back(viewport.handle, layer);
-            return sameLayer(layer, index);
-        });
+    });
+    // Nothing fails from here on.
+    whole.layer = std::move(drawing.layers[index]);
+    forEachViewport(drawing, [&](zdr::Viewport& viewport) {
+        if (index < viewport.frozen.size())
+            viewport.frozen.erase(viewport.frozen.begin() + static_cast<Offset>(index));
+        std::erase_if(viewport.overrides,
+                      [index](const zdr::ViewportOverride& layer) { return sameLayer(layer, index); });
     });
     // The step's settings, which are exchanged next, say which layer is current without this one.
     whole.isCurrent = drawing.currentLayer == index;
@@ -65,10 +74,20 @@ WholeLayer takeOut(zdr::Drawing& drawing, std::size_t index) {
     return whole;
 }
 
-void putIn(zdr::Drawing& drawing, std::size_t index, WholeLayer whole) {
-    shiftIndices(drawing, index, true);
+/// All that putIn() needs.
+void makeRoomFor(zdr::Drawing& drawing, std::size_t index, const WholeLayer& whole) {
+    makeRoom(drawing.layers);
+    makeRoomForValues(drawing.columns, 1);
+    forEachViewport(drawing, [index](zdr::Viewport& viewport) {
+        viewport.frozen.reserve(std::max(viewport.frozen.size(), index) + 1);
+        makeRoom(viewport.overrides);
+    });
     if (!whole.spelling.empty())
         drawing.names.respell(whole.layer.name, whole.spelling);
+}
+
+void putIn(zdr::Drawing& drawing, std::size_t index, WholeLayer whole) {
+    shiftIndices(drawing, index, true);
     drawing.layers.insert(drawing.layers.begin() + static_cast<Offset>(index), std::move(whole.layer));
     insertValues(drawing.columns, index, whole.values);
     if (whole.isCurrent)
@@ -125,17 +144,19 @@ void StateChange::exchange(zdr::Drawing& drawing, ObjectDirectory& objects) {
         drawing.states.erase(drawing.states.begin() + static_cast<Offset>(position));
         objects.removeState(position);
     } else if (state) {
-        drawing.states.insert(drawing.states.begin() + static_cast<Offset>(position), std::move(*state));
+        makeRoom(drawing.states);
         objects.insertState(position, handle);
+        drawing.states.insert(drawing.states.begin() + static_cast<Offset>(position), std::move(*state));
         state.reset();
     }
 }
 
 void PlotStyleChange::exchange(zdr::Drawing& drawing, ObjectDirectory& objects) {
+    makeRoom(drawing.plotStyles);
     const auto place = drawing.plotStyles.begin() + static_cast<Offset>(position);
     if (style) {
-        drawing.plotStyles.insert(place, *style);
         objects.insertPlotStyle(position, handle);
+        drawing.plotStyles.insert(place, *style);
         style.reset();
     } else {
         style = *place;
@@ -161,17 +182,17 @@ void ViewportChange::exchange(zdr::Drawing& drawing, ObjectDirectory&) {
 void LayerChange::exchange(zdr::Drawing& drawing, ObjectDirectory& objects) {
     zdr::Layer& present = drawing.layers[objects.find(handle)->index];
     std::wstring otherSpelling = drawing.names.text(present.name);
+    drawing.names.respell(layer.name, spelling);
     std::swap(present, layer);
     std::swap(drawing.layerSet, layerSet);
-    drawing.names.respell(present.name, spelling);
     spelling = std::move(otherSpelling);
 }
 
 void LayerListChange::exchange(zdr::Drawing& drawing, ObjectDirectory& objects) {
     if (layer) {
-        const zdr::Handle handle = layer->layer.handle;
+        makeRoomFor(drawing, index, *layer);
+        objects.insertLayer(index, layer->layer.handle);
         putIn(drawing, index, std::move(*layer));
-        objects.insertLayer(index, handle);
         layer.reset();
     } else {
         layer = takeOut(drawing, index);
@@ -187,8 +208,13 @@ void ExtendedDataChange::exchange(zdr::Drawing& drawing, ObjectDirectory&) {
         return zdr::equalFolded(data.application, application);
     });
     if (found == behind) {
-        if (!values.empty())
-            all.insert(behind, {object, application, std::exchange(values, {})});
+        if (values.empty())
+            return;
+        zdr::ExtendedData fresh{object, application, {}};
+        const auto place = behind - all.begin();
+        makeRoom(all);
+        fresh.values.swap(values);
+        all.insert(all.begin() + place, std::move(fresh));
         return;
     }
     std::swap(found->values, values);

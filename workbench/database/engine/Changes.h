@@ -1,6 +1,7 @@
 // The changes of a drawing that can be undone. Each holds the other side of the change, the one that isn't in the
 // drawing at the moment; exchanging the two undoes it, and exchanging them again does it anew. Columns are shared and
-// the rest is moved, so that no change copies the drawing.
+// the rest is moved, so that no change copies the drawing. An exchange asks for all the memory it needs before it
+// writes anything: it is done whole or, when it throws, not at all.
 #pragma once
 
 #include "KelExport.h"
@@ -106,6 +107,8 @@ zdr::Viewport* findViewport(zdr::Drawing& drawing, zdr::Handle handle);
 KELDB_API const zdr::Viewport* findViewport(const zdr::Drawing& drawing, zdr::Handle handle);
 KELDB_API LayerValues valuesAt(const zdr::LayerColumns& columns, std::size_t index);
 KELDB_API void setValuesAt(zdr::LayerColumns& columns, std::size_t index, const LayerValues& values);
+/// Makes room for so many more rows; putting them in and taking rows out then can't fail.
+void makeRoomForValues(zdr::LayerColumns& columns, std::size_t more);
 KELDB_API void appendValues(zdr::LayerColumns& columns, const LayerValues& values);
 /// Takes the values at an index out of the columns.
 void eraseValues(zdr::LayerColumns& columns, std::size_t index);

@@ -78,20 +78,19 @@ template <class T> void copyRuns(zdr::Column<T>& drawing, const zdr::Column<T>& 
         drawing = state;
         return;
     }
-    T* const to = drawing.edit().data();
+    T* const to = drawing.write().data();
     const T* const from = state.values().data();
     if (mapping.isScattered())
         copyRows(to, from, mapping);
     else
         for (const LayerMapping::Run& run : mapping.runs)
             std::memcpy(to + run.drawing, from + run.state, run.count * sizeof(T));
-    drawing.look();
 }
 
 /// The same for those bits of each byte alone.
 inline void copyBits(zdr::Column<std::uint8_t>& drawing, const zdr::Column<std::uint8_t>& state,
                      const LayerMapping& mapping, std::uint8_t bits) {
-    std::uint8_t* const to = drawing.edit().data();
+    std::uint8_t* const to = drawing.write().data();
     const std::uint8_t* const from = state.values().data();
     for (const LayerMapping::Run& run : mapping.runs) {
         std::uint8_t* const target = to + run.drawing;
@@ -99,7 +98,6 @@ inline void copyBits(zdr::Column<std::uint8_t>& drawing, const zdr::Column<std::
         for (std::size_t i = 0; i < run.count; ++i)
             target[i] = static_cast<std::uint8_t>((target[i] & ~bits) | (source[i] & bits));
     }
-    drawing.look();
 }
 
 } // namespace engine

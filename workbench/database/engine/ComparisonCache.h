@@ -7,7 +7,7 @@
 
 namespace engine {
 
-/// Keeps the last answer for each state. Whoever changes what a comparison looks at says so here.
+/// Keeps the last answer for each state.
 class ComparisonCache {
   public:
     /// @param viewport 0 for the model tab

@@ -6,6 +6,7 @@
 #include "LayerEditing.h"
 #include "NewDrawing.h"
 #include "ReferenceAttachment.h"
+#include "values/NameRules.h"
 
 #include <algorithm>
 
@@ -48,7 +49,7 @@ std::size_t layerIndex(const KelDbDatabase& database, KelDbObjectId id) {
 }
 
 const zdr::LayerColumns& shownColumns(const KelDbDatabase& database, const zdr::Viewport* viewport) {
-    return impOf(database).shown(viewport);
+    return impOf(database).lookups().shown(viewport);
 }
 
 Vorn::ErrorStatus setActiveLayout(KelDbDatabase& database, std::optional<std::size_t> layout) {
@@ -82,7 +83,7 @@ KelDbObjectId currentViewportId(const KelDbDatabase& database) {
 Vorn::ErrorStatus addLayer(KelDbDatabase& database, std::wstring_view name) {
     DatabaseImp& imp = impOf(database);
     LayerValues values{.flags = zdr::kLayerOn | zdr::kLayerPlot};
-    values.linetype = imp.drawing().names.find(L"Continuous");
+    values.linetype = imp.drawing().names.find(kContinuousName);
     if (!imp.drawing().plotStyles.empty())
         values.plotStyle = imp.drawing().plotStyles.front().name;
     return addLayer(imp, name, {}, values);
@@ -113,7 +114,8 @@ void setFrozenInViewport(KelDbDatabase& database, zdr::Handle viewport, std::siz
     const zdr::Viewport* found = findViewport(imp.drawing(), viewport);
     if (!found)
         return;
-    std::vector<bool>& list = imp.editViewport(*found).frozen;
+    const Editor<zdr::Viewport> edited = imp.editViewport(*found);
+    std::vector<bool>& list = edited->frozen;
     list.resize(std::max(list.size(), layer + 1));
     list[layer] = frozen;
 }
@@ -123,7 +125,8 @@ void setOverride(KelDbDatabase& database, zdr::Handle viewport, const zdr::Viewp
     const zdr::Viewport* found = findViewport(imp.drawing(), viewport);
     if (!found)
         return;
-    std::vector<zdr::ViewportOverride>& overrides = imp.editViewport(*found).overrides;
+    const Editor<zdr::Viewport> edited = imp.editViewport(*found);
+    std::vector<zdr::ViewportOverride>& overrides = edited->overrides;
     auto place = std::ranges::lower_bound(overrides, layer.layer, {}, &zdr::ViewportOverride::layer);
     if (place != overrides.end() && place->layer == layer.layer)
         place = overrides.erase(place);

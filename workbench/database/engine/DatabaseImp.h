@@ -1,12 +1,12 @@
 // The internal side of a database: the drawing, what is needed to find things in it, and the one way of changing it.
-// Every change goes through the members below, so that it can be undone and is counted.
+// Every change goes through the members below, so that it can be undone and is counted. A member that changes something
+// does it whole or, when memory runs out and it throws, not at all; what is written through an editor is left as far as
+// it came.
 #pragma once
 
-#include "ComparisonCache.h"
 #include "KelDbDatabase.h"
-#include "LayerMapping.h"
+#include "Lookups.h"
 #include "ObjectDirectory.h"
-#include "ShownColumns.h"
 #include "UndoHistory.h"
 
 namespace engine {
@@ -31,37 +31,34 @@ class DatabaseImp : public KelDbImpDatabase {
     const zdr::Drawing& drawing() const { return m_drawing; }
     const ObjectDirectory& objects() const { return m_objects; }
     /// Grows with every change.
-    std::uint64_t changes() const { return m_changes; }
+    std::uint64_t changes() const { return m_lookups.changes(); }
     /// Ends its life when another drawing takes the place of this one.
     std::weak_ptr<const void> identity() const { return m_identity; }
-    std::size_t findLayer(std::wstring_view name) const { return m_layers.find(m_drawing.names.find(name)); }
-    std::size_t findLayer(zdr::NameId name) const { return m_layers.find(name); }
-    std::size_t findState(std::wstring_view name) const { return m_states.find(name); }
-    bool hasLinetype(zdr::NameId name) const { return m_linetypes.has(name); }
-    bool hasPlotStyle(zdr::NameId name) const { return m_plotStyles.has(name); }
-    const NameIdIndex& linetypes() const { return m_linetypes; }
-    const NameIdIndex& plotStyles() const { return m_plotStyles; }
-    std::size_t findLinetype(zdr::NameId name) const { return m_linetypes.find(name); }
-    std::size_t findPlotStyle(zdr::NameId name) const { return m_plotStyles.find(name); }
+    std::size_t findLayer(std::wstring_view name) const { return findLayer(m_drawing.names.find(name)); }
+    std::size_t findLayer(zdr::NameId name) const { return m_lookups.layers().find(name); }
+    std::size_t findState(std::wstring_view name) const { return m_lookups.states().find(name); }
+    const NameIdIndex& linetypes() const { return m_lookups.linetypes(); }
+    const NameIdIndex& plotStyles() const { return m_lookups.plotStyles(); }
+    bool hasLinetype(zdr::NameId name) const { return linetypes().has(name); }
+    bool hasPlotStyle(zdr::NameId name) const { return plotStyles().has(name); }
+    std::size_t findLinetype(zdr::NameId name) const { return linetypes().find(name); }
+    std::size_t findPlotStyle(zdr::NameId name) const { return plotStyles().find(name); }
     bool isLayerResolved(std::size_t index) const { return isResolved(m_drawing, m_drawing.layers[index]); }
     bool hasUnresolvedLayers() const;
-    const LayerMapping& mapping(const zdr::LayerState& state) const;
-    /// Answers of comparisons that still hold.
-    ComparisonCache& comparisons() const { return m_comparisons; }
-    /// What the viewport shows of the layers; null for the drawing's own.
-    const zdr::LayerColumns& shown(const zdr::Viewport* viewport) const;
+    Lookups& lookups() const { return m_lookups; }
     /// The viewport of an id; null when the id isn't one of a viewport of this drawing.
     const zdr::Viewport* viewport(KelDbObjectId id) const;
 
     // Changing. Each may be undone.
-    zdr::LayerColumns& editColumns();
-    zdr::LayerState& editState(std::size_t index);
-    zdr::Viewport& editViewport(const zdr::Viewport& viewport);
+    [[nodiscard]] Editor<zdr::LayerColumns> editColumns();
+    /// The state stays where it is while its editor lives.
+    [[nodiscard]] Editor<zdr::LayerState> editState(std::size_t index);
+    [[nodiscard]] Editor<zdr::Viewport> editViewport(const zdr::Viewport& viewport);
     void setCurrentLayer(std::size_t index);
     void setLastRestored(std::optional<std::wstring> name);
     void setActiveSpace(std::optional<std::size_t> layout, std::optional<zdr::Handle> viewport);
     /// Behind the drawing's own states, or at a given place. Gives it a handle.
-    void insertState(zdr::LayerState state, std::optional<std::size_t> position = std::nullopt);
+    void insertState(zdr::LayerState&& state, std::optional<std::size_t> position = std::nullopt);
     void removeState(std::size_t index);
     void renameState(std::size_t index, std::wstring name);
     /// At the end of the table, under a name that is valid, free and spelled so from then on; gives it a handle, which
@@ -84,11 +81,10 @@ class DatabaseImp : public KelDbImpDatabase {
 
     // What a reference brings along; not undone.
     void appendLinetype(zdr::Linetype linetype);
-    void appendPlotStyle(zdr::PlotStyle style);
     /// Many at once, at the end of the table; each gets a handle.
     void appendLayers(std::vector<WholeLayer> layers);
-    void followLinetype(std::size_t index, const zdr::Linetype& theirs);
-    void followLayer(std::size_t index, const std::wstring& description, bool unresolvedInside);
+    void followLinetype(std::size_t index, zdr::Linetype theirs);
+    void followLayer(std::size_t index, std::wstring description, bool unresolvedInside);
     void setReferenceDrawing(std::size_t reference, std::shared_ptr<const zdr::Drawing> drawing);
     UndoHistory& history() { return m_history; }
     const UndoHistory& history() const { return m_history; }
@@ -102,26 +98,21 @@ class DatabaseImp : public KelDbImpDatabase {
     std::wstring fileProblem; ///< why the last reading or writing of a file failed
 
   private:
-    void layersChanged();
-    void followRename(zdr::NameId from, zdr::NameId to);
-    void refreshIndexes();
-    bool afterExchange(std::optional<StepContent> exchanged);
-    std::shared_ptr<const zdr::LayerSet> makeLayerSet() const;
+    template <class Side> void perform(Side&& change, const Parts& parts) {
+        const Writing writing(m_lookups, parts);
+        m_history.perform(std::forward<Side>(change), m_drawing, m_objects);
+    }
+    std::shared_ptr<zdr::LayerSet> layerSet() const;
 
     KelDbDatabase& m_owner;
     KelDbLayerStateManager m_stateManager;
     KelDbImpLayerStateManager m_impStateManager;
     zdr::Drawing m_drawing;
     ObjectDirectory m_objects;
-    NameIdIndex m_layers, m_linetypes, m_plotStyles;
-    StateIndex m_states;
+    mutable Lookups m_lookups{m_drawing};
     UndoHistory m_history;
     std::shared_ptr<const void> m_identity;
-    std::uint64_t m_changes = 1;
     bool m_stateDictionaryMade = false;
-    mutable MappingCache m_mappings;
-    mutable ComparisonCache m_comparisons;
-    mutable ShownColumnsCache m_shown;
 };
 
 /// The internal side of a database, without a trace.

@@ -8,52 +8,25 @@
 
 namespace engine {
 
-std::shared_ptr<const zdr::LayerSet> DatabaseImp::makeLayerSet() const {
-    auto set = std::make_shared<zdr::LayerSet>();
-    set->names.reserve(m_drawing.layers.size());
-    for (const zdr::Layer& layer : m_drawing.layers)
-        set->names.push_back(layer.name);
-    return set;
-}
-
-void DatabaseImp::layersChanged() {
-    m_layers.fill(m_drawing.layers);
-    m_mappings.clear();
-    m_comparisons.clear();
-    ++m_changes;
+std::shared_ptr<zdr::LayerSet> DatabaseImp::layerSet() const {
+    return std::make_shared<zdr::LayerSet>(*m_drawing.layerSet);
 }
 
 zdr::Handle DatabaseImp::appendLayer(zdr::Layer layer, std::wstring_view name, const LayerValues& values) {
     layer.name = intern(name);
     layer.handle = newHandle();
     const zdr::Handle handle = layer.handle;
+    auto set = layerSet();
+    set->names.push_back(layer.name);
     WholeLayer whole{std::move(layer), values, {}, {}, std::wstring(name)};
-    LayerListChange change{m_drawing.layers.size(), std::move(whole), nullptr};
-    change.exchange(m_drawing, m_objects);
-    m_drawing.layerSet = makeLayerSet();
-    m_history.add(std::move(change));
-    layersChanged();
+    perform(LayerListChange{m_drawing.layers.size(), std::move(whole), std::move(set)}, {.layers = true});
     return handle;
 }
 
 void DatabaseImp::removeLayer(std::size_t index) {
-    LayerListChange change{index, std::nullopt, nullptr};
-    change.exchange(m_drawing, m_objects);
-    m_drawing.layerSet = makeLayerSet();
-    m_history.add(std::move(change));
-    layersChanged();
-}
-
-void DatabaseImp::renameLayer(std::size_t index, std::wstring_view name) {
-    zdr::Layer& layer = m_drawing.layers[index];
-    const zdr::NameId from = layer.name;
-    const zdr::NameId to = intern(name);
-    m_history.add(LayerChange{layer.handle, layer, m_drawing.names.text(from), m_drawing.layerSet});
-    m_drawing.names.respell(to, name);
-    layer.name = to;
-    if (from != to)
-        followRename(from, to);
-    layersChanged();
+    auto set = layerSet();
+    set->names.erase(set->names.begin() + static_cast<std::ptrdiff_t>(index));
+    perform(LayerListChange{index, std::nullopt, std::move(set)}, {.layers = true});
 }
 
 namespace {
@@ -78,40 +51,78 @@ RenamedSet renameInSet(const std::shared_ptr<const zdr::LayerSet>& set, zdr::Nam
     return renamed;
 }
 
+/// The own states of a drawing in which a layer gets another name. States that share a set of layers go on sharing the
+/// renamed one. A state that holds a layer of the new name holds it for one that the drawing no longer has; the row of
+/// the renamed layer takes its place.
+class LayerRename {
+  public:
+    struct Changed {
+        std::size_t index;
+        std::shared_ptr<const zdr::LayerSet> layers;
+        zdr::LayerColumns columns;
+        zdr::NameId currentLayer;
+    };
+    LayerRename(const zdr::Drawing& drawing, zdr::NameId from, zdr::NameId to) : m_from(from), m_to(to) {
+        layerSet = renamed(drawing.layerSet).set;
+        for (std::size_t i = 0; i < drawing.states.size(); ++i)
+            if (drawing.states[i].reference == zdr::kNone)
+                follow(i, drawing.states[i]);
+    }
+
+    std::shared_ptr<const zdr::LayerSet> layerSet; ///< of the drawing
+    std::vector<Changed> states;
+
+  private:
+    const RenamedSet& renamed(const std::shared_ptr<const zdr::LayerSet>& set) {
+        const auto [entry, isNew] = m_renamed.try_emplace(set.get());
+        if (isNew)
+            entry->second = renameInSet(set, m_from, m_to);
+        return entry->second;
+    }
+    void follow(std::size_t index, const zdr::LayerState& state) {
+        const RenamedSet& after = renamed(state.layers);
+        if (after.set == state.layers)
+            return;
+        zdr::LayerColumns columns = state.columns;
+        if (after.dropped != zdr::kNone)
+            eraseValues(columns, after.dropped);
+        const zdr::NameId current = state.currentLayer == m_to     ? zdr::kNoName
+                                    : state.currentLayer == m_from ? m_to
+                                                                   : state.currentLayer;
+        states.push_back({index, after.set, std::move(columns), current});
+    }
+
+    const zdr::NameId m_from, m_to;
+    std::map<const zdr::LayerSet*, RenamedSet> m_renamed;
+};
+
 } // namespace
 
-// States that share a set of layers go on sharing the renamed one. A state that holds a layer of the new name holds it
-// for one that the drawing no longer has; the row of the renamed layer takes its place.
-void DatabaseImp::followRename(zdr::NameId from, zdr::NameId to) {
-    std::map<const zdr::LayerSet*, RenamedSet> renamed;
-    const auto rename = [&](const std::shared_ptr<const zdr::LayerSet>& set) {
-        const auto [entry, isNew] = renamed.try_emplace(set.get());
-        if (isNew)
-            entry->second = renameInSet(set, from, to);
-        return entry->second;
-    };
-    m_drawing.layerSet = rename(m_drawing.layerSet).set;
-    for (std::size_t i = 0; i < m_drawing.states.size(); ++i) {
-        const zdr::LayerState& state = m_drawing.states[i];
-        const RenamedSet after = state.reference == zdr::kNone ? rename(state.layers) : RenamedSet{state.layers};
-        if (after.set == state.layers)
-            continue;
-        zdr::LayerState& changed = editState(i);
-        changed.layers = after.set;
-        if (after.dropped != zdr::kNone)
-            eraseValues(changed.columns, after.dropped);
-        if (changed.currentLayer == to)
-            changed.currentLayer = zdr::kNoName;
-        else if (changed.currentLayer == from)
-            changed.currentLayer = to;
+void DatabaseImp::renameLayer(std::size_t index, std::wstring_view name) {
+    zdr::Layer layer = m_drawing.layers[index];
+    const zdr::NameId from = layer.name;
+    layer.name = intern(name);
+    if (layer.name == from) {
+        perform(LayerChange{layer.handle, layer, std::wstring(name), m_drawing.layerSet}, {.layers = true});
+        return;
+    }
+    LayerRename rename(m_drawing, from, layer.name);
+    const Writing writing(m_lookups, {.layers = true});
+    for (const LayerRename::Changed& changed : rename.states)
+        m_history.beforeState(m_drawing, changed.index);
+    perform(LayerChange{layer.handle, layer, std::wstring(name), std::move(rename.layerSet)}, {.layers = true});
+    for (LayerRename::Changed& changed : rename.states) {
+        zdr::LayerState& state = m_drawing.states[changed.index];
+        state.layers = std::move(changed.layers);
+        state.columns = std::move(changed.columns);
+        state.currentLayer = changed.currentLayer;
     }
 }
 
 void DatabaseImp::setLayerDescription(std::size_t index, std::wstring description) {
-    zdr::Layer& layer = m_drawing.layers[index];
-    m_history.add(LayerChange{layer.handle, layer, m_drawing.names.text(layer.name), m_drawing.layerSet});
+    zdr::Layer layer = m_drawing.layers[index];
     layer.description = std::move(description);
-    ++m_changes;
+    perform(LayerChange{layer.handle, layer, m_drawing.names.text(layer.name), m_drawing.layerSet}, {});
 }
 
 zdr::LayerState DatabaseImp::translate(const zdr::LayerState& state, const zdr::NameTable& from) {
@@ -121,59 +132,49 @@ zdr::LayerState DatabaseImp::translate(const zdr::LayerState& state, const zdr::
 void DatabaseImp::appendLayers(std::vector<WholeLayer> layers) {
     if (layers.empty())
         return;
+    auto set = layerSet();
+    for (const WholeLayer& whole : layers)
+        set->names.push_back(whole.layer.name);
+    m_drawing.layers.reserve(m_drawing.layers.size() + layers.size());
+    makeRoomForValues(m_drawing.columns, layers.size());
+    m_objects.expectLayers(m_drawing.nextHandle, layers.size());
+    const Writing writing(m_lookups, {.layers = true}); // nothing fails from here on
     for (WholeLayer& whole : layers) {
         whole.layer.handle = newHandle();
         m_objects.insertLayer(m_drawing.layers.size(), whole.layer.handle);
         m_drawing.layers.push_back(std::move(whole.layer));
         appendValues(m_drawing.columns, whole.values);
     }
-    m_drawing.layerSet = makeLayerSet();
-    layersChanged();
+    m_drawing.layerSet = std::move(set);
 }
 
-void DatabaseImp::followLayer(std::size_t index, const std::wstring& description, bool unresolvedInside) {
-    m_drawing.layers[index].description = description;
+void DatabaseImp::followLayer(std::size_t index, std::wstring description, bool unresolvedInside) {
+    const Writing writing(m_lookups, {});
+    m_drawing.layers[index].description = std::move(description);
     m_drawing.layers[index].unresolvedInside = unresolvedInside;
-    ++m_changes;
 }
 
-void DatabaseImp::followLinetype(std::size_t index, const zdr::Linetype& theirs) {
-    m_drawing.linetypes[index].description = theirs.description;
-    m_drawing.linetypes[index].pattern = theirs.pattern;
-    ++m_changes;
+void DatabaseImp::followLinetype(std::size_t index, zdr::Linetype theirs) {
+    const Writing writing(m_lookups, {});
+    m_drawing.linetypes[index].description = std::move(theirs.description);
+    m_drawing.linetypes[index].pattern = std::move(theirs.pattern);
 }
 
 void DatabaseImp::appendLinetype(zdr::Linetype linetype) {
     linetype.handle = newHandle();
-    m_linetypes.put(linetype.name, m_drawing.linetypes.size());
+    m_drawing.linetypes.reserve(m_drawing.linetypes.size() + 1);
     m_objects.appendLinetype(linetype.handle);
+    const Writing writing(m_lookups, {.linetypes = true});
     m_drawing.linetypes.push_back(std::move(linetype));
-    ++m_changes;
-}
-
-void DatabaseImp::appendPlotStyle(zdr::PlotStyle style) {
-    style.handle = newHandle();
-    m_plotStyles.put(style.name, m_drawing.plotStyles.size());
-    m_objects.appendPlotStyle(style.handle);
-    m_drawing.plotStyles.push_back(std::move(style));
-    ++m_changes;
 }
 
 void DatabaseImp::insertPlotStyle(std::size_t index, zdr::PlotStyle style) {
     style.handle = newHandle();
-    PlotStyleChange change{style.handle, index, style};
-    change.exchange(m_drawing, m_objects);
-    m_history.add(change);
-    m_plotStyles.fill(m_drawing.plotStyles);
-    ++m_changes;
+    perform(PlotStyleChange{style.handle, index, style}, {.plotStyles = true});
 }
 
 void DatabaseImp::removePlotStyle(std::size_t index) {
-    PlotStyleChange change{m_drawing.plotStyles[index].handle, index, std::nullopt};
-    change.exchange(m_drawing, m_objects);
-    m_history.add(change);
-    m_plotStyles.fill(m_drawing.plotStyles);
-    ++m_changes;
+    perform(PlotStyleChange{m_drawing.plotStyles[index].handle, index, std::nullopt}, {.plotStyles = true});
 }
 
 } // namespace engine

@@ -2,6 +2,7 @@
 
 #include "LayerEditing.h"
 
+#include "values/LineWeights.h"
 #include "values/NameRules.h"
 
 #include <algorithm>
@@ -78,14 +79,12 @@ Vorn::ErrorStatus setLayerValues(DatabaseImp& database, std::size_t index, const
     const bool freezes = values.flags & ~drawing.columns.flags[index] & zdr::kLayerFrozen;
     if (freezes && drawing.currentLayer == index)
         return Vorn::eCannotFreezeCurrentLayer;
-    setValuesAt(database.editColumns(), index, values);
+    setValuesAt(*database.editColumns(), index, values);
     return Vorn::eOk;
 }
 
 bool isLineWeight(int weight) {
-    constexpr int widths[] = {-3, -2, -1, 0,  5,  9,  13,  15,  18,  20,  25,  30,  35, 40,
-                              50, 53, 60, 70, 80, 90, 100, 106, 120, 140, 158, 200, 211};
-    return std::ranges::binary_search(widths, weight);
+    return (weight >= kLineWeightDefault && weight < 0) || std::ranges::binary_search(kLineWidths, weight);
 }
 
 } // namespace engine

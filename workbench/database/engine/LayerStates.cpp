@@ -55,18 +55,22 @@ Vorn::ErrorStatus saveState(DatabaseImp& database, std::wstring_view name, std::
     std::size_t index = zdr::kNone;
     if (const Vorn::ErrorStatus status = placeForName(database, name, index); status != Vorn::eOk)
         return status;
-    const zdr::Drawing& drawing = database.drawing();
+    const zdr::LayerColumns& columns = database.lookups().shown(viewport);
+    const auto record = [&](zdr::LayerState& state) {
+        state.mask = mask;
+        state.layers = database.drawing().layerSet;
+        state.columns = columns;
+        state.currentLayer = currentLayerName(database.drawing());
+        state.hasViewportData = viewport != nullptr;
+    };
+    if (index != zdr::kNone) {
+        record(*database.editState(index));
+        return Vorn::eOk;
+    }
     zdr::LayerState fresh;
-    if (index == zdr::kNone)
-        fresh.name = name;
-    zdr::LayerState& state = index == zdr::kNone ? fresh : database.editState(index);
-    state.mask = mask;
-    state.layers = drawing.layerSet;
-    state.columns = database.shown(viewport);
-    state.currentLayer = currentLayerName(drawing);
-    state.hasViewportData = viewport != nullptr;
-    if (index == zdr::kNone)
-        database.insertState(std::move(fresh));
+    fresh.name = name;
+    record(fresh);
+    database.insertState(std::move(fresh));
     return Vorn::eOk;
 }
 
@@ -119,9 +123,9 @@ void addLayersToState(DatabaseImp& database, std::size_t index, const std::vecto
     }
     if (set->names.size() == drawing.states[index].layers->names.size())
         return;
-    zdr::LayerState& state = database.editState(index);
-    state.layers = set->names == drawing.layerSet->names ? drawing.layerSet : std::move(set);
-    state.columns = std::move(columns);
+    const Editor<zdr::LayerState> state = database.editState(index);
+    state->layers = set->names == drawing.layerSet->names ? drawing.layerSet : std::move(set);
+    state->columns = std::move(columns);
 }
 
 void removeLayersFromState(DatabaseImp& database, std::size_t index, const std::vector<zdr::NameId>& layers) {
@@ -137,13 +141,13 @@ void removeLayersFromState(DatabaseImp& database, std::size_t index, const std::
     }
     if (kept.size() == before.layers->names.size())
         return;
-    zdr::LayerState& state = database.editState(index);
-    const zdr::LayerColumns& columns = state.columns;
-    state.columns = {pick(columns.flags, kept), pick(columns.colors, kept), pick(columns.linetypes, kept),
-                     pick(columns.lineWeights, kept), pick(columns.plotStyles, kept)};
-    state.layers = std::move(set);
-    if (placeInSet(*state.layers, state.currentLayer) == zdr::kNone)
-        state.currentLayer = zdr::kNoName;
+    zdr::LayerColumns rest;
+    zdr::forEachColumn([&kept](auto& to, const auto& from) { to = pick(from, kept); }, rest, before.columns);
+    const Editor<zdr::LayerState> state = database.editState(index);
+    state->columns = std::move(rest);
+    state->layers = std::move(set);
+    if (placeInSet(*state->layers, state->currentLayer) == zdr::kNone)
+        state->currentLayer = zdr::kNoName;
 }
 
 std::vector<zdr::NameId> layersOfState(const DatabaseImp& database, std::size_t index, bool invert) {
@@ -174,10 +178,10 @@ bool updateStateLayer(DatabaseImp& database, std::size_t index, const StateLayer
         values.linetype = database.intern(*update.linetype);
     if (update.plotStyle)
         values.plotStyle = database.intern(*update.plotStyle);
-    zdr::LayerState& state = database.editState(index);
-    setValuesAt(state.columns, row, values);
+    const Editor<zdr::LayerState> state = database.editState(index);
+    setValuesAt(state->columns, row, values);
     if (update.isCurrent)
-        state.currentLayer = name;
+        state->currentLayer = name;
     return true;
 }
 

@@ -1,52 +1,47 @@
-// One layer's row of the columns. See Changes.h.
+// One layer's row of the columns. See Changes.h. What can fail is done for all columns first, so that a row is written
+// whole or not at all.
 
 #include "Changes.h"
 
 namespace engine {
-namespace {
 
-// Calls `action` for each column together with the member of LayerValues that stands in it.
-template <class Columns, class Action> void forEachColumn(Columns& columns, Action action) {
-    action(columns.flags, &LayerValues::flags);
-    action(columns.colors, &LayerValues::color);
-    action(columns.linetypes, &LayerValues::linetype);
-    action(columns.lineWeights, &LayerValues::lineWeight);
-    action(columns.plotStyles, &LayerValues::plotStyle);
-}
-
-} // namespace
+using zdr::forEachColumn;
 
 LayerValues valuesAt(const zdr::LayerColumns& columns, std::size_t index) {
     LayerValues values;
-    forEachColumn(columns, [&](const auto& column, auto member) { values.*member = column[index]; });
+    forEachColumn([index](const auto& column, auto& value) { value = column[index]; }, columns, values);
     return values;
 }
 
 void setValuesAt(zdr::LayerColumns& columns, std::size_t index, const LayerValues& values) {
-    forEachColumn(columns, [&](auto& column, auto member) {
-        if (column[index] != values.*member)
-            column.set(index, values.*member);
-    });
+    const auto makeOwn = [index](auto& column, const auto& value) {
+        if (column[index] != value)
+            column.makeRoom(0);
+    };
+    const auto write = [index](auto& column, const auto& value) {
+        if (column[index] != value)
+            column.set(index, value);
+    };
+    forEachColumn(makeOwn, columns, values);
+    forEachColumn(write, columns, values);
 }
 
 void appendValues(zdr::LayerColumns& columns, const LayerValues& values) {
     insertValues(columns, columns.flags.size(), values);
 }
 
+void makeRoomForValues(zdr::LayerColumns& columns, std::size_t more) {
+    forEachColumn([more](auto& column) { column.makeRoom(more); }, columns);
+}
+
 void insertValues(zdr::LayerColumns& columns, std::size_t index, const LayerValues& values) {
-    forEachColumn(columns, [&](auto& column, auto member) {
-        auto& items = column.edit();
-        items.insert(items.begin() + static_cast<std::ptrdiff_t>(index), values.*member);
-        column.look();
-    });
+    makeRoomForValues(columns, 1);
+    forEachColumn([index](auto& column, const auto& value) { column.insert(index, value); }, columns, values);
 }
 
 void eraseValues(zdr::LayerColumns& columns, std::size_t index) {
-    forEachColumn(columns, [&](auto& column, auto) {
-        auto& items = column.edit();
-        items.erase(items.begin() + static_cast<std::ptrdiff_t>(index));
-        column.look();
-    });
+    makeRoomForValues(columns, 0);
+    forEachColumn([index](auto& column) { column.erase(index); }, columns);
 }
 
 } // namespace engine

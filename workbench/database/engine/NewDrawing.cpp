@@ -72,7 +72,7 @@ zdr::Layout newLayout() {
 
 zdr::Drawing newDrawing() {
     zdr::Drawing drawing;
-    const zdr::NameId continuous = drawing.names.intern(L"Continuous");
+    const zdr::NameId continuous = drawing.names.intern(kContinuousName);
     const zdr::NameId normal = drawing.names.intern(L"Normal");
     drawing.linetypes.push_back({continuous, 0, L"Solid line", {}});
     drawing.plotStyles.push_back({normal, 0});

@@ -8,35 +8,39 @@
 
 namespace engine {
 
-KelDbStub* ObjectDirectory::make(zdr::Handle handle, ObjectKind kind, std::size_t index) {
+// The stub of an object that isn't there yet.
+KelDbStub* ObjectDirectory::make(Content& content, zdr::Handle handle, ObjectKind kind, std::size_t index) {
     KelDbStub& stub = m_stubs.emplace_back();
     stub.database = &m_database;
     stub.handle = handle;
     stub.kind = kind;
     stub.index = index;
-    m_byHandle[handle] = &stub;
+    stub.erased = true;
+    content.byHandle[handle] = &stub;
     return &stub;
 }
 
 void ObjectDirectory::fill(const zdr::Drawing& drawing) {
-    for (KelDbStub& stub : m_stubs)
-        stub.erased = true;
-    m_byHandle.clear();
-    m_layers.clear(), m_linetypes.clear(), m_plotStyles.clear(), m_states.clear();
+    Content fresh;
     for (const ObjectKind kind : {ObjectKind::LayerTable, ObjectKind::LinetypeTable, ObjectKind::PlotStyleDictionary,
                                   ObjectKind::StateDictionary})
-        make(fixedHandle(kind), kind, 0);
-    const auto enter = [this](List& list, const auto& objects, ObjectKind kind) {
+        make(fresh, fixedHandle(kind), kind, 0);
+    const auto enter = [&](List& list, const auto& objects, ObjectKind kind) {
         for (const auto& object : objects)
-            list.push_back(make(object.handle, kind, list.size()));
+            list.push_back(make(fresh, object.handle, kind, list.size()));
     };
-    enter(m_layers, drawing.layers, ObjectKind::Layer);
-    enter(m_linetypes, drawing.linetypes, ObjectKind::Linetype);
-    enter(m_plotStyles, drawing.plotStyles, ObjectKind::PlotStyle);
-    enter(m_states, drawing.states, ObjectKind::State);
+    enter(fresh.layers, drawing.layers, ObjectKind::Layer);
+    enter(fresh.linetypes, drawing.linetypes, ObjectKind::Linetype);
+    enter(fresh.plotStyles, drawing.plotStyles, ObjectKind::PlotStyle);
+    enter(fresh.states, drawing.states, ObjectKind::State);
     for (std::size_t layout = 0; layout < drawing.layouts.size(); ++layout)
         for (std::size_t i = 0; i < drawing.layouts[layout].viewports.size(); ++i)
-            make(drawing.layouts[layout].viewports[i].handle, ObjectKind::Viewport, i)->layout = layout;
+            make(fresh, drawing.layouts[layout].viewports[i].handle, ObjectKind::Viewport, i)->layout = layout;
+    for (KelDbStub& stub : m_stubs)
+        stub.erased = true;
+    for (const auto& [handle, stub] : fresh.byHandle)
+        stub->erased = false;
+    m_content = std::move(fresh);
 }
 
 void ObjectDirectory::deleteOpenObjects() {
@@ -45,16 +49,22 @@ void ObjectDirectory::deleteOpenObjects() {
 }
 
 KelDbStub* ObjectDirectory::find(zdr::Handle handle) const {
-    const auto found = m_byHandle.find(handle);
-    return found == m_byHandle.end() ? nullptr : found->second;
+    const auto found = m_content.byHandle.find(handle);
+    return found == m_content.byHandle.end() ? nullptr : found->second;
+}
+
+void ObjectDirectory::expectLayers(zdr::Handle first, std::size_t count) {
+    m_content.layers.reserve(m_content.layers.size() + count);
+    for (zdr::Handle handle = first; handle < first + count; ++handle)
+        make(m_content, handle, ObjectKind::Layer, 0);
 }
 
 void ObjectDirectory::insert(List& list, std::size_t index, zdr::Handle handle, ObjectKind kind) {
     KelDbStub* stub = find(handle);
     if (!stub)
-        stub = make(handle, kind, index);
-    stub->erased = false;
+        stub = make(m_content, handle, kind, index);
     list.insert(list.begin() + static_cast<std::ptrdiff_t>(index), stub);
+    stub->erased = false;
     for (std::size_t i = index; i < list.size(); ++i)
         list[i]->index = i;
 }

@@ -15,41 +15,54 @@ class ObjectDirectory {
     ObjectDirectory(const ObjectDirectory&) = delete;
     ObjectDirectory& operator=(const ObjectDirectory&) = delete;
 
-    /// Makes the directory that of this drawing. Ids of before stay safe to ask but name erased objects.
+    /// Makes the directory that of this drawing. Ids of before stay safe to ask but name erased objects. When it
+    /// throws, everything is as before.
     void fill(const zdr::Drawing& drawing);
     /// The stub of a handle, also of an erased object; null when there never was one.
     KelDbStub* find(zdr::Handle handle) const;
     KelDbStub* fixed(ObjectKind kind) const { return find(fixedHandle(kind)); }
-    KelDbStub* layer(std::size_t index) const { return m_layers[index]; }
-    KelDbStub* linetype(std::size_t index) const { return m_linetypes[index]; }
-    KelDbStub* plotStyle(std::size_t index) const { return m_plotStyles[index]; }
-    KelDbStub* state(std::size_t index) const { return m_states[index]; }
+    KelDbStub* layer(std::size_t index) const { return m_content.layers[index]; }
+    KelDbStub* linetype(std::size_t index) const { return m_content.linetypes[index]; }
+    KelDbStub* plotStyle(std::size_t index) const { return m_content.plotStyles[index]; }
+    KelDbStub* state(std::size_t index) const { return m_content.states[index]; }
 
     /// Objects that a caller forgot to close, at the database's end.
     void deleteOpenObjects();
 
-    /// An object of that list was put in or taken out at an index; a handle that stood there before gets its stub back.
-    void insertLayer(std::size_t index, zdr::Handle handle) { insert(m_layers, index, handle, ObjectKind::Layer); }
-    void removeLayer(std::size_t index) { remove(m_layers, index); }
-    void insertState(std::size_t index, zdr::Handle handle) { insert(m_states, index, handle, ObjectKind::State); }
-    void removeState(std::size_t index) { remove(m_states, index); }
-    void appendLinetype(zdr::Handle handle) { insert(m_linetypes, m_linetypes.size(), handle, ObjectKind::Linetype); }
-    void appendPlotStyle(zdr::Handle handle) { insertPlotStyle(m_plotStyles.size(), handle); }
-    void insertPlotStyle(std::size_t index, zdr::Handle handle) {
-        insert(m_plotStyles, index, handle, ObjectKind::PlotStyle);
+    /// Gets ready for layers with handles from `first` on; putting them in can't fail then.
+    void expectLayers(zdr::Handle first, std::size_t count);
+    /// An object of that list is put in or taken out at an index; a handle that stood there before gets its stub back.
+    /// When putting in throws, everything is as before.
+    void insertLayer(std::size_t index, zdr::Handle handle) {
+        insert(m_content.layers, index, handle, ObjectKind::Layer);
     }
-    void removePlotStyle(std::size_t index) { remove(m_plotStyles, index); }
+    void removeLayer(std::size_t index) { remove(m_content.layers, index); }
+    void insertState(std::size_t index, zdr::Handle handle) {
+        insert(m_content.states, index, handle, ObjectKind::State);
+    }
+    void removeState(std::size_t index) { remove(m_content.states, index); }
+    void appendLinetype(zdr::Handle handle) {
+        insert(m_content.linetypes, m_content.linetypes.size(), handle, ObjectKind::Linetype);
+    }
+    void insertPlotStyle(std::size_t index, zdr::Handle handle) {
+        insert(m_content.plotStyles, index, handle, ObjectKind::PlotStyle);
+    }
+    void removePlotStyle(std::size_t index) { remove(m_content.plotStyles, index); }
 
   private:
     using List = std::vector<KelDbStub*>;
-    KelDbStub* make(zdr::Handle handle, ObjectKind kind, std::size_t index);
+    /// The stubs that are in the drawing, or were in it and may come back by undo.
+    struct Content {
+        std::unordered_map<zdr::Handle, KelDbStub*> byHandle;
+        List layers, linetypes, plotStyles, states;
+    };
+    KelDbStub* make(Content& content, zdr::Handle handle, ObjectKind kind, std::size_t index);
     void insert(List& list, std::size_t index, zdr::Handle handle, ObjectKind kind);
     static void remove(List& list, std::size_t index);
 
     DatabaseImp& m_database;
     std::deque<KelDbStub> m_stubs; // never shrinks, so that an old id is never a dangling one
-    std::unordered_map<zdr::Handle, KelDbStub*> m_byHandle;
-    List m_layers, m_linetypes, m_plotStyles, m_states;
+    Content m_content;
 };
 
 } // namespace engine

@@ -48,7 +48,7 @@ class Attachment {
         }
         linetype.name = m_styles[linetype.name] = prefixed(linetype.name);
         if (m_database.hasLinetype(linetype.name)) {
-            m_database.followLinetype(m_database.findLinetype(linetype.name), linetype);
+            m_database.followLinetype(m_database.findLinetype(linetype.name), std::move(linetype));
             return;
         }
         m_database.appendLinetype(std::move(linetype));
@@ -61,7 +61,7 @@ class Attachment {
         if (m_database.hasPlotStyle(name))
             return;
         style.name = name;
-        m_database.appendPlotStyle(style);
+        m_database.insertPlotStyle(m_database.drawing().plotStyles.size(), style);
     }
 
     // The drawing's name of a style; a state may name one that no drawing has.
@@ -138,6 +138,18 @@ class Attachment {
     std::shared_ptr<const zdr::LayerSet> m_lastSet, m_lastEntered;
 };
 
+/// Forgets what could be undone, at the end of a change that can't be undone, or of as much of it as was done.
+class ForgottenHistory {
+  public:
+    explicit ForgottenHistory(DatabaseImp& database) : m_database(database) {}
+    ~ForgottenHistory() { m_database.history().clear(); }
+    ForgottenHistory(const ForgottenHistory&) = delete;
+    ForgottenHistory& operator=(const ForgottenHistory&) = delete;
+
+  private:
+    DatabaseImp& m_database;
+};
+
 void dropStates(DatabaseImp& database, std::size_t reference) {
     for (std::size_t index = database.drawing().states.size(); index-- > 0;)
         if (database.drawing().states[index].reference == reference)
@@ -160,12 +172,12 @@ std::shared_ptr<const zdr::Drawing> withItsReferences(const DatabaseImp& databas
 } // namespace
 
 void attachReference(DatabaseImp& database, std::size_t reference, std::shared_ptr<const zdr::Drawing> drawing) {
+    const ForgottenHistory forgotten(database);
     dropStates(database, reference);
     drawing = withItsReferences(database, std::move(drawing));
     database.setReferenceDrawing(reference, drawing);
     if (drawing)
         Attachment(database, reference, *drawing).run();
-    database.history().clear();
 }
 
 void attachReferences(DatabaseImp& database) {

@@ -2,38 +2,34 @@
 
 #include "ShownColumns.h"
 
-#include "LayerStateMask.h"
+#include "LayerProperties.h"
 
 namespace engine {
 namespace {
 
-// A freshly edited column is this column's alone, so its values may be written without looking again.
+// A column in which nothing is shown differently stays shared.
 template <class T, class Value>
 void applyOverrides(zdr::Column<T>& column, const std::vector<zdr::ViewportOverride>& overrides, std::uint32_t bit,
                     Value zdr::ViewportOverride::*value) {
-    std::vector<T>* values = nullptr;
+    std::span<T> values;
     for (const zdr::ViewportOverride& layer : overrides) {
         if (!(layer.mask & bit) || layer.layer >= column.size())
             continue;
-        if (!values)
-            values = &column.edit();
-        (*values)[layer.layer] = layer.*value;
+        if (values.empty())
+            values = column.write();
+        values[layer.layer] = layer.*value;
     }
-    if (values)
-        column.look();
 }
 
 void markFrozen(zdr::Column<std::uint8_t>& flags, const std::vector<bool>& frozen) {
-    std::vector<std::uint8_t>* values = nullptr;
+    std::span<std::uint8_t> values;
     for (std::size_t i = 0; i < frozen.size() && i < flags.size(); ++i) {
         if (!frozen[i])
             continue;
-        if (!values)
-            values = &flags.edit();
-        (*values)[i] = static_cast<std::uint8_t>((*values)[i] | zdr::kLayerViewportFrozen);
+        if (values.empty())
+            values = flags.write();
+        values[i] = static_cast<std::uint8_t>(values[i] | zdr::kLayerViewportFrozen);
     }
-    if (values)
-        flags.look();
 }
 
 } // namespace
@@ -41,10 +37,9 @@ void markFrozen(zdr::Column<std::uint8_t>& flags, const std::vector<bool>& froze
 zdr::LayerColumns showColumns(const zdr::Drawing& drawing, const zdr::Viewport& viewport) {
     zdr::LayerColumns columns = drawing.columns;
     markFrozen(columns.flags, viewport.frozen);
-    applyOverrides(columns.colors, viewport.overrides, MaskColor, &zdr::ViewportOverride::color);
-    applyOverrides(columns.linetypes, viewport.overrides, MaskLinetype, &zdr::ViewportOverride::linetype);
-    applyOverrides(columns.lineWeights, viewport.overrides, MaskLineWeight, &zdr::ViewportOverride::lineWeight);
-    applyOverrides(columns.plotStyles, viewport.overrides, MaskPlotStyle, &zdr::ViewportOverride::plotStyle);
+    forEachColumnProperty([&](auto property) {
+        applyOverrides(columns.*property.column, viewport.overrides, property.bit, property.overriding);
+    });
     return columns;
 }
 

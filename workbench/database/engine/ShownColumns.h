@@ -13,6 +13,7 @@ class ShownColumnsCache {
   public:
     /// @param viewport null for the model tab, which shows the drawing's own
     const zdr::LayerColumns& columns(const zdr::Drawing& drawing, const zdr::Viewport* viewport, std::uint64_t changes);
+    void forget() { m_viewport = 0; }
 
   private:
     zdr::LayerColumns m_columns;

@@ -1,7 +1,7 @@
 // Whether a state matches what the drawing shows. See LayerStates.h.
 
 #include "ColumnRuns.h"
-#include "LayerStateMask.h"
+#include "LayerProperties.h"
 #include "LayerStates.h"
 
 #include <algorithm>
@@ -9,12 +9,10 @@
 namespace engine {
 namespace {
 
-constexpr std::uint32_t kOwnFlags = MaskOn | MaskFrozen | MaskLocked | MaskPlot | MaskNewViewportFrozen;
-
 bool flagsMatch(const zdr::Column<std::uint8_t>& state, const zdr::Column<std::uint8_t>& shown,
                 const LayerMapping& mapping, std::uint32_t mask) {
     const std::uint32_t viewportBit = mask & MaskViewportFrozen ? zdr::kLayerViewportFrozen : 0;
-    const auto bits = static_cast<std::uint8_t>((mask & kOwnFlags) | viewportBit);
+    const auto bits = static_cast<std::uint8_t>((mask & kFlagBits) | viewportBit);
     if (bits == 0)
         return true;
     if (mapping.isScattered())
@@ -25,19 +23,20 @@ bool flagsMatch(const zdr::Column<std::uint8_t>& state, const zdr::Column<std::u
 }
 
 bool compare(const DatabaseImp& database, const zdr::LayerState& state, const zdr::Viewport* viewport) {
-    const LayerMapping& mapping = database.mapping(state);
+    const LayerMapping& mapping = database.lookups().mapping(state);
     if (mapping.missing > 0)
         return false;
     std::uint32_t mask = effectiveMask(database.drawing(), state.mask);
     if (!viewport || !state.hasViewportData)
         mask &= ~MaskViewportFrozen;
-    const zdr::LayerColumns& shown = database.shown(viewport);
+    const zdr::LayerColumns& shown = database.lookups().shown(viewport);
     const zdr::LayerColumns& own = state.columns;
-    return flagsMatch(own.flags, shown.flags, mapping, mask) &&
-           (!(mask & MaskColor) || runsEqual(own.colors, shown.colors, mapping)) &&
-           (!(mask & MaskLinetype) || runsEqual(own.linetypes, shown.linetypes, mapping)) &&
-           (!(mask & MaskLineWeight) || runsEqual(own.lineWeights, shown.lineWeights, mapping)) &&
-           (!(mask & MaskPlotStyle) || runsEqual(own.plotStyles, shown.plotStyles, mapping));
+    bool match = flagsMatch(own.flags, shown.flags, mapping, mask);
+    forEachColumnProperty([&](auto property) {
+        if (match && (mask & property.bit))
+            match = runsEqual(own.*property.column, shown.*property.column, mapping);
+    });
+    return match;
 }
 
 } // namespace
@@ -45,10 +44,10 @@ bool compare(const DatabaseImp& database, const zdr::LayerState& state, const zd
 bool stateMatches(const DatabaseImp& database, std::size_t index, const zdr::Viewport* viewport) {
     const zdr::LayerState& state = database.drawing().states[index];
     const zdr::Handle space = viewport ? viewport->handle : 0;
-    if (const std::optional<bool> kept = database.comparisons().find(state.handle, space))
+    if (const std::optional<bool> kept = database.lookups().comparison(state.handle, space))
         return *kept;
     const bool matches = compare(database, state, viewport);
-    database.comparisons().keep(state.handle, space, matches);
+    database.lookups().keepComparison(state.handle, space, matches);
     return matches;
 }
 

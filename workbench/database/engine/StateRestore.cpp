@@ -1,7 +1,7 @@
 // Writing a state back to the layers. See LayerStates.h.
 
 #include "ColumnRuns.h"
-#include "LayerStateMask.h"
+#include "LayerProperties.h"
 #include "LayerStates.h"
 
 #include <algorithm>
@@ -9,14 +9,13 @@
 namespace engine {
 namespace {
 
-constexpr std::uint32_t kOwnFlags = MaskOn | MaskFrozen | MaskLocked | MaskPlot | MaskNewViewportFrozen;
-
 /// One restore under way.
 class Restore {
   public:
     Restore(DatabaseImp& database, std::size_t index, const RestoreRequest& request)
-        : m_database(database), m_state(database.drawing().states[index]), m_mapping(database.mapping(m_state)),
-          m_request(request), m_before(database.drawing().columns) {
+        : m_database(database), m_state(database.drawing().states[index]),
+          m_mapping(database.lookups().mapping(m_state)), m_linetypes(database.linetypes()),
+          m_plotStyles(database.plotStyles()), m_request(request), m_before(database.drawing().columns) {
         const std::uint32_t mask = effectiveMask(database.drawing(), request.mask);
         m_asOverrides = request.viewport && (request.flags & RestoreFlagAsOverrides) ? mask & MaskOverridable : 0;
         m_direct = mask & ~m_asOverrides;
@@ -44,38 +43,41 @@ class Restore {
   private:
     void writeLayers() {
         zdr::LayerColumns columns = m_before;
-        const auto flagBits = static_cast<std::uint8_t>(m_direct & kOwnFlags);
+        const auto flagBits = static_cast<std::uint8_t>(m_direct & kFlagBits);
         if (flagBits)
             copyBits(columns.flags, m_state.columns.flags, m_mapping, flagBits);
-        if (m_direct & MaskColor)
-            copyRuns(columns.colors, m_state.columns.colors, m_mapping);
-        if (m_direct & MaskLineWeight)
-            copyRuns(columns.lineWeights, m_state.columns.lineWeights, m_mapping);
-        if (m_direct & MaskLinetype)
-            copyStyles(columns.linetypes, m_state.columns.linetypes, m_before.linetypes, true);
-        if (m_direct & MaskPlotStyle)
-            copyStyles(columns.plotStyles, m_state.columns.plotStyles, m_before.plotStyles, false);
+        forEachColumnProperty([&](auto property) {
+            if (m_direct & property.bit)
+                copyColumn(property, columns);
+        });
         keepUnresolved(columns);
-        m_database.editColumns() = std::move(columns);
+        *m_database.editColumns() = std::move(columns);
     }
 
-    bool hasStyle(zdr::NameId name, bool linetype) const {
-        return name == zdr::kNoName || (linetype ? m_database.hasLinetype(name) : m_database.hasPlotStyle(name));
+    template <class Property> bool hasStyle(Property, zdr::NameId name) const {
+        return name == zdr::kNoName || stylesOf(Property{}).has(name);
+    }
+    template <class Property> const NameIdIndex& stylesOf(Property property) const {
+        static_assert(property.isStyle);
+        return property.bit == MaskLinetype ? m_linetypes : m_plotStyles;
     }
 
     // A style that the drawing lacks leaves its layer's as it was.
-    void copyStyles(zdr::Column<zdr::NameId>& to, const zdr::Column<zdr::NameId>& from,
-                    const zdr::Column<zdr::NameId>& before, bool linetype) {
+    template <class Property> void copyColumn(Property property, zdr::LayerColumns& columns) {
+        const auto& from = m_state.columns.*property.column;
+        auto& to = columns.*property.column;
         copyRuns(to, from, m_mapping);
-        if ((linetype ? m_database.linetypes() : m_database.plotStyles()).hasAll(from.values()))
-            return;
-        for (const LayerMapping::Run& run : m_mapping.runs)
-            for (std::size_t i = 0; i < run.count; ++i) {
-                if (hasStyle(from[run.state + i], linetype))
-                    continue;
-                m_styleMissing = true;
-                to.set(run.drawing + i, before[run.drawing + i]);
-            }
+        if constexpr (property.isStyle) {
+            if (stylesOf(property).hasAll(from.values()))
+                return;
+            for (const LayerMapping::Run& run : m_mapping.runs)
+                for (std::size_t i = 0; i < run.count; ++i) {
+                    if (hasStyle(property, from[run.state + i]))
+                        continue;
+                    m_styleMissing = true;
+                    to.set(run.drawing + i, (m_before.*property.column)[run.drawing + i]);
+                }
+        }
     }
 
     // Layers of the drawing that the state holds and whose reference is not there.
@@ -108,12 +110,11 @@ class Restore {
         std::vector<bool> held(count);
         for (const LayerMapping::Run& run : m_mapping.runs)
             std::fill_n(held.begin() + static_cast<std::ptrdiff_t>(run.drawing), run.count, true);
-        zdr::Column<std::uint8_t>& flags = m_database.editColumns().flags;
-        std::vector<std::uint8_t>& values = flags.edit();
+        const Editor<zdr::LayerColumns> columns = m_database.editColumns();
+        const std::span<std::uint8_t> values = columns->flags.write();
         for (std::size_t layer = 0; layer < count; ++layer)
             if (!held[layer])
                 values[layer] = static_cast<std::uint8_t>(values[layer] & ~zdr::kLayerOn);
-        flags.look();
     }
 
     bool isFrozen(std::size_t layer) const { return m_database.drawing().columns.flags[layer] & zdr::kLayerFrozen; }
@@ -134,8 +135,8 @@ class Restore {
         if (layer >= m_before.flags.size() || !isFrozen(layer) || wasFrozen(layer))
             return;
         m_currentThawed = true;
-        zdr::Column<std::uint8_t>& flags = m_database.editColumns().flags;
-        flags.set(layer, static_cast<std::uint8_t>(flags[layer] & ~zdr::kLayerFrozen));
+        const Editor<zdr::LayerColumns> columns = m_database.editColumns();
+        columns->flags.set(layer, static_cast<std::uint8_t>(columns->flags[layer] & ~zdr::kLayerFrozen));
     }
 
     // Rows of the state by the layers of the drawing; kNone where it holds none or the layer is to be kept.
@@ -147,21 +148,23 @@ class Restore {
         return rows;
     }
 
-    // The override of one layer after the restore, made from the one before.
-    zdr::ViewportOverride overridden(zdr::ViewportOverride layer, std::size_t row) {
-        const LayerValues values = valuesAt(m_state.columns, row);
-        std::uint32_t bits = m_asOverrides;
-        if ((bits & MaskLinetype) && !hasStyle(values.linetype, true))
-            bits &= ~MaskLinetype, m_styleMissing = true;
-        if ((bits & MaskPlotStyle) && !hasStyle(values.plotStyle, false))
-            bits &= ~MaskPlotStyle, m_styleMissing = true;
-        layer.mask |= bits;
-        layer.color = bits & MaskColor ? values.color : layer.color;
-        layer.linetype = bits & MaskLinetype ? values.linetype : layer.linetype;
-        layer.lineWeight = bits & MaskLineWeight ? values.lineWeight : layer.lineWeight;
-        layer.plotStyle = bits & MaskPlotStyle ? values.plotStyle : layer.plotStyle;
-        return layer;
+    void overrideBy(std::size_t row, zdr::ViewportOverride& layer) {
+        forEachColumnProperty([&](auto property) {
+            if (!(m_asOverrides & property.bit))
+                return;
+            const auto value = (m_state.columns.*property.column)[row];
+            if constexpr (property.isStyle)
+                if (!hasStyle(property, value)) {
+                    m_styleMissing = true;
+                    return;
+                }
+            layer.mask |= property.bit;
+            layer.*property.overriding = value;
+        });
     }
+
+    // Layers of a reference that isn't there keep what the viewport shows of them, too.
+    bool isKept(std::size_t layer) const { return std::ranges::binary_search(m_unresolved, layer); }
 
     void writeOverrides() {
         const std::vector<zdr::ViewportOverride>& before = m_request.viewport->overrides;
@@ -169,39 +172,50 @@ class Restore {
         std::vector<zdr::ViewportOverride> after;
         auto old = before.begin();
         for (std::size_t layer = 0; layer < rows.size(); ++layer) {
+            // Written in its place: a copy of what has just been written in parts would be waited for.
             const bool hadOne = old != before.end() && old->layer == layer;
-            zdr::ViewportOverride item = hadOne ? *old++ : zdr::ViewportOverride{.layer = layer};
+            if (hadOne)
+                after.push_back(*old++);
+            else
+                after.emplace_back().layer = layer;
             if (rows[layer] != zdr::kNone)
-                put(layer, item, overridden(item, rows[layer]));
-            if (item.mask)
-                after.push_back(item);
+                writeOverride(rows[layer], after.back());
+            if (after.back().mask == 0)
+                after.pop_back();
         }
-        m_database.editViewport(*m_request.viewport).overrides = std::move(after);
+        m_database.editViewport(*m_request.viewport)->overrides = std::move(after);
+    }
+
+    void writeOverride(std::size_t row, zdr::ViewportOverride& layer) {
+        if (!isKept(layer.layer)) {
+            overrideBy(row, layer);
+            return;
+        }
+        zdr::ViewportOverride wanted = layer;
+        overrideBy(row, wanted);
+        m_unresolvedKept |= wanted != layer;
     }
 
     void writeViewportFreezing() {
         const std::vector<std::size_t> rows = rowsByLayer();
         std::vector<bool> frozen = m_request.viewport->frozen;
         frozen.resize(rows.size());
-        for (std::size_t layer = 0; layer < rows.size(); ++layer)
-            if (rows[layer] != zdr::kNone)
-                put(layer, frozen[layer], (m_state.columns.flags[rows[layer]] & zdr::kLayerViewportFrozen) != 0);
-        m_database.editViewport(*m_request.viewport).frozen = std::move(frozen);
-    }
-
-    // Layers of a reference that isn't there keep what the viewport shows of them, too.
-    template <class Target, class Value> void put(std::size_t layer, Target&& target, const Value& value) {
-        if (target == value)
-            return;
-        if (std::ranges::binary_search(m_unresolved, layer))
-            m_unresolvedKept = true;
-        else
-            target = value;
+        for (std::size_t layer = 0; layer < rows.size(); ++layer) {
+            if (rows[layer] == zdr::kNone)
+                continue;
+            const bool freeze = m_state.columns.flags[rows[layer]] & zdr::kLayerViewportFrozen;
+            if (frozen[layer] != freeze && isKept(layer))
+                m_unresolvedKept = true;
+            else
+                frozen[layer] = freeze;
+        }
+        m_database.editViewport(*m_request.viewport)->frozen = std::move(frozen);
     }
 
     DatabaseImp& m_database;
     const zdr::LayerState m_state; // a copy that shares its columns: the list may move
-    const LayerMapping& m_mapping; // stays, because no layer comes or goes
+    const LayerMapping& m_mapping; // stays, because no layer comes or goes, as do the styles
+    const NameIdIndex &m_linetypes, &m_plotStyles;
     const RestoreRequest m_request;
     const zdr::LayerColumns m_before;
     std::uint32_t m_direct = 0, m_asOverrides = 0;

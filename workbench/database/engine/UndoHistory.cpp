@@ -4,21 +4,25 @@
 
 #include "ObjectDirectory.h"
 
+#include <iterator>
 #include <utility>
 
 namespace engine {
 
 namespace {
 
-StepContent contentOf(const std::vector<Change>& changes) {
-    StepContent content;
+Parts partsOf(const std::vector<Change>& changes) {
+    Parts parts{.looks = true};
     for (const Change& change : changes) {
-        content.states |= std::holds_alternative<StateChange>(change);
-        content.plotStyles |= std::holds_alternative<PlotStyleChange>(change);
-        content.layers |=
-            std::holds_alternative<LayerChange>(change) || std::holds_alternative<LayerListChange>(change);
+        parts.states |= std::holds_alternative<StateChange>(change);
+        parts.plotStyles |= std::holds_alternative<PlotStyleChange>(change);
+        parts.layers |= std::holds_alternative<LayerChange>(change) || std::holds_alternative<LayerListChange>(change);
     }
-    return content;
+    return parts;
+}
+
+void exchange(Change& change, zdr::Drawing& drawing, ObjectDirectory& objects) {
+    std::visit([&](auto& side) { side.exchange(drawing, objects); }, change);
 }
 
 } // namespace
@@ -39,33 +43,60 @@ void UndoHistory::close() {
     m_open.objects.clear();
     m_done.push_back(std::move(m_open));
     m_open = {};
-    if (m_done.size() > kMaxSteps)
+    if (m_done.size() > kMaxUndoSteps)
         m_done.pop_front();
 }
 
-std::optional<StepContent> UndoHistory::undo(zdr::Drawing& drawing, ObjectDirectory& objects) {
+std::optional<Parts> UndoHistory::undoable() const {
     if (inGroup() || !canUndo())
         return std::nullopt;
-    close();
-    Step step = std::move(m_done.back());
-    m_done.pop_back();
-    for (auto change = step.changes.rbegin(); change != step.changes.rend(); ++change)
-        std::visit([&](auto& side) { side.exchange(drawing, objects); }, *change);
-    const StepContent content = contentOf(step.changes);
-    m_undone.push_back(std::move(step));
-    return content;
+    return partsOf(m_open.changes.empty() ? m_done.back().changes : m_open.changes);
 }
 
-std::optional<StepContent> UndoHistory::redo(zdr::Drawing& drawing, ObjectDirectory& objects) {
+std::optional<Parts> UndoHistory::redoable() const {
     if (inGroup() || !canRedo())
         return std::nullopt;
-    Step step = std::move(m_undone.back());
-    m_undone.pop_back();
-    for (Change& change : step.changes)
-        std::visit([&](auto& side) { side.exchange(drawing, objects); }, change);
-    const StepContent content = contentOf(step.changes);
-    m_done.push_back(std::move(step));
-    return content;
+    return partsOf(m_undone.back().changes);
+}
+
+void UndoHistory::undo(zdr::Drawing& drawing, ObjectDirectory& objects) {
+    close();
+    carry(m_done, m_undone, Way::Back, drawing, objects);
+}
+
+void UndoHistory::redo(zdr::Drawing& drawing, ObjectDirectory& objects) {
+    carry(m_undone, m_done, Way::Forth, drawing, objects);
+}
+
+void UndoHistory::carry(std::deque<Step>& from, std::deque<Step>& to, Way way, zdr::Drawing& drawing,
+                        ObjectDirectory& objects) {
+    to.emplace_back();
+    std::vector<Change>& changes = from.back().changes;
+    std::size_t done = 0;
+    try {
+        for (; done < changes.size(); ++done)
+            exchange(changes[way == Way::Back ? changes.size() - 1 - done : done], drawing, objects);
+    } catch (...) {
+        divide(from, to, way, done);
+        throw;
+    }
+    to.back() = std::move(from.back());
+    from.pop_back();
+}
+
+// Takes those changes of a step that were exchanged over to the step that was made for them.
+void UndoHistory::divide(std::deque<Step>& from, std::deque<Step>& to, Way way, std::size_t done) noexcept {
+    std::vector<Change>& changes = from.back().changes;
+    const auto count = static_cast<std::ptrdiff_t>(done);
+    const auto first = way == Way::Back ? changes.end() - count : changes.begin();
+    try {
+        to.back().changes.assign(std::move_iterator(first), std::move_iterator(first + count));
+        changes.erase(first, first + count);
+        if (done == 0)
+            to.pop_back();
+    } catch (const std::bad_alloc&) {
+        clear();
+    }
 }
 
 void UndoHistory::clear() {
@@ -75,29 +106,48 @@ void UndoHistory::clear() {
 }
 
 void UndoHistory::add(Change change) {
-    m_undone.clear();
     m_open.changes.push_back(std::move(change));
+    m_undone.clear();
+}
+
+void UndoHistory::performLast(zdr::Drawing& drawing, ObjectDirectory& objects) {
+    try {
+        exchange(m_open.changes.back(), drawing, objects);
+    } catch (...) {
+        m_open.changes.pop_back();
+        throw;
+    }
+    m_undone.clear();
 }
 
 void UndoHistory::beforeColumns(const zdr::Drawing& drawing) {
-    if (!std::exchange(m_open.columns, true))
-        add(ColumnsChange{drawing.columns});
+    if (m_open.columns)
+        return;
+    add(ColumnsChange{drawing.columns});
+    m_open.columns = true;
 }
 
 void UndoHistory::beforeSettings(const zdr::Drawing& drawing) {
-    if (!std::exchange(m_open.settings, true))
-        add(SettingsChange{drawing.currentLayer, drawing.lastRestored, drawing.activeLayout, drawing.currentViewport});
+    if (m_open.settings)
+        return;
+    add(SettingsChange{drawing.currentLayer, drawing.lastRestored, drawing.activeLayout, drawing.currentViewport});
+    m_open.settings = true;
 }
 
+// A part that is added but not marked is added once more later, which does no harm: what is undone last is the first.
 void UndoHistory::beforeState(const zdr::Drawing& drawing, std::size_t index) {
     const zdr::LayerState& state = drawing.states[index];
-    if (m_open.objects.insert(state.handle).second)
-        add(StateChange{state.handle, index, state});
+    if (m_open.objects.contains(state.handle))
+        return;
+    add(StateChange{state.handle, index, state});
+    m_open.objects.insert(state.handle);
 }
 
 void UndoHistory::beforeViewport(const zdr::Viewport& viewport) {
-    if (m_open.objects.insert(viewport.handle).second)
-        add(ViewportChange{viewport.handle, viewport.frozen, viewport.overrides});
+    if (m_open.objects.contains(viewport.handle))
+        return;
+    add(ViewportChange{viewport.handle, viewport.frozen, viewport.overrides});
+    m_open.objects.insert(viewport.handle);
 }
 
 } // namespace engine

@@ -3,16 +3,15 @@
 #pragma once
 
 #include "Changes.h"
+#include "Lookups.h"
 
 #include <deque>
 #include <unordered_set>
 
 namespace engine {
 
-/// What a step changed, as far as finding things by name goes.
-struct StepContent {
-    bool layers = false, states = false, plotStyles = false;
-};
+/// How many steps are kept; the oldest are forgotten.
+inline constexpr std::size_t kMaxUndoSteps = 200;
 
 class UndoHistory {
   public:
@@ -21,9 +20,13 @@ class UndoHistory {
     bool inGroup() const { return m_depth > 0; }
     bool canUndo() const { return !m_done.empty() || !m_open.changes.empty(); }
     bool canRedo() const { return !m_undone.empty() && m_open.changes.empty(); }
-    /// Takes the last step back; none when there is nothing to take back, or within a group.
-    std::optional<StepContent> undo(zdr::Drawing& drawing, ObjectDirectory& objects);
-    std::optional<StepContent> redo(zdr::Drawing& drawing, ObjectDirectory& objects);
+    /// What the next undo() or redo() writes; none when there is nothing to take back, or within a group.
+    std::optional<Parts> undoable() const;
+    std::optional<Parts> redoable() const;
+    /// Takes the last step back. When memory runs out on the way, the step is divided in two: what was taken back can
+    /// be done again, and the rest be taken back. Without memory for that, too, nothing can be undone any more.
+    void undo(zdr::Drawing& drawing, ObjectDirectory& objects);
+    void redo(zdr::Drawing& drawing, ObjectDirectory& objects);
     void clear();
 
     /// Before anything of that part changes; once a step is enough, and more cost nothing.
@@ -31,8 +34,11 @@ class UndoHistory {
     void beforeSettings(const zdr::Drawing& drawing);
     void beforeState(const zdr::Drawing& drawing, std::size_t index);
     void beforeViewport(const zdr::Viewport& viewport);
-    /// A change that holds its other side already.
-    void add(Change change);
+    /// Does a change, by exchanging its sides; when that throws, nothing has happened.
+    template <class Side> void perform(Side&& change, zdr::Drawing& drawing, ObjectDirectory& objects) {
+        m_open.changes.emplace_back(std::forward<Side>(change));
+        performLast(drawing, objects);
+    }
 
   private:
     struct Step {
@@ -40,9 +46,13 @@ class UndoHistory {
         bool columns = false, settings = false;
         std::unordered_set<zdr::Handle> objects; // states and viewports that are in `changes` already
     };
+    void add(Change change);
+    void performLast(zdr::Drawing& drawing, ObjectDirectory& objects);
     void close();
+    enum class Way { Back, Forth };
+    void carry(std::deque<Step>& from, std::deque<Step>& to, Way way, zdr::Drawing& drawing, ObjectDirectory& objects);
+    void divide(std::deque<Step>& from, std::deque<Step>& to, Way way, std::size_t done) noexcept;
 
-    static constexpr std::size_t kMaxSteps = 200;
     std::deque<Step> m_done, m_undone;
     Step m_open;
     int m_depth = 0;

@@ -25,17 +25,20 @@ void ColumnCheck::checkColumn(const Column<T>& column, std::size_t layerCount, c
 }
 
 void ColumnCheck::check(const LayerColumns& columns, std::size_t layerCount, ColumnsOf owner, const Place& place) {
+    const auto& [flags, colors, linetypes, lineWeights, plotStyles] = columns; // all that there are
     if (owner == ColumnsOf::State)
-        checkColumn(columns.flags, layerCount, L"state flags", place, [](std::uint8_t flags) { return flags < 64; });
+        checkColumn(flags, layerCount, L"state flags", place,
+                    [](std::uint8_t value) { return (value & ~kStateFlags) == 0; });
     else
-        checkColumn(columns.flags, layerCount, L"layer flags", place, [](std::uint8_t flags) { return flags < 32; });
+        checkColumn(flags, layerCount, L"layer flags", place,
+                    [](std::uint8_t value) { return (value & ~kDrawingFlags) == 0; });
     // Lambdas, because a pointer to a function would keep the loop from being unrolled.
-    checkColumn(columns.colors, layerCount, L"colours", place, [](std::uint32_t color) { return isColor(color); });
-    checkColumn(columns.lineWeights, layerCount, L"lineweights", place,
+    checkColumn(colors, layerCount, L"colours", place, [](std::uint32_t color) { return isColor(color); });
+    checkColumn(lineWeights, layerCount, L"lineweights", place,
                 [](std::int16_t weight) { return isLineWeight(weight); });
     const auto isStyle = [count = static_cast<std::uint32_t>(m_styleCount)](NameId style) { return style < count; };
-    checkColumn(columns.linetypes, layerCount, L"linetypes", place, isStyle);
-    checkColumn(columns.plotStyles, layerCount, L"plot styles", place, isStyle);
+    checkColumn(linetypes, layerCount, L"linetypes", place, isStyle);
+    checkColumn(plotStyles, layerCount, L"plot styles", place, isStyle);
 }
 
 } // namespace zdr

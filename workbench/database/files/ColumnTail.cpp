@@ -28,12 +28,13 @@ template <class T> std::uint64_t ColumnTail::place(const Column<T>& column, Valu
 
 PlacedColumns ColumnTail::place(const LayerColumns& columns) {
     const Values styles = m_styles.areNames() ? Values::Plain : Values::Styles;
-    return {place(columns.flags, Values::Plain), place(columns.colors, Values::Plain), place(columns.linetypes, styles),
-            place(columns.lineWeights, Values::Plain), place(columns.plotStyles, styles)};
+    const auto& [flags, colors, linetypes, lineWeights, plotStyles] = columns; // all that there are
+    return {place(flags, Values::Plain), place(colors, Values::Plain), place(linetypes, styles),
+            place(lineWeights, Values::Plain), place(plotStyles, styles)};
 }
 
 void ColumnTail::write(SinkBuffer& out) const {
-    constexpr std::array<std::byte, kAlignment> padding{};
+    constexpr std::array<std::byte, kAlignment> kPadding{};
     for (const Piece& piece : m_pieces) {
         out.add(std::as_bytes(std::span(&piece.count, 1)));
         if (piece.values == Values::Styles)
@@ -41,7 +42,7 @@ void ColumnTail::write(SinkBuffer& out) const {
         else
             out.add(piece.bytes);
         const std::uint64_t end = sizeof(piece.count) + piece.bytes.size();
-        out.add(std::span(padding).first(aligned(end) - end));
+        out.add(std::span(kPadding).first(aligned(end) - end));
     }
 }
 

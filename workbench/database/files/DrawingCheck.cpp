@@ -10,7 +10,7 @@
 namespace zdr {
 namespace {
 
-void checkName(std::wstring_view name, const Place& place, std::size_t longest = kLongestName) {
+void checkName(std::wstring_view name, const Place& place, std::size_t longest = engine::kMaxNameLength) {
     if (const auto fault = nameFault(name, longest))
         refuse(place, *fault);
 }
@@ -50,7 +50,7 @@ class UniqueTexts {
 class UniqueNames {
   public:
     explicit UniqueNames(const NameTable& names) : m_names(names), m_first(names.size(), kNone) {}
-    void add(NameId name, Place place, std::size_t longest = kLongestName) {
+    void add(NameId name, Place place, std::size_t longest = engine::kMaxNameLength) {
         if (name >= m_names.size())
             refuseIndex(place, L"name", name, m_names.size());
         place.name = m_names.text(name);
@@ -93,7 +93,7 @@ class DrawingCheck {
 
 void DrawingCheck::run() {
     // The engine gives the highest ones to its tables, and a drawing must be able to grow.
-    if (constexpr Handle enough = Handle{1} << 62; m_drawing.nextHandle > enough)
+    if (constexpr Handle kEnough = Handle{1} << 62; m_drawing.nextHandle > kEnough)
         refuse({L"the next handle to give"},
                L"is " + std::to_wstring(m_drawing.nextHandle) + L", and there are none so high");
     checkStyles();
@@ -139,7 +139,7 @@ void DrawingCheck::checkLayers() {
     for (std::size_t i = 0; i < m_drawing.layers.size(); ++i) {
         const Layer& layer = m_drawing.layers[i];
         Place place{L"layer", i};
-        names.add(layer.name, place, layer.reference == kNone ? kLongestName : kLongestReferenceName);
+        names.add(layer.name, place, layer.reference == kNone ? engine::kMaxNameLength : kLongestReferenceName);
         place.name = m_drawing.names.text(layer.name);
         checkHandle(layer.handle, place);
         if (layer.reference != kNone && layer.reference >= m_drawing.references.size())

@@ -3,6 +3,8 @@
 #pragma once
 
 #include "Refusal.h"
+#include "values/LineWeights.h"
+#include "values/NameRules.h"
 
 #include <optional>
 #include <set>
@@ -18,12 +20,12 @@ constexpr bool isColor(std::uint32_t color) {
 
 /// Whether a lineweight lies in the range of the known ones.
 constexpr bool isLineWeight(std::int16_t weight) {
-    return static_cast<bool>(static_cast<int>(weight >= -3) & static_cast<int>(weight <= 211));
+    return static_cast<bool>(static_cast<int>(weight >= engine::kLineWeightDefault) &
+                             static_cast<int>(weight <= engine::kWidestLine));
 }
 
-inline constexpr std::size_t kLongestName = 255;
 /// The names of a reference, of those nested in it, and of the layer or style itself, with "!" between them.
-inline constexpr std::size_t kLongestReferenceName = 32 * (kLongestName + 1);
+inline constexpr std::size_t kLongestReferenceName = 32 * (engine::kMaxNameLength + 1);
 /// What keeps a text from being a name of at most `longest` 16-bit characters, as the end of a sentence; none when it
 /// is one.
 std::optional<std::wstring> nameFault(std::wstring_view name, std::size_t longest);

@@ -158,8 +158,8 @@ bool isFileChanged(const std::wstring& path, const FileStamp& stamp) {
         return true;
     // A write in the same tick of the file system's clock leaves the facts as they are, so facts that were fresh when
     // they were noted say nothing. Whole seconds are the sign of a clock that ticks slowly: every two seconds at worst.
-    constexpr std::int64_t second = 1'000'000'000;
-    const std::int64_t tick = stamp.facts.modified % second == 0 ? 2 * second : second / 20;
+    constexpr std::int64_t kSecond = 1'000'000'000;
+    const std::int64_t tick = stamp.facts.modified % kSecond == 0 ? 2 * kSecond : kSecond / 20;
     const bool wasFresh = stamp.taken - stamp.facts.modified <= tick;
     if (*now == stamp.facts && !wasFresh)
         return false;

@@ -26,8 +26,8 @@ void checkMark(std::span<const std::byte> bytes) {
 
 flatbuffers::Verifier::Options limits(std::size_t size) {
     flatbuffers::Verifier::Options options;
-    constexpr std::size_t smallestTable = 8; // with the offset that leads to it
-    options.max_tables = static_cast<flatbuffers::uoffset_t>(size / smallestTable + 1);
+    constexpr std::size_t kSmallestTable = 8; // with the offset that leads to it
+    options.max_tables = static_cast<flatbuffers::uoffset_t>(size / kSmallestTable + 1);
     return options;
 }
 

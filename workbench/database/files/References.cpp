@@ -14,7 +14,6 @@ namespace {
 // Drawings that refer to each other crosswise open into very many nested ones, each with layers of its own.
 constexpr std::size_t kMostShown = 1000;
 constexpr std::size_t kDeepest = 256;
-constexpr std::size_t kLongestLayerName = 255;
 
 /// One spelling for one file.
 std::wstring identity(const std::wstring& path) {
@@ -51,7 +50,7 @@ class Resolver {
     Shown read(const std::wstring& path, const std::wstring& id, const std::wstring& name);
     bool isTooMuch(const std::wstring& name, const Nesting& inside) const {
         return m_open.size() + inside.depth > kDeepest || m_shown + 1 + inside.drawings > kMostShown ||
-               name.size() + 1 + inside.nameLength + kLongestLayerName > kLongestReferenceName;
+               name.size() + 1 + inside.nameLength + engine::kMaxNameLength > kLongestReferenceName;
     }
     Shown refuse(const std::wstring& name, const std::wstring& path, const std::wstring& reason) {
         m_problems.push_back({name, path, reason});
@@ -99,7 +98,7 @@ Shown Resolver::read(const std::wstring& path, const std::wstring& id, const std
     if (readDrawingFile(path, *drawing, reason) != Vorn::eOk)
         return refuse(name, path, reason);
     const std::size_t before = m_problems.size();
-    const Nesting inside = resolve(*drawing, path, name + L"!");
+    const Nesting inside = resolve(*drawing, path, name + engine::kReferenceSeparator);
     const Shown shown{drawing, inside};
     // With a problem inside it may look different elsewhere: a drawing that leads back to itself here needn't there.
     if (m_problems.size() == before)

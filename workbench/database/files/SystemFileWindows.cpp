@@ -42,8 +42,8 @@ std::intptr_t numberOf(HANDLE handle) {
 
 /// The path in the form that may be longer than 260 characters, where it must be.
 std::wstring longPath(const std::wstring& path) {
-    constexpr std::size_t shortEnough = 240; // a folder must leave room for a name of eight and three
-    if (path.size() < shortEnough || path.starts_with(L"\\\\?\\") || path.starts_with(L"\\\\.\\"))
+    constexpr std::size_t kShortEnough = 240; // a folder must leave room for a name of eight and three
+    if (path.size() < kShortEnough || path.starts_with(L"\\\\?\\") || path.starts_with(L"\\\\.\\"))
         return path;
     std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
     full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
@@ -56,9 +56,9 @@ constexpr std::int64_t kTick = 100; // nanoseconds
 
 std::int64_t nanoseconds(const FILETIME& time) {
     // Since 1970 rather than 1601, or the nanoseconds would not fit.
-    constexpr std::int64_t epoch = 116'444'736'000'000'000;
+    constexpr std::int64_t kEpoch = 116'444'736'000'000'000;
     const auto ticks = static_cast<std::int64_t>(std::uint64_t{time.dwHighDateTime} << 32 | time.dwLowDateTime);
-    return (ticks - epoch) * kTick;
+    return (ticks - kEpoch) * kTick;
 }
 
 std::optional<FileFacts> factsOf(HANDLE handle) {
@@ -112,15 +112,15 @@ std::wstring behindLinks(const std::wstring& path) {
 /// Replaces a file. One that somebody has open can't be replaced; what looks into new files (search, virus scanners,
 /// another program reading a drawing) lets go of them soon, and is waited for.
 bool moveOver(const std::wstring& from, const std::wstring& to) {
-    constexpr int tries = 50;
-    constexpr DWORD pause = 10; // milliseconds
-    for (int left = tries; left > 0; --left) {
+    constexpr int kTries = 50;
+    constexpr DWORD kPause = 10; // milliseconds
+    for (int left = kTries; left > 0; --left) {
         if (MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
             return true;
         const DWORD error = GetLastError();
         if (error != ERROR_SHARING_VIOLATION && error != ERROR_ACCESS_DENIED)
             return false;
-        Sleep(pause);
+        Sleep(kPause);
         SetLastError(error);
     }
     return false;

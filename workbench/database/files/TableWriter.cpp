@@ -166,7 +166,7 @@ Offset<file::LayerColumns> TableWriter::columns() {
 }
 
 void TableWriter::write() {
-    constexpr std::uint32_t unknownLength = 1; // anything but 0, which the builder would leave out
+    constexpr std::uint32_t kUnknownLength = 1; // anything but 0, which the builder would leave out
     const auto styleNames = names(m_styles.names());
     const auto linetypeTables = linetypes();
     const auto plotStyleTables = plotStyles();
@@ -187,7 +187,7 @@ void TableWriter::write() {
         m_builder, kFileVersion, m_drawing.nextHandle, styleNames, linetypeTables, plotStyleTables,
         m_drawing.colorDependentPlotStyles, layerTables, ownColumns, static_cast<std::uint32_t>(m_drawing.currentLayer),
         setTables, stateTables, lastRestored, entities, layoutTables, activeLayout, currentViewport, referenceTables,
-        applicationNames, dataTables, m_drawing.defaultLineWeight, unknownLength);
+        applicationNames, dataTables, m_drawing.defaultLineWeight, kUnknownLength);
     file::FinishDrawingBuffer(m_builder, root);
 }
 

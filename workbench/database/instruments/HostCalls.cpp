@@ -96,10 +96,10 @@ std::string describe(KelDbObjectId id) {
     if (id.isNull())
         return "null";
     // Objects that every drawing has bear handles from the top of the range, and say more by their name.
-    constexpr const char* named[] = {"#layerTable", "#linetypeTable", "#plotStyles", "#layerStates"};
+    constexpr const char* kNamed[] = {"#layerTable", "#linetypeTable", "#plotStyles", "#layerStates"};
     const std::uint64_t fromTop = ~id.handle().value();
-    if (fromTop < std::size(named))
-        return named[fromTop];
+    if (fromTop < std::size(kNamed))
+        return kNamed[fromTop];
     std::ostringstream out;
     out << '#' << std::hex << std::uppercase << id.handle().value();
     return out.str();

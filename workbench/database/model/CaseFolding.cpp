@@ -15,7 +15,7 @@ struct CaseRange {
 };
 
 // clang-format off
-constexpr CaseRange ranges[] = {
+constexpr CaseRange kRanges[] = {
     {0x00B5, 0x00B5, 1, 743}, {0x00E0, 0x00F6, 1, -32}, {0x00F8, 0x00FE, 1, -32}, {0x00FF, 0x00FF, 1, 121},
     {0x0101, 0x012F, 2, -1}, {0x0133, 0x0137, 2, -1}, {0x013A, 0x0148, 2, -1}, {0x014B, 0x0177, 2, -1},
     {0x017A, 0x017E, 2, -1}, {0x0180, 0x0180, 1, 195}, {0x0183, 0x0185, 2, -1}, {0x0188, 0x0188, 1, -1},
@@ -73,7 +73,7 @@ FoldTable makeTable() {
         table[i] = static_cast<std::uint16_t>(i);
     for (std::size_t letter = 'a'; letter <= 'z'; ++letter)
         table[letter] = static_cast<std::uint16_t>(letter - 'a' + 'A');
-    for (const CaseRange& range : ranges)
+    for (const CaseRange& range : kRanges)
         for (std::uint32_t letter = range.first; letter <= range.last; letter += range.step)
             table[letter] = static_cast<std::uint16_t>(static_cast<std::int32_t>(letter) + range.toUpper);
     return table;

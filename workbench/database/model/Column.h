@@ -2,6 +2,7 @@
 // drawing's columns, undoing shares the old ones, and a drawing read from a file shares the file's bytes.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <memory>
@@ -16,7 +17,8 @@ template <class T> class Column {
 
   public:
     Column() = default;
-    explicit Column(std::vector<T> values) : m_own(std::make_shared<std::vector<T>>(std::move(values))) { look(); }
+    explicit Column(std::vector<T> values)
+        : m_own(std::make_shared<std::vector<T>>(std::move(values))), m_values(*m_own) {}
     /// A view of values that `owner` keeps alive, such as the bytes of a file.
     Column(std::shared_ptr<const void> owner, std::span<const T> values)
         : m_owner(std::move(owner)), m_values(values) {}
@@ -33,26 +35,47 @@ template <class T> class Column {
                std::memcmp(m_values.data(), other.m_values.data(), m_values.size_bytes()) == 0;
     }
 
-    /// The values to write to; copied first unless this is their only holder. Pointers from values() end their life.
-    std::vector<T>& edit() {
-        if (!m_own || m_own.use_count() != 1) {
-            m_own = std::make_shared<std::vector<T>>(m_values.begin(), m_values.end());
-            m_owner.reset();
-        }
+    /// The values to write to; copied first unless this is their only holder. What values() answered before, and what
+    /// this answers after the column was shared again, is another holder's.
+    std::span<T> write() {
+        if (!isOnlyHolder())
+            takeOver(std::make_shared<std::vector<T>>(m_values.begin(), m_values.end()));
         return *m_own;
     }
-    /// To be called after edit() changed the number of values.
-    void look() { m_values = {m_own->data(), m_own->size()}; }
     /// Writes one value.
-    void set(std::size_t index, T value) {
-        edit()[index] = value;
-        look();
+    void set(std::size_t index, T value) { write()[index] = value; }
+    /// Makes room for so many more values: putting them in, writing and taking out then needs no memory and can't fail.
+    void makeRoom(std::size_t more) {
+        const std::size_t needed = size() + more;
+        if (isOnlyHolder() && needed <= m_own->capacity())
+            return;
+        auto roomy = std::make_shared<std::vector<T>>();
+        roomy->reserve(isOnlyHolder() ? std::max(needed, 2 * size()) : needed);
+        roomy->assign(m_values.begin(), m_values.end());
+        takeOver(std::move(roomy));
+    }
+    void insert(std::size_t index, T value) {
+        makeRoom(1);
+        m_own->insert(m_own->begin() + static_cast<std::ptrdiff_t>(index), value);
+        m_values = *m_own;
+    }
+    void erase(std::size_t index) {
+        makeRoom(0);
+        m_own->erase(m_own->begin() + static_cast<std::ptrdiff_t>(index));
+        m_values = *m_own;
     }
 
   private:
+    bool isOnlyHolder() const { return m_own && m_own.use_count() == 1; }
+    void takeOver(std::shared_ptr<std::vector<T>> values) {
+        m_own = std::move(values);
+        m_owner.reset();
+        m_values = *m_own;
+    }
+
     std::shared_ptr<std::vector<T>> m_own;
     std::shared_ptr<const void> m_owner;
-    std::span<const T> m_values;
+    std::span<const T> m_values; // of m_own or m_owner
 };
 
 } // namespace zdr

@@ -12,8 +12,13 @@ NameId NameTable::intern(std::wstring_view name) {
     if (const auto found = m_ids.find(name); found != m_ids.end())
         return found->second;
     const auto id = static_cast<NameId>(m_names.size());
-    m_ids.emplace(name, id);
     m_names.emplace_back(name);
+    try {
+        m_ids.emplace(name, id);
+    } catch (...) {
+        m_names.pop_back();
+        throw;
+    }
     return id;
 }
 

@@ -144,7 +144,7 @@ Vorn::ErrorStatus KelDbLayerStateManager::setLayerStateMask(const wchar_t* name,
     engine::DatabaseImp& database = of(m_database);
     return withState(call, database, name, true, [&](std::size_t index) {
         if (database.drawing().states[index].mask != mask)
-            database.editState(index).mask = mask;
+            database.editState(index)->mask = mask;
         return Vorn::eOk;
     });
 }
@@ -166,7 +166,7 @@ Vorn::ErrorStatus KelDbLayerStateManager::setLayerStateDescription(const wchar_t
     HostCall call("setLayerStateDescription", name, description);
     engine::DatabaseImp& database = of(m_database);
     return withState(call, database, name, true, [&](std::size_t index) {
-        database.editState(index).description = description ? description : L"";
+        database.editState(index)->description = description ? description : L"";
         return Vorn::eOk;
     });
 }

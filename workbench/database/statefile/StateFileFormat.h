@@ -1,8 +1,8 @@
-// The words of a layer states file. Its reader and its writer walk the same tables.
+// The words of a layer states file. A layer has a member for each of the layer properties, and a mask is a list of
+// their words.
 #pragma once
 
-#include "LayerStateMask.h"
-#include "model/LayerColumns.h"
+#include "engine/LayerProperties.h"
 
 namespace engine::statefile {
 
@@ -17,28 +17,10 @@ inline constexpr const char* kCurrentLayerKey = "currentLayer"; ///< only writte
 inline constexpr const char* kViewportKey = "savedWithViewport";
 inline constexpr const char* kLayersKey = "layers";
 
-inline constexpr const char* kColorKey = "color"; ///< an index, or red, green and blue in an array
-inline constexpr const char* kLinetypeKey = "linetype";
-inline constexpr const char* kLineWeightKey = "lineWeight";
-inline constexpr const char* kPlotStyleKey = "plotStyle";
-
-/// One bit of the mask and its word; a layer's flag has the same word.
-struct MaskWord {
-    const char* word;
-    LayerStateMask bit;
-    std::uint8_t flag; ///< of the flags column; 0 for a property with a column of its own
-};
-inline constexpr MaskWord kMaskWords[] = {
-    {"on", MaskOn, zdr::kLayerOn},
-    {"frozen", MaskFrozen, zdr::kLayerFrozen},
-    {"viewportFrozen", MaskViewportFrozen, zdr::kLayerViewportFrozen},
-    {"locked", MaskLocked, zdr::kLayerLocked},
-    {"plot", MaskPlot, zdr::kLayerPlot},
-    {"newViewportFrozen", MaskNewViewportFrozen, zdr::kLayerNewViewportFrozen},
-    {kColorKey, MaskColor, 0},
-    {kLinetypeKey, MaskLinetype, 0},
-    {kLineWeightKey, MaskLineWeight, 0},
-    {kPlotStyleKey, MaskPlotStyle, 0},
-};
+// Of the properties that aren't flags.
+inline constexpr const char* kColorKey = wordOf(MaskColor); ///< an index, or red, green and blue in an array
+inline constexpr const char* kLinetypeKey = wordOf(MaskLinetype);
+inline constexpr const char* kLineWeightKey = wordOf(MaskLineWeight);
+inline constexpr const char* kPlotStyleKey = wordOf(MaskPlotStyle);
 
 } // namespace engine::statefile

@@ -12,6 +12,7 @@
 #include "files/Refusal.h"
 #include "files/SystemFile.h"
 #include "files/TextCoding.h"
+#include "values/LineWeights.h"
 #include "values/NameRules.h"
 
 #include <algorithm>
@@ -100,7 +101,8 @@ bool isHeaderKey(std::string_view key) {
 }
 
 bool isLayerKey(std::string_view key) {
-    return key == kNameKey || std::ranges::any_of(kMaskWords, [key](const MaskWord& word) { return key == word.word; });
+    return key == kNameKey ||
+           std::ranges::any_of(kLayerProperties, [key](const LayerProperty& property) { return key == property.word; });
 }
 
 LayerStateMask readMask(const Json& file) {
@@ -109,8 +111,9 @@ LayerStateMask readMask(const Json& file) {
     if (!words.is_array())
         refuseValue(kHeader, kRestoresKey, L"isn't a list");
     for (const Json& word : words) {
-        const auto found = std::ranges::find_if(kMaskWords, [&](const MaskWord& known) { return word == known.word; });
-        if (found == std::end(kMaskWords))
+        const auto found =
+            std::ranges::find_if(kLayerProperties, [&](const LayerProperty& known) { return word == known.word; });
+        if (found == std::end(kLayerProperties))
             refuseValue(kHeader, kRestoresKey, L"lists something that is no property of layers");
         if (mask & found->bit)
             refuseValue(kHeader, kRestoresKey, L"lists \"" + *zdr::fromUtf8(found->word) + L"\" twice");
@@ -145,14 +148,14 @@ std::uint32_t readColor(const Json& row, const Place& place) {
 
 LayerValues readLayer(const Json& row, bool withViewport, const Place& place, zdr::NameTable& names) {
     LayerValues values;
-    for (const MaskWord& property : kMaskWords)
+    for (const LayerProperty& property : kLayerProperties)
         if (property.flag && truth(row, property.word, place))
             values.flags = static_cast<std::uint8_t>(values.flags | property.flag);
     if (!withViewport && (values.flags & zdr::kLayerViewportFrozen))
         refuseStateFile(place.text() + L" is frozen in a viewport, but the state was saved without one");
     values.color = readColor(row, place);
     values.linetype = drawingName(row, kLinetypeKey, true, place, names);
-    values.lineWeight = static_cast<std::int16_t>(number(row, kLineWeightKey, -3, 211, place));
+    values.lineWeight = static_cast<std::int16_t>(number(row, kLineWeightKey, kLineWeightDefault, kWidestLine, place));
     if (!engine::isLineWeight(values.lineWeight))
         refuseValue(place, kLineWeightKey, L"isn't a lineweight: " + std::to_wstring(values.lineWeight));
     values.plotStyle = drawingName(row, kPlotStyleKey, true, place, names);

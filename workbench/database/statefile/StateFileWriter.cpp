@@ -22,7 +22,7 @@ Json text(std::wstring_view value) {
 
 Json maskWords(LayerStateMask mask) {
     Json words = Json::array();
-    for (const MaskWord& property : kMaskWords)
+    for (const LayerProperty& property : kLayerProperties)
         if (mask & property.bit)
             words.push_back(property.word);
     return words;
@@ -39,7 +39,7 @@ Json layerRow(const zdr::LayerState& state, std::size_t row, const zdr::NameTabl
     const LayerValues values = valuesAt(state.columns, row);
     Json layer;
     layer[kNameKey] = text(names.text(state.layers->names[row]));
-    for (const MaskWord& property : kMaskWords)
+    for (const LayerProperty& property : kLayerProperties)
         if (property.flag)
             layer[property.word] = (values.flags & property.flag) != 0;
     layer[kColorKey] = colorValue(values.color);

@@ -14,6 +14,9 @@ inline constexpr std::size_t kMaxOldNameLength = 31;
 /// The layer that every drawing has; it can't be renamed or removed.
 inline constexpr const wchar_t* kBaseLayerName = L"Base";
 
+/// The linetype that every drawing has.
+inline constexpr const wchar_t* kContinuousName = L"Continuous";
+
 /// eOk, eInvalidInput for an empty name or characters that aren't allowed, or eNameTooLong. A length is counted in
 /// 16-bit units on every system.
 /// @param extended the rules of extended names; the old ones allow 31 letters, digits, '_', '-' and '$'

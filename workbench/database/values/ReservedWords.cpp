@@ -23,12 +23,12 @@ const wchar_t* reservedWord(int which) {
 }
 
 const wchar_t* colorWord(int index) {
-    constexpr const wchar_t* named[] = {L"Red", L"Yellow", L"Green", L"Cyan", L"Blue", L"Magenta", L"White"};
+    constexpr const wchar_t* kNamed[] = {L"Red", L"Yellow", L"Green", L"Cyan", L"Blue", L"Magenta", L"White"};
     if (index == 0)
         return reservedWord(kByBlockWord);
     if (index == 256)
         return reservedWord(kByLayerWord);
-    return index >= 1 && index <= 7 ? named[index - 1] : nullptr;
+    return index >= 1 && index <= 7 ? kNamed[index - 1] : nullptr;
 }
 
 } // namespace engine

@@ -66,8 +66,8 @@ std::wstring trimmed(const std::wstring& text) {
 
 /// Windows goes to one of its folders where "shell:" and the folder's name is typed.
 bool namesPlaceOfSystem(const std::wstring& name) {
-    constexpr std::wstring_view shell = L"shell:";
-    return _wcsnicmp(name.c_str(), shell.data(), shell.size()) == 0;
+    constexpr std::wstring_view kShell = L"shell:";
+    return _wcsnicmp(name.c_str(), kShell.data(), kShell.size()) == 0;
 }
 
 } // namespace

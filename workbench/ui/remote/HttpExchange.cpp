@@ -112,10 +112,10 @@ InternetHandle openSession() {
 HttpExchange::HttpExchange(const Address& address, const wchar_t* verb) : m_session(openSession()) {
     m_connection = owned(WinHttpConnect(m_session.get(), asciiHost(address.host).c_str(), address.port, 0));
     // The target is encoded already, and a proxy must ask the server itself whether the file is there.
-    constexpr DWORD asItIs = WINHTTP_FLAG_ESCAPE_DISABLE | WINHTTP_FLAG_ESCAPE_DISABLE_QUERY | WINHTTP_FLAG_REFRESH;
+    constexpr DWORD kAsItIs = WINHTTP_FLAG_ESCAPE_DISABLE | WINHTTP_FLAG_ESCAPE_DISABLE_QUERY | WINHTTP_FLAG_REFRESH;
     m_request = owned(WinHttpOpenRequest(m_connection.get(), verb, address.target.c_str(), nullptr, WINHTTP_NO_REFERER,
                                          WINHTTP_DEFAULT_ACCEPT_TYPES,
-                                         asItIs | (address.scheme == Scheme::Https ? WINHTTP_FLAG_SECURE : 0)));
+                                         kAsItIs | (address.scheme == Scheme::Https ? WINHTTP_FLAG_SECURE : 0)));
     setNumber(m_request.get(), WINHTTP_OPTION_DISABLE_FEATURE,
               WINHTTP_DISABLE_COOKIES | WINHTTP_DISABLE_REDIRECTS | WINHTTP_DISABLE_AUTHENTICATION |
                   WINHTTP_DISABLE_KEEP_ALIVE);

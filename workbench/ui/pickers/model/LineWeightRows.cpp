@@ -2,17 +2,14 @@
 
 #include "LineWeightRows.h"
 
+#include "values/LineWeights.h"
+
 #include <algorithm>
 #include <iterator>
 
 namespace pickers {
 namespace {
 
-constexpr int kByLayer = -1;
-constexpr int kByBlock = -2;
-constexpr int kDefault = -3;
-constexpr int kWidths[] = {0,  5,  9,  13, 15, 18,  20,  25,  30,  35,  40,  50,
-                           53, 60, 70, 80, 90, 100, 106, 120, 140, 158, 200, 211};
 constexpr int kHundredthsPerInch = 2540;
 
 /// Millimetres with two decimals, whatever the user's number format is.
@@ -26,12 +23,13 @@ std::wstring widthText(int hundredths) {
 std::vector<LineWeightRow> lineWeightRows(const LineWeightWords& words, bool byReference, int drawingDefault) {
     std::vector<LineWeightRow> rows;
     if (byReference && !words.byLayer.empty())
-        rows.push_back({kByLayer, words.byLayer, std::nullopt});
+        rows.push_back({engine::kLineWeightByLayer, words.byLayer, std::nullopt});
     if (byReference && !words.byBlock.empty())
-        rows.push_back({kByBlock, words.byBlock, std::nullopt});
+        rows.push_back({engine::kLineWeightByBlock, words.byBlock, std::nullopt});
     if (!words.standard.empty())
-        rows.push_back({kDefault, words.standard, drawingDefault < 0 ? std::nullopt : std::optional(drawingDefault)});
-    std::transform(std::begin(kWidths), std::end(kWidths), std::back_inserter(rows), [](int width) {
+        rows.push_back({engine::kLineWeightDefault, words.standard,
+                        drawingDefault < 0 ? std::nullopt : std::optional(drawingDefault)});
+    std::ranges::transform(engine::kLineWidths, std::back_inserter(rows), [](int width) {
         return LineWeightRow{width, widthText(width), width};
     });
     return rows;

@@ -43,22 +43,22 @@ bool isHalf(wchar_t character, unsigned first) {
 
 /// Whether half a character of 32 bits stands alone at `index`, which moves to the second half of a whole one.
 bool isHalfAlone(std::wstring_view text, std::size_t& index) {
-    constexpr unsigned firstHigh = 0xD800;
-    constexpr unsigned firstLow = 0xDC00;
-    if (isHalf(text[index], firstLow))
+    constexpr unsigned kFirstHigh = 0xD800;
+    constexpr unsigned kFirstLow = 0xDC00;
+    if (isHalf(text[index], kFirstLow))
         return true;
-    if (!isHalf(text[index], firstHigh))
+    if (!isHalf(text[index], kFirstHigh))
         return false;
     ++index;
-    return index == text.size() || !isHalf(text[index], firstLow);
+    return index == text.size() || !isHalf(text[index], kFirstLow);
 }
 
 /// What stands in a path or a query for itself.
 bool standsForItself(unsigned char byte) {
-    constexpr std::string_view plain = "-._~!$&'()*+,;=:@/?%";
+    constexpr std::string_view kPlain = "-._~!$&'()*+,;=:@/?%";
     const bool isAlphanumeric =
         (byte >= '0' && byte <= '9') || (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z');
-    return isAlphanumeric || plain.find(static_cast<char>(byte)) != std::string_view::npos;
+    return isAlphanumeric || kPlain.find(static_cast<char>(byte)) != std::string_view::npos;
 }
 
 bool isDots(std::wstring_view segment, std::string_view dots) {

@@ -88,13 +88,13 @@ std::optional<std::wstring> hostFault(std::wstring_view host) {
 }
 
 bool isIpv6Number(std::wstring_view text) {
-    constexpr std::size_t groups = 8;
+    constexpr std::size_t kGroups = 8;
     const std::size_t gap = text.find(L"::");
     if (gap == std::wstring_view::npos)
-        return countGroups(text, true) == groups;
+        return countGroups(text, true) == kGroups;
     const auto before = countGroups(text.substr(0, gap), false);
     const auto behind = countGroups(text.substr(gap + 2), true);
-    return before && behind && *before + *behind < groups;
+    return before && behind && *before + *behind < kGroups;
 }
 
 } // namespace remote

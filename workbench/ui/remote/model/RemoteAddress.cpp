@@ -151,7 +151,7 @@ ParsedAddress resolveRedirect(const Address& from, std::wstring_view location) {
 }
 
 std::wstring extensionOf(const Address& address) {
-    constexpr std::size_t longest = 16;
+    constexpr std::size_t kLongest = 16;
     const std::wstring_view path = std::wstring_view(address.target).substr(0, address.target.find(L'?'));
     const std::string name = decodedBytes(path.substr(path.rfind(L'/') + 1));
     const std::size_t point = name.rfind('.');
@@ -159,7 +159,7 @@ std::wstring extensionOf(const Address& address) {
     const bool isPlain = std::all_of(extension.begin(), extension.end(), [](char character) {
         return isDigit(static_cast<wchar_t>(character)) || isLetter(static_cast<wchar_t>(character));
     });
-    return isPlain && extension.size() <= longest ? std::wstring(extension.begin(), extension.end()) : std::wstring();
+    return isPlain && extension.size() <= kLongest ? std::wstring(extension.begin(), extension.end()) : std::wstring();
 }
 
 std::wstring shownAddress(std::wstring_view text) {
