@@ -1,5 +1,3 @@
-// See CTempLayerState.h.
-
 #include "CTempLayerState.h"
 
 #include "LayerStateMask.h"

@@ -1,5 +1,3 @@
-// See ColorSwatch.h.
-
 #include "ColorSwatch.h"
 
 #include "KelEditor.h"

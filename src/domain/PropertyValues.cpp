@@ -1,5 +1,3 @@
-// See PropertyValues.h.
-
 #include "PropertyValues.h"
 
 #include "KelEditor.h"

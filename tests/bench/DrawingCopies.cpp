@@ -1,5 +1,3 @@
-// See DrawingCopies.h.
-
 #include "DrawingCopies.h"
 
 #include "LayerStateMask.h"

@@ -1,5 +1,3 @@
-// See RatioReporter.h.
-
 #include "RatioReporter.h"
 
 #include <cstdio>

@@ -1,5 +1,3 @@
-// See DrivenProgram.h.
-
 #include "DrivenProgram.h"
 
 #include "Input.h"

@@ -1,5 +1,3 @@
-// See RemoteList.h.
-
 #include "RemoteList.h"
 
 #include <commctrl.h>

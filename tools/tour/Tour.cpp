@@ -1,5 +1,3 @@
-// See Tour.h.
-
 #include "Tour.h"
 
 #include "Input.h"

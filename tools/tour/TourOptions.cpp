@@ -1,5 +1,3 @@
-// See TourOptions.h.
-
 #include "TourOptions.h"
 
 #include <windows.h>

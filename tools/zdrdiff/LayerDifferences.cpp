@@ -1,5 +1,3 @@
-// See LayerDifferences.h.
-
 #include "LayerDifferences.h"
 
 #include "KelCmColor.h"

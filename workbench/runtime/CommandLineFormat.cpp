@@ -1,5 +1,3 @@
-// See CommandLineFormat.h.
-
 #include "CommandLineFormat.h"
 
 #include <cwchar>

@@ -1,5 +1,3 @@
-// See CommandLineOutput.h.
-
 #include "CommandLineOutput.h"
 
 #include "CommandLineFormat.h"

@@ -1,5 +1,3 @@
-// See Display.h.
-
 #include "Display.h"
 
 #include "instruments/HostCalls.h"

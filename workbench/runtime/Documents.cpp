@@ -1,5 +1,3 @@
-// See Documents.h.
-
 #include "Documents.h"
 
 #include "RuntimeParts.h"

@@ -1,5 +1,3 @@
-// See ModuleLoader.h.
-
 #include "ModuleLoader.h"
 
 #include "KelRuntime.h"

@@ -1,5 +1,3 @@
-// See Runtime.h.
-
 #include "Runtime.h"
 
 #include "CommandLineOutput.h"

@@ -1,5 +1,3 @@
-// See SystemVariables.h.
-
 #include "SystemVariables.h"
 
 #include "Documents.h"

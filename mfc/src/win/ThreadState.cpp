@@ -1,4 +1,4 @@
-// See ThreadState.h. The creation hook is a WH_CBT hook: it sees a window before the window's first message, so that a
+// The creation hook is a WH_CBT hook: it sees a window before the window's first message, so that a
 // C++ object misses none.
 
 #include "ThreadState.h"

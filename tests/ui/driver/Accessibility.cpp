@@ -1,5 +1,3 @@
-// See Accessibility.h.
-
 #include "Accessibility.h"
 
 #include <oleacc.h>

@@ -1,5 +1,3 @@
-// See Driver.h.
-
 #include "Driver.h"
 
 #include "Screenshot.h"

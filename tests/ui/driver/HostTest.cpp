@@ -1,5 +1,3 @@
-// See HostTest.h.
-
 #include "HostTest.h"
 
 #include "Documents.h"

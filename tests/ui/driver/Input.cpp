@@ -1,5 +1,3 @@
-// See Input.h.
-
 #include "Input.h"
 
 #include <algorithm>

@@ -1,5 +1,3 @@
-// See Screenshot.h.
-
 #include "Screenshot.h"
 
 namespace ui {

@@ -1,5 +1,3 @@
-// See Script.h.
-
 #include "Script.h"
 
 #include <algorithm>

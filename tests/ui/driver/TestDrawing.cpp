@@ -1,4 +1,4 @@
-// See TestDrawing.h. Handles are given in order, so that they can stand in the expected traces of tests: Base has 1.
+// Handles are given in order, so that they can stand in the expected traces of tests: Base has 1.
 
 #include "TestDrawing.h"
 

@@ -1,5 +1,3 @@
-// See View.h.
-
 #include "View.h"
 
 #include <commctrl.h>

@@ -1,5 +1,3 @@
-// See Watchdog.h.
-
 #include "Watchdog.h"
 
 #include <windows.h>

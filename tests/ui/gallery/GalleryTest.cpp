@@ -1,5 +1,3 @@
-// See GalleryTest.h.
-
 #include "GalleryTest.h"
 
 #include "CommandDispatch.h"

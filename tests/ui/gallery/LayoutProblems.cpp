@@ -1,5 +1,3 @@
-// See LayoutProblems.h.
-
 #include "LayoutProblems.h"
 
 #include "View.h"

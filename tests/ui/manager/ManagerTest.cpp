@@ -1,5 +1,3 @@
-// See ManagerTest.h.
-
 #include "ManagerTest.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// See Program.h. The program has a main of its own, so it starts the library itself.
+// The program has a main of its own, so it starts the library itself.
 #include "Program.h"
 
 namespace {

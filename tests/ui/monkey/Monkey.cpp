@@ -1,5 +1,3 @@
-// See Monkey.h.
-
 #include "Monkey.h"
 
 #include "Input.h"

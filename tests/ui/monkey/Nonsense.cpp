@@ -1,5 +1,3 @@
-// See Nonsense.h.
-
 #include "Nonsense.h"
 
 #include "CommandTable.h"

@@ -1,5 +1,3 @@
-// See Nginx.h.
-
 #include "Nginx.h"
 
 #include "RemoteFixture.h"

@@ -1,5 +1,3 @@
-// See RemoteFixture.h.
-
 #include "RemoteFixture.h"
 
 #include "CommandLineOutput.h"

@@ -1,5 +1,3 @@
-// See TestServer.h.
-
 #include "TestServer.h"
 
 #include <ws2tcpip.h>

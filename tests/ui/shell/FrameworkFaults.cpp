@@ -1,4 +1,4 @@
-// See FrameworkFaults.h. The names are those of the entries in this program's import table, as the linker knows them.
+// The names are those of the entries in this program's import table, as the linker knows them.
 #include "FrameworkFaults.h"
 
 #include <afxdllx.h>

@@ -1,4 +1,4 @@
-// See GuiObjects.h. Windows answers GetGuiResources. Wine answers 0 there, but keeps the table of a process's GDI
+// Windows answers GetGuiResources. Wine answers 0 there, but keeps the table of a process's GDI
 // objects where Windows keeps it: in the process environment block. That table's form is no documented one, so counting
 // by it proves itself first on pens made for the purpose.
 //

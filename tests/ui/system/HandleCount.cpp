@@ -1,4 +1,4 @@
-// See HandleCount.h. GetProcessHandleCount would do, but Wine answers 0 there; the list of all handles of the system is
+// GetProcessHandleCount would do, but Wine answers 0 there; the list of all handles of the system is
 // told by both.
 
 #include "HandleCount.h"

@@ -1,4 +1,4 @@
-// See ImportFaults.h. Each entry of a library's import table that leads to a function of the table below is replaced by
+// Each entry of a library's import table that leads to a function of the table below is replaced by
 // a function of ours, which counts and calls on. What libraries look up by name goes through GetProcAddress, which is
 // one of the functions. The rows of the table are told apart by their lines.
 

@@ -1,5 +1,3 @@
-// See EngineTest.h.
-
 #include "EngineTest.h"
 
 zdr::Drawing makeDrawing(const std::vector<TestLayer>& layers) {

@@ -1,5 +1,3 @@
-// See FailingAllocation.h.
-
 #include "FailingAllocation.h"
 
 #include <cstdlib>

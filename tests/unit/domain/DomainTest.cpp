@@ -1,5 +1,3 @@
-// See DomainTest.h.
-
 #include "DomainTest.h"
 
 DomainTest::DomainTest() {

@@ -1,5 +1,3 @@
-// See Difference.h.
-
 #include "Difference.h"
 
 #include "engine/DatabaseAccess.h"

@@ -1,5 +1,3 @@
-// See Operation.h.
-
 #include "Operation.h"
 
 #include <algorithm>

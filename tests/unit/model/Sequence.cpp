@@ -1,5 +1,3 @@
-// See Sequence.h.
-
 #include "Sequence.h"
 
 #include "Difference.h"

@@ -1,5 +1,3 @@
-// See Subject.h.
-
 #include "Subject.h"
 
 #include "KelDbPointers.h"

@@ -1,5 +1,3 @@
-// See FaultSweep.h.
-
 #include "FaultSweep.h"
 
 #include "WholeDrawing.h"

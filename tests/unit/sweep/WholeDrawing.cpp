@@ -1,5 +1,3 @@
-// See WholeDrawing.h.
-
 #include "WholeDrawing.h"
 
 #include "DrawingDifference.h"

@@ -1,5 +1,3 @@
-// See CommandDispatch.h.
-
 #include "CommandDispatch.h"
 
 #include "CommandTable.h"

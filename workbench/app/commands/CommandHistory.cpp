@@ -1,5 +1,3 @@
-// See CommandHistory.h.
-
 #include "CommandHistory.h"
 
 namespace workbench {

@@ -1,5 +1,3 @@
-// See CommandTable.h.
-
 #include "CommandTable.h"
 
 #include "CommandFunctions.h"

@@ -1,5 +1,3 @@
-// See Completion.h.
-
 #include "Completion.h"
 
 #include "CommandTable.h"

@@ -1,5 +1,3 @@
-// See LayerSelection.h.
-
 #include "LayerSelection.h"
 
 #include "PropertyText.h"

@@ -1,5 +1,3 @@
-// See ReferenceEditing.h.
-
 #include "ReferenceEditing.h"
 
 #include "values/NameRules.h"

@@ -1,5 +1,3 @@
-// See ScriptLines.h.
-
 #include "ScriptLines.h"
 
 #include "CommandText.h"

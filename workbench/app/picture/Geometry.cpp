@@ -1,5 +1,3 @@
-// See Geometry.h.
-
 #include "Geometry.h"
 
 #include <algorithm>

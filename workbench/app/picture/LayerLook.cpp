@@ -1,5 +1,3 @@
-// See LayerLook.h.
-
 #include "LayerLook.h"
 
 #include "LayerStateMask.h"

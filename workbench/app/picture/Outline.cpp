@@ -1,5 +1,3 @@
-// See Outline.h.
-
 #include "Outline.h"
 
 #include <algorithm>

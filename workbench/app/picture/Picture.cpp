@@ -1,5 +1,3 @@
-// See Picture.h.
-
 #include "Picture.h"
 
 #include "LayerLook.h"

@@ -1,5 +1,3 @@
-// See StatusFacts.h.
-
 #include "StatusFacts.h"
 
 namespace workbench {

@@ -1,5 +1,3 @@
-// See Strokes.h.
-
 #include "Strokes.h"
 
 #include <algorithm>

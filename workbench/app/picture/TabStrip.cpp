@@ -1,5 +1,3 @@
-// See TabStrip.h.
-
 #include "TabStrip.h"
 
 #include <algorithm>

@@ -1,5 +1,3 @@
-// See Session.h.
-
 #include "Session.h"
 
 #include "CommandText.h"

@@ -1,5 +1,3 @@
-// See CommandText.h.
-
 #include "CommandText.h"
 
 #include <algorithm>

@@ -1,5 +1,3 @@
-// See PropertyText.h.
-
 #include "PropertyText.h"
 
 #include "CommandText.h"

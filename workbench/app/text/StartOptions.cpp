@@ -1,5 +1,3 @@
-// See StartOptions.h.
-
 #include "StartOptions.h"
 
 namespace workbench {

@@ -1,5 +1,3 @@
-// See CommandPane.h.
-
 #include "CommandPane.h"
 
 #include "WorkbenchIds.h"

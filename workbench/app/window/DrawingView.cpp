@@ -1,5 +1,3 @@
-// See DrawingView.h.
-
 #include "DrawingView.h"
 
 #include "PicturePainter.h"

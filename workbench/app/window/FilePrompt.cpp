@@ -1,5 +1,3 @@
-// See FilePrompt.h.
-
 #include "FilePrompt.h"
 
 #include <commdlg.h>

@@ -1,4 +1,4 @@
-// See MainWindow.h. The commands stand in commands/CommandDispatch.cpp; here they are only started. What they and the
+// The commands stand in commands/CommandDispatch.cpp; here they are only started. What they and the
 // host ask of the window is in MainWindowAnswers.cpp.
 
 #include "MainWindow.h"

@@ -1,5 +1,3 @@
-// See PicturePainter.h.
-
 #include "PicturePainter.h"
 
 #include "WindowLook.h"

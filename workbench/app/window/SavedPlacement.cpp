@@ -1,5 +1,3 @@
-// See SavedPlacement.h.
-
 #include "SavedPlacement.h"
 
 #include "persistence/Placement.h"

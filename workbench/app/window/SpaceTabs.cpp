@@ -1,5 +1,3 @@
-// See SpaceTabs.h.
-
 #include "SpaceTabs.h"
 
 #include <commctrl.h>

@@ -1,5 +1,3 @@
-// See StatusLine.h.
-
 #include "StatusLine.h"
 
 namespace workbench {

@@ -1,5 +1,3 @@
-// See WindowLook.h.
-
 #include "WindowLook.h"
 
 #include "values/ColorPalette.h"

@@ -1,5 +1,3 @@
-// See WorkbenchApp.h.
-
 #include "WorkbenchApp.h"
 
 #include "CommandLineOutput.h"

@@ -1,5 +1,3 @@
-// See Changes.h.
-
 #include "Changes.h"
 
 #include "ObjectDirectory.h"

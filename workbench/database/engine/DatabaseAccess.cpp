@@ -1,5 +1,3 @@
-// See DatabaseAccess.h.
-
 #include "DatabaseAccess.h"
 
 #include "DatabaseImp.h"

@@ -1,5 +1,3 @@
-// See DatabaseImp.h.
-
 #include "DatabaseImp.h"
 
 #include "instruments/HostCalls.h"

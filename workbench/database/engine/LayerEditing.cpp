@@ -1,5 +1,3 @@
-// See LayerEditing.h.
-
 #include "LayerEditing.h"
 
 #include "values/LineWeights.h"

@@ -1,5 +1,3 @@
-// See LayerMapping.h.
-
 #include "LayerMapping.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// See LayerStates.h: saving, deleting, renaming and editing states.
+// Saving, deleting, renaming and editing states.
 
 #include "LayerStates.h"
 

@@ -1,5 +1,3 @@
-// See Lookups.h.
-
 #include "Lookups.h"
 
 namespace engine {

@@ -1,5 +1,3 @@
-// See NewDrawing.h.
-
 #include "NewDrawing.h"
 
 #include "values/NameRules.h"

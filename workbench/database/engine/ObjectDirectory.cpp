@@ -1,5 +1,3 @@
-// See ObjectDirectory.h.
-
 #include "ObjectDirectory.h"
 
 #include "KelDbObject.h"

@@ -1,4 +1,4 @@
-// See ReferenceAttachment.h. A layer that the drawing knows from before keeps the values that the drawing has for it;
+// A layer that the drawing knows from before keeps the values that the drawing has for it;
 // one that the reference no longer has goes, unless the drawing needs it. Linetypes and plot styles that the drawing
 // has under the same name are taken for the reference's; the others come in under "name!style".
 

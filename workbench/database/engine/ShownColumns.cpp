@@ -1,5 +1,3 @@
-// See ShownColumns.h.
-
 #include "ShownColumns.h"
 
 #include "LayerProperties.h"

@@ -1,5 +1,3 @@
-// See UndoHistory.h.
-
 #include "UndoHistory.h"
 
 #include "ObjectDirectory.h"

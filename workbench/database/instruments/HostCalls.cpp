@@ -1,4 +1,4 @@
-// See HostCalls.h. Everything runs on the host's one thread, so the state is plain.
+// Everything runs on the host's one thread, so the state is plain.
 
 #include "HostCalls.h"
 

@@ -1,4 +1,4 @@
-// See CaseFolding.h. The ranges are Unicode 14's simple upper-case mappings of the basic plane without ASCII.
+// The ranges are Unicode 14's simple upper-case mappings of the basic plane without ASCII.
 
 #include "CaseFolding.h"
 

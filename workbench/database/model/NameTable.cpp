@@ -1,5 +1,3 @@
-// See NameTable.h.
-
 #include "NameTable.h"
 
 namespace zdr {

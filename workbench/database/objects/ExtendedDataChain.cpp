@@ -1,5 +1,3 @@
-// See ExtendedDataChain.h.
-
 #include "ExtendedDataChain.h"
 
 #include "instruments/HostCalls.h"

@@ -1,5 +1,3 @@
-// See ObjectState.h.
-
 #include "ObjectState.h"
 
 #include "instruments/HostCalls.h"

@@ -1,5 +1,3 @@
-// See StateFileText.h.
-
 #include "StateFileText.h"
 
 #include "files/Refusal.h"

@@ -1,4 +1,4 @@
-// See ColorPalette.h. 1 to 9 are the named colours and two greys, 10 to 249 go round the colour circle in 24 hues of
+// 1 to 9 are the named colours and two greys, 10 to 249 go round the colour circle in 24 hues of
 // ten shades each, 250 to 255 are greys from dark to light.
 
 #include "values/ColorPalette.h"

@@ -1,4 +1,4 @@
-// See KelCmColor.h. Colours are values that go through every loop over layers, so their operations aren't traced.
+// Colours are values that go through every loop over layers, so their operations aren't traced.
 
 #include "KelCmColor.h"
 

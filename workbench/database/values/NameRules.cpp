@@ -1,5 +1,3 @@
-// See NameRules.h.
-
 #include "values/NameRules.h"
 
 #include "instruments/HostCalls.h"

@@ -1,5 +1,3 @@
-// See ReservedWords.h.
-
 #include "values/ReservedWords.h"
 
 #include "instruments/HostCalls.h"

@@ -1,5 +1,3 @@
-// See ComponentFile.h.
-
 #include "ComponentFile.h"
 
 #include "FrameworkModule.h"

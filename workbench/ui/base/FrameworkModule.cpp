@@ -1,5 +1,3 @@
-// See FrameworkModule.h.
-
 #include "FrameworkModule.h"
 
 namespace framework {

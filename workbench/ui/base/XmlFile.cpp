@@ -1,4 +1,4 @@
-// See XmlFile.h. XmlLite comes with the system, but the compiler has no import library for it, so it is loaded.
+// XmlLite comes with the system, but the compiler has no import library for it, so it is loaded.
 
 #include "XmlFile.h"
 

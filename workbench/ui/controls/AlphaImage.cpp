@@ -1,5 +1,3 @@
-// See AlphaImage.h.
-
 #include "AlphaImage.h"
 
 #include <algorithm>

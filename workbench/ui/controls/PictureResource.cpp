@@ -1,5 +1,3 @@
-// See PictureResource.h.
-
 #include "PictureResource.h"
 
 #include <algorithm>

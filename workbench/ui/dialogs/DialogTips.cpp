@@ -1,5 +1,3 @@
-// See DialogTips.h.
-
 #include "DialogTips.h"
 
 #include "OrvUiControls.h"

@@ -1,4 +1,4 @@
-// See ResizeTable.h. The flags are bits: two that move a control with an edge, two that stretch it.
+// The flags are bits: two that move a control with an edge, two that stretch it.
 
 #include "ResizeTable.h"
 

@@ -1,5 +1,3 @@
-// See TipFile.h.
-//
 //   <DialogToolTips>
 //     <Dialog Name="Module:Dialog" Prefix="LAST">
 //       <Tip Control="1003">Text</Tip>

@@ -1,5 +1,3 @@
-// See HelpPage.h.
-
 #include "HelpPage.h"
 
 #include "base/ComponentFile.h"

@@ -1,4 +1,4 @@
-// See ColumnSizes.h. The widths of one list stand in one group, named after the list's control id.
+// The widths of one list stand in one group, named after the list's control id.
 
 #include "ColumnSizes.h"
 

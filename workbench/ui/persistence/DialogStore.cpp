@@ -1,5 +1,3 @@
-// See DialogStore.h.
-
 #include "DialogStore.h"
 
 #include <windows.h>

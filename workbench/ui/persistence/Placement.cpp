@@ -1,5 +1,3 @@
-// See Placement.h.
-
 #include "Placement.h"
 
 #include "base/OutOfMemory.h"

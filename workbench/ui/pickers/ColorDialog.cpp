@@ -1,5 +1,3 @@
-// See ColorDialog.h.
-
 #include "ColorDialog.h"
 
 #include "base/FrameworkModule.h"

@@ -1,5 +1,3 @@
-// See ColorPage.h.
-
 #include "ColorPage.h"
 
 #include "pickers/PickerIds.h"

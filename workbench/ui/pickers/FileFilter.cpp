@@ -1,5 +1,3 @@
-// See FileFilter.h.
-
 #include "FileFilter.h"
 
 #include <algorithm>

@@ -1,5 +1,3 @@
-// See ListPicker.h.
-
 #include "ListPicker.h"
 
 #include "KelEditor.h"

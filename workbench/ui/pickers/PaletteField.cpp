@@ -1,5 +1,3 @@
-// See PaletteField.h.
-
 #include "PaletteField.h"
 
 #include "KelCmColor.h"

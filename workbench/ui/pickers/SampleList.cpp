@@ -1,4 +1,4 @@
-// See SampleList.h. The list draws its rows itself; the samples are added on top, so that the selection looks as in any
+// The list draws its rows itself; the samples are added on top, so that the selection looks as in any
 // other list.
 
 #include "SampleList.h"

@@ -1,5 +1,3 @@
-// See TypedAddress.h.
-//
 // The system has a documented way to look into a file dialog (OFN_ENABLEHOOK), but gives such a dialog the look of an
 // old system. So its window is subclassed here from outside, which leaves it as it is; where a future system's dialog
 // were built otherwise, its name would not be found, and an address be refused as any other bad name.

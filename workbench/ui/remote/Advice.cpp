@@ -1,5 +1,3 @@
-// See Advice.h.
-
 #include "Advice.h"
 
 #include "RemoteAddress.h"

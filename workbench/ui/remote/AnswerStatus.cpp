@@ -1,5 +1,3 @@
-// See AnswerStatus.h.
-
 #include "AnswerStatus.h"
 
 namespace remote {

@@ -1,5 +1,3 @@
-// See HttpExchange.h.
-
 #include "HttpExchange.h"
 
 #include "HostName.h"

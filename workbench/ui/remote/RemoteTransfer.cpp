@@ -1,5 +1,3 @@
-// See RemoteTransfer.h.
-
 #include "RemoteTransfer.h"
 
 #include "AnswerStatus.h"

@@ -1,5 +1,3 @@
-// See TemporaryFiles.h.
-
 #include "TemporaryFiles.h"
 
 #include "RemoteProblem.h"

@@ -1,4 +1,4 @@
-// See TaskDialogFile.h. How the file is written stands in its own head comment.
+// How the file is written stands in its own head comment.
 
 #include "TaskDialogFile.h"
 

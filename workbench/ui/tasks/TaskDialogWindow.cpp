@@ -1,5 +1,3 @@
-// See TaskDialogWindow.h.
-
 #include "TaskDialogWindow.h"
 
 #include "OrvUiServices.h"

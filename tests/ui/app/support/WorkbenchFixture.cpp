@@ -1,5 +1,3 @@
-// See WorkbenchFixture.h.
-
 #include "WorkbenchFixture.h"
 
 #include "HandmadeDrawing.h"

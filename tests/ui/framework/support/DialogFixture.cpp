@@ -1,5 +1,3 @@
-// See DialogFixture.h.
-
 #include "DialogFixture.h"
 
 #include "instruments/HostCalls.h"

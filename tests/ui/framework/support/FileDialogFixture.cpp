@@ -1,5 +1,3 @@
-// See FileDialogFixture.h.
-
 #include "FileDialogFixture.h"
 
 #include "persistence/DialogStore.h"

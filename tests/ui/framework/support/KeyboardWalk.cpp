@@ -1,5 +1,3 @@
-// See KeyboardWalk.h.
-
 #include "KeyboardWalk.h"
 
 #include "Accessibility.h"

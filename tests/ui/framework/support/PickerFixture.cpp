@@ -1,5 +1,3 @@
-// See PickerFixture.h.
-
 #include "PickerFixture.h"
 
 #include "Documents.h"

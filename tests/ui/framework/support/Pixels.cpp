@@ -1,5 +1,3 @@
-// See Pixels.h.
-
 #include "Pixels.h"
 
 Pixels pixelsOf(HWND window) {

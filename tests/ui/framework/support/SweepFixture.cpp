@@ -1,5 +1,3 @@
-// See SweepFixture.h.
-
 #include "SweepFixture.h"
 
 #include "GuiObjects.h"

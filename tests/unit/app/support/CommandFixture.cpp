@@ -1,5 +1,3 @@
-// See CommandFixture.h.
-
 #include "CommandFixture.h"
 
 #include "engine/DatabaseAccess.h"

@@ -1,5 +1,3 @@
-// See HandmadeDrawing.h.
-
 #include "HandmadeDrawing.h"
 
 namespace handmade {

@@ -1,5 +1,3 @@
-// See ColorChoice.h.
-
 #include "ColorChoice.h"
 
 #include "OrvUiPickers.h"

@@ -1,5 +1,3 @@
-// See DashSample.h.
-
 #include "DashSample.h"
 
 #include <algorithm>

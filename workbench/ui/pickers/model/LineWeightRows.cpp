@@ -1,5 +1,3 @@
-// See LineWeightRows.h.
-
 #include "LineWeightRows.h"
 
 #include "values/LineWeights.h"

@@ -1,5 +1,3 @@
-// See NamedRows.h.
-
 #include "NamedRows.h"
 
 #include "model/CaseFolding.h"

@@ -1,4 +1,4 @@
-// See PaletteLayout.h. The palette itself is of the engine: 1 to 9, then ten shades a hue (full and pale ones in turn),
+// The palette itself is of the engine: 1 to 9, then ten shades a hue (full and pale ones in turn),
 // then the greys from 250 on.
 
 #include "PaletteLayout.h"

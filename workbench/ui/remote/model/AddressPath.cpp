@@ -1,5 +1,3 @@
-// See AddressPath.h.
-
 #include "AddressPath.h"
 
 #include "files/TextCoding.h"

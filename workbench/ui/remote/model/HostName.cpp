@@ -1,5 +1,3 @@
-// See HostName.h.
-
 #include "HostName.h"
 
 #include "AsciiLetters.h"

@@ -1,5 +1,3 @@
-// See RemoteAddress.h.
-
 #include "RemoteAddress.h"
 
 #include "AddressPath.h"
