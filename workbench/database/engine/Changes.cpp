@@ -14,7 +14,7 @@ bool sameLayer(const zdr::ViewportOverride& layer, std::size_t index) {
     return layer.layer == index;
 }
 
-// Everything that counts layers, made to count without or with one at `index`.
+// Shifts the drawing's layer indices by one, because a layer is put in at `index` or taken out there.
 void shiftIndices(zdr::Drawing& drawing, std::size_t index, bool inserted) {
     const auto shift = [=](std::size_t& layer) {
         if (layer != zdr::kNone && (inserted ? layer >= index : layer > index))
@@ -38,7 +38,7 @@ template <class Action> void forEachViewport(zdr::Drawing& drawing, Action actio
             action(viewport);
 }
 
-/// Room for one more; then putting it in can't fail.
+/// Makes room for one more element, so that inserting it can't fail.
 template <class List> void makeRoom(List& list) {
     if (list.size() == list.capacity())
         list.reserve(std::max<std::size_t>(2 * list.size(), 8));
@@ -62,7 +62,7 @@ WholeLayer takeOut(zdr::Drawing& drawing, std::size_t index) {
         std::erase_if(viewport.overrides,
                       [index](const zdr::ViewportOverride& layer) { return sameLayer(layer, index); });
     });
-    // The step's settings, which are exchanged next, say which layer is current without this one.
+    // The step's SettingsChange, which is exchanged after this, says which layer is current then.
     whole.isCurrent = drawing.currentLayer == index;
     if (whole.isCurrent)
         drawing.currentLayer = zdr::kNone;
@@ -72,7 +72,7 @@ WholeLayer takeOut(zdr::Drawing& drawing, std::size_t index) {
     return whole;
 }
 
-/// All that putIn() needs.
+/// Does all that can fail before putIn(): asks for its memory, and gives the layer's name its spelling back.
 void makeRoomFor(zdr::Drawing& drawing, std::size_t index, const WholeLayer& whole) {
     makeRoom(drawing.layers);
     makeRoomForValues(drawing.columns, 1);
@@ -106,7 +106,7 @@ void putIn(zdr::Drawing& drawing, std::size_t index, WholeLayer whole) {
         }
 }
 
-// The data of one object: the list is sorted by object.
+// The range of one object's data; the list is sorted by object.
 auto extendedDataOf(std::vector<zdr::ExtendedData>& all, zdr::Handle object) {
     const auto first = std::ranges::lower_bound(all, object, {}, &zdr::ExtendedData::object);
     const auto behind = std::ranges::upper_bound(all, object, {}, &zdr::ExtendedData::object);

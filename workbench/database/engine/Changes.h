@@ -34,7 +34,7 @@ struct PlotStyleChange {
     void exchange(zdr::Drawing& drawing, ObjectDirectory& objects);
 };
 
-/// What a drawing has once.
+/// The settings of a drawing, all together.
 struct SettingsChange {
     std::size_t currentLayer = 0;
     std::optional<std::wstring> lastRestored;
@@ -50,7 +50,7 @@ struct ViewportChange {
     void exchange(zdr::Drawing& drawing, ObjectDirectory& objects);
 };
 
-/// A layer's name, its spelling or its description.
+/// A layer got another name, another spelling of it or another description.
 struct LayerChange {
     zdr::Handle handle = 0;
     zdr::Layer layer;
@@ -59,7 +59,7 @@ struct LayerChange {
     void exchange(zdr::Drawing& drawing, ObjectDirectory& objects);
 };
 
-/// A layer with everything that a drawing keeps of it beside its entities.
+/// One layer's row of the columns.
 struct LayerValues {
     std::uint8_t flags = 0;
     std::uint32_t color = 7;
@@ -68,14 +68,14 @@ struct LayerValues {
     zdr::NameId plotStyle = zdr::kNoName;
     friend bool operator==(const LayerValues&, const LayerValues&) = default;
 };
+/// A layer with everything that a drawing keeps for it, except its entities.
 struct WholeLayer {
     zdr::Layer layer;
     LayerValues values;
-    std::vector<zdr::Handle> frozenIn; ///< viewports
+    std::vector<zdr::Handle> frozenIn; ///< handles of viewports
     std::vector<std::pair<zdr::Handle, zdr::ViewportOverride>> overrides;
-    std::wstring spelling =
-        {};                 ///< of its name, which may be spelled otherwise while the layer is gone; empty: as it is
-    bool isCurrent = false; ///< taken out within a step that made it current, or before one that does
+    std::wstring spelling = {}; ///< of its name, which may get another one while the layer is gone; empty: leave it
+    bool isCurrent = false;     ///< it was current when it was taken out, as in undoing a step that made it so
 };
 
 /// A layer was put in or taken out.
@@ -107,7 +107,7 @@ zdr::Viewport* findViewport(zdr::Drawing& drawing, zdr::Handle handle);
 KELDB_API const zdr::Viewport* findViewport(const zdr::Drawing& drawing, zdr::Handle handle);
 KELDB_API LayerValues valuesAt(const zdr::LayerColumns& columns, std::size_t index);
 KELDB_API void setValuesAt(zdr::LayerColumns& columns, std::size_t index, const LayerValues& values);
-/// Makes room for so many more rows; putting them in and taking rows out then can't fail.
+/// Makes room for `more` rows; putting them in and taking rows out then can't fail.
 void makeRoomForValues(zdr::LayerColumns& columns, std::size_t more);
 KELDB_API void appendValues(zdr::LayerColumns& columns, const LayerValues& values);
 /// Takes the values at an index out of the columns.

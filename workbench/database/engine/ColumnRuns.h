@@ -1,4 +1,5 @@
-// Comparing and copying what stands together in a state and in the drawing, as memory.
+// Compares and copies columns between a state and the drawing: in runs of memory where both hold the same layers in the
+// same order, otherwise row by row.
 #pragma once
 
 #include "LayerMapping.h"
@@ -7,7 +8,8 @@
 
 namespace engine {
 
-/// Whether two scattered columns agree in those bits of each value. The drawing lacks none of the layers.
+/// Row by row, for a scattered mapping: whether the columns agree in `bits` of each value. The drawing must have all
+/// layers of the state.
 template <class T>
 bool rowsEqual(const T* state, const T* drawing, const LayerMapping& mapping, T bits = static_cast<T>(~T{0})) {
     constexpr std::size_t kBlock = 512;
@@ -49,7 +51,7 @@ bool runsEqual(const zdr::Column<T>& state, const zdr::Column<T>& drawing, const
     return true;
 }
 
-/// Whether the bytes agree in those bits, eight at a time.
+/// Whether the bytes agree in `bits`; compares eight bytes at a time.
 inline bool bitsEqual(const std::uint8_t* left, const std::uint8_t* right, std::size_t count, std::uint8_t bits) {
     const std::uint64_t mask = 0x0101010101010101 * bits;
     constexpr std::size_t kWord = sizeof mask, kBlock = 64 * kWord;
@@ -72,7 +74,7 @@ inline bool bitsEqual(const std::uint8_t* left, const std::uint8_t* right, std::
     return true;
 }
 
-/// Puts the state's values in the place of the drawing's; shared when the state holds just the drawing's layers.
+/// Writes the state's values over the drawing's. When the state holds just the drawing's layers, they share the column.
 template <class T> void copyRuns(zdr::Column<T>& drawing, const zdr::Column<T>& state, const LayerMapping& mapping) {
     if (mapping.whole) {
         drawing = state;
@@ -87,7 +89,7 @@ template <class T> void copyRuns(zdr::Column<T>& drawing, const zdr::Column<T>& 
             std::memcpy(to + run.drawing, from + run.state, run.count * sizeof(T));
 }
 
-/// The same for those bits of each byte alone.
+/// Copies `bits` of each byte and leaves the others.
 inline void copyBits(zdr::Column<std::uint8_t>& drawing, const zdr::Column<std::uint8_t>& state,
                      const LayerMapping& mapping, std::uint8_t bits) {
     std::uint8_t* const to = drawing.write().data();

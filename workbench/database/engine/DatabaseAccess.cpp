@@ -77,7 +77,7 @@ KelDbObjectId currentViewportId(const KelDbDatabase& database) {
                                                            : KelDbObjectId();
 }
 
-// A new layer looks as a layer of a new drawing does.
+// A new layer has the properties of a new drawing's layer.
 Vorn::ErrorStatus addLayer(KelDbDatabase& database, std::wstring_view name) {
     DatabaseImp& imp = impOf(database);
     LayerValues values{.flags = zdr::kLayerOn | zdr::kLayerPlot};

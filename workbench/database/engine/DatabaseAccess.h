@@ -1,5 +1,5 @@
 // The engine as the Workbench and the tests see it, beside the host's interface: the drawing as plain values, what the
-// application itself does to it, and undo. Nothing here stands in the trace.
+// application itself does to it, and undo. Nothing here is traced.
 #pragma once
 
 #include "KelDbDatabase.h"
@@ -10,8 +10,8 @@ namespace engine {
 
 /// The drawing of a database. The reference stays good for the database's life; what it holds changes.
 KELDB_API const zdr::Drawing& drawingOf(const KelDbDatabase& database);
-/// Puts another drawing in the place of the database's: references that hold a drawing are attached, all ids of before
-/// name erased objects, and nothing can be undone.
+/// Replaces the database's drawing. References that hold a drawing are attached. Ids of the old drawing name erased
+/// objects from then on, and nothing can be undone.
 KELDB_API void replaceDrawing(KelDbDatabase& database, zdr::Drawing drawing);
 /// A drawing as New makes one.
 KELDB_API zdr::Drawing makeNewDrawing();
@@ -46,21 +46,22 @@ KELDB_API LayerValues layerValues(const KelDbDatabase& database, std::size_t lay
 KELDB_API Vorn::ErrorStatus setLayerValues(KelDbDatabase& database, std::size_t layer, const LayerValues& values);
 /// Freezes a layer in one viewport or thaws it there.
 KELDB_API void setFrozenInViewport(KelDbDatabase& database, zdr::Handle viewport, std::size_t layer, bool frozen);
-/// Gives a layer an override in one viewport, in the place of the one it had; a mask of 0 takes it away.
+/// Gives a layer an override in one viewport, which replaces the one it had; a mask of 0 takes it away.
 KELDB_API void setOverride(KelDbDatabase& database, zdr::Handle viewport, const zdr::ViewportOverride& layer);
 
 /// Brackets changes that are undone together. Groups nest; the outermost counts.
 KELDB_API void beginUndoGroup(KelDbDatabase& database);
 KELDB_API void endUndoGroup(KelDbDatabase& database);
-/// Takes back the last group, or all that changed outside groups since. False when there is nothing, or within a group.
+/// Undoes the last group, or all changes that were made outside groups after it. False when there is nothing to undo,
+/// or while a group is open.
 KELDB_API bool undo(KelDbDatabase& database);
 KELDB_API bool redo(KelDbDatabase& database);
 KELDB_API bool canUndo(const KelDbDatabase& database);
 KELDB_API bool canRedo(const KelDbDatabase& database);
 
-/// Makes a reference that the drawing has hold another drawing: its layers stand among the drawing's under
-/// "name!layer", its own states under "name!state". Null leaves the reference unresolved; its layers stay, its states
-/// go. Can't be undone, and nothing before it can.
+/// Gives one of the drawing's references the drawing to show: its layers are then among the drawing's as "name!layer",
+/// its own states as "name!state". Null leaves the reference unresolved: its layers stay, its states go. This can't be
+/// undone, nor can anything before it.
 KELDB_API void attachReference(KelDbDatabase& database, std::size_t reference,
                                std::shared_ptr<const zdr::Drawing> drawing);
 

@@ -1,7 +1,7 @@
 // The internal side of a database: the drawing, what is needed to find things in it, and the one way of changing it.
 // Every change goes through the members below, so that it can be undone and is counted. A member that changes something
-// does it whole or, when memory runs out and it throws, not at all; what is written through an editor is left as far as
-// it came.
+// does it whole or, when memory runs out and it throws, not at all; only what is written through an editor may be left
+// half done.
 #pragma once
 
 #include "KelDbDatabase.h"
@@ -11,7 +11,8 @@
 
 namespace engine {
 
-/// Whether what brings a layer to its drawing is there; true for the drawing's own layers.
+/// Whether the layer's reference, and the one nested in it that the layer comes from, are there; true for the drawing's
+/// own layers.
 bool isResolved(const zdr::Drawing& drawing, const zdr::Layer& layer);
 
 class DatabaseImp : public KelDbImpDatabase {
@@ -22,7 +23,7 @@ class DatabaseImp : public KelDbImpDatabase {
     KelDbImpLayerStateManager* getImpLayerStateManager() override;
     KelDbLayerStateManager& stateManager() { return m_stateManager; }
     KelDbDatabase& owner() const { return m_owner; }
-    /// Takes the place of the drawing that was there: objects of before are erased, nothing of before can be undone.
+    /// Replaces the drawing. The objects of the old one count as erased, and none of its changes can be undone.
     void adopt(zdr::Drawing drawing);
     /// Hands the drawing out; nothing may be asked of the database afterwards.
     zdr::Drawing release() { return std::move(m_drawing); }
@@ -32,7 +33,7 @@ class DatabaseImp : public KelDbImpDatabase {
     const ObjectDirectory& objects() const { return m_objects; }
     /// Grows with every change.
     std::uint64_t changes() const { return m_lookups.changes(); }
-    /// Ends its life when another drawing takes the place of this one.
+    /// Expires when adopt() replaces the drawing.
     std::weak_ptr<const void> identity() const { return m_identity; }
     std::size_t findLayer(std::wstring_view name) const { return findLayer(m_drawing.names.find(name)); }
     std::size_t findLayer(zdr::NameId name) const { return m_lookups.layers().find(name); }
@@ -51,37 +52,37 @@ class DatabaseImp : public KelDbImpDatabase {
 
     // Changing. Each may be undone.
     [[nodiscard]] Editor<zdr::LayerColumns> editColumns();
-    /// The state stays where it is while its editor lives.
+    /// The list of states must not change while the editor lives, which holds the state's address.
     [[nodiscard]] Editor<zdr::LayerState> editState(std::size_t index);
     [[nodiscard]] Editor<zdr::Viewport> editViewport(const zdr::Viewport& viewport);
     void setCurrentLayer(std::size_t index);
     void setLastRestored(std::optional<std::wstring> name);
     void setActiveSpace(std::optional<std::size_t> layout, std::optional<zdr::Handle> viewport);
-    /// Behind the drawing's own states, or at a given place. Gives it a handle.
+    /// Puts a state in after the drawing's own ones, or at `position`, and gives it a handle.
     void insertState(zdr::LayerState&& state, std::optional<std::size_t> position = std::nullopt);
     void removeState(std::size_t index);
     void renameState(std::size_t index, std::wstring name);
-    /// At the end of the table, under a name that is valid, free and spelled so from then on; gives it a handle, which
-    /// it answers.
+    /// Appends a layer to the table and answers the handle that it got. The name must be valid and free; from then on
+    /// it is spelled as it is here.
     zdr::Handle appendLayer(zdr::Layer layer, std::wstring_view name, const LayerValues& values);
     void removeLayer(std::size_t index);
-    /// The name is valid and no other layer's. The drawing's own states follow.
+    /// The name must be valid and no other layer's. The drawing's own states get the new name, too.
     void renameLayer(std::size_t index, std::wstring_view name);
     void setLayerDescription(std::size_t index, std::wstring description);
     void registerApplication(std::wstring name);
     void setExtendedData(zdr::Handle object, std::wstring application, std::vector<zdr::ExtendedValue> values);
     /// Not undone: names are only ever added.
     zdr::NameId intern(std::wstring_view name) { return m_drawing.names.intern(name); }
-    /// A state of another drawing with the names of this one.
+    /// A copy of another drawing's state whose name ids, which are of the table `from`, became ids of this drawing's.
     zdr::LayerState translate(const zdr::LayerState& state, const zdr::NameTable& from);
     zdr::Handle newHandle() { return m_drawing.nextHandle++; }
-    /// A new plot style at a place of the list. The name is entered and free.
+    /// Puts a new plot style into the list. Its name must be in the name table and no other style's.
     void insertPlotStyle(std::size_t index, zdr::PlotStyle style);
     void removePlotStyle(std::size_t index);
 
-    // What a reference brings along; not undone.
+    // What attaching a reference changes; not undone.
     void appendLinetype(zdr::Linetype linetype);
-    /// Many at once, at the end of the table; each gets a handle.
+    /// Appends many layers to the table at once; each gets a handle.
     void appendLayers(std::vector<WholeLayer> layers);
     void followLinetype(std::size_t index, zdr::Linetype theirs);
     void followLayer(std::size_t index, std::wstring description, bool unresolvedInside);

@@ -34,7 +34,7 @@ namespace {
 /// A set of layers in which a layer was renamed.
 struct RenamedSet {
     std::shared_ptr<const zdr::LayerSet> set;
-    std::size_t dropped = zdr::kNone; ///< the row of a layer that is gone and bore the new name
+    std::size_t dropped = zdr::kNone; ///< former row of a layer of the new name
 };
 
 RenamedSet renameInSet(const std::shared_ptr<const zdr::LayerSet>& set, zdr::NameId from, zdr::NameId to) {
@@ -51,9 +51,9 @@ RenamedSet renameInSet(const std::shared_ptr<const zdr::LayerSet>& set, zdr::Nam
     return renamed;
 }
 
-/// The own states of a drawing in which a layer gets another name. States that share a set of layers go on sharing the
-/// renamed one. A state that holds a layer of the new name holds it for one that the drawing no longer has; the row of
-/// the renamed layer takes its place.
+/// What the drawing's own states become when one of its layers gets another name. States that share a set of layers
+/// share the renamed set, too. When a state already has a row under the new name, the row is of a layer that the
+/// drawing no longer has: it is dropped, and the renamed layer's row stays.
 class LayerRename {
   public:
     struct Changed {
@@ -69,7 +69,7 @@ class LayerRename {
                 follow(i, drawing.states[i]);
     }
 
-    std::shared_ptr<const zdr::LayerSet> layerSet; ///< of the drawing
+    std::shared_ptr<const zdr::LayerSet> layerSet; ///< the drawing's
     std::vector<Changed> states;
 
   private:

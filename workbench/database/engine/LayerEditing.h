@@ -5,19 +5,19 @@
 
 namespace engine {
 
-/// At the end of the table. eInvalidInput, eNameTooLong or eDuplicateRecordName for the name.
+/// Appends a layer to the table. eInvalidInput, eNameTooLong or eDuplicateRecordName for the name.
 Vorn::ErrorStatus addLayer(DatabaseImp& database, std::wstring_view name, std::wstring description,
                            const LayerValues& values);
-/// The drawing's own states follow. eDependentRecord for a layer of a reference, eReservedName for the base layer, and
-/// the name's own statuses.
+/// The drawing's own states get the new name, too. eDependentRecord for a layer of a reference, eReservedName for the
+/// base layer, and for the name the statuses of addLayer().
 Vorn::ErrorStatus renameLayer(DatabaseImp& database, std::size_t index, std::wstring_view name);
-/// eDependentRecord, eReservedName, or eRecordInUse for the current layer and for one that something lies on.
+/// eDependentRecord, eReservedName, or eRecordInUse for the current layer and for one that has entities.
 Vorn::ErrorStatus removeLayer(DatabaseImp& database, std::size_t index);
 /// eDependentRecord for a layer of a reference, eCannotFreezeCurrentLayer for a frozen one.
 Vorn::ErrorStatus setCurrentLayer(DatabaseImp& database, std::size_t index);
 /// eCannotFreezeCurrentLayer, and nothing changed, when the values freeze the current layer.
 Vorn::ErrorStatus setLayerValues(DatabaseImp& database, std::size_t index, const LayerValues& values);
-/// Whether something drawn lies on a layer.
+/// Whether a layer has entities.
 bool isLayerUsed(const zdr::Drawing& drawing, std::size_t layer);
 /// Whether a lineweight is one of the 24 widths or by layer (-1), by block (-2), default (-3).
 bool isLineWeight(int weight);

@@ -19,8 +19,8 @@ struct LayerMapping {
     std::size_t missing = 0; ///< layers of the state that the drawing lacks
     bool whole = false;      ///< the state holds just the drawing's layers, in its order
     std::size_t held = 0;    ///< layers of the drawing that the state holds
-    /// Where the layers of the state stand in the drawing, one by one, where the two orders have so little in common
-    /// that runs don't pay; otherwise empty. kAbsent for a layer that the drawing lacks.
+    /// For each layer of the state its index in the drawing, kAbsent for one that the drawing lacks. Filled only when
+    /// the two orders have so little in common that runs don't pay.
     std::vector<std::uint32_t> rows;
     static constexpr std::uint32_t kAbsent = ~std::uint32_t{0};
     bool isScattered() const { return !rows.empty(); }
@@ -28,17 +28,17 @@ struct LayerMapping {
 
 LayerMapping mapLayers(const zdr::LayerSet& stateLayers, const NameIdIndex& drawingLayers, std::size_t drawingCount);
 
-/// Keeps mappings for as long as the drawing's layers and the state's set of layers stay.
+/// Keeps the mapping of each set of layers until the drawing's layers change, or only the cache holds the set.
 class MappingCache {
   public:
     const LayerMapping& mapping(const std::shared_ptr<const zdr::LayerSet>& stateLayers,
                                 const NameIdIndex& drawingLayers, std::size_t drawingCount);
-    /// The drawing's layers changed.
+    /// To be called after the drawing's layers changed.
     void clear() { m_entries.clear(); }
 
   private:
     struct Entry {
-        std::shared_ptr<const zdr::LayerSet> layers; // holds the address that is the key
+        std::shared_ptr<const zdr::LayerSet> layers; // held, so that no other set gets the address, which is the key
         LayerMapping mapping;
     };
     void dropUnused();

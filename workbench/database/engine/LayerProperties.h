@@ -1,5 +1,5 @@
-// The ten properties of a layer, as the engine works with them. What goes through the properties walks the lists here,
-// so that a property is listed nowhere else.
+// The ten properties of a layer, as the engine works with them. Code that deals with each of them walks the lists here,
+// so that nothing else lists them.
 #pragma once
 
 #include "LayerStateMask.h"
@@ -35,12 +35,12 @@ constexpr const char* wordOf(LayerStateMask bit) {
     return std::ranges::find(kLayerProperties, bit, &LayerProperty::bit)->word;
 }
 
-/// A property with a column of its own: where its values stand. Each is a type, so that the loops over rows know it
-/// when they are compiled.
+/// A property with a column of its own, and the members that hold its values. Each is a type, so that loops over rows
+/// are compiled for it.
 template <LayerStateMask Bit, auto Column, auto Overriding> struct ColumnProperty {
     static constexpr LayerStateMask bit = Bit;
     static constexpr auto column = Column;         ///< of LayerColumns
-    static constexpr auto overriding = Overriding; ///< in what a viewport shows differently: of ViewportOverride
+    static constexpr auto overriding = Overriding; ///< of ViewportOverride
     static constexpr bool isStyle = Bit == MaskLinetype || Bit == MaskPlotStyle;
 };
 inline constexpr std::tuple<
@@ -81,7 +81,7 @@ constexpr bool isAtTheSamePlace(const LayerProperty& property) {
     return (property.flag & zdr::kDrawingFlags) == 0 || property.flag == property.bit;
 }
 
-// Single bits whose sum has them all are each there once.
+// When each entry is a single bit, and the sum of all is the whole mask, each bit is there once.
 static_assert(std::ranges::all_of(kLayerProperties, isSingle));
 static_assert(sum(&LayerProperty::bit) == MaskAllProperties, "each property of the mask stands in the list once");
 static_assert(sum(&LayerProperty::flag) == zdr::kStateFlags, "each flag stands in the list once");

@@ -31,7 +31,7 @@ std::vector<bool> membership(const std::vector<zdr::NameId>& list, std::size_t t
     return members;
 }
 
-// The place of the state that a name may be given to: its own, or kNone for a new one.
+// Where a state of that name is to be written: in the place of the one that bears it, or kNone for a new one.
 Vorn::ErrorStatus placeForName(const DatabaseImp& database, std::wstring_view name, std::size_t& index) {
     index = database.findState(name);
     if (index != zdr::kNone)
@@ -170,7 +170,7 @@ bool updateStateLayer(DatabaseImp& database, std::size_t index, const StateLayer
     if (name == zdr::kNoName || row == zdr::kNone)
         return false;
     LayerValues values = valuesAt(drawing.states[index].columns, row);
-    const int frozenInViewport = values.flags & zdr::kLayerViewportFrozen; // no record in memory knows it
+    const int frozenInViewport = values.flags & zdr::kLayerViewportFrozen; // records in memory lack this flag
     values.flags = static_cast<std::uint8_t>((update.flags & ~zdr::kLayerViewportFrozen) | frozenInViewport);
     values.color = update.color;
     values.lineWeight = update.lineWeight;

@@ -6,11 +6,11 @@
 
 namespace engine {
 
-/// Records what the viewport (null: the drawing itself) shows of all layers, in the place of a state of that name or as
-/// a new one. eDependentRecord when a state of a reference bears the name; the name's own statuses.
+/// Records what the viewport (null: the drawing itself) shows of all layers, over the state of that name or as a new
+/// one. eDependentRecord when a state of a reference bears the name; for the name the statuses of checkName().
 Vorn::ErrorStatus saveState(DatabaseImp& database, std::wstring_view name, std::uint32_t mask,
                             const zdr::Viewport* viewport);
-/// Enters a copy of a state under that name, in the place of one that stood there, with an id of its own.
+/// Enters a copy of a state under that name, with an id of its own; it replaces a state that bears the name.
 Vorn::ErrorStatus putState(DatabaseImp& database, std::wstring_view name, zdr::LayerState state);
 void deleteState(DatabaseImp& database, std::size_t index);
 Vorn::ErrorStatus renameState(DatabaseImp& database, std::size_t index, std::wstring_view name);
@@ -32,11 +32,12 @@ struct StateLayerUpdate {
 };
 /// False when the state doesn't hold the layer.
 bool updateStateLayer(DatabaseImp& database, std::size_t index, const StateLayerUpdate& update);
-/// Copies a state of another drawing. eKeyNotFound when that has none of its own of that name, eDuplicateRecordName.
+/// Copies a state of another drawing. eKeyNotFound when that has no own state of the name, eDuplicateRecordName when
+/// this drawing has a state of the name.
 Vorn::ErrorStatus importState(DatabaseImp& database, std::wstring_view name, const DatabaseImp& source);
-/// Enters a state whose names are those of another table. The name is valid and free.
+/// Enters a state whose name ids are of the table `from`. The state's own name must be valid and free.
 void enterForeignState(DatabaseImp& database, const zdr::LayerState& state, const zdr::NameTable& from);
-/// A state of `from`, with its columns' names turned into the ones of `to`.
+/// A copy of a state whose name ids are of the table `from`, turned into ids of `to`.
 zdr::LayerState translateState(const zdr::LayerState& state, const zdr::NameTable& from, zdr::NameTable& to);
 
 /// Whether what the viewport (null: the drawing itself) shows matches the state in the properties of its mask.

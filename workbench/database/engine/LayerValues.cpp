@@ -1,5 +1,5 @@
-// One layer's row of the columns. See Changes.h. What can fail is done for all columns first, so that a row is written
-// whole or not at all.
+// One layer's row of the columns. What can fail is done for all columns first, so that a row is written whole or not at
+// all.
 
 #include "Changes.h"
 

@@ -1,6 +1,6 @@
 // What a database keeps beside its drawing to answer quickly: where names stand, where the layers of states stand among
-// the drawing's, what comparisons answered, and what the viewport that was asked for last shows. Nothing of it is
-// brought up to date by whoever changes the drawing: a Writing stands for each change and does it at its end.
+// the drawing's, what comparisons answered, and what the viewport that was asked for last shows. Whoever changes the
+// drawing doesn't bring these up to date, but makes a Writing for the time of the change, whose end does it.
 #pragma once
 
 #include "ComparisonCache.h"
@@ -9,18 +9,18 @@
 
 namespace engine {
 
-/// The parts of a drawing that a change writes and answers rest on.
+/// The parts of a drawing that a change writes: what was looked up in them is out of date afterwards.
 struct Parts {
     bool looks = false;  ///< the properties of layers, or what viewports show of them
-    bool layers = false; ///< which layers there are, and their names; their properties, too
+    bool layers = false; ///< which layers there are, their names and their properties
     bool states = false; ///< which states there are
     bool linetypes = false;
     bool plotStyles = false;
-    const zdr::LayerState* state = nullptr; ///< one state, which stays where it is
+    const zdr::LayerState* state = nullptr; ///< one state, which must not move in the list
     static Parts all() { return {true, true, true, true, true}; }
 };
 
-/// An index of the names of a list, filled when it is asked for after the list has changed.
+/// An index of the names of a list. After a change of the list it is filled again when it is next asked for.
 template <class Index> class FilledIndex {
   public:
     template <class List> const Index& of(const List& objects) {
@@ -33,7 +33,8 @@ template <class Index> class FilledIndex {
     void outdate() noexcept { m_outdated = true; }
     /// Null while it is out of date.
     const Index* filled() const noexcept { return m_outdated ? nullptr : &m_index; }
-    /// Follows a change without being filled anew, unless memory is lacking.
+    /// Changes the index as the list was changed, instead of filling it again; without memory for that, it is out of
+    /// date.
     template <class Change> void follow(Change change) noexcept {
         if (m_outdated)
             return;
@@ -59,7 +60,7 @@ class Lookups {
     const NameIdIndex& linetypes() { return m_linetypes.of(m_drawing.linetypes); }
     const NameIdIndex& plotStyles() { return m_plotStyles.of(m_drawing.plotStyles); }
     const StateIndex& states() { return m_states.of(m_drawing.states); }
-    /// Stays until the drawing's layers change.
+    /// Good until the drawing's layers change.
     const LayerMapping& mapping(const zdr::LayerState& state) {
         return m_mappings.mapping(state.layers, layers(), m_drawing.layers.size());
     }
@@ -69,7 +70,7 @@ class Lookups {
     /// What a viewport shows; null for the drawing's own columns. Good until the next change.
     const zdr::LayerColumns& shown(const zdr::Viewport* viewport);
 
-    // A state has come, gone or got another name: its index need not be filled anew.
+    // A state has come, gone or got another name: the index of states follows instead of being filled again.
     void stateInserted(std::size_t index) noexcept;
     void stateRemoved(const std::wstring& name, std::size_t index) noexcept;
     void stateRenamed(const std::wstring& from, std::size_t index) noexcept;
@@ -86,11 +87,11 @@ class Lookups {
     ComparisonCache m_comparisons;
     ShownColumnsCache m_shown;
     std::uint64_t m_changes = 1;
-    int m_writings = 0; // that stand
+    int m_writings = 0; // that live
 };
 
-/// Stands for as long as something of the drawing is written. Meanwhile no answer is kept, nor one of before given; at
-/// its end, by an exception too, what rests on the parts is out of date and the change is counted.
+/// Lives for as long as something of the drawing is written. During its life no answer is kept, and none that was kept
+/// is given. Its end, also by an exception, puts out of date what rests on the parts, and counts the change.
 class Writing {
   public:
     Writing(Lookups& lookups, const Parts& parts) : m_lookups(lookups), m_parts(parts) { ++m_lookups.m_writings; }
@@ -106,7 +107,7 @@ class Writing {
     const Parts m_parts;
 };
 
-/// Gives access to a part of the drawing that is being written. Whoever makes one has recorded the undo side.
+/// Gives access to a part of the drawing that is being written. Whoever makes one must have recorded it for undo.
 template <class Part> class Editor {
   public:
     Editor(Part& part, Lookups& lookups, const Parts& parts) : m_writing(lookups, parts), m_part(part) {}

@@ -1,4 +1,4 @@
-// Where the things of a drawing that are looked up by name stand: layers by the id of their name, states by their text.
+// Find what a drawing has by name: layers, linetypes and plot styles by the id of their name, states by its text.
 #pragma once
 
 #include "model/Drawing.h"
@@ -28,7 +28,7 @@ class NameIdIndex {
         return place == kAbsent ? zdr::kNone : place;
     }
     bool has(zdr::NameId name) const { return name < m_places.size() && m_places[name] != kAbsent; }
-    /// Whether all names of a column are in the list or the empty name. The two loops have no branches, because a
+    /// Whether each name of a column is in the list or is the empty name. The two loops have no branches, because a
     /// restore asks for every layer.
     bool hasAll(std::span<const zdr::NameId> names) const {
         zdr::NameId largest = 0;
@@ -59,7 +59,7 @@ class StateIndex {
         const auto found = m_places.find(name);
         return found == m_places.end() ? zdr::kNone : found->second;
     }
-    /// @param count how many states stood there before
+    /// @param count how many states there were before
     void inserted(const std::wstring& name, std::size_t index, std::size_t count) {
         if (index < count)
             for (auto& [text, place] : m_places)

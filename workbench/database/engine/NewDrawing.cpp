@@ -30,7 +30,7 @@ bool holdsJust(const zdr::LayerSet& set, const std::vector<zdr::Layer>& layers) 
     return std::ranges::equal(set.names, layers, {}, {}, &zdr::Layer::name);
 }
 
-// Sets that hold the same are told by their address from then on.
+// States that hold just the drawing's layers get the drawing's own set, so that comparing addresses tells them.
 void joinLayerSets(zdr::Drawing& drawing) {
     if (!drawing.layerSet || !holdsJust(*drawing.layerSet, drawing.layers)) {
         auto set = std::make_shared<zdr::LayerSet>();

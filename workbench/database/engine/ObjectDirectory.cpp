@@ -6,7 +6,7 @@
 
 namespace engine {
 
-// The stub of an object that isn't there yet.
+// Makes a stub, which counts as erased until its object is in the drawing.
 KelDbStub* ObjectDirectory::make(Content& content, zdr::Handle handle, ObjectKind kind, std::size_t index) {
     KelDbStub& stub = m_stubs.emplace_back();
     stub.database = &m_database;

@@ -15,8 +15,8 @@ class ObjectDirectory {
     ObjectDirectory(const ObjectDirectory&) = delete;
     ObjectDirectory& operator=(const ObjectDirectory&) = delete;
 
-    /// Makes the directory that of this drawing. Ids of before stay safe to ask but name erased objects. When it
-    /// throws, everything is as before.
+    /// Makes the directory that of this drawing. Older ids stay safe to ask but name erased objects. When it throws,
+    /// everything is as before.
     void fill(const zdr::Drawing& drawing);
     /// The stub of a handle, also of an erased object; null when there never was one.
     KelDbStub* find(zdr::Handle handle) const;
@@ -26,13 +26,13 @@ class ObjectDirectory {
     KelDbStub* plotStyle(std::size_t index) const { return m_content.plotStyles[index]; }
     KelDbStub* state(std::size_t index) const { return m_content.states[index]; }
 
-    /// Objects that a caller forgot to close, at the database's end.
+    /// Deletes the objects that callers forgot to close; for the database's end.
     void deleteOpenObjects();
 
     /// Gets ready for layers with handles from `first` on; putting them in can't fail then.
     void expectLayers(zdr::Handle first, std::size_t count);
-    /// An object of that list is put in or taken out at an index; a handle that stood there before gets its stub back.
-    /// When putting in throws, everything is as before.
+    /// Follow the drawing's list in which an object is put in or taken out at an index. A handle that was in the
+    /// drawing before gets its stub back. When putting in throws, everything is as before.
     void insertLayer(std::size_t index, zdr::Handle handle) {
         insert(m_content.layers, index, handle, ObjectKind::Layer);
     }

@@ -1,6 +1,7 @@
-// A layer that the drawing knows from before keeps the values that the drawing has for it;
-// one that the reference no longer has goes, unless the drawing needs it. Linetypes and plot styles that the drawing
-// has under the same name are taken for the reference's; the others come in under "name!style".
+// How a reference's layers and styles meet those that the drawing has. A layer that the drawing has from an earlier
+// attachment keeps the drawing's values; one that the reference no longer has goes, unless the drawing needs it. A
+// linetype or plot style that the drawing has under the same name is used for the reference's; the others come in under
+// "name!style".
 
 #include "ReferenceAttachment.h"
 
@@ -64,7 +65,7 @@ class Attachment {
         m_database.insertPlotStyle(m_database.drawing().plotStyles.size(), style);
     }
 
-    // The drawing's name of a style; a state may name one that no drawing has.
+    // The drawing's name for a style of the reference. Made here for a style that no drawing has: a state may name one.
     zdr::NameId styleName(zdr::NameId name) {
         if (m_styles[name] == zdr::kNoName)
             m_styles[name] = prefixed(name);
@@ -138,7 +139,7 @@ class Attachment {
     std::shared_ptr<const zdr::LayerSet> m_lastSet, m_lastEntered;
 };
 
-/// Forgets what could be undone, at the end of a change that can't be undone, or of as much of it as was done.
+/// Clears the undo history when a change that can't be undone ends, also when an exception ends it half done.
 class ForgottenHistory {
   public:
     explicit ForgottenHistory(DatabaseImp& database) : m_database(database) {}
@@ -156,8 +157,8 @@ void dropStates(DatabaseImp& database, std::size_t reference) {
             database.removeState(index);
 }
 
-// A referenced drawing together with what its own references bring: their layers stand in it, and come along with its
-// own as "a!b!layer".
+// A copy of a referenced drawing with its own references attached, so that their layers come along with its own as
+// "a!b!layer".
 std::shared_ptr<const zdr::Drawing> withItsReferences(const DatabaseImp& database,
                                                       std::shared_ptr<const zdr::Drawing> drawing) {
     const auto isThere = [](const zdr::Reference& reference) { return reference.drawing != nullptr; };

@@ -5,7 +5,8 @@
 
 namespace engine {
 
-/// Attaches one reference; null leaves it unresolved. See attachReference() of DatabaseAccess.h.
+/// Attaches one reference, with those that its drawing holds in turn; null leaves it unresolved. Forgets what could be
+/// undone.
 void attachReference(DatabaseImp& database, std::size_t reference, std::shared_ptr<const zdr::Drawing> drawing);
 /// Attaches all references that hold a drawing.
 void attachReferences(DatabaseImp& database);

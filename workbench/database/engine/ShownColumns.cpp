@@ -5,7 +5,7 @@
 namespace engine {
 namespace {
 
-// A column in which nothing is shown differently stays shared.
+// Writes the viewport's values over the drawing's. A column without an override stays shared.
 template <class T, class Value>
 void applyOverrides(zdr::Column<T>& column, const std::vector<zdr::ViewportOverride>& overrides, std::uint32_t bit,
                     Value zdr::ViewportOverride::*value) {

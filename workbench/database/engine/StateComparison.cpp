@@ -1,4 +1,4 @@
-// Whether a state matches what the drawing shows. See LayerStates.h.
+// Whether a state matches what the drawing shows.
 
 #include "ColumnRuns.h"
 #include "LayerProperties.h"

@@ -1,4 +1,4 @@
-// Writing a state back to the layers. See LayerStates.h.
+// Writing a state back to the layers.
 
 #include "ColumnRuns.h"
 #include "LayerProperties.h"
@@ -62,7 +62,7 @@ class Restore {
         return property.bit == MaskLinetype ? m_linetypes : m_plotStyles;
     }
 
-    // A style that the drawing lacks leaves its layer's as it was.
+    // Where the drawing lacks the state's style, the layer keeps the one it had.
     template <class Property> void copyColumn(Property property, zdr::LayerColumns& columns) {
         const auto& from = m_state.columns.*property.column;
         auto& to = columns.*property.column;
@@ -139,7 +139,7 @@ class Restore {
         columns->flags.set(layer, static_cast<std::uint8_t>(columns->flags[layer] & ~zdr::kLayerFrozen));
     }
 
-    // Rows of the state by the layers of the drawing; kNone where it holds none or the layer is to be kept.
+    // For each layer of the drawing its row in the state; kNone for one that the state doesn't hold.
     std::vector<std::size_t> rowsByLayer() const {
         std::vector<std::size_t> rows(m_before.flags.size(), zdr::kNone);
         for (const LayerMapping::Run& run : m_mapping.runs)
@@ -172,7 +172,7 @@ class Restore {
         std::vector<zdr::ViewportOverride> after;
         auto old = before.begin();
         for (std::size_t layer = 0; layer < rows.size(); ++layer) {
-            // Written in its place: a copy of what has just been written in parts would be waited for.
+            // Written in its place: copying an override right after its members were written makes the processor wait.
             const bool hadOne = old != before.end() && old->layer == layer;
             if (hadOne)
                 after.push_back(*old++);
@@ -214,7 +214,7 @@ class Restore {
 
     DatabaseImp& m_database;
     const zdr::LayerState m_state; // a copy that shares its columns: the list may move
-    const LayerMapping& m_mapping; // stays, because no layer comes or goes, as do the styles
+    const LayerMapping& m_mapping; // stays good, as the styles' indexes do: a restore adds and removes neither
     const NameIdIndex &m_linetypes, &m_plotStyles;
     const RestoreRequest m_request;
     const zdr::LayerColumns m_before;

@@ -1,4 +1,4 @@
-// Taking a state from one drawing to another. See LayerStates.h.
+// Taking a state from one drawing to another.
 
 #include "LayerStates.h"
 
@@ -34,7 +34,8 @@ class NameTranslation {
     std::vector<zdr::NameId> m_ids;
 };
 
-// Sets that hold the same are shared where that is likely: with the drawing, and with the state that came in before.
+// Lets the state share the set of layers of the drawing, or of the state that came in before it, if that is the same.
+// Others aren't compared: they are unlikely to be.
 void shareLayerSet(zdr::LayerState& state, const zdr::Drawing& drawing) {
     if (state.layers->names == drawing.layerSet->names)
         state.layers = drawing.layerSet;

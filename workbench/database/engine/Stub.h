@@ -1,4 +1,4 @@
-// What an object id points at: one for each object of a database, at the same address for the database's life.
+// What an object id points at: one stub for each object of a database, at the same address for the database's life.
 #pragma once
 
 #include "model/Drawing.h"
@@ -21,7 +21,8 @@ enum class ObjectKind : std::uint8_t {
     Viewport,
 };
 
-/// Handles of the objects that every drawing has and no file names: the top of the range, where counting never comes.
+/// Handles of the objects that every drawing has and no file names: from the top of the range, which counting never
+/// reaches.
 inline constexpr zdr::Handle fixedHandle(ObjectKind kind) {
     return ~zdr::Handle{0} - static_cast<zdr::Handle>(kind);
 }
@@ -35,8 +36,8 @@ struct KelDbStub {
     bool erased = false;
     bool openForWrite = false;
     int readers = 0;
-    /// Where the object stands in the drawing's list of its kind; kept up to date, so that an id resolves at once. A
-    /// viewport's counts within the layout at `layout`.
+    /// The object's place in the drawing's list of its kind, kept up to date so that an id resolves at once; a
+    /// viewport's is its place in the layout at `layout`.
     std::size_t index = 0;
     std::size_t layout = 0;
     KelDbObject* object = nullptr; ///< while open

@@ -82,7 +82,7 @@ void UndoHistory::carry(std::deque<Step>& from, std::deque<Step>& to, Way way, z
     from.pop_back();
 }
 
-// Takes those changes of a step that were exchanged over to the step that was made for them.
+// Moves the `done` changes of a step that were exchanged into the new step at the back of `to`.
 void UndoHistory::divide(std::deque<Step>& from, std::deque<Step>& to, Way way, std::size_t done) noexcept {
     std::vector<Change>& changes = from.back().changes;
     const auto count = static_cast<std::ptrdiff_t>(done);
@@ -132,7 +132,8 @@ void UndoHistory::beforeSettings(const zdr::Drawing& drawing) {
     m_open.settings = true;
 }
 
-// A part that is added but not marked is added once more later, which does no harm: what is undone last is the first.
+// When marking the state fails after it was added, it is added once more later. That does no harm: undo goes backwards,
+// so the first record is the last one written.
 void UndoHistory::beforeState(const zdr::Drawing& drawing, std::size_t index) {
     const zdr::LayerState& state = drawing.states[index];
     if (m_open.objects.contains(state.handle))

@@ -24,12 +24,13 @@ class UndoHistory {
     std::optional<Parts> undoable() const;
     std::optional<Parts> redoable() const;
     /// Takes the last step back. When memory runs out on the way, the step is divided in two: what was taken back can
-    /// be done again, and the rest be taken back. Without memory for that, too, nothing can be undone any more.
+    /// be done again, the rest can still be taken back. When there is no memory for that either, nothing can be undone
+    /// any more.
     void undo(zdr::Drawing& drawing, ObjectDirectory& objects);
     void redo(zdr::Drawing& drawing, ObjectDirectory& objects);
     void clear();
 
-    /// Before anything of that part changes; once a step is enough, and more cost nothing.
+    /// To be called before anything of that part changes. Once in a step is enough; further calls cost nothing.
     void beforeColumns(const zdr::Drawing& drawing);
     void beforeSettings(const zdr::Drawing& drawing);
     void beforeState(const zdr::Drawing& drawing, std::size_t index);

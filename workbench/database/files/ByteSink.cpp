@@ -1,4 +1,3 @@
-// The buffer before a file.
 #include "ByteSink.h"
 
 namespace zdr {

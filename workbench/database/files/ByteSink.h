@@ -16,7 +16,8 @@ class ByteSink {
     ~ByteSink() = default;
 };
 
-/// Gathers pieces before a sink. Small enough to stay in the processor's cache, so that the copy costs little.
+/// Gathers small pieces and hands them to a sink in large ones. The buffer is small enough to stay in the processor's
+/// cache, so that the copy costs little.
 class SinkBuffer {
   public:
     explicit SinkBuffer(ByteSink& sink) : m_sink(sink) { m_bytes.reserve(kSize); }

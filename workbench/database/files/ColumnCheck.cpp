@@ -25,7 +25,7 @@ void ColumnCheck::checkColumn(const Column<T>& column, std::size_t layerCount, c
 }
 
 void ColumnCheck::check(const LayerColumns& columns, std::size_t layerCount, ColumnsOf owner, const Place& place) {
-    const auto& [flags, colors, linetypes, lineWeights, plotStyles] = columns; // all that there are
+    const auto& [flags, colors, linetypes, lineWeights, plotStyles] = columns; // a sixth doesn't compile
     if (owner == ColumnsOf::State)
         checkColumn(flags, layerCount, L"state flags", place,
                     [](std::uint8_t value) { return (value & ~kStateFlags) == 0; });

@@ -1,4 +1,3 @@
-// Placing and writing of columns.
 #include "ColumnTail.h"
 
 #include <algorithm>
@@ -28,7 +27,7 @@ template <class T> std::uint64_t ColumnTail::place(const Column<T>& column, Valu
 
 PlacedColumns ColumnTail::place(const LayerColumns& columns) {
     const Values styles = m_styles.areNames() ? Values::Plain : Values::Styles;
-    const auto& [flags, colors, linetypes, lineWeights, plotStyles] = columns; // all that there are
+    const auto& [flags, colors, linetypes, lineWeights, plotStyles] = columns; // a sixth doesn't compile
     return {place(flags, Values::Plain), place(colors, Values::Plain), place(linetypes, styles),
             place(lineWeights, Values::Plain), place(plotStyles, styles)};
 }

@@ -1,4 +1,4 @@
-// The columns of a drawing and its states in its file. They stand behind all tables and go from the drawing to the file
+// The columns of a drawing and its states in its file. They come after all tables and go from the drawing to the file
 // without being gathered in memory. Holders that share a column in the drawing share it in the file.
 #pragma once
 
@@ -28,7 +28,7 @@ class ColumnTail {
 
   private:
     enum class Values { Plain, Styles };
-    /// One column: its number of values, then they.
+    /// One column: the number of its values, then the values.
     struct Piece {
         std::span<const std::byte> bytes;
         std::uint32_t count;

@@ -1,4 +1,3 @@
-// The rules that hold between the parts of a drawing.
 #include "DrawingCheck.h"
 
 #include "ResultBuffer.h"
@@ -92,7 +91,7 @@ class DrawingCheck {
 };
 
 void DrawingCheck::run() {
-    // The engine gives the highest ones to its tables, and a drawing must be able to grow.
+    // The engine gives the highest handles to its tables, and a drawing must be able to grow.
     if (constexpr Handle kEnough = Handle{1} << 62; m_drawing.nextHandle > kEnough)
         refuse({L"the next handle to give"},
                L"is " + std::to_wstring(m_drawing.nextHandle) + L", and there are none so high");
@@ -280,7 +279,7 @@ void DrawingCheck::checkApplications() {
         names.add(m_drawing.applications[i], {L"registered application", i, m_drawing.applications[i]});
 }
 
-/// The value that a code's node has. Whoever walks a chain tells its strings by the code alone.
+/// The value must be of the kind that its code asks for: whoever walks a chain tells strings by the code alone.
 void checkExtendedValue(const ExtendedValue& value, const Place& place) {
     const auto* number = std::get_if<std::int32_t>(&value.value);
     const auto* text = std::get_if<std::wstring>(&value.value);

@@ -33,7 +33,7 @@ std::optional<std::wstring> nameFault(std::wstring_view name, std::size_t longes
 /// Whose columns are checked: only a state's flags may tell what was frozen in a viewport.
 enum class ColumnsOf { Drawing, State };
 
-/// Checks columns of layer properties; columns that several holders share are looked at once.
+/// Checks columns of layer properties; a column that several holders share is looked at only once.
 class ColumnCheck {
   public:
     /// `styleCount`: the numbers of linetypes and plot styles must be below it.

@@ -1,4 +1,4 @@
-// The entries to drawing files. Refusals thrown below end here as status and reason.
+// A Refusal that is thrown anywhere below these functions becomes a status and a reason here.
 #include "DrawingFile.h"
 
 #include "ContentHash.h"
@@ -104,7 +104,7 @@ FileStamp writeFile(const std::wstring& path, const DrawingWriter& writer, const
     FileSink sink(file);
     writer.write(sink);
     FileStamp written{true, file.flush(), sink.content(), fileClock()};
-    // Looked at once more: writing a large drawing takes its time.
+    // Checked once more: writing a large drawing takes long, and someone may have changed the file meanwhile.
     refuseChanged(path, stamp, overwrite);
     file.replace();
     return written;
@@ -124,7 +124,7 @@ Vorn::ErrorStatus readDrawingFile(const std::wstring& path, Drawing& drawing, st
 Vorn::ErrorStatus readDrawingBytes(std::span<const std::byte> bytes, const std::wstring& name, Drawing& drawing,
                                    std::wstring& reason) {
     return fileAnswer(name, Vorn::eFileUnreadable, reason, [&] {
-        // A copy, because the drawing goes on looking at it.
+        // A copy, because the drawing's columns go on using these bytes.
         const auto copy = std::make_shared_for_overwrite<std::byte[]>(bytes.size());
         std::copy(bytes.begin(), bytes.end(), copy.get());
         drawing = drawingFromBytes({copy.get(), bytes.size()}, copy);
@@ -156,8 +156,9 @@ bool isFileChanged(const std::wstring& path, const FileStamp& stamp) {
         return false;
     if (!stamp.known || now->size != stamp.facts.size)
         return true;
-    // A write in the same tick of the file system's clock leaves the facts as they are, so facts that were fresh when
-    // they were noted say nothing. Whole seconds are the sign of a clock that ticks slowly: every two seconds at worst.
+    // A write in the same tick of the file system's clock leaves the facts as they are, so facts that were noted right
+    // after a write don't prove that nothing was written since. Whole seconds are the sign of a clock that ticks
+    // slowly: every two seconds at worst.
     constexpr std::int64_t kSecond = 1'000'000'000;
     const std::int64_t tick = stamp.facts.modified % kSecond == 0 ? 2 * kSecond : kSecond / 20;
     const bool wasFresh = stamp.taken - stamp.facts.modified <= tick;

@@ -27,8 +27,8 @@ enum class Overwrite {
                                                            Drawing& drawing, std::wstring& reason);
 
 /// Saves a drawing: writes a new file beside the old one, waits until it is on the disk, and replaces the old one by
-/// it, so that at every moment one of the two is whole. `stamp` is of the file as it was read or last written, and then
-/// of the one written; a stamp that was never filled says that there is no file yet. Answers eFileChangedOnDisk when
+/// it, so that at every moment one of the two is whole. `stamp` is the one of the last reading or writing, and becomes
+/// that of the new file; a stamp that was never filled says that there is no file yet. Answers eFileChangedOnDisk when
 /// someone else wrote the file since, eFileWriteFailed, or eInvalidInput when the drawing's parts contradict each
 /// other; `reason` says why, and the old file is as it was.
 [[nodiscard]] KELDB_API Vorn::ErrorStatus writeDrawingFile(const std::wstring& path, const Drawing& drawing,

@@ -230,7 +230,7 @@ void DrawingReader::giveHandles() {
     });
     m_drawing.nextHandle = m_source.next_handle();
     if (m_drawing.nextHandle == 0)
-        m_drawing.nextHandle = greatest + 1; // made from text; 0 after the greatest of all is found by the check
+        m_drawing.nextHandle = greatest + 1; // made from text; the check finds a sum that is 0
     if (!complete)
         m_drawing.nextHandle = std::max(m_drawing.nextHandle, greatest + 1);
     forEachHandle(m_drawing, [&](Handle& handle) {
@@ -241,7 +241,7 @@ void DrawingReader::giveHandles() {
 
 void DrawingReader::check() {
     checkDrawing(m_drawing);
-    // Columns that were translated have passed the file's range, and hold names of the whole table now.
+    // Translating a column has checked it against the file's style names; its ids are of the whole name table now.
     ColumnCheck check(m_context.stylesAreNames() ? m_context.styleCount() : m_drawing.names.size());
     check.check(m_drawing.columns, m_drawing.layers.size(), ColumnsOf::Drawing, {L"the table of layers"});
     for (std::size_t i = 0; i < m_drawing.states.size(); ++i) {

@@ -1,5 +1,5 @@
-// From the bytes of a drawing file to a drawing. Nothing of the bytes is believed: the verifier looks at every offset,
-// and what the tables say is checked against each other.
+// From the bytes of a drawing file to a drawing. The bytes aren't trusted: the verifier looks at every offset, and the
+// tables are checked against each other.
 #pragma once
 
 #include "Refusal.h"
@@ -9,8 +9,8 @@
 
 namespace zdr {
 
-/// The drawing in `bytes`, whose address is a multiple of 8; columns of states look at them and keep `owner`. Throws a
-/// Refusal. References come without their drawings.
+/// The drawing in `bytes`, whose address must be a multiple of 8. Columns use the bytes in place and keep `owner`
+/// alive. Throws a Refusal. References come without their drawings.
 Drawing drawingFromBytes(std::span<const std::byte> bytes, std::shared_ptr<const void> owner);
 
 } // namespace zdr

@@ -1,4 +1,3 @@
-// Laying out a drawing's file.
 #include "DrawingWriter.h"
 
 #include "DrawingCheck.h"
@@ -36,7 +35,7 @@ class BuiltTable {
     void setNumber(flatbuffers::voffset_t field, std::uint32_t value) {
         flatbuffers::WriteScalar(m_table->GetAddressOf(field), value);
     }
-    /// Lets an offset lead to `target`, in bytes from `start`, the first byte of the file.
+    /// Makes the offset in a field lead to `target`, which counts in bytes from `start`, the first byte of the file.
     void connect(flatbuffers::voffset_t field, const std::uint8_t* start, std::uint64_t target) {
         const auto from = static_cast<std::uint64_t>(m_table->GetAddressOf(field) - start);
         setNumber(field, static_cast<std::uint32_t>(target - from));

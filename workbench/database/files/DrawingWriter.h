@@ -1,4 +1,4 @@
-// From a drawing to the bytes of its file: the tables, which are small and built in memory, and behind them the columns
+// From a drawing to the bytes of its file: the tables, which are small and built in memory, and after them the columns
 // of the layer states, which are nearly all of a file and go straight from the drawing into it.
 #pragma once
 

@@ -1,4 +1,3 @@
-// What is looked at before the tables of a drawing file are.
 #include "FileFormat.h"
 
 #include "Refusal.h"
@@ -6,7 +5,7 @@
 namespace zdr {
 namespace {
 
-constexpr std::size_t kMarkEnd = 8; // the offset of the first table, and the mark behind it
+constexpr std::size_t kMarkEnd = 8; // the offset of the first table, and the mark after it
 
 std::wstring bytesText(std::uint64_t count) {
     return std::to_wstring(count) + (count == 1 ? L" byte" : L" bytes");

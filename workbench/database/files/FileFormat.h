@@ -1,4 +1,5 @@
-// The frame around a drawing file's tables: its mark, its version, its length, and the verifier's word.
+// What is checked before a drawing file's tables are read: the mark, the version, the length, and that every offset
+// leads to a place in the file.
 #pragma once
 
 #include <drawing_generated.h>

@@ -5,7 +5,7 @@
 
 namespace zdr {
 
-/// The system's word on a file: cheap to ask for, and nearly always different after a change.
+/// What the system knows of a file: cheap to ask for, and nearly always different after a change.
 struct FileFacts {
     std::uint64_t size = 0;
     std::int64_t modified = 0;  ///< nanoseconds, by the system's clock

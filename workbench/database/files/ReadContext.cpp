@@ -1,4 +1,3 @@
-// Texts, names and columns of a file being read.
 #include "ReadContext.h"
 
 #include "TextCoding.h"
@@ -50,8 +49,8 @@ void ReadContext::readStyleNames(const flatbuffers::Vector<flatbuffers::Offset<f
 }
 
 Column<NameId> ReadContext::styles(const flatbuffers::Vector<std::uint32_t>& source, const Place& place) {
-    // The numbers of a file can be looked at in place only when none of them leaves the style names; the check of the
-    // columns does that, and needs no second pass here.
+    // The file's numbers are the drawing's name ids and are used in place. The check of the columns makes sure that
+    // none is out of range, which saves a pass here.
     if (m_identity)
         return view(source);
     claim(source.size() * sizeof(NameId));

@@ -20,22 +20,23 @@ class ReadContext {
     std::wstring text(const flatbuffers::String* source, const Place& place);
     /// The same as a name of the drawing.
     NameId name(const flatbuffers::String* source, const Place& place);
-    /// The number behind an index of the file, where -1 and 0 mean none.
+    /// The name at an index of the file's style names; -1 and 0 mean none.
     NameId style(std::int64_t index, const Place& place) const;
 
-    /// Enters the file's style names; style() and column() count on them.
+    /// Enters the file's style names; must come before style() and styles().
     void readStyleNames(const flatbuffers::Vector<flatbuffers::Offset<flatbuffers::String>>& source);
     std::size_t styleCount() const { return m_styles.size(); }
     /// Whether the numbers of styles in the file are the drawing's own.
     bool stylesAreNames() const { return m_identity; }
 
-    /// Answers for `bytes` of the file that are copied. Parts of an honest file don't overlap, so that all copies
-    /// together are no larger than the file; a file that makes more of its bytes is refused.
+    /// Counts `bytes` of the file that are about to be copied. Parts of a sound file don't overlap, so that all copies
+    /// together are no larger than the file; a file whose copies would be larger is refused.
     void claim(std::size_t bytes);
-    /// Answers for `count` flags that the file only implies: a viewport's, of all layers up to the last frozen one.
+    /// Counts `count` flags that the file only implies: a viewport's, of all layers up to the last frozen one. Refuses
+    /// a file that implies too many.
     void claimFlags(std::size_t count);
 
-    /// A column that looks at the file's bytes.
+    /// A column that uses the file's bytes in place.
     template <class T> Column<T> view(const flatbuffers::Vector<T>& source) const {
         return Column<T>(m_owner, std::span<const T>(source.data(), source.size()));
     }

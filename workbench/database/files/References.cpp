@@ -1,4 +1,3 @@
-// Resolving references.
 #include "References.h"
 
 #include "DrawingCheck.h"
@@ -11,7 +10,7 @@
 namespace zdr {
 namespace {
 
-// Drawings that refer to each other crosswise open into very many nested ones, each with layers of its own.
+// Few drawings that refer to each other more than once can make very many nested ones, each with layers of its own.
 constexpr std::size_t kMostShown = 1000;
 constexpr std::size_t kDeepest = 256;
 
@@ -100,7 +99,8 @@ Shown Resolver::read(const std::wstring& path, const std::wstring& id, const std
     const std::size_t before = m_problems.size();
     const Nesting inside = resolve(*drawing, path, name + engine::kReferenceSeparator);
     const Shown shown{drawing, inside};
-    // With a problem inside it may look different elsewhere: a drawing that leads back to itself here needn't there.
+    // A drawing with a problem inside isn't kept: in another place it may be shown whole, as when one of its references
+    // leads back to a drawing that it is nested in only here.
     if (m_problems.size() == before)
         m_read.emplace(id, shown);
     return shown;

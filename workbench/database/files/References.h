@@ -18,7 +18,7 @@ struct ReferenceProblem {
 
 /// Reads the drawings of all references of `drawing`, which was read from the file `path`. Relative paths count from
 /// the folder of the drawing that has the reference. A reference whose file can't be read, or leads back to a drawing
-/// that it is nested in, is left without a drawing and told in `problems`.
+/// that it is nested in, is left without a drawing and listed in `problems`.
 KELDB_API void resolveReferences(Drawing& drawing, const std::wstring& path, std::vector<ReferenceProblem>& problems);
 
 } // namespace zdr

@@ -1,4 +1,3 @@
-// The sentences in which a file is refused.
 #include "Refusal.h"
 
 namespace zdr {

@@ -16,7 +16,7 @@ struct Refusal {
     std::wstring cause; ///< the end of a sentence that begins with the path: "holds ..."
 };
 
-/// A part of a drawing, as reasons name it: viewport 2 of layout 1 ("A3"). Costs nothing until it is told.
+/// A part of a drawing, as reasons name it: viewport 2 of layout 1 ("A3"). Costs nothing until its text is asked for.
 struct Place {
     const wchar_t* kind;
     std::size_t index = kNone; ///< from 0; told from 1

@@ -1,4 +1,3 @@
-// Numbering of the style names that a drawing uses.
 #include "StyleNumbers.h"
 
 namespace zdr {

@@ -105,7 +105,7 @@ std::size_t InputFile::read(std::span<std::byte> bytes) {
 
 ReplacementFile::ReplacementFile(std::wstring target, Unopened) : m_target(std::move(target)), m_handle(-1) {}
 
-// Delegates, so that the destructor removes the file also when something fails behind its making.
+// Delegates, so that the destructor removes the new file also when something fails after it was made.
 ReplacementFile::ReplacementFile(const std::wstring& target) : ReplacementFile(behindLinks(target), Unopened{}) {
     const std::filesystem::path system = systemPath(m_target);
     // A rename would put a file in the place of a device, too.

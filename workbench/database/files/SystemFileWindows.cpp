@@ -82,7 +82,7 @@ HANDLE openForReading(const std::wstring& path) {
                        FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
 }
 
-/// Whether the path is a device's, such as NUL, which stands in every folder.
+/// Whether the path is a device's, such as NUL, which is there in every folder.
 bool isDevice(const std::wstring& path) {
     const HANDLE handle = openForReading(path);
     if (handle == INVALID_HANDLE_VALUE)
@@ -109,8 +109,8 @@ std::wstring behindLinks(const std::wstring& path) {
     return error ? path : target.wstring();
 }
 
-/// Replaces a file. One that somebody has open can't be replaced; what looks into new files (search, virus scanners,
-/// another program reading a drawing) lets go of them soon, and is waited for.
+/// Replaces a file. One that somebody has open can't be replaced. Programs that look into new files (search, virus
+/// scanners, another one reading a drawing) close them soon, so this tries again for a while.
 bool moveOver(const std::wstring& from, const std::wstring& to) {
     constexpr int kTries = 50;
     constexpr DWORD kPause = 10; // milliseconds
@@ -168,7 +168,7 @@ std::size_t InputFile::read(std::span<std::byte> bytes) {
 ReplacementFile::ReplacementFile(std::wstring target, Unopened)
     : m_target(std::move(target)), m_handle(numberOf(INVALID_HANDLE_VALUE)) {}
 
-// Delegates, so that the destructor removes the file also when something fails behind its making.
+// Delegates, so that the destructor removes the new file also when something fails after it was made.
 ReplacementFile::ReplacementFile(const std::wstring& target) : ReplacementFile(behindLinks(target), Unopened{}) {
     const DWORD attributes = GetFileAttributesW(longPath(m_target).c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)))

@@ -1,4 +1,3 @@
-// Building of the tables.
 #include "TableWriter.h"
 
 #include "EntityCoding.h"
@@ -12,7 +11,7 @@ using flatbuffers::Offset;
 
 namespace {
 
-/// A reference as the file keeps it.
+/// The index of a reference as the file keeps it, -1 for none.
 std::int32_t fileIndex(std::size_t index) {
     return index == kNone ? -1 : static_cast<std::int32_t>(index);
 }
@@ -174,7 +173,7 @@ void TableWriter::write() {
     const auto ownColumns = columns();
     const auto setTables = layerSets();
     const auto stateTables = states();
-    // An empty name is a state's name too little, but is kept apart from none.
+    // No state has an empty name, but the file still tells an empty last restored name from none.
     const Text lastRestored = m_drawing.lastRestored ? text(*m_drawing.lastRestored) : Text(0);
     const auto entities = writeEntities(m_builder, m_drawing.entities, m_styles);
     const auto layoutTables = layouts();

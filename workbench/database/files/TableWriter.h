@@ -16,7 +16,7 @@ class TableWriter {
   public:
     /// Writes to `builder`; all three must outlive the writer.
     TableWriter(const Drawing& drawing, const StyleNumbers& styles, flatbuffers::FlatBufferBuilder& builder);
-    /// Writes all tables. Columns lead to an empty vector and the length isn't the file's, until the file is laid out.
+    /// Writes all tables. Until the file is laid out, columns lead to an empty vector and the length isn't the file's.
     void write();
 
   private:

@@ -24,7 +24,7 @@ std::uint32_t unit(wchar_t c) {
         return static_cast<std::uint32_t>(c);
 }
 
-/// The code point at `index`, which moves behind it.
+/// The code point at `index`, which moves past it.
 std::uint32_t nextCode(std::wstring_view text, std::size_t& index) {
     const std::uint32_t code = unit(text[index++]);
     if (isHigh(code) && index < text.size() && isLow(unit(text[index])))
@@ -61,7 +61,8 @@ void appendWide(std::wstring& text, std::uint32_t code) {
     }
 }
 
-/// The code of the sequence that starts with `lead` and its length; length 0 when no sequence starts so.
+/// What the first byte of a sequence says: its length in bytes, 0 when no sequence starts so, and the code's first
+/// bits.
 struct Lead {
     std::size_t length;
     std::uint32_t bits;
@@ -117,7 +118,7 @@ std::optional<std::wstring> fromUtf8(std::string_view bytes) {
             continue;
         }
         const std::optional<std::uint32_t> code = decodeSequence(bytes, index);
-        // A pair in two sequences would be a second spelling of one character.
+        // A surrogate pair as two sequences would be a second spelling of one character.
         if (!code || (afterHigh && isLow(*code)))
             return std::nullopt;
         afterHigh = isHigh(*code);

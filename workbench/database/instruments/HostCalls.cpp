@@ -1,4 +1,4 @@
-// Everything runs on the host's one thread, so the state is plain.
+// Everything runs on the host's one thread, so the state needs no lock.
 
 #include "HostCalls.h"
 
@@ -27,7 +27,7 @@ struct Entry {
 struct Watch {
     std::vector<std::string> lines;
     std::vector<Fault> faults;
-    int allocationsLeft = 0; // until one fails; 0: none is to
+    int allocationsLeft = 0; // the last of so many fails; 0: none is to
     bool struck = false;
     std::string struckOperation;
     std::map<const void*, Entry> entries;
@@ -95,7 +95,7 @@ std::string describe(const KelString& text) {
 std::string describe(KelDbObjectId id) {
     if (id.isNull())
         return "null";
-    // Objects that every drawing has bear handles from the top of the range, and say more by their name.
+    // The objects that every drawing has are shown by name: their handles, from the top of the range, tell nothing.
     constexpr const char* kNamed[] = {"#layerTable", "#linetypeTable", "#plotStyles", "#layerStates"};
     const std::uint64_t fromTop = ~id.handle().value();
     if (fromTop < std::size(kNamed))

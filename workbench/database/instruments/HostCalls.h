@@ -23,7 +23,7 @@ KELDB_API extern bool g_watching;
 /// Turns all three on, with an empty trace, no faults and an empty ledger; off again drops everything.
 KELDB_API void watch(bool on);
 
-/// How a value stands in a line of the trace: texts quoted, ids as #handle in hexadecimal, null as null.
+/// A value as a line of the trace shows it: texts quoted, ids as #handle in hexadecimal, null as null.
 KELDB_API std::string describe(const wchar_t* text);
 KELDB_API std::string describe(const std::wstring& text);
 KELDB_API std::string describe(const KelString& text);
@@ -112,7 +112,7 @@ class KELDB_API HostCall {
             m_answer = " = " + describe(value);
         return value;
     }
-    /// An out argument, for the trace; stands behind the answer whatever the order.
+    /// Writes an out argument into the trace, after the answer even when answer() is called later.
     template <class T> void out(const char* name, const T& value) {
         if (g_watching && m_index >= 0)
             m_outs += std::string(", ") + name + "=" + describe(value);

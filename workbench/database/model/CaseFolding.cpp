@@ -1,4 +1,4 @@
-// The ranges are Unicode 14's simple upper-case mappings of the basic plane without ASCII.
+// The table below holds Unicode 14's simple upper-case mappings of the basic plane without ASCII.
 
 #include "CaseFolding.h"
 

@@ -27,7 +27,7 @@ template <class T> class Column {
     const T& operator[](std::size_t index) const { return m_values[index]; }
     std::span<const T> values() const { return m_values; }
 
-    /// Whether both hold the same values; at once when they share them.
+    /// Whether both hold the same values; doesn't look at values that they share.
     bool equals(const Column& other) const {
         if (size() != other.size())
             return false;
@@ -35,8 +35,8 @@ template <class T> class Column {
                std::memcmp(m_values.data(), other.m_values.data(), m_values.size_bytes()) == 0;
     }
 
-    /// The values to write to; copied first unless this is their only holder. What values() answered before, and what
-    /// this answers after the column was shared again, is another holder's.
+    /// The values to write to; copied first unless this is their only holder. A span that values() answered before
+    /// isn't this column's any more, and the span answered here may not be written to once the column is shared again.
     std::span<T> write() {
         if (!isOnlyHolder())
             takeOver(std::make_shared<std::vector<T>>(m_values.begin(), m_values.end()));
@@ -44,7 +44,7 @@ template <class T> class Column {
     }
     /// Writes one value.
     void set(std::size_t index, T value) { write()[index] = value; }
-    /// Makes room for so many more values: putting them in, writing and taking out then needs no memory and can't fail.
+    /// Makes room for `more` values: putting them in, writing and taking out then needs no memory and can't fail.
     void makeRoom(std::size_t more) {
         const std::size_t needed = size() + more;
         if (isOnlyHolder() && needed <= m_own->capacity())

@@ -13,7 +13,7 @@
 
 namespace zdr {
 
-/// A number that names an object of the drawing for ever; 0 is none.
+/// A number that names an object of the drawing for good, also in its file; 0 is none.
 using Handle = std::uint64_t;
 inline constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
@@ -40,8 +40,7 @@ struct Layer {
     Handle handle = 0;
     std::wstring description;
     std::size_t reference = kNone; ///< index of the reference that the layer comes from
-    bool unresolvedInside =
-        false; ///< the reference's drawing is there, but what brings the layer to it isn't; not saved
+    bool unresolvedInside = false; ///< the reference's drawing is there, but doesn't bring the layer now; not saved
 };
 
 /// A layer state. Its columns run parallel to its layer set.
@@ -154,7 +153,7 @@ struct Drawing {
     std::shared_ptr<const LayerSet> layerSet; ///< the names of `layers`; a new one whenever they change
     LayerColumns columns;                     ///< parallel to `layers`
     std::size_t currentLayer = 0;
-    std::vector<LayerState> states;           ///< drawing order; those of references behind the drawing's own
+    std::vector<LayerState> states;           ///< drawing order; those of references come last
     std::optional<std::wstring> lastRestored; ///< name of a state
     std::vector<Entity> entities;             ///< in model space
     std::vector<Layout> layouts;

@@ -26,7 +26,7 @@ void discard(ResultBuffer* chain) {
     }
 }
 
-// Appends a node behind `*end` and moves `end` to its link; false when memory runs out.
+// Appends a node at `*end`, the last node's link, and moves `end` to the new node's; false when memory runs out.
 bool append(ResultBuffer**& end, std::int16_t code, const std::variant<std::int32_t, std::wstring>& value) {
     auto* node = static_cast<ResultBuffer*>(instruments::allocate(sizeof(ResultBuffer)));
     if (!node)

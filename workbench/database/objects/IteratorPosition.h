@@ -23,7 +23,7 @@ struct KelDbSymbolTableIterator::Position {
 };
 
 struct KelDbIteratorAccess {
-    /// A new iterator, which the caller deletes.
+    /// A new iterator of the layer table, which the caller deletes.
     static KelDbLayerTableIterator* layers(const engine::DatabaseImp& database, bool atBeginning);
     static KelDbLinetypeTableIterator* linetypes(const engine::DatabaseImp& database, bool atBeginning);
 

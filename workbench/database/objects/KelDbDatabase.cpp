@@ -1,5 +1,3 @@
-// A drawing database at the host's boundary.
-
 #include "KelDbDatabase.h"
 
 #include "ObjectState.h"

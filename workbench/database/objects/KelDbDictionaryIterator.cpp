@@ -1,4 +1,4 @@
-// Walking a dictionary. The states of references stand behind the drawing's own and are no entries.
+// Walking a dictionary. The states of references come after the drawing's own and are no entries.
 
 #include "instruments/HostCalls.h"
 #include "KelDbObject.h"

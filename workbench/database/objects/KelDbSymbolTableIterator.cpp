@@ -55,7 +55,7 @@ Vorn::ErrorStatus KelDbSymbolTableIterator::getRecordId(KelDbObjectId& id) const
     return call.answer(Vorn::eOk);
 }
 
-// The getRecord of both tables; `stub` is of the record at the iterator, null behind the last.
+// getRecord() of both iterators; `stub` is that of the record at the iterator, null when it is past the last one.
 template <class Record>
 static Vorn::ErrorStatus openRecord(KelDbStub* stub, Record*& record, int mode, bool openErased) {
     HostCall call("iterator.getRecord", mode, openErased);

@@ -1,5 +1,3 @@
-// The roots of the host's runtime class mechanism.
-
 #include "KelRtObject.h"
 
 KelRtObject::~KelRtObject() = default;
