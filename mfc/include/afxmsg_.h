@@ -97,13 +97,13 @@ struct AFX_NOTIFY {
     NMHDR* pNMHDR;
 };
 
-/// Says that a handler exists, without calling it.
+/// Receives the handler that was found, where OnCmdMsg is asked to find it without calling it.
 struct AFX_CMDHANDLERINFO {
     CCmdTarget* pTarget;
     AFX_PMSG pmf;
 };
 
-/// The one number under which the WM_CTLCOLOR... messages stand in a map.
+/// The number that message maps use for all WM_CTLCOLOR... messages.
 #ifndef WM_CTLCOLOR
 #define WM_CTLCOLOR 0x0019
 #endif
@@ -113,7 +113,7 @@ constexpr int CN_UPDATE_COMMAND_UI = -1;
 /// Added to a message that a parent hands back to the control that sent it.
 constexpr UINT WM_REFLECT_BASE = 0xBC00;
 
-/// The one form in which a table keeps handlers; the dispatcher turns it back by the entry's AfxSig.
+/// Turns a handler into the one type that tables keep; the dispatcher turns it back, as the entry's AfxSig says.
 template <class Handler> AFX_PMSG AfxHandler(Handler handler) {
     static_assert(sizeof(Handler) == sizeof(AFX_PMSG));
     return std::bit_cast<AFX_PMSG>(handler);

@@ -31,7 +31,7 @@ template <class TYPE, class ARG_TYPE = const TYPE&> class CArray : public CObjec
     TYPE& operator[](INT_PTR nIndex) { return GetAt(nIndex); }
     void SetAt(INT_PTR nIndex, ARG_TYPE newElement) { m_items.at(Index(nIndex)) = newElement; }
     void SetAtGrow(INT_PTR nIndex, ARG_TYPE newElement) {
-        // The element may be one of ours, which growing would move.
+        // A copy, because the reference may be to an element of this array, which growing moves.
         TYPE element(newElement);
         if (nIndex >= GetSize())
             SetSize(nIndex + 1);
@@ -137,7 +137,7 @@ template <class TYPE, class ARG_TYPE = const TYPE&> class CList : public CObject
             return AddTail(newElement);
         return Link(new Node(newElement), At(position), At(position)->next);
     }
-    /// The first place behind `startAfter` (null: from the head) that holds an equal value, or null.
+    /// The first place after `startAfter` (null: from the head) that holds an equal value, or null.
     POSITION Find(ARG_TYPE searchValue, POSITION startAfter = nullptr) const {
         for (Node* node = startAfter ? At(startAfter)->next : m_head; node; node = node->next)
             if (node->value == searchValue)

@@ -9,7 +9,8 @@ namespace {
 
 #if defined(_WIN32)
 
-// The Microsoft runtime is at hand; its underscored functions keep its own meaning whatever the compiler's headers do.
+// On Windows the Microsoft runtime does the work. Its underscored functions keep its meaning of a format; the others
+// may be replaced by the compiler's headers.
 int formatInto(std::vector<wchar_t>& buffer, const std::wstring& format, std::va_list arguments) {
     return _vsnwprintf(buffer.data(), buffer.size() - 1, format.c_str(), arguments);
 }
@@ -54,8 +55,8 @@ std::wstring systemFormat(const wchar_t* format) {
 
 std::wstring formatForCommandLine(const wchar_t* format, std::va_list arguments) {
     const std::wstring native = systemFormat(format ? format : L"");
-    // Neither system tells the length needed of a wide format, so the room is doubled; the bound catches a broken
-    // format.
+    // Neither system says how long the text of a wide format will be, so the buffer is doubled until it fits; the bound
+    // catches a broken format.
     std::vector<wchar_t> buffer(256);
     for (;;) {
         std::va_list copy;

@@ -7,7 +7,7 @@
 
 namespace runtime {
 
-/// The formatted text; what was formatted so far when the format is broken.
+/// The formatted text; of a broken format, what was formatted before the fault.
 std::wstring formatForCommandLine(const wchar_t* format, std::va_list arguments);
 
 } // namespace runtime

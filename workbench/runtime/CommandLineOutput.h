@@ -15,7 +15,7 @@ KELDB_API void setOutputSink(OutputSink sink);
 /// Prints a text of the host's own, which isn't a call that a module has made.
 KELDB_API void print(const std::wstring& text);
 
-/// Told the text of kelrt_abort before the process ends. It may throw, and the process goes on then.
+/// Called with the text of kelrt_abort before the process ends. When it throws, the process goes on.
 using AbortHandler = std::function<void(const std::wstring& text)>;
 KELDB_API void setAbortHandler(AbortHandler handler);
 

@@ -4,7 +4,7 @@
 #include "KelRuntime.h"
 
 struct KelRtDictionaryAccess {
-    /// The object of that name or null.
+    /// The object of that name, which stays the dictionary's, or null.
     static KelRtObject* find(const KelRtDictionary& dictionary, const wchar_t* name);
     /// Enters an object as KelRtDictionary::atPut does.
     static void put(KelRtDictionary& dictionary, const wchar_t* name, KelRtObject* object);

@@ -7,11 +7,11 @@
 
 namespace runtime {
 
-/// What the view is told. The calls come on the host's one thread, in the order in which they were made.
+/// What the view is told. The calls come on the host's one thread, in the order in which modules made them.
 class KELDB_API DisplayObserver {
   public:
     virtual ~DisplayObserver();
-    /// What lies on those layers is to be drawn anew.
+    /// Draw the entities of those layers again.
     virtual void regenerateLayers(const KelArray<KelDbObjectId>& layers) = 0;
     /// The layer table's changes are published: what names layers, such as the status line, is out of date.
     virtual void layersPublished() = 0;
@@ -19,7 +19,7 @@ class KELDB_API DisplayObserver {
     virtual void updateDisplay() = 0;
 };
 
-/// The observer stays the caller's, who takes it away again with null before its end.
+/// The observer stays the caller's, who must set null before it ends.
 KELDB_API void setDisplayObserver(DisplayObserver* observer);
 
 /// Marks that a regeneration is due; answered by keledRegenPending until the next regeneration of layers.

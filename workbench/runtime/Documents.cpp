@@ -12,7 +12,7 @@ KelTransactionManager::~KelTransactionManager() = default;
 KelApDocument::~KelApDocument() = default;
 KelApDocManager::~KelApDocManager() = default;
 
-/// The token of a transaction; its address is all that it is for.
+/// The token of a transaction; only its address is used.
 class KelTransaction {};
 
 namespace runtime {
@@ -42,7 +42,7 @@ void makeCurrent(Document* document) {
 TransactionManager::TransactionManager(KelDbDatabase& database) : m_database(database) {}
 
 TransactionManager::~TransactionManager() {
-    // What a module left open must not stay in the ledger under an address that others may get.
+    // A transaction that a module left open must not stay in the ledger: something else may get its address.
     for (const auto& transaction : m_open)
         instruments::giveBack(transaction.get());
 }

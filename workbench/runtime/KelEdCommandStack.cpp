@@ -1,5 +1,3 @@
-// The stack of registered commands.
-
 #include "instruments/HostCalls.h"
 #include "KelRuntime.h"
 #include "model/NameTable.h"

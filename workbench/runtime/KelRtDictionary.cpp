@@ -1,5 +1,3 @@
-// A dictionary of the host's runtime.
-
 #include "DictionaryAccess.h"
 #include "instruments/HostCalls.h"
 #include "objects/RtClass.h"
@@ -17,7 +15,7 @@ struct KelRtDictionary::Entries {
 
 namespace {
 
-// The records of classes are static; every other object that stands in a dictionary belongs to it.
+// The records of classes are static; a dictionary owns every other object in it.
 void drop(KelRtObject* object) {
     if (object && !object->isKindOf(KelRtClass::desc()))
         delete object;

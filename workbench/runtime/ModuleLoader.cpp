@@ -15,7 +15,7 @@ namespace {
 using EntryPoint = int (*)(unsigned int message, void* packet);
 using ApiVersion = unsigned int (*)();
 
-/// Sees to it that a module finds its resource file in its own folder when it asks for it by its bare name.
+/// While it lives, a module that loads its resource file by the bare name finds it in its own folder.
 class SearchFolder {
   public:
     explicit SearchFolder(const std::filesystem::path& folder) { SetDllDirectoryW(folder.c_str()); }
@@ -39,7 +39,8 @@ template <class Function> Function exported(HMODULE library, const char* name) {
     return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(library, name)));
 }
 
-// The only start-up failure that a module reports by number is that of its resources.
+// What the user is told when a module answers kelrtAnswerLoadFailed: the one failure with that answer is that of its
+// resources.
 std::wstring resourceSentence(const std::filesystem::path& path) {
     const std::filesystem::path resources = path.parent_path() / (path.stem().wstring() + L"Res.dll");
     std::error_code ignored;

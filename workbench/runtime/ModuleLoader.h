@@ -1,4 +1,4 @@
-// Loads plug-in modules into the process and tells them so. Windows tier.
+// Loads plug-in modules into the process and unloads them, with the messages that tell them so. Windows tier.
 #pragma once
 
 #include "KelExport.h"
@@ -17,10 +17,10 @@ class KELDB_API ModuleLoader {
     ModuleLoader(const ModuleLoader&) = delete;
     ModuleLoader& operator=(const ModuleLoader&) = delete;
 
-    /// Loads the module and sends it the load message. Answers an empty text on success; otherwise what was in the way,
-    /// in one sentence, and nothing of the module stays loaded.
+    /// Loads the module and sends it the load message. Answers an empty text on success; otherwise the reason in one
+    /// sentence, and nothing of the module stays loaded.
     [[nodiscard]] std::wstring load(const std::wstring& path);
-    /// Unloads the module of that path, if it has agreed to that and was loaded here.
+    /// Unloads the module of that path. False when it wasn't loaded here, or hasn't agreed to be unloaded.
     bool unload(const std::wstring& path);
     /// Sends every module the unload message and frees it.
     void unloadAll();

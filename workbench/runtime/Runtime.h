@@ -1,4 +1,4 @@
-// The runtime as a whole.
+// Putting the runtime back to its beginning, as tests need it.
 #pragma once
 
 #include "KelExport.h"

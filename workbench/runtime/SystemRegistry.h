@@ -1,4 +1,4 @@
-// The system registry as the host itself reaches it, and what modules have declared about themselves.
+// The system registry as the host itself uses it, and what modules have declared about themselves.
 #pragma once
 
 #include "KelRuntime.h"

@@ -18,7 +18,7 @@ namespace runtime {
 
 namespace {
 
-/// What the readers of the table read from.
+/// What the variables of the open drawing are read from.
 struct Facts {
     const zdr::Drawing& drawing;
     const std::wstring& path; ///< empty for a drawing that was never saved
@@ -62,7 +62,7 @@ struct Variable {
     bool positive = false;               ///< takes numbers above 0 only
 };
 
-// Alphabetical. The drawing's ones fail while no drawing is open.
+// In alphabetical order. Reading one of the drawing's fails while no drawing is open.
 const Variable kVariables[] = {
     {L"CLAYER", kVariableString, {}, currentLayer},
     {L"CPROFILE", kVariableString, std::wstring(L"Default"), nullptr},

@@ -19,7 +19,7 @@ using VariableValue = std::variant<std::int16_t, std::int32_t, double, std::wstr
 /// type, and for an LTSCALE that isn't above 0.
 [[nodiscard]] KELDB_API Vorn::ErrorStatus setSystemVariable(const wchar_t* name, VariableValue value);
 
-/// LTSCALE, by which the lengths of all dashes are multiplied: above 0. No call of the host, so it can't fail.
+/// LTSCALE, by which the lengths of all dashes are multiplied: above 0. For the host itself: isn't traced, can't fail.
 KELDB_API double linetypeScale();
 
 /// The names of all variables, in alphabetical order.

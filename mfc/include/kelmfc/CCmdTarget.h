@@ -22,7 +22,8 @@ class AFXMFC_API CCmdTarget : public CObject {
     static const AFX_MSGMAP* GetThisMessageMap();
 };
 
-/// What an update handler sets. Without a menu nothing is shown; DoUpdate's answer is kept for the caller.
+/// Through it an update handler says how the command's item is to look. Without a menu nothing is shown, but DoUpdate
+/// answers all the same.
 class AFXMFC_API CCmdUI {
   public:
     CCmdUI() = default;

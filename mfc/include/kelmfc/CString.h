@@ -87,7 +87,7 @@ class AFXMFC_API CString {
     int Find(TCHAR ch, int iStart = 0) const;
     int ReverseFind(TCHAR ch) const;
     int FindOneOf(LPCTSTR pszCharSet) const;
-    /// The next token from `iStart`, which moves behind it; -1 in `iStart` when there is none left.
+    /// The next token from `iStart`, which moves past it; -1 in `iStart` when there is none left.
     CString Tokenize(LPCTSTR pszTokens, int& iStart) const;
 
     CString& Trim();
@@ -114,7 +114,7 @@ class AFXMFC_API CString {
     void AppendFormatV(LPCTSTR pszFormat, va_list args);
 
 #ifdef _WIN32
-    // The formats below come from string resources, looked for where AfxFindResourceHandle finds the string.
+    // The formats below come from string resources, which AfxFindResourceHandle finds.
     void Format(UINT nFormatID, ...);
     void AppendFormat(UINT nFormatID, ...);
     /// Inserts with the system's %1 to %99; nothing changes when the system refuses the format.

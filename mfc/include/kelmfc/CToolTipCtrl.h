@@ -1,6 +1,6 @@
-// CToolTipCtrl: a tool tip window. RelayEvent, called from PreTranslateMessage, shows it the mouse; its tools' windows
-// are not subclassed. Times are milliseconds. Narrower than MFC: no EnableToolTips on CWnd; a window that wants tool
-// tips makes one of these.
+// CToolTipCtrl: a tool tip window. It doesn't subclass the windows of its tools, so the owner's PreTranslateMessage
+// passes it the mouse messages by RelayEvent. Times are milliseconds. Narrower than MFC: no EnableToolTips on CWnd; a
+// window that wants tool tips makes one of these.
 #pragma once
 
 #include "CWnd.h"

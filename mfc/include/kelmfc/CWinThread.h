@@ -27,7 +27,7 @@ class AFXMFC_API CWinThread : public CCmdTarget {
     virtual BOOL PreTranslateMessage(MSG* pMsg);
     /// One message; FALSE at WM_QUIT.
     virtual BOOL PumpMessage();
-    /// FALSE for messages after which being idle again is no news.
+    /// FALSE for messages after which OnIdle isn't called anew: the caret's timer, and mouse moves without a move.
     virtual BOOL IsIdleMessage(MSG* pMsg);
     /// Answers a message whose handler threw; whoever calls deletes the exception.
     virtual LRESULT ProcessWndProcException(CException* e, const MSG* pMsg);

@@ -193,7 +193,7 @@ class AFXMFC_API CWnd : public CCmdTarget {
     BOOL IsChild(const CWnd* pWnd) const { return ::IsChild(m_hWnd, pWnd->m_hWnd); }
     CWnd* GetTopLevelParent() const;
     CWnd* GetTopLevelOwner() const;
-    /// The owner set by SetOwner, or the parent: who gets what this window has to say.
+    /// The window that gets this window's commands and notifications: the owner set by SetOwner, or else the parent.
     CWnd* GetOwner() const { return m_hWndOwner ? FromHandle(m_hWndOwner) : GetParent(); }
     void SetOwner(CWnd* pOwnerWnd) { m_hWndOwner = pOwnerWnd ? pOwnerWnd->m_hWnd : nullptr; }
 
@@ -227,7 +227,6 @@ class AFXMFC_API CWnd : public CCmdTarget {
     CWnd* GetNextDlgTabItem(CWnd* pWndCtl, BOOL bPrevious = FALSE) const;
     BOOL IsDialogMessage(LPMSG lpMsg) { return ::IsDialogMessage(m_hWnd, lpMsg); }
     BOOL UpdateData(BOOL bSaveAndValidate = TRUE);
-    /// FALSE from the base: the size or kind of what was exchanged is the derived class's business.
     virtual void DoDataExchange(CDataExchange*) {}
 
     // --- modal loop ---
@@ -259,7 +258,7 @@ class AFXMFC_API CWnd : public CCmdTarget {
     /// Passes the message being handled, with its own parameters, to the default procedure.
     LRESULT Default();
 
-    // What a handler of the same name in a derived class may call.
+    // A handler of the same name in a derived class may call these.
     afx_msg int OnCreate(LPCREATESTRUCT) { return static_cast<int>(Default()); }
     afx_msg void OnDestroy() { Default(); }
     afx_msg void OnNcDestroy();
@@ -333,7 +332,7 @@ class AFXMFC_API CWnd : public CCmdTarget {
     DECLARE_MESSAGE_MAP()
 
   private:
-    // The library's own access to what no user of the class needs.
+    // For the library itself.
     friend struct CWndInternals;
     /// One of the special windows of SetWindowPos.
     explicit CWnd(HWND hWnd) : m_hWnd(hWnd) {}

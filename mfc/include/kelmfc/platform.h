@@ -1,5 +1,5 @@
-// What every header of the subset stands on: Win32's basic types (from <windows.h> on Windows, spelled out elsewhere)
-// and the words that mark what the library exports. Only the wide-character build exists.
+// What every header of the subset needs: Win32's basic types (from <windows.h> on Windows, defined here elsewhere) and
+// the macros that mark what the library exports. Only the wide-character build exists.
 #pragma once
 
 #ifdef _WIN32

@@ -1,4 +1,3 @@
-// The exception classes and the functions that throw them.
 #include "afx.h"
 
 #include <algorithm>

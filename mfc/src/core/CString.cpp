@@ -299,7 +299,7 @@ int CString::Replace(TCHAR chOld, TCHAR chNew) {
 }
 
 int CString::Replace(LPCTSTR pszOld, LPCTSTR pszNew) {
-    // Copies: either may point into this string.
+    // Copies, because either text may be part of this string.
     const std::wstring from = Safe(pszOld);
     const std::wstring to = Safe(pszNew);
     int count = 0;

@@ -4,7 +4,7 @@
 #include "WideFormat.h"
 
 void CString::FormatV(LPCTSTR pszFormat, va_list args) {
-    // Into a new string: an argument may be this string's own text.
+    // Into a new string, because an argument may be this string's own text.
     std::wstring text;
     kelmfc::AppendFormatted(text, pszFormat, args);
     m_text = std::move(text);

@@ -87,7 +87,7 @@ class Formatter {
     }
 
     Size ReadSize() {
-        // Longest first; a lone I, j, z or t is as wide as a pointer, and the targets' pointers have 64 bits.
+        // The longest prefixes first. I, j, z and t mean the width of a pointer, which has 64 bits on both systems.
         static constexpr struct {
             const wchar_t* prefix;
             Size size;

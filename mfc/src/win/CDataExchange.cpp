@@ -16,7 +16,7 @@ CString textOf(HWND control) {
     return text;
 }
 
-// Only a change is written, so that nothing flickers and no change is notified in vain.
+// Writes the text only if it differs: otherwise the control would flicker and notify a change.
 void setText(HWND control, LPCTSTR text) {
     if (textOf(control) != text)
         ::SetWindowText(control, text);

@@ -1,4 +1,4 @@
-// CDialog: see kelmfc/CDialog.h. A modal dialog is a modeless one with a loop of its own.
+// A modal dialog is a modeless one with a message loop of its own.
 
 #include "ThreadState.h"
 
@@ -25,7 +25,8 @@ LPCDLGTEMPLATE findTemplate(LPCTSTR name, HINSTANCE& instance) {
     return loaded ? static_cast<LPCDLGTEMPLATE>(::LockResource(loaded)) : nullptr;
 }
 
-/// Both forms of a template begin differently; the extended one has 0xFFFF in its second word.
+/// Whether the template leaves the place to the program. A template has one of two forms, which keep the style in
+/// different places; the extended one has 0xFFFF in its second word.
 bool leavesPlaceOpen(LPCDLGTEMPLATE dialogTemplate) {
     struct Extended {
         WORD version, signature;
@@ -57,7 +58,7 @@ CDialog::CDialog(LPCTSTR lpszTemplateName, CWnd* pParentWnd)
     : m_lpszTemplateName(lpszTemplateName), m_pParentWnd(pParentWnd) {}
 
 CDialog::~CDialog() {
-    // Here the window's end still finds a CDialog.
+    // Not left to ~CWnd: the messages of the window's end must still find a CDialog.
     if (m_hWnd)
         DestroyWindow();
 }
@@ -94,7 +95,7 @@ BOOL CDialog::CreateFromParent(LPCDLGTEMPLATE lpDialogTemplate, HWND hWndParent,
     HWND created = ::CreateDialogIndirect(hInst, lpDialogTemplate, hWndParent, &dialogProc);
     if (!kelmfc::unhookWindowCreation())
         PostNcDestroy();
-    // The dialog ended itself while it was being set up.
+    // EndDialog was called while the dialog was being set up.
     if (created && !(m_nFlags & WF_CONTINUEMODAL)) {
         ::DestroyWindow(created);
         created = nullptr;
@@ -123,7 +124,7 @@ INT_PTR CDialog::DoModal() {
     } catch (const std::bad_alloc&) {
         m_nModalResult = -1;
     }
-    // The parent comes back before the dialog goes, or Windows activates another program's window. One that was
+    // The parent is enabled before the dialog goes, or Windows activates another program's window. A parent that was
     // disabled before stays so, although Wine's EndDialog enables every owner.
     if (hasParent)
         ::EnableWindow(parent, wasEnabled);

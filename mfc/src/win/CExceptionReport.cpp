@@ -1,4 +1,4 @@
-// Exceptions told to the user.
+// How an exception is told to the user: the part of CException that needs Windows.
 #include <afxwin.h>
 
 int CException::ReportError(UINT nType, UINT nMessageID) {

@@ -69,7 +69,7 @@ CGdiObject* CGdiObject::FromHandle(HGDIOBJ hObject) {
         return nullptr;
     if (CGdiObject* const object = theMap().permanent(hObject))
         return object;
-    // GDI gives the handle of a deleted object to a new one, perhaps of another kind, before the next idle.
+    // GDI reuses handles: before the next idle, a deleted object's may name a new object, perhaps of another kind.
     const CRuntimeClass* const kind = classOf(hObject);
     CGdiObject* const known = theMap().temporary(hObject);
     if (known && known->GetRuntimeClass() == kind)

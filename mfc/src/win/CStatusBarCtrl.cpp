@@ -12,7 +12,7 @@ CString CStatusBarCtrl::GetText(int nPane, int* pType) const {
     if (pType)
         *pType = HIWORD(answer);
     CString text;
-    // An owner-drawn pane's "text" is a value of the owner's.
+    // The "text" of an owner-drawn pane is a number of the owner's.
     if (HIWORD(answer) & SBT_OWNERDRAW)
         return text;
     SendMessage(SB_GETTEXT, pane, reinterpret_cast<LPARAM>(text.GetBuffer(length)));

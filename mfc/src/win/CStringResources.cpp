@@ -63,7 +63,7 @@ void CString::FormatMessageV(LPCTSTR pszFormat, va_list* pArgs) {
     ::SetLastError(ERROR_SUCCESS);
     const DWORD length = ::FormatMessage(FORMAT_MESSAGE_FROM_STRING | FORMAT_MESSAGE_ALLOCATE_BUFFER, pszFormat, 0, 0,
                                          reinterpret_cast<LPTSTR>(&text), 0, pArgs);
-    // A length of 0 is also what an empty result has.
+    // 0 is also the length of an empty result.
     if (length == 0 && ::GetLastError() != ERROR_SUCCESS)
         return;
     SetString(text, static_cast<int>(length));

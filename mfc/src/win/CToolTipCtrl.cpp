@@ -17,7 +17,7 @@ BOOL CToolTipCtrl::Create(CWnd* pParentWnd, DWORD dwStyle) {
 
 TOOLINFO CToolTipCtrl::Tool(const CWnd* wnd, UINT_PTR id) const {
     TOOLINFO tool = {};
-    // The size before version 6, which all versions accept.
+    // The structure's size before version 6 of the control, which all versions accept.
     tool.cbSize = TTTOOLINFOW_V2_SIZE;
     if (id != 0) {
         tool.hwnd = wnd->m_hWnd;

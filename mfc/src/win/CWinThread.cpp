@@ -70,7 +70,8 @@ BOOL preTranslate(MSG* message) {
     CWnd* const mainWindow = AfxGetMainWnd();
     if (CWnd::WalkPreTranslateTree(mainWindow ? mainWindow->m_hWnd : nullptr, message))
         return TRUE;
-    // The main window's accelerators work in a modeless dialog too; behind a modal one the main window is disabled.
+    // The main window's accelerators work in a modeless dialog too. Under a modal one the main window is disabled, and
+    // they don't.
     if (!mainWindow || !message->hwnd || !mainWindow->IsWindowEnabled())
         return FALSE;
     const CWnd* const top = CWnd::FromHandle(message->hwnd)->GetTopLevelParent();
@@ -101,7 +102,7 @@ BOOL CWinThread::PumpMessage() {
 BOOL CWinThread::IsIdleMessage(MSG* pMsg) {
     constexpr UINT kSystemTimer = 0x0118; // the caret's
     if (pMsg->message == WM_MOUSEMOVE || pMsg->message == WM_NCMOUSEMOVE) {
-        // A window that comes and goes under a resting pointer makes moves without a move.
+        // When a window appears or goes under a resting pointer, Windows sends a mouse move to the same place.
         if (m_ptCursorLast == pMsg->pt && pMsg->message == m_nMsgLast)
             return FALSE;
         m_ptCursorLast = pMsg->pt;

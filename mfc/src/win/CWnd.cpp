@@ -13,7 +13,7 @@ WindowMap& theMap() {
     return map;
 }
 
-/// Puts the outer message back when the inner one has been handled, also when a handler throws.
+/// Notes the message being handled, and puts the outer one back at its end, also when a handler throws.
 class MessageScope {
   public:
     MessageScope(HWND window, UINT message, WPARAM wParam, LPARAM lParam) : m_outer(kelmfc::theState().lastSent) {
@@ -41,7 +41,7 @@ const CWnd CWnd::wndNoTopMost(HWND_NOTOPMOST);
 CWnd::CWnd() = default;
 
 CWnd::~CWnd() {
-    // A temporary object has given its handle up before it comes here.
+    // The map takes the handle from a temporary object before it deletes it.
     if (m_hWnd && FromHandlePermanent(m_hWnd) == this)
         DestroyWindow();
 }
@@ -141,7 +141,7 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowNa
     kelmfc::hookWindowCreation(this);
     const HWND created = ::CreateWindowEx(cs.dwExStyle, cs.lpszClass, cs.lpszName, static_cast<DWORD>(cs.style), cs.x,
                                           cs.y, cs.cx, cs.cy, cs.hwndParent, cs.hMenu, cs.hInstance, cs.lpCreateParams);
-    // A window that was made and destroyed again has told its object already.
+    // If the window was created and is gone again, PostNcDestroy has been called already.
     if (!kelmfc::unhookWindowCreation())
         PostNcDestroy();
     return created != nullptr;
@@ -153,8 +153,8 @@ BOOL CWnd::DestroyWindow() {
     const HWND handle = m_hWnd;
     const bool wasPermanent = FromHandlePermanent(handle) == this;
     const BOOL destroyed = ::DestroyWindow(handle);
-    // A window without our procedure (Attach) doesn't tell its object of its end. PostNcDestroy may have deleted the
-    // object otherwise, so only the map is asked.
+    // A window that was only attached hasn't our procedure, so its object isn't told of its end. Otherwise
+    // PostNcDestroy may have deleted this object; so look into the map before touching a member.
     if (destroyed && wasPermanent && FromHandlePermanent(handle) == this)
         Detach();
     return destroyed;

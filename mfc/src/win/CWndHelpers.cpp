@@ -174,7 +174,7 @@ CWnd* CWnd::GetNextDlgTabItem(CWnd* pWndCtl, BOOL bPrevious) const {
 
 namespace {
 
-/// While one lives, the window hears nothing from its controls.
+/// While one lives, notifications of the window's controls are dropped.
 class ExchangeScope {
   public:
     explicit ExchangeScope(HWND window) : m_outer(std::exchange(kelmfc::theState().exchanging, window)) {}
@@ -194,7 +194,7 @@ BOOL CWnd::UpdateData(BOOL bSaveAndValidate) {
     try {
         DoDataExchange(&exchange);
     } catch (CUserException* exception) {
-        // The user has been told by whoever refused the data.
+        // Whoever refused the data has told the user.
         exception->Delete();
         return FALSE;
     } catch (CException* exception) {

@@ -85,7 +85,7 @@ class IdleWork {
     LONG m_count = 0;
 };
 
-/// Tells apart the temporary objects of nested loops.
+/// Counts the nested loops, by which their temporary objects are told apart, and deletes this loop's at its end.
 class LoopScope {
   public:
     LoopScope() { ++kelmfc::theState().modalLoops; }
@@ -113,7 +113,7 @@ int CWnd::RunModalLoop(DWORD dwFlags) {
             idle.run();
         do {
             if (!kelmfc::pumpMessage()) {
-                // The program ends: its own loop has to see that too.
+                // WM_QUIT ends the program, so the outer loops have to get it too.
                 AfxPostQuitMessage(0);
                 m_nFlags &= ~(WF_MODALLOOP | WF_CONTINUEMODAL);
                 return -1;

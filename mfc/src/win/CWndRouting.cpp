@@ -206,7 +206,7 @@ bool isControlColor(UINT message) {
     return message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC;
 }
 
-/// What a handler sets when it disables a command that is about to be routed.
+/// Asks an update handler whether a command that is about to be routed is enabled.
 class CommandTest : public CCmdUI {
   public:
     void Enable(BOOL bOn) override {
@@ -265,7 +265,7 @@ BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam) {
         if (kelmfc::theState().exchanging == m_hWnd || ReflectLastMsg(control))
             return TRUE;
     } else if (id != 0) {
-        // From a menu or an accelerator: it may have become disabled since.
+        // From a menu or an accelerator: the command may have been disabled since the menu was shown.
         CommandTest test;
         test.m_nID = id;
         OnCmdMsg(id, CN_UPDATE_COMMAND_UI, &test, nullptr);
@@ -291,7 +291,7 @@ BOOL CWnd::ReflectLastMsg(HWND hWndChild, LRESULT* pResult) {
 }
 
 BOOL CWnd::SendChildNotifyLastMsg(LRESULT* pResult) {
-    // A copy: handling the reflected message may handle others.
+    // A copy, because others may be handled while the reflected message is.
     const MSG last = kelmfc::theState().lastSent;
     return OnChildNotify(last.message, last.wParam, last.lParam, pResult);
 }

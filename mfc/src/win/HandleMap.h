@@ -21,7 +21,8 @@ template <class Object, class Handle, Handle Object::*handleOf> class HandleMap 
         m_permanent[handle] = object;
         object->*handleOf = handle;
     }
-    /// The object's handle, which it has no more. Objects may share a handle (stock objects); only its own entry goes.
+    /// Takes the handle from the object and answers it. Objects may share a handle (stock objects): only the object's
+    /// own entry goes.
     Handle detach(Object* object) {
         const Handle handle = object->*handleOf;
         const auto at = m_permanent.find(handle);
@@ -38,9 +39,9 @@ template <class Object, class Handle, Handle Object::*handleOf> class HandleMap 
         m_owned.push_back({std::unique_ptr<Object>(object), handle, theState().modalLoops});
         return object;
     }
-    /// Those of the loop that runs now.
+    /// Deletes the temporary objects of the loop that runs now.
     void deleteTemporary() {
-        // Outer loops' objects come first.
+        // The objects of outer loops are at the front of the list.
         while (!m_owned.empty() && m_owned.back().modalLoops >= theState().modalLoops) {
             Owned& last = m_owned.back();
             forgetTemporary(last.handle, last.object.get());

@@ -120,6 +120,6 @@ void AfxTermExtensionModule(AFX_EXTENSION_MODULE& state, BOOL) {
         if (library->m_hModule == state.hModule)
             delete library;
     }
-    // As good as new: a module may be loaded again into the same memory.
+    // Emptied, because the module may be loaded again into the same memory.
     state = {};
 }

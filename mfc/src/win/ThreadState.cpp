@@ -11,14 +11,14 @@ namespace kelmfc {
 
 namespace {
 
-// Windows that the system makes on its own account in between.
+// The system may create windows of its own for input methods before the one that was asked for.
 bool isInputMethodWindow(HWND window) {
     wchar_t name[32] = {};
     ::GetClassName(window, name, 32);
     return _wcsicmp(name, L"IME") == 0 || _wcsicmp(name, L"MSCTFIME UI") == 0;
 }
 
-/// Windows calls from here, so nothing may be thrown; an object that throws gets no window.
+/// False when the object's handler threw; it gets no window then. The exception can't go on: Windows is the caller.
 bool adopts(CWnd* window, HWND handle) {
     try {
         CWndInternals::adopt(window, handle);
@@ -26,7 +26,7 @@ bool adopts(CWnd* window, HWND handle) {
     } catch (CException* exception) {
         exception->Delete();
     } catch (const std::bad_alloc&) {
-        // Told by there being no window, as above.
+        // The caller learns it from there being no window, as above.
     }
     window->Detach();
     return false;
@@ -71,7 +71,7 @@ void hookWindowCreation(CWnd* window) {
         state.creationHook = ::SetWindowsHookEx(WH_CBT, &creationHook, nullptr, ::GetCurrentThreadId());
     if (state.creationHook)
         return;
-    // The window would come to be without its object.
+    // Without the hook the window would be created but never joined to its object.
     state.created = nullptr;
     AfxThrowMemoryException();
 }

@@ -19,7 +19,7 @@ namespace kelmfc {
 struct ThreadState {
     MSG lastSent{};            ///< the message that AfxCallWndProc is handling
     MSG current{};             ///< the message that the loop took, while there is no CWinThread
-    HWND exchanging = nullptr; ///< the window of a running UpdateData, which isn't told of what that changes
+    HWND exchanging = nullptr; ///< the window whose UpdateData runs: it gets no notifications of what that changes
     int modalLoops = 0;        ///< how many RunModalLoop are running
     CWnd* created = nullptr;   ///< gets the next window that is created
     HHOOK creationHook = nullptr;
@@ -40,10 +40,11 @@ bool unhookWindowCreation();
 /// Deletes the temporary objects that the running message loop made.
 void deleteTemporaryObjects();
 
-/// The window that a modal window is to have as its owner; `top` gets the window above it that was disabled, if any.
+/// The window that a modal window is to have as its owner. The topmost window over it is disabled, if that is another
+/// one; `top` receives it, for the caller to enable it again, or null.
 HWND safeOwner(HWND parent, HWND* top);
 
-/// One message through the thread object, if there is one; FALSE at WM_QUIT.
+/// Waits for a message and dispatches it, through the thread object if there is one; FALSE at WM_QUIT.
 BOOL pumpMessage();
 BOOL isIdleMessage(MSG* message);
 

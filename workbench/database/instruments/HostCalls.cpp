@@ -27,7 +27,7 @@ struct Entry {
 struct Watch {
     std::vector<std::string> lines;
     std::vector<Fault> faults;
-    int allocationsLeft = 0; // the last of so many fails; 0: none is to
+    int allocationsLeft = 0; // counts down to the one that fails; 0: none is to
     bool struck = false;
     std::string struckOperation;
     std::map<const void*, Entry> entries;
