@@ -1,4 +1,3 @@
-// Access to a dialog's controls.
 #include "DialogControls.h"
 
 void DialogControls::find(HWND dialog) {

@@ -10,17 +10,17 @@
 /// The controls of one dialog, by id.
 class DialogControls {
   public:
-    /// Notes the dialog's present controls; they are taken to stay until its end.
+    /// Notes the dialog's present controls, which must stay until its end.
     void find(HWND dialog);
     /// Null when the dialog has no such control.
     HWND at(int control) const;
 
-    // An absent control reads as disabled and unticked and as an empty place, and is passed over when written.
+    // A control that the dialog lacks reads as disabled, unticked and with an empty place; writing to it does nothing.
     bool isTicked(int control) const;
     bool isEnabled(int control) const;
     /// In coordinates of the dialog's client area.
     CRect place(int control) const;
-    // These two write only what differs.
+    // These two write only when something differs.
     void tick(int control, bool on) const;
     void enable(int control, bool enabled) const;
     void show(int control, bool shown) const;

@@ -1,4 +1,3 @@
-// Tips and help through the host.
 #include "DialogHelp.h"
 
 #include "OrvUiDialog.h"

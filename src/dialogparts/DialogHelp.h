@@ -3,7 +3,7 @@
 
 class COrvUiBaseDialog;
 
-/// Gives the dialog's controls their tips, out of the host's file. After the base OnInitDialog.
+/// Gives the dialog's controls their tips, from the host's file. To be called after the base OnInitDialog.
 void setUpTips(COrvUiBaseDialog& dialog);
 
 /// Opens the host's help at a dialog's topic, a name of at most 259 characters.

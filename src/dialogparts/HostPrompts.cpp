@@ -1,4 +1,3 @@
-// The host's task dialogs, over the thread's main window.
 #include "HostPrompts.h"
 
 #include "OrvUiServices.h"

@@ -10,7 +10,7 @@ struct TASKDIALOG_KEYVALUE;
 /// What the host's prompts stand over: the main window of this thread. Null when there is none.
 CWnd* threadMainWindow();
 
-/// Shows the task dialog of that key out of the host's file, over the thread's main window.
+/// Shows the task dialog of that key from the host's file, over the thread's main window.
 /// @param pairs,count substitutions in its texts, as COrvTaskDialog::LoadFromFile takes them
 /// @return what COrvTaskDialog::ShowDialog answers; nothing when the dialog can't be loaded
 std::optional<int> showTaskDialog(const wchar_t* key, const TASKDIALOG_KEYVALUE* pairs = nullptr, int count = 0);

@@ -8,8 +8,8 @@
 
 namespace {
 
-// Two guards of one second get the same name. That is this system's own, and so is that nobody looks whether a state of
-// that name is there: the save goes over it, and the guard's end deletes it.
+// Two guards of one second get the same name, and nobody looks whether a state of that name is there: the save
+// overwrites it, and the guard's end deletes it. Both are meant to be so.
 CString makeTempName() {
     std::srand(static_cast<unsigned int>(std::time(nullptr)));
     CString name;
@@ -17,7 +17,7 @@ CString makeTempName() {
     return name;
 }
 
-// The drawing that is current now, not the one of the guard's birth.
+// Of the drawing that is current now, which needn't be the one that was current when the guard was made.
 KelDbImpLayerStateManager* workingImpStates() {
     KelDbDatabase* database = workingDatabase();
     return database ? database->impDatabase()->getImpLayerStateManager() : nullptr;
@@ -40,7 +40,7 @@ CTempLayerState::~CTempLayerState() {
     if (!impStates)
         return;
     const LayerStateMask mask = MaskAllProperties;
-    // Whatever isn't a full success keeps the only copy of the layers.
+    // After anything but a full success the state is kept: it is the only copy of the layers.
     if (impStates->restoreLayerState(m_tempName, KelDbObjectId(), 0, &mask, false) != Vorn::eOk)
         return;
     if (KelDbLayerStateManager* states = workingStates())

@@ -15,7 +15,7 @@ COLORREF fillColor(const KelCmColor& color) {
 }
 
 bool drawSwatch(CBitmap& bitmap, const KelCmColor& color) {
-    // Before the context, so that they go after it: GDI doesn't delete what is selected.
+    // Declared before the context, so that they are destroyed after it: GDI doesn't delete what is selected.
     CPen pen;
     CBrush brush;
     CDC memory;

@@ -1,4 +1,3 @@
-// The transaction of the current document.
 #include "DocumentTransaction.h"
 
 #include "KelEditor.h"

@@ -1,8 +1,8 @@
-// The guard around changes of the drawing that the user takes back as one.
+// The guard around changes of the drawing that one undo takes back together.
 #pragma once
 
-/// A transaction of the current document, from its birth to its end. The document is asked for afresh at the end: when
-/// there is none any more, the transaction stays the host's.
+/// Starts a transaction of the current document and ends it with its own end. The destructor asks again which document
+/// is current; when there is none any more, ending the transaction is left to the host.
 class DocumentTransaction {
   public:
     DocumentTransaction();

@@ -1,4 +1,4 @@
-// Making changes of the layers seen.
+// Showing the user changes that were made to the layers.
 #pragma once
 
 #include "KelEditor.h"

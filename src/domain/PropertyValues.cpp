@@ -17,7 +17,7 @@ struct WidthText {
     const wchar_t* text;
 };
 
-// Fixed texts: no number rule of a locale has a say in them.
+// Fixed texts, the same in every locale.
 constexpr WidthText kWidthTexts[] = {
     {0, L"0.00 mm"},   {5, L"0.05 mm"},   {9, L"0.09 mm"},   {13, L"0.13 mm"},  {15, L"0.15 mm"},  {18, L"0.18 mm"},
     {20, L"0.20 mm"},  {25, L"0.25 mm"},  {30, L"0.30 mm"},  {35, L"0.35 mm"},  {40, L"0.40 mm"},  {50, L"0.50 mm"},

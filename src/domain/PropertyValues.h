@@ -8,12 +8,12 @@
 #include <afx.h>
 
 /// Sets `text` to the text of a lineweight: a width such as "0.53 mm", the host's word for by layer (-1), by block (-2)
-/// or default (-3), and "*Unknown*" for anything else. Answers the characters of `text`.
+/// or default (-3), and "*Unknown*" for anything else. Answers a pointer into `text`.
 const wchar_t* lineWeightText(int lineWeight, CString& text);
 
 /// The drawing's default lineweight in hundredths of a millimetre, or -1 when it can't be read.
 int defaultLineWeight();
-/// A lineweight out of a system variable's value, which may be of any of the three numeric kinds; -1 for other kinds.
+/// The lineweight in a system variable's value, which may be of any of the three numeric kinds; -1 for other kinds.
 int lineWeightOf(const ResultBuffer& value);
 
 /// The text of a system variable's value, in g_sysvarText and valid until the next use of that. A string in the value

@@ -1,4 +1,5 @@
-// The names of database objects: the id, good for as long as its database is in memory, and the handle, good for ever.
+// The names of database objects: the id, good for as long as its database is in memory, and the handle, good for the
+// life of its drawing.
 #pragma once
 
 #include "KelExport.h"

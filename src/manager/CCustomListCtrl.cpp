@@ -1,4 +1,3 @@
-// Finding and selecting rows.
 #include "CCustomListCtrl.h"
 
 int CCustomListCtrl::FirstSelectedRow() const {
@@ -7,6 +6,6 @@ int CCustomListCtrl::FirstSelectedRow() const {
 
 void CCustomListCtrl::SelectRow(int row) {
     SetItemState(row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
-    // The control sets its mark on the user's selections, and not in every version on the program's.
+    // Every version of the control moves its mark when the user selects, but not every one when the program does.
     SetSelectionMark(row);
 }

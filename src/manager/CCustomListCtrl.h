@@ -1,4 +1,4 @@
-// What every list of the module in report view needs beyond the host's list.
+// The base of the module's lists in report view.
 #pragma once
 
 #include "OrvUiControls.h"

@@ -1,4 +1,3 @@
-// The expand button has nothing but its type.
 #include "CExpandContractButton.h"
 
 CExpandContractButton::~CExpandContractButton() = default;

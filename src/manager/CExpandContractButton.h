@@ -3,8 +3,8 @@
 
 #include "OrvUiControls.h"
 
-/// A type of its own for the manager's expand button. It adds nothing to its base: which face it shows is the manager's
-/// business.
+/// A type of its own for the manager's expand button. It adds nothing to its base: the manager decides which bitmap it
+/// shows.
 class CExpandContractButton : public COrvUiBitmapStatic {
   public:
     ~CExpandContractButton() override;

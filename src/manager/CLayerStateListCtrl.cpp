@@ -1,4 +1,3 @@
-// Filling the list of layer states, and finding a state in it.
 #include "CLayerStateListCtrl.h"
 
 #include "CResourceScope.h"
@@ -9,7 +8,7 @@
 
 namespace {
 
-/// Characters of a name as the rows hold them, with the terminating null.
+/// How many characters of a name a row is read with, the terminating null included.
 constexpr int kNameBufferSize = 259;
 /// Number of the host's word for model space.
 constexpr int kModelSpaceWord = 10;
@@ -88,7 +87,7 @@ void CLayerStateListCtrl::FillRow(KelDbLayerStateManager& states, int row, bool 
     if (name.IsEmpty())
         return;
     LayerStateMask mask = 0;
-    static_cast<void>(states.getLayerStateMask(name, mask)); // nothing reads the item data
+    static_cast<void>(states.getLayerStateMask(name, mask)); // a failure leaves 0; nothing reads the item data
     SetItemData(row, static_cast<DWORD_PTR>(static_cast<INT_PTR>(static_cast<std::int32_t>(mask))));
     SetItemText(row, spaceColumn, spaceText(states, name));
     if (compareToDrawing) {

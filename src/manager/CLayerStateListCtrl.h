@@ -17,7 +17,7 @@ class CLayerStateListCtrl : public CCustomListCtrl {
 
     /// Inserts the columns, with widths that follow the list's present one.
     void InsertColumns(std::span<const ListColumn> columns);
-    /// Empties the list, whatever follows, and fills it in the host's order; selection and focus are gone.
+    /// Empties the list in any case, and fills it in the host's order. Selection and focus are gone.
     /// @param database may be null, which leaves the list empty
     /// @param includeDependent also the states of attached references
     /// @param compareToDrawing also the column that tells whether a state matches the drawing
@@ -30,7 +30,7 @@ class CLayerStateListCtrl : public CCustomListCtrl {
 
     /// A rename in the first column is under way; the manager's actions wait for its end.
     int m_labelEditActive;
-    /// The row that a click must land on to open the editor, -1 for none; during a rename the row under rename.
+    /// The row that a click must hit to open the editor, -1 for none; during a rename the row being renamed.
     int m_trackedRow;
     /// A rename was refused and is to be opened again.
     int m_labelEditRetry;
@@ -45,7 +45,7 @@ class CLayerStateListCtrl : public CCustomListCtrl {
     /// The column of the last click on a heading, -1 before the first.
     int m_sortColumn;
     int m_sortAscending;
-    /// The cell being edited, -1 and -1 when there is none.
+    /// Row and column of the cell being edited, both -1 when there is none.
     int m_editRow;
     int m_editColumn;
 

@@ -86,7 +86,7 @@ void CLayerStatesRestoreDlg::showCurrentState(KelString& lastRestored) {
     KelDbLayerStateManager* states = workingStates();
     if (!states)
         return;
-    // A state that no longer matches the drawing isn't current, though it is still the one selected below.
+    // A state that no longer matches the drawing isn't shown as the current one, but selectFirstRow() still selects it.
     KelDbObjectId restoredId;
     const bool current = states->getLastRestoredLayerState(lastRestored, restoredId) == Vorn::eOk &&
                          states->compareLayerStateToDb(lastRestored.kwszPtr(), keledGetCurViewportObjectId());
@@ -118,7 +118,7 @@ void CLayerStatesRestoreDlg::OnListChanged(NMHDR*, LRESULT* result) {
 BOOL CLayerStatesRestoreDlg::PreTranslateMessage(MSG* message) {
     if (message->message == WM_KEYDOWN && message->wParam == VK_F2)
         renameByKey();
-    // Alt with one of these is taken whether or not there is something to do.
+    // Alt with < or > goes no further, also when the panel needs no change.
     if (message->message == WM_SYSCHAR && message->wParam == L'<') {
         if (m_expanded)
             contract();

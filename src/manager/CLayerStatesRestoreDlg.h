@@ -15,7 +15,7 @@
 /// with OK after Close and after a restore, and with Cancel otherwise.
 class CLayerStatesRestoreDlg : public CKelUiDialog {
   public:
-    /// @param fromExport opened by another part of the host and not by the command; both run alike
+    /// @param fromExport opened by another part of the host and not by the command; makes no difference
     CLayerStatesRestoreDlg(CWnd* parent, bool fromExport);
     ~CLayerStatesRestoreDlg() override;
 
@@ -72,15 +72,15 @@ class CLayerStatesRestoreDlg : public CKelUiDialog {
     void reportRestoreFailure(unsigned int status);
 
     CWnd* m_parent;
-    int m_restoreStarted; ///< Written only.
+    int m_restoreStarted; ///< Written, never read.
     CLayerStateListCtrl m_stateList;
     /// The state that was last taken as the single selection.
     CString m_stateName;
-    /// Its mask, or the one last read from the boxes.
+    /// The mask of m_stateName, or the one last read from the boxes.
     LayerStateMask m_stateMask;
     /// The bits of the state that can be restored as overrides of a viewport.
     unsigned int m_overridableMask;
-    CString m_stateDescription; ///< Written only.
+    CString m_stateDescription; ///< Written, never read.
     /// Option: layers that the state doesn't know are turned off.
     bool m_layerNotFound;
     /// All layers of the drawing, rebuilt for each restore.
@@ -88,7 +88,7 @@ class CLayerStatesRestoreDlg : public CKelUiDialog {
     CExpandContractButton m_expandButton;
     /// Whether the property panel is open.
     int m_expanded;
-    bool m_fromExport; ///< Recorded and asked nowhere, on purpose: both ways in behave alike.
+    bool m_fromExport; ///< Written, never read, on purpose: the command and the export behave alike.
     /// A failure may still be reported; the first report of the dialog's life clears it for good.
     bool m_reportFailure;
     bool m_restoreAsOverrides; ///< Option.

@@ -47,7 +47,7 @@ std::optional<LayerStateMask> CLayerStatesRestoreDlg::showStoredState(int row) {
         return std::nullopt;
     std::optional<LayerStateMask> read;
     LayerStateMask mask = 0;
-    // What can't be read isn't reported: the boxes and the text stay as they are.
+    // A mask or description that can't be read isn't reported: the boxes and the text stay as they are.
     if (states->getLayerStateMask(m_stateName, mask) == Vorn::eOk) {
         m_stateMask = mask;
         for (const PropertyBox& box : kPropertyTable)
@@ -81,7 +81,7 @@ void CLayerStatesRestoreDlg::OnRestoreAsOverrides() {
 }
 
 void CLayerStatesRestoreDlg::OnOverridableProperty(UINT) {
-    // The boxes alone decide here, on purpose: in model space this enables what updateControls had disabled.
+    // On purpose only the boxes decide here: in model space this enables what updateControls() had disabled.
     m_controls.enable(IDC_LSTATE_RES_OVERRIDES,
                       anyOverridableBoxTicked([this](int control) { return m_controls.isTicked(control); }));
 }

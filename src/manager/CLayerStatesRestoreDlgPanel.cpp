@@ -7,7 +7,8 @@
 
 namespace {
 
-/// How far the panel stands out, measured each time the dialog opens; the one modal dialog is its only user.
+/// How far the panel stands out in pixels, measured each time the dialog opens. A global will do: the dialog is modal,
+/// so there is only one.
 int g_panelWidth = 215;
 
 constexpr const wchar_t* kContractBitmap = L"IDB_LSTATE_RES_CONTRACT";
@@ -39,7 +40,7 @@ void CLayerStatesRestoreDlg::expand() {
     widen(g_panelWidth);
     setExpandButton(kContractBitmap, IDS_LSTATE_CONTRACT);
     m_expanded = 1;
-    // Takes back the enables that don't apply.
+    // Showing the panel has enabled all its controls; this disables those that don't apply.
     updateControls();
 }
 

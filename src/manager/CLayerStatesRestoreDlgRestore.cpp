@@ -23,7 +23,7 @@ constexpr const wchar_t* kCannotRestoreKey = L"KelLayerApps.CannotRestoreLayerSt
 void CLayerStatesRestoreDlg::OnRestore() {
     if (!restoreOrImport())
         return;
-    // The restore has published already; the repetition is this system's own.
+    // restoreOrImport() has published already; doing it again is kept on purpose.
     publishLayers();
     SetDialogData(L"Expanded", static_cast<unsigned long>(m_expanded));
     EndDialog(IDOK);
@@ -45,7 +45,7 @@ int CLayerStatesRestoreDlg::restoreOrImport() {
             restoreSelected(*states);
     }
     publishLayers();
-    // A refused restore has gone through as well: the user has been told, if at all.
+    // Also after a refused restore, of which the user has been told already where that is reported.
     return 1;
 }
 
@@ -55,12 +55,12 @@ void CLayerStatesRestoreDlg::restoreSelected(KelDbLayerStateManager& states) {
     collectRegenLayers();
     const int flags = restoreFlags(m_layerNotFound, m_restoreAsOverrides);
     m_stateMask = maskFromBoxes([this](int control) { return m_controls.isTicked(control); });
-    // The choice of the moment becomes the state's own; a failure doesn't stop the restore.
+    // What the boxes show becomes the state's own mask; when that fails, the restore goes on.
     static_cast<void>(states.setLayerStateMask(m_stateName, m_stateMask));
     const Vorn::ErrorStatus status = states.restoreLayerState(m_stateName, viewport, flags, nullptr);
     if (!m_regenLayers.isEmpty())
         keledRegenLayers(m_regenLayers, keledRegenPending());
-    // A name that exists isn't a restore's failure; nothing is said of it.
+    // eDuplicateRecordName doesn't count as a failure of a restore and isn't reported.
     if (status != Vorn::eDuplicateRecordName)
         reportRestoreFailure(static_cast<unsigned int>(status));
 }
@@ -92,7 +92,7 @@ void CLayerStatesRestoreDlg::reportRestoreFailure(unsigned int status) {
         m_reportFailure = false;
         return;
     }
-    // Without its task dialog a failure comes as a message box with an empty text; that is this system's own.
+    // When the task dialog can't be shown, there is a message box with an empty text instead; kept on purpose.
     const CString text = report.stringId != 0 ? loadResourceString(report.stringId) : CString();
     ::MessageBoxW(m_hWnd, text, nullptr, MB_ICONEXCLAMATION | MB_OK);
     m_reportFailure = false;

@@ -16,10 +16,10 @@ struct ControlRule {
     EnableRule rule;
 };
 
-/// Each control once; the property boxes come out of their own table.
+/// Each control once; the property boxes are taken from their own table.
 inline constexpr auto kControlRules = [] {
-    // A state of a reference can be restored but not changed: what would alter or export it refuses a dependent
-    // selection.
+    // A state of a reference can be restored but not changed: what would change or export a state is disabled while one
+    // of a reference is selected.
     constexpr ControlRule others[] = {
         {IDC_LSTATE_RES_OVERRIDES, EnableRule::rowsForOverrides},
         {IDC_LSTATE_RES_NEW, EnableRule::always},

@@ -1,4 +1,3 @@
-// The answers of the enable rules.
 #include "EnableRules.h"
 
 bool isEnabled(EnableRule rule, const SelectionFacts& facts) {
@@ -20,7 +19,7 @@ bool isEnabled(EnableRule rule, const SelectionFacts& facts) {
     case EnableRule::oneRowInViewport:
         return one && facts.inViewport;
     case EnableRule::rowsForOverrides:
-        // With several rows, or one whose mask can't be read, nothing is known that speaks against it.
+        // With several rows, or one whose mask can't be read, nothing is known that forbids it.
         if (one && facts.mask)
             return facts.inViewport && (*facts.mask & MaskOverridable) != 0;
         return any;

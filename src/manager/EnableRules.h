@@ -25,8 +25,8 @@ enum class EnableRule {
     oneRowNotDependent,
     oneRowInModel,
     oneRowInViewport,
-    /// Rows that can be restored as overrides of the viewport, as far as that is known. Clicking a property box changes
-    /// this answer in the dialog without asking here.
+    /// Rows that can be restored as overrides of the viewport, as far as that is known. When a property box is clicked,
+    /// the dialog sets the control by the boxes alone, without this rule.
     rowsForOverrides,
 };
 

@@ -3,7 +3,7 @@
 
 #include <afxcmn.h>
 
-/// Turns the window's drawing off for its life; turned on again, the window is drawn once as a whole.
+/// Turns the window's drawing off for its life; at its end the window is drawn once as a whole.
 class ListRedrawLock {
   public:
     explicit ListRedrawLock(CListCtrl& list) : m_list(list) { m_list.SetRedraw(FALSE); }

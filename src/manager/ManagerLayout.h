@@ -19,7 +19,7 @@ static_assert(kManagerColumns[descriptionColumn].headingId == IDS_LSTATE_COLUMN_
 // The property panel. The check of the resource module reads these four names too.
 
 inline constexpr int kPanelFrame = IDC_LSTATE_RES_PANEL;
-/// Where the dialog ends, but for its margin, while the panel is closed.
+/// The control at the dialog's right margin while the panel is closed.
 inline constexpr int kBesidePanel = IDC_LSTATE_RES_NEW;
 /// What belongs to the panel besides the property boxes.
 inline constexpr int kPanelControls[] = {kPanelFrame, IDC_LSTATE_RES_SELECTALL, IDC_LSTATE_RES_CLEARALL};

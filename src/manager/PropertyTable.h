@@ -1,5 +1,5 @@
-// The one source for the ten properties in the manager: which box stands for which bit of a state's mask, and when it
-// is enabled. Every loop over the boxes walks this table.
+// The one list of the ten properties in the manager: which box shows which bit of a state's mask, and when it is
+// enabled. Every loop over the boxes walks this table.
 #pragma once
 
 #include "EnableRules.h"
@@ -32,7 +32,7 @@ inline constexpr PropertyBox kPropertyTable[] = {
     {IDC_LSTATE_RES_PLOTSTYLE, MaskPlotStyle, EnableRule::oneRow},
 };
 
-/// The boxes of the overridable properties are those from this id to that one, for message maps.
+/// The boxes of the overridable properties have the ids from this one to the next constant's, for message maps.
 inline constexpr int kFirstOverridableBox = IDC_LSTATE_RES_COLOR;
 inline constexpr int kLastOverridableBox = IDC_LSTATE_RES_PLOTSTYLE;
 

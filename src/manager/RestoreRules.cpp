@@ -1,4 +1,3 @@
-// The flags and reports of a restore.
 #include "RestoreRules.h"
 
 #include "LayerStateMask.h"

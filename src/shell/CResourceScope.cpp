@@ -1,4 +1,3 @@
-// The resource scope, over the framework's current resource handle.
 #include "CResourceScope.h"
 
 #include "ModuleHandles.h"

@@ -1,11 +1,11 @@
-// The guard without which none of the module's texts and templates are found: they lie in the resource module, and the
-// framework looks them up in the one module that is current.
+// The guard that makes the module's texts and templates found: they are in the resource module, and the framework looks
+// them up in the one module whose resource handle is current.
 #pragma once
 
 #include <afxwin.h>
 
 /// Makes the resource module current for the guard's life, and puts back the one that was current before, also when an
-/// exception passes. Every load of a string by id and every modal run of a dialog stands inside one.
+/// exception passes. Every load of a string by id and every modal run of a dialog needs one around it.
 class CResourceScope {
   public:
     CResourceScope();

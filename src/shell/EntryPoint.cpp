@@ -1,4 +1,4 @@
-// The host's door into the module's life: the load and unload messages, and the version of the interface.
+// What the host calls to start and end the module: the load and unload messages, and the version of the interface.
 #include "KelRuntime.h"
 #include "ModuleHandles.h"
 #include "Registration.h"
@@ -13,8 +13,8 @@ namespace {
 /// What the framework keeps of an extension module.
 AFX_EXTENSION_MODULE extensionModule;
 
-/// Links the module into the framework, which takes the link object over. The load goes on without it: the module's
-/// resources are found through CResourceScope.
+/// Links the module into the framework, which takes the link object over. When that fails, the load goes on: the
+/// module's resources are found through CResourceScope.
 void joinFramework() {
     if (!AfxInitExtensionModule(extensionModule, g_moduleInstance))
         return;
@@ -23,7 +23,7 @@ void joinFramework() {
     } catch (CMemoryException* exception) {
         exception->Delete();
     } catch (const std::bad_alloc&) {
-        // Out of memory has two forms, the framework's and the language's.
+        // The framework and the language each have their own exception for lack of memory.
     }
 }
 
@@ -66,7 +66,7 @@ extern "C" int kelrtEntryPoint(unsigned int message, void* packet) {
     } catch (CException* exception) {
         exception->Delete();
     } catch (...) {
-        // The host is no C++ caller of ours; all that it can be told is that the message failed.
+        // No exception may reach the host; all that it can be told is that the message failed.
     }
     return kelrtAnswerLoadFailed;
 }

@@ -14,7 +14,7 @@ void runManager(CWnd* parent, bool fromExport) {
     } catch (CException* exception) {
         exception->Delete();
     } catch (...) {
-        // A failed run ends the entry without a word, as a cancel does.
+        // A run that fails ends like a cancelled one, and the user isn't told.
     }
 }
 

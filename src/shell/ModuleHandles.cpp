@@ -1,4 +1,3 @@
-// The module's handles: its own, and the resource module's.
 #include "ModuleHandles.h"
 
 #include "ResourceModuleName.h"

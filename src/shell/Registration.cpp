@@ -1,4 +1,3 @@
-// Entering the service and the command into the host's registry, and taking them out.
 #include "Registration.h"
 
 #include "CResourceScope.h"
@@ -18,7 +17,7 @@ KelRtDictionary* registeredDictionary(const wchar_t* key) {
     return kelrtCast<KelRtDictionary>(kelrtSystemRegistry()->at(key));
 }
 
-/// The class record of the command stack, which the host keeps by name. Found once and kept.
+/// The class record of the command stack, looked up in the host's class dictionary once and kept.
 const KelRtClass* commandStackClass() {
     static const KelRtClass* kept = nullptr;
     if (!kept)
@@ -27,7 +26,7 @@ const KelRtClass* commandStackClass() {
     return kept;
 }
 
-/// The host always has a command stack, and the module nothing to put in its place: without one there is no command.
+/// The host always has a command stack. Without one there is no command: the module has nothing to replace it with.
 KelEdCommandStack* commandStack() {
     KelRtObject* entry = kelrtSystemRegistry()->at(kelrtCommandStackKey);
     const KelRtClass* stackClass = commandStackClass();

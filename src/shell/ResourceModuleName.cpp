@@ -1,4 +1,3 @@
-// The name of the resource module.
 #include "ResourceModuleName.h"
 
 #include <algorithm>
@@ -6,8 +5,8 @@
 std::wstring resourceModuleName(std::wstring_view modulePath) {
     constexpr std::wstring_view kExtension = L".xmod";
     constexpr std::wstring_view kSuffix = L"Res.dll";
-    // The dot isn't searched for: a module file is told by its place of installation, and its extension has one
-    // length.
+    // The dot isn't searched for: a file is a module by the folder that it is installed in, and its extension is taken
+    // to have this length.
     const std::size_t extensionLength = std::min(kExtension.size(), modulePath.size());
     std::wstring name(modulePath.substr(0, modulePath.size() - extensionLength));
     name += kSuffix;
