@@ -17,7 +17,7 @@ constexpr std::size_t kStates = 1000;
 constexpr std::size_t kBytesOfState =
     kLayers * (sizeof(std::uint8_t) + 3 * sizeof(std::uint32_t) + sizeof(std::int16_t));
 
-/// How the layers of the states stand to those of the drawing.
+/// How the layers of the states differ from those of the drawing.
 enum class Order { Same, OneLayerMore, Reversed };
 
 KelDbDatabase& database(Order order) {
@@ -47,7 +47,7 @@ void memcmpOfAllStates(benchmark::State& run) {
         }
 }
 
-// Answers are kept until a layer changes: one changes and changes back, so that every state is compared anew.
+// Makes the engine compare every state anew: it keeps answers until a layer changes, so one changes and changes back.
 void forgetComparisons(KelDbDatabase& data) {
     engine::LayerValues values = engine::layerValues(data, 0);
     for (int times = 0; times < 2; ++times) {
@@ -86,7 +86,7 @@ void memcpyOfAState(benchmark::State& run) {
     }
 }
 
-// Each restore is a step of its own, of one of two states in turn.
+// Restores two states in turn, each restore as a step of its own.
 void restoreAState(benchmark::State& run, Order order, int flags) {
     KelDbDatabase& data = database(order);
     KelDbLayerStateManager& states = *data.getLayerStateManager();

@@ -1,5 +1,5 @@
 // What reading and writing a drawing cost, next to reading and writing the same bytes as a plain file. The two take
-// turns, so that both meet the same caches and the same disk; each figure is the median of its turns.
+// turns, so that both have the same caches and the same disk; each figure is the median of its turns.
 //   files_bench [layers states [folder]]
 #include "DrawingGenerator.h"
 #include "PlainFile.h"

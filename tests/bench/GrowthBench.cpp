@@ -65,7 +65,7 @@ class Subject {
     Subject& operator=(const Subject&) = delete;
 
     Size size() const { return m_size; }
-    // A layer changes and changes back: every state matches again, and nothing is known of it.
+    // Changes a layer and changes it back: every state matches again, but no answer to that is kept any more.
     void forgetComparisons() {
         engine::LayerValues values = engine::layerValues(m_database, 0);
         for (int times = 0; times < 2; ++times) {
@@ -75,7 +75,7 @@ class Subject {
     }
     void record() { check(states().saveLayerState(L"Recorded", MaskAllProperties) == Vorn::eOk, "recording a state"); }
     void forgetRecord() { states().deleteLayerState(L"Recorded"); }
-    // One of two states in turn, as one step.
+    // Restores one of two states in turn, as one step.
     void restore() {
         engine::beginUndoGroup(m_database);
         check(states().restoreLayerState(m_names[m_turn++ % 2].c_str(), {}, 0, nullptr) == Vorn::eOk, "a restore");

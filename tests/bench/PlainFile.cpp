@@ -1,4 +1,4 @@
-// Plain files by the C library, in pieces as large as they come.
+// Plain files by the C library without its buffer, each read or written in one call.
 #include "PlainFile.h"
 
 #include <cstdio>

@@ -14,7 +14,7 @@ class RatioReporter : public benchmark::BenchmarkReporter {
         const char* against = nullptr; ///< null for what others are measured against
         double aim = 0;                ///< the ratio not to be exceeded; 0: none
     };
-    /// A benchmark that is going to run; the table has its order.
+    /// Adds a benchmark that is going to run. The table has the order of these calls.
     void expect(Row row) { m_rows.push_back(row); }
     void print() const;
 

@@ -1,5 +1,5 @@
-// Fuzzer of extended data on its road from a file to the chains that modules walk: whatever a file says of it, a chain
-// can be walked by its codes alone, stored again as it is, and given back; and nothing stays in the ledger.
+// Fuzzer of extended data on its way from a file to the chains that modules walk: whatever a file holds, a chain can be
+// walked by its codes alone, stored again as it is, and given back; and nothing stays in the ledger.
 //
 // The input is the extended data alone: blocks of the object's handle (a byte), the application (a byte for the length,
 // then UTF-8), the number of values (a byte), and the values: code (two bytes, the low one first), what it has (a byte:
@@ -19,7 +19,7 @@ using flatbuffers::Offset;
 
 namespace {
 
-/// The input, from its front; zeros behind its end.
+/// Reads the input from its front; answers zeros past its end.
 class Input {
   public:
     Input(const unsigned char* data, std::size_t size) : m_rest(data, size) {}
@@ -102,7 +102,7 @@ flatbuffers::DetachedBuffer fileOf(Input input) {
     return builder.Release();
 }
 
-/// The nodes of a chain behind the first, read as a module reads them.
+/// The nodes of a chain after the first, read as a module reads them.
 std::vector<zdr::ExtendedValue> walk(const ResultBuffer* chain) {
     std::vector<zdr::ExtendedValue> values;
     for (const ResultBuffer* node = chain->next; node; node = node->next) {

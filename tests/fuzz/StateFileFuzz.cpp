@@ -14,7 +14,7 @@ void enterInADrawing(const zdr::LayerState& state, const zdr::NameTable& names) 
     engine::enterForeignState(engine::impOf(database), state, names);
     const zdr::Drawing drawing = savedAndRead(engine::drawingOf(database));
     const zdr::LayerState& entered = drawing.states.at(0);
-    // The drawing spells a name as it has known it before.
+    // A drawing keeps the spelling of a name that came first, so names may differ in case.
     const auto folded = [](const std::string& text) { return zdr::foldCase(zdr::fromUtf8(text).value()); };
     stopUnless(folded(engine::stateText(entered, drawing.names)) == folded(engine::stateText(state, names)),
                "a drawing changes the state", zdr::toUtf8(state.name));

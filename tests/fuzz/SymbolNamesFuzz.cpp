@@ -33,7 +33,7 @@ void checkFolding(const std::wstring& a, const std::wstring& b) {
                zdr::toUtf8(a) + " and " + zdr::toUtf8(b));
 }
 
-/// The rules once more, told by what a name must not hold.
+/// The rules once more, written as a list of what a name must not hold.
 bool isAllowed(const std::wstring& name) {
     const bool harmless = std::all_of(name.begin(), name.end(), [](wchar_t c) {
         const bool control = c < 0x20 || (c >= 0x7F && c <= 0x9F);

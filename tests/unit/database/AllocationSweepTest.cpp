@@ -1,4 +1,4 @@
-// Reading and saving a drawing with each allocation failing once: both answer that, and leave what was there. Only
+// Reading and saving a drawing with each allocation failing once: both answer a failure, and leave what was there. Only
 // natively.
 
 #include "DrawingDifference.h"
@@ -13,7 +13,7 @@ class AllocationSweep : public testing::Test {
 
     const TemporaryFolder m_folder;
     const std::wstring m_path = m_folder.file(L"plan.zdr");
-    /// As it stands in a database.
+    /// The drawing as a database holds it.
     static zdr::Drawing complete(zdr::Drawing drawing) {
         KelDbDatabase database(false, false);
         engine::replaceDrawing(database, std::move(drawing));

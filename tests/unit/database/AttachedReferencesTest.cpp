@@ -196,7 +196,7 @@ TEST_F(NestedReferences, BringTheirLayersAndStatesUnderAllTheirNames) {
     EXPECT_EQ(values(L"site!plot!garden!Trees").color, 3u);
 }
 
-// The view finds the look of what a nested drawing shows by the layers of the drawing around it.
+// For the view: it looks up how an entity of a nested drawing looks in the layers of the drawing around it.
 TEST_F(NestedReferences, StandInEachDrawingOnTheWay) {
     engine::attachReference(m_database, 0, showing({{L"garden", site()}}));
     const zdr::Drawing& middle = *drawing().references[0].drawing;

@@ -86,7 +86,7 @@ const NamedChange kChanges[] = {
      }},
 };
 
-/// What a frozen, overridden layer of the drawing has to lose.
+/// A drawing with a layer that is frozen in a viewport and overridden, so that a failed change can lose something.
 zdr::Drawing preparedDrawing() {
     KelDbDatabase database(false, false);
     engine::replaceDrawing(database, makeDrawing());
@@ -102,7 +102,7 @@ zdr::Drawing preparedDrawing() {
     return engine::drawingOf(database);
 }
 
-/// Whether memory lacked: `action` ran with its n-th allocation failing.
+/// Runs `action` with its n-th allocation failing; answers whether it was ended by the lack of memory.
 template <class Action> bool isCutShort(int nth, bool& struck, Action action) {
     const FailingAllocation failing(nth);
     try {
@@ -129,7 +129,7 @@ class ChangeSweep : public testing::TestWithParam<NamedChange> {
         }
         engine::endUndoGroup(database);
     }
-    /// What differs from another drawing; handles that were given and taken back may be missing.
+    /// What differs from another drawing. The next handle may differ: handles that were given and taken back are lost.
     static std::string differenceTo(zdr::Drawing expected, const KelDbDatabase& database) {
         expected.nextHandle = engine::drawingOf(database).nextHandle;
         return difference(engine::drawingOf(database), expected);
@@ -182,7 +182,7 @@ INSTANTIATE_TEST_SUITE_P(All, ChangeSweep, testing::ValuesIn(kChanges), [](const
     return name;
 });
 
-// What can't be undone is at least whole.
+// Replacing a drawing can't be undone, but it is done whole or not at all.
 
 TEST(ReplacementSweep, ADrawingIsReplacedOrStaysWhicheverAllocationFails) {
     const zdr::Drawing old = preparedDrawing();

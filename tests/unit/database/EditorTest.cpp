@@ -1,5 +1,5 @@
-// What is asked while something of the drawing is being written, and after the writing was broken off. Only natively,
-// where the inside of the engine can be reached.
+// What the database answers while a part of the drawing is being written, and after an exception ended the writing.
+// Only natively, where the inside of the engine can be reached.
 
 #include "EngineTest.h"
 #include "engine/DatabaseImp.h"

@@ -9,7 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-/// What a test says about a layer; the rest is a new layer's.
+/// The values of a layer that a test chooses; the others are a new layer's.
 struct TestLayer {
     const wchar_t* name;
     std::uint8_t flags = zdr::kLayerOn | zdr::kLayerPlot;
@@ -28,7 +28,7 @@ class EngineTest : public testing::Test {
     EngineTest();
     ~EngineTest() override;
 
-    /// Takes the place of the drawing of the fixture: Walls, Doors, Furniture.
+    /// Replaces the fixture's drawing, which has Walls, Doors and Furniture.
     void use(zdr::Drawing drawing) { engine::replaceDrawing(m_database, std::move(drawing)); }
     const zdr::Drawing& drawing() const { return engine::drawingOf(m_database); }
     KelDbLayerStateManager& states() { return *m_database.getLayerStateManager(); }

@@ -5,7 +5,7 @@
 
 namespace {
 
-int g_allocationsLeft = 0; // until one fails; 0: none is to
+int g_allocationsLeft = 0; // counts down to the one that fails; 0: none is to
 
 } // namespace
 
@@ -19,7 +19,7 @@ bool FailingAllocation::hasStruck() const {
     return g_allocationsLeft == 0;
 }
 
-// All forms but the aligned ones, so that none of the sanitizer's own is mixed with these.
+// All forms but the aligned ones are replaced, so that no block comes from one allocator and goes back to another.
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     if (g_allocationsLeft > 0 && --g_allocationsLeft == 0)
         return nullptr;

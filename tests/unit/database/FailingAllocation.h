@@ -3,7 +3,7 @@
 
 class FailingAllocation {
   public:
-    /// @param nth which one from now on: 1 for the next
+    /// @param nth which allocation from now on: 1 for the next
     explicit FailingAllocation(int nth);
     ~FailingAllocation();
     FailingAllocation(const FailingAllocation&) = delete;

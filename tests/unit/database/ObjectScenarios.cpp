@@ -1,4 +1,4 @@
-// Scenarios of what is opened and handed out. See SweepScenarios.h.
+// Scenarios of what is opened and handed out.
 
 #include "EngineTest.h"
 #include "KelDbPointers.h"

@@ -1,4 +1,4 @@
-// Scenarios of states. See SweepScenarios.h.
+// Scenarios of states.
 
 #include "EngineTest.h"
 #include "KelDbPointers.h"
@@ -47,7 +47,7 @@ void restoreWith(Database& database, int flags) {
     states->getLastRestoredLayerState(last, id);
 }
 
-// A state is looked at by putting it on the layers for a while.
+// As the module looks at a state: it saves the layers as another state, restores the one, and then the other.
 void lookAtState(Database& database) {
     States* states = database.getLayerStateManager();
     if (!states || states->saveLayerState(L"Before", kAll) != Vorn::eOk)
@@ -181,7 +181,7 @@ void replaceByImport(Database& database) {
         delete clone;
 }
 
-// With its record put back whether or not anything went wrong.
+// Deletes a state and puts a copy of its record back, which replaceByImport() does only after a failure.
 void takeOutAndPutBack(Database& database) {
     States* states = database.getLayerStateManager();
     if (!states)

@@ -1,4 +1,4 @@
-// The owners give back what the host has handed out: each of it once, and by the call that the host wants. What the
+// The owners give back what the host has handed out: each thing once, and by the call that the host wants. What the
 // runtime library frees isn't in the ledger; the leak sanitizer of the native build watches it.
 
 #include "HostOwners.h"

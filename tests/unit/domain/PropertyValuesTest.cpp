@@ -150,7 +150,7 @@ TEST_F(SysvarText, AnyOtherKindIsAnError) {
     EXPECT_THAT(instruments::trace(), IsEmpty());
 }
 
-// The sanitizers of the native build see whether the string is freed, and only once.
+// The sanitizers of the native build check that the string is freed once.
 TEST_F(SysvarText, AStringIsCopiedAndFreed) {
     EXPECT_STREQ(sysvarValueText(stringNode(L"My profile %s 100%")), L"My profile %s 100%");
     EXPECT_THAT(instruments::trace(), ElementsAre("vorn_free(\"My profile %s 100%\")"));

@@ -24,7 +24,8 @@ std::wstring tempName(std::time_t second) {
     return L"TempState_" + std::to_wstring(std::rand());
 }
 
-/// The names that a guard born now may give: the second may be over before it is.
+/// The names that a guard made now may give its state: that of this second, and those of the next two in case this one
+/// ends before.
 std::vector<std::wstring> tempNames() {
     const std::time_t now = std::time(nullptr);
     return {tempName(now), tempName(now + 1), tempName(now + 2)};
@@ -165,7 +166,7 @@ TEST_F(TempLayerState, ARefusedSaveLeavesTheTaskUnprotected) {
     EXPECT_THAT(stateNames(), IsEmpty());
 }
 
-// Also of those statuses that others take for a success.
+// Also with the statuses that callers elsewhere take for a success.
 TEST_F(TempLayerState, ARestoreThatIsNotAFullOneKeepsTheState) {
     for (const int status : {162, 173, 384, 3}) {
         instruments::failCall("imp.restoreLayerState", 1, static_cast<Vorn::ErrorStatus>(status));
@@ -198,8 +199,8 @@ TEST_F(TempLayerState, EachCallFailingOnceHasItsOwnEnd) {
     struct End {
         bool layersBack, stateStays;
     };
-    // In the order of the calls: birth takes the drawing, its service, and saves; the end takes the drawing and its
-    // internal service, restores, takes the drawing and its service again, and deletes.
+    // In the order of the calls: the constructor asks for the drawing and its service, and saves; the destructor asks
+    // for the drawing and its internal service, restores, asks for the drawing and its service again, and deletes.
     const End ends[] = {{false, false}, {false, false}, {false, false}, {false, true}, {false, true},
                         {false, true},  {true, true},   {true, true},   {true, true},  {true, false}};
     int nth = 1;

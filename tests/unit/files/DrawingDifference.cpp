@@ -156,7 +156,7 @@ void Comparison::entities(const std::string& what, const std::vector<Entity>& a,
     });
 }
 
-/// Trailing layers that aren't frozen say nothing.
+/// Without the trailing layers that aren't frozen: leaving them out means the same.
 std::vector<bool> trimmed(std::vector<bool> frozen) {
     while (!frozen.empty() && !frozen.back())
         frozen.pop_back();

@@ -33,7 +33,7 @@ class FilePatch {
     }
     /// Overwrites the characters of a string.
     void setText(const flatbuffers::String* string, const std::string& text);
-    /// Lets one offset field lead where another one leads.
+    /// Makes an offset field lead to `target`.
     template <class Table> void lead(const Table* table, flatbuffers::voffset_t field, const void* target) {
         const auto* from = static_cast<const std::uint8_t*>(fieldAddress(table, field));
         set(table, field, static_cast<std::uint32_t>(static_cast<const std::uint8_t*>(target) - from));

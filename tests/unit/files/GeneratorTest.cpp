@@ -1,4 +1,4 @@
-// Made-up drawings are the same everywhere, and good enough to be measured with.
+// The drawings that the generator makes up are the same on every system, and good enough for measurements.
 #include "DrawingGenerator.h"
 #include "files/ContentHash.h"
 #include "files/DrawingFile.h"

@@ -1,4 +1,4 @@
-// Small files that claim to hold very much, by letting many tables lead to the same bytes.
+// Small files that claim to hold very much, because many of their tables lead to the same bytes.
 #include "SampleDrawing.h"
 #include "files/DrawingFile.h"
 #include "files/TextCoding.h"

@@ -1,4 +1,4 @@
-// What can't be read, told apart and told with the path.
+// Files that can't be read: each kind has its own status, and the reason names the path.
 #include "DrawingDifference.h"
 #include "FilePatch.h"
 #include "SampleDrawing.h"

@@ -7,7 +7,7 @@
 #include <functional>
 #include <optional>
 
-/// Where a row does its harm: a drawing with the layer states "Plan" and "Section", a second drawing, and a folder.
+/// What a row may try to harm: a drawing with the layer states "Plan" and "Section", a second drawing, and a folder.
 struct Target {
     KelDbDatabase& database;
     KelDbDatabase& other;
@@ -19,7 +19,7 @@ struct Target {
     std::wstring write(const wchar_t* name, std::string_view text) const;
 };
 
-/// What came of it. The sentence is about the path where there is one.
+/// What an attack was answered. The sentence names the path where there is one.
 struct Outcome {
     Vorn::ErrorStatus status;
     std::wstring path = {};

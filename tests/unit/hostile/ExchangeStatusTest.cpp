@@ -1,4 +1,4 @@
-// The statuses that importing and exporting tell apart, each from what really stands on the disk or in the drawing.
+// The statuses that importing and exporting tell apart, each caused by a real file or a real drawing.
 #include "../database/EngineTest.h"
 #include "../files/TemporaryFolder.h"
 

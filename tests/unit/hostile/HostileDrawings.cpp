@@ -1,5 +1,5 @@
-// Drawing files that lie. The ones that lie about a single value in many ways stand in DamagedFileTest.cpp; here they
-// come in by the host's call, over a drawing that must not notice.
+// Drawing files that lie, read by the host's call into a database whose drawing must stay as it is. The many ways to
+// lie about a single value are in DamagedFileTest.cpp.
 #include "Attack.h"
 
 #include "../files/FilePatch.h"

@@ -75,7 +75,8 @@ void addDevices(std::vector<Attack>& all) {
     for (const wchar_t* device : {L"/dev/null", L"/dev/zero"})
         all.push_back({"device" + zdr::toUtf8(device + 5), [=](const Target& t) { return go(t, Way::Read, device); },
                        Vorn::eFileUnreadable, "it isn't a file"});
-    // A device is a thing like a pipe to whoever looks at what a path leads to, and this one may be lost.
+    // Exporting is tried with a pipe, which looks like a device to the program, and which may be lost if it is
+    // replaced.
     addPath(all, "pipe", pipe, Vorn::eFileUnreadable, "it isn't a file", "it isn't a file");
 }
 #endif
@@ -90,7 +91,7 @@ void writeReferring(const Target& target, const wchar_t* file, std::initializer_
     EXPECT_EQ(zdr::writeDrawingFile(target.folder.file(file), drawing, reason, stamp), Vorn::eOk);
 }
 
-/// Opens "main.zdr"; what became of its first reference that couldn't be resolved.
+/// Opens "main.zdr"; answers the outcome for its first reference that couldn't be resolved.
 Outcome openReferences(const Target& target) {
     zdr::Drawing drawing;
     std::wstring reason;

@@ -1,5 +1,5 @@
 // The numbers of the manager's controls and texts. Resource modules in other languages are made and shipped on their
-// own, so a number that changed would part them from the module.
+// own, and wouldn't fit the module any more if a number changed.
 #include "resource.h"
 
 #include <gtest/gtest.h>

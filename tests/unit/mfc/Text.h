@@ -18,7 +18,7 @@ inline void PrintTo(const CString& text, std::ostream* out) {
     *out << '"';
 }
 
-/// With a null inside, the text as the string holds it.
+/// The whole text, also when there are nulls in it.
 inline std::wstring whole(const CString& text) {
     return std::wstring(text.GetString(), static_cast<std::size_t>(text.GetLength()));
 }

@@ -1,4 +1,4 @@
-// Which operation does what, undo, and finding things. See Model.h.
+// Which operation does what, undo, and finding things.
 
 #include "Model.h"
 
@@ -294,7 +294,7 @@ void Model::forgetSteps() {
     m_open.reset();
 }
 
-// What comes from the reference isn't in the file, and reading a file doesn't read the reference's.
+// What comes from the reference isn't in the drawing's file, and reading that file doesn't read the reference's.
 void Model::reload() {
     dropDependentStates();
     m_now.resolved = false;

@@ -14,7 +14,7 @@
 namespace model {
 
 struct Layer {
-    int id = 0; ///< of its own for ever
+    int id = 0; ///< its own, for good
     std::string name;
     std::string description;
     Look look;

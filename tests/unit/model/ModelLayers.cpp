@@ -1,4 +1,4 @@
-// Layers and the reference in the model. See Model.h.
+// Layers and the reference in the model.
 
 #include "Model.h"
 
@@ -21,7 +21,7 @@ constexpr int kBaseId = 1, kDoorsId = 3;
 
 } // namespace
 
-// Something lies on Doors, the last layer.
+// Doors, the last layer, has entities.
 Drawing Model::start(bool colorDependent) {
     Drawing drawing;
     drawing.colorDependent = colorDependent;
@@ -139,7 +139,8 @@ int Model::renameLayer(Layer& layer, std::string_view name) {
     layer.name = name;
     if (same(from, name))
         return Vorn::eOk;
-    // The drawing's own states follow. One that holds both names held the new one for a layer that is gone.
+    // The drawing's own states get the new name, too. If a state has a row under the new name already, that row is of a
+    // layer that is gone.
     for (State& state : m_now.states) {
         const bool holds = std::ranges::any_of(state.layers, [&](const StateLayer& l) { return same(l.name, from); });
         if (state.dependent || !holds)
@@ -200,8 +201,9 @@ void Model::dropDependentStates() {
     std::erase_if(m_now.states, [](const State& state) { return state.dependent; });
 }
 
-// A style that the drawing has is taken for the reference's; the others come in under the reference's name. A layer
-// that the drawing knows from before keeps the values that the drawing has for it, and goes when it is gone there.
+// A style that the drawing has under the same name is used for the reference's; the others come in under the
+// reference's name. A layer that the drawing has from an earlier attachment keeps the drawing's values, and goes when
+// the reference no longer has it.
 void Model::attach(const Drawing& site) {
     dropDependentStates();
     m_now.resolved = true;

@@ -1,5 +1,3 @@
-// States in the model. See Model.h.
-
 #include "Model.h"
 
 #include "LayerStateMask.h"
@@ -157,7 +155,7 @@ bool Model::matches(const State& state, const Viewport* viewport) const {
     return true;
 }
 
-// Behind the drawing's own states.
+// Puts a state in after the drawing's own ones.
 int Model::insert(State state) {
     if (findState(state.name))
         return Vorn::eDuplicateRecordName;

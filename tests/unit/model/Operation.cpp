@@ -155,7 +155,7 @@ std::string argumentText(Argument argument, std::uint32_t value) {
     }
 }
 
-// What a reader would have to look up.
+// What an argument stands for, in words, for whoever reads a printed sequence.
 std::string remark(Argument argument, std::uint32_t value) {
     std::ostringstream out;
     if (argument == LayerList) {

@@ -84,7 +84,7 @@ enum Property : std::uint32_t { kOff, kFrozen, kLocked, kPlot, kNewViewport, kCo
 /// An argument of a mask that stands for the state's own.
 inline constexpr std::uint32_t kOwnMask = ~std::uint32_t{0};
 
-/// Makes operations up, often about the state and the layer that the ones before were about.
+/// Makes operations up, often about the same state and layer as the ones before.
 class Generator {
   public:
     explicit Generator(std::uint32_t seed) : m_random(seed) {}
@@ -102,7 +102,8 @@ std::optional<Operation> operationOf(std::string_view line);
 /// How many arguments an operation has.
 std::size_t argumentCount(Kind kind);
 
-/// Of a text with an operation a line; lines that begin with # are passed over.
+/// Reads a text with one operation a line, and passes over lines that begin with #; none when a line isn't an
+/// operation.
 std::optional<std::vector<Operation>> readOperations(std::istream& in);
 
 } // namespace model

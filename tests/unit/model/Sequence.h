@@ -13,14 +13,14 @@ struct Divergence {
     std::string what;
 };
 
-/// Does the operations on both from a new drawing on; none when they agree to the end and the engine's drawing is whole
-/// then.
+/// Does the operations on both, beginning with a new drawing; none when they agree to the end and the engine's drawing
+/// is whole then.
 std::optional<Divergence> run(const std::vector<Operation>& operations);
 
 /// A sequence of random operations; the same seed makes the same sequence on every system.
 std::vector<Operation> randomSequence(std::uint32_t seed, std::size_t length);
 
-/// The smallest part of a sequence, with the simplest arguments, that can be found in passing and still fails.
+/// A part of a sequence that still fails, as small and with as simple arguments as a quick search finds.
 std::vector<Operation> shrink(std::vector<Operation> operations,
                               const std::function<bool(const std::vector<Operation>&)>& fails);
 

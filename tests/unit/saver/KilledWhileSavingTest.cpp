@@ -51,13 +51,14 @@ class KilledWhileSaving : public testing::TestWithParam<SavedKind> {
         return std::any_of(begin(files), end(files),
                            [](const auto& entry) { return entry.path().extension() == ".tmp"; });
     }
-    /// Writing takes the smaller part of the program's time: every second kill waits until it is at it.
+    /// The program spends the smaller part of its time writing, so every second kill waits until a file is being
+    /// written.
     void waitForTheMoment(int kill, std::mt19937& random) const {
         const auto patience = std::chrono::steady_clock::now() + 60s;
         const bool aimed = kill % 2 == 0;
         while (aimed && !isWriting())
             ASSERT_LT(std::chrono::steady_clock::now(), patience) << "the program doesn't write";
-        // Not a wait for something, but the random moment.
+        // This sleep waits for nothing: it picks the random moment of the kill.
         std::uniform_int_distribution<int> microseconds(0, aimed ? 500 : 20'000);
         std::this_thread::sleep_for(std::chrono::microseconds(microseconds(random)));
     }

@@ -1,5 +1,5 @@
-// What the saving program writes, and what its test expects to find: two drawings, or two layer states files, that it
-// puts in each other's place again and again.
+// What the saving program writes, and what its test expects to find: two drawings, or two layer states files, which it
+// saves under one name in turn, again and again.
 #pragma once
 
 #include "model/Drawing.h"

@@ -1,5 +1,5 @@
-// A program that saves in a loop until it is killed: saver drawing|state file. The file "<file>.started" tells that it
-// is at it; it ends by itself only when saving fails, or when nobody has killed it for very long.
+// A program that saves in a loop until it is killed: saver drawing|state file. It makes the file "<file>.started" when
+// the loop begins, and ends by itself only when saving fails, or when nobody has killed it for very long.
 #include "SavedFiles.h"
 #include "files/TextCoding.h"
 

@@ -13,7 +13,7 @@ TEST(ResourceModuleName, KeepsAPathWithoutBackslashWhole) {
 }
 
 TEST(ResourceModuleName, CutsTheFixedLengthOfTheExtensionWithoutLookingForADot) {
-    // Five characters go, wherever the dot stands.
+    // Five characters are cut off, wherever the dot is.
     EXPECT_EQ(resourceModuleName(L"C:\\a\\Layers.module"), L"Layers.mRes.dll");
     EXPECT_EQ(resourceModuleName(L"C:\\a\\Layers.db"), L"LayeRes.dll");
 }

@@ -1,5 +1,5 @@
 // Replays a scenario with each host call in it failing once, and with each allocation of what the host hands out
-// failing once, and looks each time whether everything was given back and the drawing is whole.
+// failing once, and checks each time that everything was given back and that the drawing is whole.
 #pragma once
 
 #include "KelDbDatabase.h"
@@ -20,7 +20,7 @@ struct Scenario {
     std::function<void(KelDbDatabase&)> run;
     /// Whether the scenario has done what it is for; asked after the run in which nothing fails.
     std::function<bool(KelDbDatabase&)> isDone;
-    /// Whether what is left is fit to stand; asked after every run. May be empty.
+    /// Whether what the scenario left behind may be so; asked after every run. May be empty.
     std::function<bool(KelDbDatabase&)> isFit = {};
 };
 

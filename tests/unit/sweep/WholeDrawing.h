@@ -1,4 +1,4 @@
-// Whether a drawing is whole, for tests that have put it through something.
+// Whether a drawing is whole, for tests that have made calls on it fail.
 #pragma once
 
 #include "KelDbDatabase.h"

@@ -19,7 +19,7 @@ namespace {
 class BadArgumentsTest : public CommandFixture {
   protected:
     BadArgumentsTest() {
-        // Something to lose, and nothing to ask about.
+        // A change that could be lost; when a command asks whether to save it, the answer is Cancel.
         run(L"LAYER NEW Walls");
         window.saveAnswer = workbench::SaveAnswer::Cancel;
     }

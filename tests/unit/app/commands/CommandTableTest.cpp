@@ -23,7 +23,7 @@ std::string narrow(const std::wstring& text) {
     return {text.begin(), text.end()};
 }
 
-/// Enters a row's names; each may stand once.
+/// Enters a row's names, which no other row may have.
 template <class Row> void expectNew(std::set<std::wstring>& names, const Row& row) {
     EXPECT_TRUE(names.insert(row.name).second) << narrow(row.name) << " stands twice";
     if (row.alias) {

@@ -29,7 +29,7 @@ class GuideTest : public CommandFixture {
         std::erase(m_text, L'\r');
     }
 
-    /// What stands from a line that begins so up to the next one that begins with `end`.
+    /// The text from the first line that begins with `beginning` up to the next one that begins with `end`.
     std::wstring section(const std::wstring& beginning, const std::wstring& end) const {
         const std::size_t start = m_text.find(L"\n" + beginning);
         EXPECT_NE(start, std::wstring::npos) << "the guide lacks a section";
@@ -37,7 +37,7 @@ class GuideTest : public CommandFixture {
     }
     const std::wstring& text() const { return m_text; }
     std::wstring commands() const { return section(L"## Commands", L"## "); }
-    /// Where the options of a command are told.
+    /// The part of the guide that describes a command's options.
     std::wstring optionsOf(const Command& command) const {
         if (command.name == std::wstring(L"LAYER"))
             return section(L"`LAYER` (", L"`VPLAYER` ");
@@ -45,7 +45,7 @@ class GuideTest : public CommandFixture {
             return section(L"`VPLAYER` ", L"### ");
         return commands();
     }
-    /// The pieces of a text that stand in backquotes.
+    /// The pieces of a text that are in backquotes.
     static std::vector<std::wstring> quoted(const std::wstring& text) {
         std::vector<std::wstring> pieces;
         for (std::size_t start = text.find(L'`'); start != std::wstring::npos;) {
@@ -64,7 +64,7 @@ std::wstring firstWord(const std::wstring& text) {
     return text.substr(0, text.find(L' '));
 }
 
-/// The first words of what stands in backquotes.
+/// The first word of each piece.
 std::set<std::wstring> firstWords(const std::vector<std::wstring>& pieces) {
     std::set<std::wstring> words;
     for (const std::wstring& piece : pieces)

@@ -101,7 +101,7 @@ TEST_F(ReferenceCommandsTest, AttachForbidsInANameJustWhatItSays) {
         const std::wstring said = run(L"ATTACH " + path("site.zdr") + L' ' + name);
         const bool forbidden = said.find(L"can't be the name of a reference") != std::wstring::npos;
         const bool named = std::wstring(L"< > / \\ \" : ? * | !").find(letter) != std::wstring::npos;
-        // A quote is taken off what is typed before it is looked at.
+        // A quote is taken off the typed text before the name is checked.
         EXPECT_EQ(forbidden, named && letter != L'"') << static_cast<char>(letter);
         EXPECT_EQ(forbidden, !hasLayer((name + L"!Trees").c_str()) && letter != L'"') << static_cast<char>(letter);
         if (forbidden) {

@@ -1,4 +1,4 @@
-// Taking a reference out of a drawing: everything that counts layers still means the same ones.
+// Taking a reference out of a drawing: every layer index that is left still names the same layer.
 
 #include "CommandFixture.h"
 #include "ReferenceEditing.h"

@@ -1,4 +1,4 @@
-// What a user thinks better of is told too, and changes nothing.
+// What a user cancels, or answers with no, changes nothing, and the command says so.
 
 #include "CommandFixture.h"
 

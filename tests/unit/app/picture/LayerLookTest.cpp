@@ -1,4 +1,4 @@
-// How layers make what lies on them look.
+// How the entities of a layer look.
 
 #include "LayerLook.h"
 #include "LayerStateMask.h"

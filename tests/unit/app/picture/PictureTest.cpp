@@ -32,7 +32,7 @@ Screen testScreen() {
     return screen;
 }
 
-/// One unit of the plane a pixel, the origin in the lower left corner.
+/// One unit of the plane is one pixel, and the origin is the lower left corner.
 const ViewTransform kOneToOne({0, 0}, 1, {0, 300});
 
 zdr::Viewport viewport(std::int16_t number, zdr::Point corner) {

@@ -1,4 +1,4 @@
-// Where tabs stand, and how they are scrolled.
+// Where the tabs are, and how they are scrolled.
 
 #include "TabStrip.h"
 

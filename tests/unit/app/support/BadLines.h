@@ -37,7 +37,7 @@ inline std::vector<std::wstring> linesWithTooFew() {
     return lines;
 }
 
-/// Every command and option that has an end to its words, with one too many of them.
+/// Every command and option that limits the number of its words, with one word too many.
 inline std::vector<std::wstring> linesWithTooMany() {
     std::vector<std::wstring> lines;
     for (const workbench::Command& command : workbench::commandTable()) {
@@ -50,8 +50,8 @@ inline std::vector<std::wstring> linesWithTooMany() {
     return lines;
 }
 
-/// Every command and option that takes words, with one of so many letters. Left out are those that tell it in a message
-/// box.
+/// Every command and option that takes words, with one word of `length` letters. Left out are those that refuse it in a
+/// message box.
 inline std::vector<std::wstring> enormousLines(std::size_t length = 32000) {
     const std::wstring enormous(length, L'x');
     std::vector<std::wstring> lines;
@@ -68,7 +68,7 @@ inline std::vector<std::wstring> enormousLines(std::size_t length = 32000) {
     return lines;
 }
 
-/// Values that are none, in a new drawing with the layer Walls.
+/// Lines with values that aren't valid, in a new drawing with the layer Walls.
 inline constexpr const wchar_t* kWrongLines[] = {
     L"LAYOUT nowhere",
     L"VPORT two",
