@@ -1,4 +1,4 @@
-// How the file is written stands in its own head comment.
+// TaskDialogs.xaml has the description of the format at its head.
 
 #include "TaskDialogFile.h"
 
