@@ -1,4 +1,4 @@
-// TaskDialogs.xaml has the description of the format at its head.
+// The head of TaskDialogs.xaml describes the format.
 
 #include "TaskDialogFile.h"
 
