@@ -27,7 +27,7 @@ BOOL CALLBACK visit(HWND window, LPARAM parameter) {
     return FALSE;
 }
 
-// Asks again and again; false when that was in vain.
+// Asks again and again until `seen` answers true; false when it hasn't within the time.
 bool comesTrue(const std::function<bool()>& seen) {
     const ULONGLONG start = GetTickCount64();
     while (!seen()) {
@@ -50,7 +50,7 @@ DrivenProgram::DrivenProgram(const std::wstring& path) {
     CloseHandle(process.hThread);
     m_process = process.hProcess;
     m_id = process.dwProcessId;
-    // Before the program waits for input for the first time, keys would go to a window that is still being set up.
+    // Until the program waits for input for the first time, keys would go to a window that is still being set up.
     WaitForInputIdle(m_process, patience);
 }
 
@@ -112,7 +112,7 @@ void clickControl(DrivenProgram& program, HWND dialog, int control) {
 }
 
 std::wstring windowText(HWND window) {
-    // Other than GetWindowText this asks the window itself, wherever it lives.
+    // GetWindowText doesn't ask a control of another process for its text; this message does.
     std::wstring text(static_cast<std::size_t>(SendMessageW(window, WM_GETTEXTLENGTH, 0, 0)) + 1, L'\0');
     const LRESULT length = SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
     text.resize(static_cast<std::size_t>(std::max<LRESULT>(length, 0)));

@@ -28,7 +28,7 @@ class DrivenProgram {
 
     /// Waits for a visible top-level window of the program that `looksRight` accepts.
     HWND waitForWindow(const std::string& what, const std::function<bool(HWND)>& looksRight);
-    /// Waits until `seen` answers true, or the program has ended, which disappoints.
+    /// Waits until `seen` answers true. When the program ends before that, throws a Disappointment.
     void waitUntil(const std::string& what, const std::function<bool()>& seen);
     /// Waits for the program's end and answers its exit code.
     DWORD waitForEnd();

@@ -1,5 +1,5 @@
-// A list view of another process. Its messages carry addresses, which mean nothing over there, so everything goes
-// through a piece of memory of that process.
+// A list view of another process. Its messages carry addresses, which have to be valid in that process, so everything
+// goes through a piece of memory allocated there.
 #pragma once
 
 #include <windows.h>

@@ -27,7 +27,7 @@ std::string narrow(const std::wstring& text) {
     return out;
 }
 
-// Whether keys go to that control of another program's window.
+// Whether that control, in a window of another program, has the keyboard.
 bool hasKeyboard(HWND control) {
     GUITHREADINFO info{};
     info.cbSize = sizeof info;
@@ -129,7 +129,8 @@ bool Tour::titleIs(const std::wstring& path) const {
 }
 
 void Tour::picture(const std::wstring& name) const {
-    // Painted is what looks the same twice in a row; a caret may blink for ever, so the looks are counted.
+    // Painting counts as done when the screen looks the same twice in a row. A blinking caret never lets it, so the
+    // number of looks is limited.
     std::vector<char> before, now = ui::screenBytes();
     for (int looks = 0; now != before && looks < mostLooks; ++looks) {
         Sleep(paintTime);

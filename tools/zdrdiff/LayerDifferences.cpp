@@ -49,7 +49,7 @@ std::wstring lineWeightText(int weight) {
     }
 }
 
-// What a layer's properties are called and read as, in the order of the table.
+// The names of a layer's properties and their values as texts, in the order of the rows of the table.
 std::vector<std::pair<std::wstring, std::wstring>> propertiesOf(const zdr::Drawing& drawing, std::size_t layer) {
     std::vector<std::pair<std::wstring, std::wstring>> found;
     const zdr::LayerColumns& columns = drawing.columns;

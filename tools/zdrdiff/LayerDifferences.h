@@ -16,7 +16,7 @@ struct Difference {
     std::wstring after;
 };
 
-/// In the order of the layers of `before`, those that only `after` has behind them.
+/// In the order of the layers of `before`, with those that only `after` has at the end.
 std::vector<Difference> layerDifferences(const zdr::Drawing& before, const zdr::Drawing& after);
 
 /// The differences as a table, and below it how many layers of how many changed.

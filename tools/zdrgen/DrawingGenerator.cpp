@@ -1,4 +1,3 @@
-// Making up a drawing.
 #include "DrawingGenerator.h"
 
 #include "LayerStateMask.h"

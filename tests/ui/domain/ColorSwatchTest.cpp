@@ -68,11 +68,11 @@ bool lives(HGDIOBJ handle) {
     return ::GetObjectType(handle) != 0;
 }
 
-/// Takes what room the system has for GDI objects, but for `left` of them.
+/// Uses up the GDI objects that the system allows, except `left` of them.
 class ScarceObjects {
   public:
     explicit ScarceObjects(std::size_t left) {
-        constexpr std::size_t more = 200000; // than any system has room for
+        constexpr std::size_t more = 200000; // more objects than any system allows
         while (m_taken.size() < more) {
             const HGDIOBJ object = ::CreateSolidBrush(static_cast<COLORREF>(m_taken.size()));
             if (!object)
@@ -128,7 +128,7 @@ TEST_F(ColorSwatch, TakesThePlaceOfABitmapThatWasThere) {
     const HGDIOBJ first = m_bitmap.GetSafeHandle();
     make(indexed(3));
     EXPECT_EQ(pixels(), square(RGB(0, 255, 0)));
-    // The system may give the handle of the deleted one out again.
+    // The system may use the handle of the deleted object for a new one.
     EXPECT_TRUE(m_bitmap.GetSafeHandle() == first || !lives(first));
 }
 
@@ -141,7 +141,7 @@ TEST_F(ColorSwatch, WithoutAContextNothingIsTouched) {
 }
 
 TEST_F(ColorSwatch, NothingIsLeftBehind) {
-    // More than the system has room for.
+    // More objects than the system allows.
     for (int i = 0; i < 66000; ++i) {
         CDC context;
         ASSERT_TRUE(context.CreateCompatibleDC(nullptr)) << i;

@@ -1,4 +1,4 @@
-// What assistive programs, such as readers of the screen, are told about a window.
+// What assistive programs, such as screen readers, are told about a window.
 #pragma once
 
 #include <windows.h>
@@ -7,7 +7,7 @@
 
 namespace ui {
 
-/// Empty and 0 where they are told nothing.
+/// What they are told; empty and 0 when that is nothing.
 struct Told {
     std::wstring name;
     long role = 0; ///< one of ROLE_SYSTEM_...

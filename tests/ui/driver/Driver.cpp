@@ -20,8 +20,9 @@ constexpr UINT tickLength = 10;
 
 std::function<std::string()> g_lastWords = [] { return std::string(); };
 
-// Two single clicks on one spot must be further apart than a double click, and half a second each is most of a test's
-// time. While the tests run the span is short; the two clicks of a double click carry one time stamp (see Input.cpp).
+// Shortens the system's time for a double click while the tests run. Two single clicks on one spot have to be further
+// apart than that, and half a second each would be most of a test's time. Double clicks still work, because Input.cpp
+// gives both of their clicks the same time stamp.
 class ShortDoubleClicks {
   public:
     ShortDoubleClicks() : m_before(GetDoubleClickTime()) { SetDoubleClickTime(100); }
@@ -57,8 +58,9 @@ HWND answerableWindow() {
     return found;
 }
 
-/// The desktop of a fresh session may come up behind the first windows of the first program and take their input away;
-/// a person would click into the window. Between the program's own windows nothing is changed.
+/// Makes our window the foreground window when another program's is. The desktop of a fresh session may start after the
+/// first windows of the first program and take their input away; a person would click into the window. Nothing changes
+/// when one of our own windows has the input.
 void takeInputFromOthers() {
     DWORD owner = 0;
     GetWindowThreadProcessId(GetForegroundWindow(), &owner);
@@ -107,7 +109,8 @@ class Performance {
 
     void tryStep() {
         const View view = View::facing();
-        // A dialog gets its loop, its place on the screen and the keyboard one after the other.
+        // A dialog that opens gets its loop, its place on the screen and the keyboard one after the other, so all three
+        // have to be there.
         if (!view.window() || !IsWindowVisible(view.window()) || GetForegroundWindow() != view.window()) {
             m_obstacle = "no window of the program is shown and has the input";
             takeInputFromOthers();
@@ -158,15 +161,15 @@ class Performance {
             << what << "\nScreenshot: " << narrow(shot);
     }
 
-    // Closes what is open, window by window, the way out that works for each kind: the close button first, and ending
-    // the dialog by force for a window that refuses it. The watchdog has the last word.
+    // Closes what is open, window by window: by the close button first, and when a window refuses that, by ending the
+    // dialog. If that fails too, the watchdog ends the program.
     void closeFacing() {
         const HWND window = View::facing().window();
         if (!window)
             return;
         m_closingTicks = window == m_closing ? m_closingTicks + 1 : 0;
         m_closing = window;
-        // A question whether to save is answered by No: closed, it would only be asked again.
+        // The answer to a question whether to save is No. Closing the question would only bring it up again.
         if (m_closingTicks == 0 && GetDlgItem(window, IDNO))
             PostMessageW(window, WM_COMMAND, IDNO, 0);
         else if (m_closingTicks == 0)

@@ -1,6 +1,6 @@
 // Runs a script while a modal loop waits for input. A modal loop belongs to its dialog (or to the system, for message
 // boxes and task dialogs), so the driver lives on a timer of the same thread: the system hands out a timer's message
-// only when no other message, input or painting is waiting, which is just when a person would see the program idle.
+// only when no other message, input or painting is waiting, and that is when a person would see the program idle.
 #pragma once
 
 #include "Script.h"
@@ -16,7 +16,8 @@ namespace ui {
 /// @return whether all went well
 bool perform(Script script, const std::function<void()>& action);
 
-/// What to print about the host when the program is stuck and has to be ended; each call replaces the one before.
+/// Sets what is printed about the host when the program is stuck and has to be ended; each call replaces the one
+/// before.
 void setLastWords(std::function<std::string()> words);
 /// The folder of the screenshots of failures: $KEL_SCREENSHOTS, or `screenshots` beside the folder of the program.
 std::wstring screenshotFolder();

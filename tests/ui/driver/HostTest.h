@@ -16,7 +16,7 @@
 
 namespace ui {
 
-/// The host calls of one operation among those of a trace, in order.
+/// The lines of a trace that are calls of `operation`, in order.
 std::vector<std::string> callsOf(const std::string& operation, const std::vector<std::string>& trace);
 /// The same among all calls so far.
 std::vector<std::string> callsOf(const std::string& operation);
@@ -38,12 +38,12 @@ class HostTest : public testing::Test {
     /// The database of the open document.
     KelDbDatabase& database() const;
     KelDbLayerStateManager& states() const;
-    /// Runs a command as the command line does.
+    /// Runs a registered command as the command line does.
     void runCommand(const std::wstring& name);
 
     /// What a dialog has kept under its name; -1 when it has kept nothing of that key.
     static long kept(const std::wstring& dialog, const std::wstring& key);
-    /// Makes every dialog one that has never been run.
+    /// Deletes what all dialogs have kept, so that each is as before its first run.
     static void forgetDialogs();
     static void keep(const std::wstring& dialog, const std::wstring& key, unsigned long value);
 

@@ -63,8 +63,8 @@ class Batch {
         m_inputs.push_back(input);
     }
     void move(POINT point) { mouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, point); }
-    // Names the place with each press and release: on a busy system the X server tells of an older place of the pointer
-    // after the move to the new one.
+    // Gives the place with each press and release, because on a busy system the X server may report an older place of
+    // the pointer after the move to the new one.
     void button(DWORD flags) {
         move(g_target);
         mouse(flags);
@@ -85,7 +85,7 @@ class Batch {
         return std::find(std::begin(extended), std::end(extended), code) != std::end(extended);
     }
     std::vector<INPUT> m_inputs;
-    // The clicks of one batch happen at one moment, however long a busy system takes to pass them on.
+    // All clicks of one batch get the same time stamp, however long a busy system takes to pass them on.
     DWORD m_time = GetTickCount();
 };
 
@@ -94,7 +94,7 @@ void waitOutDoubleClick(POINT point) {
                           std::abs(point.y - g_lastClick.y) <= GetSystemMetrics(SM_CYDOUBLECLK);
     if (!g_clicked || !sameSpot)
         return;
-    // The tick count goes by steps that may come late, so a sleep of the right length isn't enough.
+    // The tick count is updated in steps, and late ones, so one sleep of the right length may not be enough.
     while (GetTickCount() - g_lastClickTime <= GetDoubleClickTime())
         Sleep(5);
 }

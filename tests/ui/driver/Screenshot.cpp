@@ -14,7 +14,7 @@ BITMAPINFOHEADER headerOf(const RECT& part) {
     header.biPlanes = 1;
     header.biBitCount = 24;
     header.biCompression = BI_RGB;
-    // Each line takes whole 32-bit words.
+    // Each line is padded to whole 32-bit words.
     header.biSizeImage = static_cast<DWORD>((width * 3 + 3) / 4 * 4 * height);
     return header;
 }

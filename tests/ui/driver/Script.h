@@ -1,5 +1,5 @@
-// What a test wants a person to do and to look at, step by step, written down before the dialog opens. Each step waits,
-// within a bound, until it can be done, as a person would: until the control is there, shown and enabled.
+// What a test wants a person to do and to look at: a list of steps that is put together before the dialog opens. Each
+// step waits, within a bound, until it can be done, as a person would: until the control is there, shown and enabled.
 #pragma once
 
 #include "Input.h"
@@ -33,7 +33,7 @@ class Script {
     /// @{
     /// Clicks the middle of a control, once it is enabled.
     Script& click(int control, Where where = Where::current());
-    /// Clicks the middle of a control as it stands, also a disabled one.
+    /// Clicks the middle of a control, even when it is disabled.
     Script& clickDisabled(int control, Where where = Where::current());
     /// Clicks the control with that text; for the buttons of task dialogs.
     Script& clickText(std::wstring text, Where where = Where::current());
@@ -57,7 +57,7 @@ class Script {
 
     /// @name Seeing
     /// @{
-    /// Assertions; they run once. A fatal one ends the script.
+    /// Runs `see`, which makes assertions, once. A fatal failure ends the script.
     Script& look(std::string what, std::function<void(const View&)> see, Where where = Where::current());
     /// Waits until `seen` answers true.
     Script& waitUntil(std::string what, std::function<bool(const View&)> seen,
@@ -68,13 +68,13 @@ class Script {
     Script& waitForControl(int control, Where where = Where::current());
     /// @}
 
-    /// Answers whatever stands in front of the window with that control by Enter, until that window has the input again
-    /// or has ended.
+    /// Presses Enter for every window that opens over the one with that control, until that one has the input again or
+    /// is gone.
     Script& answerAllUntil(int control, Where where = Where::current());
     /// The steps added from here on are only done while a window is still open.
     Script& ifStillOpen();
 
-    /// Any other step.
+    /// Adds any other step. `act` is called again and again until it answers no obstacle.
     Script& step(std::string what, std::function<Obstacle(const View&)> act,
                  std::chrono::milliseconds bound = std::chrono::seconds(5), Where where = Where::current());
     /// Appends the steps of another script.

@@ -1,4 +1,4 @@
-// Handles are given in order, so that they can stand in the expected traces of tests: Base has 1.
+// Handles are given in order from 1, which is Base, so that tests can name them in the traces that they expect.
 
 #include "TestDrawing.h"
 

@@ -17,7 +17,8 @@ class TestDrawing {
     /// A layer that is on, thawed, unlocked and plotted, in that palette colour.
     TestDrawing& layer(const std::wstring& name, std::uint32_t color = 7);
     TestDrawing& linetype(const std::wstring& name);
-    /// A state of all layers that the drawing has so far. `change` makes its values other than the drawing's.
+    /// Adds a state of all layers that the drawing has so far. `change` may change its values, which are the drawing's
+    /// at first.
     TestDrawing& state(const std::wstring& name, LayerStateMask mask, const std::wstring& description = L"",
                        const std::function<void(zdr::LayerColumns&)>& change = {});
     /// The state last put in was saved with a viewport.

@@ -8,7 +8,7 @@ namespace ui {
 
 namespace {
 
-// Of dialogs, and so of the pages inside a dialog with tabs.
+// The window class of dialogs, and so of the pages inside a dialog with tabs.
 constexpr const wchar_t* pageClass = L"#32770";
 
 std::wstring withoutMnemonic(std::wstring text) {
@@ -271,7 +271,7 @@ std::vector<COLORREF> View::pixels(int id) const {
     const LONG height = area.bottom - area.top;
     if (width <= 0 || height <= 0)
         return {};
-    // One copy of the whole: asking the screen for single pixels takes half a minute for a large window.
+    // Copies the whole area at once: asking the screen for single pixels takes half a minute for a large window.
     BITMAPINFO info{};
     info.bmiHeader = {sizeof info.bmiHeader, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
     void* bits = nullptr;

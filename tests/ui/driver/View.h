@@ -34,7 +34,7 @@ class View {
     RECT rect(int id) const;
     /// The texts of all visible controls that hold one, in their order.
     std::vector<std::wstring> texts() const;
-    /// The character behind the & of a control's text; 0 when it has none.
+    /// The character after the & of a control's text; 0 when it has none.
     wchar_t mnemonic(int id) const;
     /// The control with that text, mnemonic marks left out; null when there is none.
     HWND controlWithText(const std::wstring& text) const;
@@ -74,7 +74,7 @@ std::wstring textOf(HWND window);
 std::wstring shownTip();
 /// All that is shown inside a window, at any depth.
 std::vector<HWND> visibleControls(HWND window);
-/// For messages of a test.
+/// The text in UTF-8, for the messages of a test.
 std::string narrow(const std::wstring& text);
 
 } // namespace ui

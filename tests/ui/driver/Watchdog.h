@@ -1,4 +1,4 @@
-// Ends a program that is stuck, from a thread of its own, since the stuck thread can't. Nothing else is done there.
+// Ends a program that is stuck. It does so on a thread of its own, because the stuck thread can't.
 #pragma once
 
 #include <chrono>

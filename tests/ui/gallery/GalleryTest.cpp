@@ -15,7 +15,7 @@ namespace {
 constexpr const wchar_t* testRoot = L"Software\\KelGallery\\Dialogs";
 constexpr const wchar_t* mainWindowKey = L"Software\\KelWorkbench\\Window";
 
-// Paint goes to the screen by and by; what looks the same twice, so far apart, is all there.
+// Painting reaches the screen little by little. When two looks so far apart are the same, it is done.
 constexpr auto paintTime = std::chrono::milliseconds(100);
 constexpr const char* sampleFiles[] = {"house.zdr", "site.zdr"};
 
@@ -24,7 +24,7 @@ fs::path programFolder() {
     return fs::path(std::wstring(path, GetModuleFileNameW(nullptr, path, MAX_PATH))).parent_path();
 }
 
-/// Where an office keeps its drawings: pictures show the paths.
+/// A folder with a name as in an office, because the pictures show paths.
 fs::path plansFolder() {
     wchar_t path[MAX_PATH] = L"";
     EXPECT_NE(GetEnvironmentVariableW(L"PUBLIC", path, MAX_PATH), 0u);
@@ -38,7 +38,7 @@ void layOutPlans() {
                       fs::copy_options::overwrite_existing);
 }
 
-/// Where no window is.
+/// A point of the screen where no window is.
 POINT awayFromAll() {
     return {GetSystemMetrics(SM_CXSCREEN) - 4, GetSystemMetrics(SM_CYSCREEN) - 4};
 }
@@ -48,7 +48,7 @@ void forgetPlaces() {
     RegDeleteTreeW(HKEY_CURRENT_USER, mainWindowKey);
 }
 
-/// Empty when no pictures are wanted.
+/// Where pictures are saved; empty when none are wanted.
 std::wstring pictureFolder() {
     wchar_t folder[MAX_PATH] = L"";
     GetEnvironmentVariableW(L"KEL_PICTURES", folder, MAX_PATH);

@@ -19,11 +19,11 @@ class GalleryTest : public testing::Test {
     GalleryTest();
     ~GalleryTest() override;
 
-    /// Runs the main window with the sample open; the steps begin when it is shown, and it is closed behind them.
+    /// Runs the main window with the sample open; the steps begin when it is shown, and it is closed after them.
     void useWorkbench(ui::Script script);
     /// Runs `open`, which shows a dialog, with the main window behind it.
     void showDialog(ui::Script script, const std::function<void()>& open);
-    /// A line of the command line, without its being typed.
+    /// Runs a line of the command line without typing it.
     void run(const std::wstring& line);
     workbench::MainWindow& window() { return *m_window; }
 

@@ -49,7 +49,7 @@ bool isLabel(const Control& control) {
     return control.kind == L"Static" && (control.style & SS_TYPEMASK) <= SS_RIGHT;
 }
 
-/// A label that says by an ellipsis that there is more.
+/// Whether a label shortens its text by an ellipsis itself.
 bool shortensItself(const Control& control) {
     return isLabel(control) && (control.style & SS_ELLIPSISMASK) != 0;
 }
@@ -75,7 +75,7 @@ HFONT fontOf(HWND window) {
     return reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0));
 }
 
-/// The room that the text takes in that width, in pixels.
+/// The size of the text in pixels when it is broken at that width.
 SIZE textSize(const Control& control, int width) {
     const HDC dc = GetDC(control.window);
     const HGDIOBJ former = SelectObject(dc, fontOf(control.window));

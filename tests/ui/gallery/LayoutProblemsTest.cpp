@@ -1,4 +1,4 @@
-// The look at the layout finds what is wrong, and nothing where all is well.
+// layoutProblems() finds what is wrong with a layout, and nothing when all is well.
 
 #include "LayoutProblems.h"
 

@@ -106,7 +106,7 @@ TEST_F(MainWindow, isAsLargeAsTheScalingAsksFor) {
 }
 
 TEST_F(MainWindow, closedOnAnotherScalingItOpensAsLargeForTheEye) {
-    // Left, top, right, bottom, whether it filled the screen, dots an inch; as the window keeps them.
+    // As the window keeps it: left, top, right, bottom, whether it filled the screen, dots an inch.
     const DWORD kept[] = {10, 10, 10 + 1600, 10 + 1200, 0, 192};
     RegSetKeyValueW(HKEY_CURRENT_USER, L"Software\\KelWorkbench\\Window", L"Placement", REG_BINARY, kept, sizeof kept);
     useWorkbench(sizeIs(800, 600));

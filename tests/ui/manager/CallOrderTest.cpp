@@ -121,7 +121,8 @@ Calls callsOfNotification(const View& view, UINT code) {
 }
 
 TEST_F(CallOrder, ThreeNotificationsOfTheListUpdateTheControlsAndNoOtherDoes) {
-    // Two of them no person's input brings about in this list: a double click is a restore, and the list owns its data.
+    // The test sends the notifications itself, because no input brings two of them about in this list: a double click
+    // is a restore, and the list owns its data.
     lookAtOpening([](const View& view) {
         for (const UINT code : {LVN_ITEMACTIVATE, LVN_ODSTATECHANGED, LVN_ITEMCHANGED})
             EXPECT_THAT(callsOfNotification(view, code), ElementsAreArray(update)) << static_cast<int>(code);

@@ -13,7 +13,7 @@ using ui::View;
 
 enum class Mask { overridable, bare, unreadable };
 
-// One row of the list that is clicked, the second one with Control held.
+// The rows that are clicked; the second one with Control held.
 struct Selection {
     const char* what;
     std::vector<std::wstring> names;
@@ -31,7 +31,7 @@ std::vector<int> sorted(std::vector<int> controls) {
     return controls;
 }
 
-/// What is to be enabled, written down group by group from the dialog's rules.
+/// The controls that have to be enabled, group by group as the dialog's rules say.
 std::vector<int> expectedControls(const Case& each) {
     const Selection& selection = each.selection;
     std::vector<int> expected{IDC_LSTATE_RES_NEW, IDC_LSTATE_RES_IMPORT};
@@ -102,7 +102,7 @@ TEST_P(EnableTable, HoldsForEverySelection) {
     Script script;
     for (const Selection& selection : selections()) {
         const Case each{inViewport, selection};
-        // The masks are unreadable only after the rows have been clicked away.
+        // The masks are made unreadable only after a click beside the rows has unselected them.
         script.clickEmptySpace(IDC_LSTATE_RES_LIST);
         if (selection.mask == Mask::unreadable)
             script.look("no mask can be read from here on", [](const View&) { failAllMasks(); });

@@ -161,7 +161,7 @@ TEST_F(Opening, EachRowTellsItsSpaceWhetherItMatchesTheDrawingAndItsDescription)
         EXPECT_THAT(view.cells(IDC_LSTATE_RES_LIST, 2), ElementsAre(L"Bare", model, yes, L""));
         EXPECT_THAT(view.cells(IDC_LSTATE_RES_LIST, 3),
                     ElementsAre(L"Sheet", resourceText(IDS_LSTATE_SPACE_VIEWPORT), yes, L""));
-        // A state of a reference is told as such, with a viewport or without.
+        // A state of a reference is shown as one, whether it was saved with a viewport or without.
         EXPECT_THAT(view.cells(IDC_LSTATE_RES_LIST, 4),
                     ElementsAre(L"site!Survey", resourceText(IDS_LSTATE_SPACE_REFERENCE), yes, L"of the site"));
     });

@@ -53,7 +53,7 @@ void expectShifted(const Layout& from, const Layout& to, LONG by) {
 class Panel : public ManagerTest {
   protected:
     static Script& note(Script& script, Layout& into) {
-        // The focus and the pointer's hovering would change the button's face.
+        // Moves focus and pointer away, because both would change the button's face.
         script.press(VK_TAB).hover(IDC_LSTATE_RES_CURRENT);
         return script.look("the layout", [&into](const View& view) { into = layoutOf(view); });
     }

@@ -33,7 +33,7 @@ class RestoreFailure : public ManagerTest {
                   })
             .click(IDC_LSTATE_RES_RESTORE);
     }
-    /// A refused restore goes through all the same.
+    /// After a refused restore the rest of the handler has run all the same.
     void expectGoneThrough() const {
         EXPECT_EQ(ui::callsOf("setLayerStateMask").size(), 1u);
         EXPECT_EQ(ui::callsOf("keledRegenLayers").size(), 1u);
@@ -59,7 +59,7 @@ TEST_P(RestoreReports, ComeAsAMessageBoxAndTheManagerEnds) {
                .look("its owner, its title, its icon and its button",
                      [this](const View& view) {
                          EXPECT_EQ(GetWindow(view.window(), GW_OWNER), manager);
-                         EXPECT_EQ(view.title(), L"Error"); // the system's, of a box without a title of its own
+                         EXPECT_EQ(view.title(), L"Error"); // the system's title for a box that names none
                          EXPECT_EQ(view.icon(), LoadIconW(nullptr, MAKEINTRESOURCEW(exclamation)));
                          EXPECT_TRUE(view.has(IDOK) || view.has(IDCANCEL)); // a lone OK button may bear either id
                          EXPECT_FALSE(view.has(IDYES));
@@ -144,7 +144,7 @@ TEST_F(RestoreFailure, ATaskDialogThatCantBeLoadedBecomesAMessageBoxWithoutText)
                .look("its texts",
                      [](const View& view) {
                          EXPECT_EQ(view.icon(), LoadIconW(nullptr, MAKEINTRESOURCEW(exclamation)));
-                         EXPECT_EQ(view.texts().size(), 1u); // the button's alone
+                         EXPECT_EQ(view.texts().size(), 1u); // that of the button
                      })
                .press(VK_RETURN));
     EXPECT_EQ(ui::callsOf("taskDialog.ShowDialog").size(), 0u);

@@ -215,7 +215,7 @@ TEST_F(Restore, WithoutATransactionDoesNothingAndTheManagerStaysOpen) {
 
 TEST_F(Restore, WithoutASelectedRowDoesNothingAndTheManagerStaysOpen) {
     open(house());
-    // With Control held the first press takes the row out of the selection, and the second makes the double click.
+    // With Control held the first press unselects the row, and the second makes the double click.
     manage(Script()
                .look("the calls count from here", [](const View&) { instruments::clearTrace(); })
                .doubleClickCell(IDC_LSTATE_RES_LIST, 0, 0, ui::holdControl)

@@ -123,7 +123,7 @@ TEST_F(ShortCuts, AltWithAnAngleBracketIsConsumedWhetherOrNotThereIsSomethingToD
     });
     for (const wchar_t character : {L'<', L'>', L'>', L'<'})
         script.pressAlt(character);
-    // A character that is nobody's gets through, and so comes after all of them.
+    // J is no short cut and gets through, so when it arrives all keys before it have been dealt with.
     script.pressAlt(L'j').waitUntil("the last one", [&](const View&) { return reached > 0; });
     script.look("no more than that one", [&](const View& view) {
         EXPECT_EQ(reached, 1);

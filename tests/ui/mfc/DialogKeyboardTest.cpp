@@ -99,7 +99,7 @@ TEST_F(DialogKeyboardTest, SpaceTicksTheBoxWithTheFocus) {
               IDCANCEL);
 }
 
-/// Modeless in the program's loop, which only its own end leaves.
+/// Modeless in the program's message loop, which ends when this dialog is cancelled.
 class ModelessKeys : public KeysDialog {
   protected:
     void OnCancel() override {

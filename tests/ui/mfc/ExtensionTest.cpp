@@ -1,4 +1,4 @@
-// Extension DLLs: their resources are in the search while they are loaded, behind the current resource handle.
+// Extension DLLs: while they are loaded their resources are searched, after those of the current resource handle.
 #include "MfcTestIds.h"
 #include "Program.h"
 

@@ -220,7 +220,7 @@ TEST_F(NotifyTest, OfAWindowThatIsGoneFindsNobody) {
     EXPECT_THAT(log, IsEmpty());
 }
 
-/// Keeps sorted by comparing the numbers that stand for its items.
+/// Sorts itself by the numbers that its items hold as data.
 class SortedList : public CListBox {
   public:
     int measured = 0;

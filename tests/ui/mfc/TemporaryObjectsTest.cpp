@@ -77,7 +77,7 @@ class IdleDialog : public CDialog {
 
   protected:
     LRESULT OnKickIdle(WPARAM, LPARAM) {
-        // The second time, what the first made is gone.
+        // The second time the object that was made at the first is gone.
         CWnd* const open = GetDlgItem(IDC_OPEN);
         marked = m_turns == 0 ? 0 : open->m_nFlags;
         open->m_nFlags = 777;

@@ -88,7 +88,7 @@ TEST_F(WindowTest, OfAClassThatIsNotRegisteredEndsItsObject) {
     Recorder window;
     EXPECT_FALSE(window.CreateEx(0, L"no such class", L"", WS_POPUP, CRect(0, 0, 10, 10), nullptr, 0));
     EXPECT_THAT(window.log, ElementsAre("pre-create", "post"));
-    // The hook is gone: the next window of anyone is nobody's.
+    // The hook is gone: the next window that is created gets no object.
     Frame frame;
     ASSERT_TRUE(frame.Create());
     const HWND plain = makeEdit(frame, 1);

@@ -8,7 +8,7 @@
 
 namespace {
 
-// As long as a monkey stays with one dialog.
+// After so many actions in one dialog the monkey closes it.
 constexpr int kMostInDialog = 40;
 constexpr int kHelpButton = 9; // IDHELP
 constexpr int kMfcHelpButton = 0xE146;
@@ -57,7 +57,7 @@ void sendMouse(DWORD flags, DWORD data = 0) {
     SendInput(1, &input, sizeof input);
 }
 
-/// Puts the pointer there at once: a monkey needn't be sure that it arrived.
+/// Moves the pointer there without waiting: a monkey doesn't need to know that it has arrived.
 void pointAt(POINT point) {
     SetCursorPos(point.x, point.y);
 }

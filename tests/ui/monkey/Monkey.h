@@ -12,13 +12,13 @@
 
 class Monkey {
   public:
-    /// @param folder where its files may go, with a separator at its end
-    /// @param log keeps what was done, for whoever wants to know afterwards
+    /// @param folder where the files that it saves may go, with a separator at its end
+    /// @param log gets a line for each action
     Monkey(unsigned seed, std::wstring folder, std::FILE* log);
 
     /// Does one thing to the window that takes the input.
     void act(HWND mainWindow);
-    /// Does one thing that brings the end of the life nearer: closes what is in front.
+    /// Does one thing that brings the end of the life nearer: closes the window in front.
     void leave(HWND mainWindow);
     long actions() const { return m_actions; }
 

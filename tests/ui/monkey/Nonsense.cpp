@@ -77,7 +77,7 @@ std::wstring Nonsense::optionLine() {
     const auto commands = workbench::commandTable();
     const workbench::Command& command = commands[below(commands.size())];
     std::wstring text = command.name;
-    // QUIT ends the life, which is short enough without it.
+    // Most QUITs are left out, because each one ends the life.
     if (text == L"QUIT" && below(5) != 0)
         return L"HELP QUIT";
     // A relative path would leave the folder of the monkey.

@@ -2,10 +2,10 @@
 // window of its own; after each one nothing may be open or handed out, and no window may be left. A crash, an
 // assertion, or a window that stops answering ends the program with a failure.
 //
-// Before the random lives and after them stand lives by a fixed script, the very first one to let the system keep what
-// it keeps of windows that are shown for the first time. After the others the GDI objects, menus, icons and cursors are
-// compared exactly: a single one that a life leaves behind is seen. What the random lives reach beyond the script is
-// held by a bound on what all of them together may leave. What can't be counted fails the run.
+// Lives by a fixed script come before the random lives and after them. The very first one lets the system keep what it
+// keeps of windows that are shown for the first time. After each of the later ones the GDI objects, menus, icons and
+// cursors are compared exactly: a single one that a life leaves behind is seen. For what only the random lives reach
+// there is a bound on what all of them together may leave. What can't be counted fails the run.
 
 #include "GuiObjects.h"
 #include "Monkey.h"
@@ -43,8 +43,8 @@ constexpr UINT kTick = 10;
 struct Counts {
     int gdi = 0, user = 0;
 };
-// What the system keeps of what a random life shows for the first time and the script doesn't: GDI objects, and menus,
-// icons and cursors. Measured under Wine in five runs of 12 or 14 seconds and one of a minute: 16 to 27 and 29; 2 to 4.
+// How many GDI objects, and how many menus, icons and cursors, the system may keep for things that only a random life
+// shows. Measured under Wine in five runs of 12 or 14 seconds and one of a minute: 16 to 27 and 29; 2 to 4.
 constexpr Counts kKeptOfRandomLives{48, 8};
 
 struct Options {
@@ -101,8 +101,8 @@ class Life {
         m_inTick = false;
     }
 
-    /// The desktop of a fresh session may come up behind the first windows of the first program and take their input
-    /// away; a life would wait for ever then.
+    /// The desktop of a fresh session may start after the first windows of the first program and take their input away.
+    /// A life would then wait without end.
     void takeInputFromOthers() const {
         DWORD owner = 0;
         GetWindowThreadProcessId(GetForegroundWindow(), &owner);
@@ -131,7 +131,7 @@ void prepareFolder(const fs::path& folder, const fs::path& samples) {
     std::ofstream(folder / "lines.scr")
         << "LAYER OFF *\nLAYOUT A1 sheet\nVPORT 2\nVPLAYER FREEZE *\nLAYER ON *\nREGEN\n";
     std::ofstream(folder / "self.scr") << "REGEN\nSCRIPT \"" << folder.string() << "\\self.scr\"\n";
-    // What is typed without a folder stays in this one.
+    // Paths that are typed without a folder lead into this one.
     fs::current_path(folder);
 }
 
@@ -162,7 +162,8 @@ std::string textOf(const std::optional<int>& count) {
     return count ? std::to_string(*count) : "uncounted";
 }
 
-/// Prints what is left, and answers whether all is given back that every life has to give back, and could be counted.
+/// Prints what is left, and answers whether everything could be counted and nothing is left that each life has to give
+/// back.
 bool isClean(const std::string& life, const Rest& rest) {
     std::printf("%s: %d windows, %s GDI objects, %s menus, icons and cursors\n", life.c_str(), rest.windows,
                 textOf(rest.gdiObjects).c_str(), textOf(rest.userObjects).c_str());
@@ -172,7 +173,7 @@ bool isClean(const std::string& life, const Rest& rest) {
     return rest.ledger.empty() && rest.windows == 0 && rest.gdiObjects && rest.userObjects;
 }
 
-/// Whether there is no more than after an earlier life, but for what the system may keep.
+/// Whether there is no more left than after an earlier life, apart from what the system may keep.
 bool isAsBefore(const Rest& rest, const Rest& before, Counts kept = {}) {
     const int gdi = rest.gdiObjects.value_or(0) - before.gdiObjects.value_or(0);
     const int user = rest.userObjects.value_or(0) - before.userObjects.value_or(0);

@@ -1,5 +1,5 @@
-// Addresses that aren't ones, as the service answers them: at once, and without a word to any server. What exactly is
-// refused is tested with the parser of addresses; here it is asked through the service, in all three operations.
+// How the service answers bad addresses: at once, and without sending anything to a server. What exactly is refused is
+// tested with the parser of addresses; here all three operations of the service are called.
 
 #include "ImportFaults.h"
 #include "RemoteFixture.h"

@@ -1,4 +1,4 @@
-// Which status each answer of a server becomes, and what is asked of it.
+// Which status each answer of a server becomes, and what the requests to it look like.
 
 #include "RemoteFixture.h"
 #include "TestServer.h"

@@ -19,8 +19,8 @@ using namespace std::chrono_literals;
 
 namespace {
 
-// The wait that a test is about is short, and every other one longer than the bound by far, so that a loaded computer
-// fails no test and a wait that isn't bounded does.
+// The wait that a test is about lasts kShort and every other one kNever, and a transfer has to end within kBound. So no
+// test fails because the computer is loaded, and one does when a wait has no bound.
 constexpr std::chrono::milliseconds kShort = 200ms;
 constexpr std::chrono::milliseconds kNever = 90s;
 constexpr std::chrono::milliseconds kBound = 30s;

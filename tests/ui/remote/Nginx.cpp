@@ -13,8 +13,8 @@
 namespace nginx {
 namespace {
 
-/// What with_nginx tells. Without it there is nothing to test with, and no folder that may be emptied: the program
-/// ends.
+/// The value of a variable that with_nginx sets. Without it the program ends, because it has no server to test with and
+/// no folder that it may empty.
 std::wstring told(const wchar_t* name) {
     std::array<wchar_t, MAX_PATH> text{};
     const DWORD length = GetEnvironmentVariableW(name, text.data(), static_cast<DWORD>(text.size()));
@@ -66,7 +66,7 @@ Trust::Trust() : m_store(CertOpenStore(CERT_STORE_PROV_SYSTEM_W, 0, 0, CERT_SYST
     CertAddEncodedCertificateToStore(m_store, X509_ASN_ENCODING, reinterpret_cast<const BYTE*>(bytes.data()),
                                      static_cast<DWORD>(bytes.size()), CERT_STORE_ADD_REPLACE_EXISTING,
                                      reinterpret_cast<PCCERT_CONTEXT*>(&m_certificate));
-    CertControlStore(m_store, 0, CERT_STORE_CTRL_COMMIT, nullptr); // what is only in memory is trusted by nobody
+    CertControlStore(m_store, 0, CERT_STORE_CTRL_COMMIT, nullptr); // until it is stored nobody trusts it
 }
 
 Trust::~Trust() {

@@ -6,10 +6,10 @@
 
 namespace nginx {
 
-/// Its doors: plain HTTP, and HTTPS with a certificate that is good, for another name, expired, and signed by nobody.
+/// Its ports: plain HTTP, and HTTPS with a certificate that is good, for another name, expired, or signed by nobody.
 enum class Door { Http, Good, OtherName, Expired, Unsigned };
 
-/// The address of a file of its.
+/// The address of a file that it serves.
 std::wstring address(const std::wstring& name, Door door = Door::Http);
 /// Where that file stands.
 std::filesystem::path file(const std::wstring& name);

@@ -10,12 +10,13 @@
 
 std::string bytesOf(const std::filesystem::path& path);
 void writeBytes(const std::filesystem::path& path, const std::string& bytes);
-/// Bytes of all values in no order that anybody would make by mistake, the same in every run.
+/// Bytes of all values in an order that no fault would produce by chance, the same in every run.
 std::string manyBytes(std::size_t count);
 /// A text for a message, in UTF-8.
 std::string printed(const std::wstring& text);
 
-/// The instruments watch, nginx has no files, a server is waited for only shortly, and nothing is lent out at the end.
+/// At the start of each test the instruments watch, nginx has no files, and waits for a server are short. At the end
+/// nothing may be open or handed out.
 class RemoteTest : public testing::Test {
   protected:
     RemoteTest();
@@ -27,7 +28,8 @@ class RemoteTest : public testing::Test {
     static std::wstring problem();
     /// What the service has printed on the command line so far.
     std::wstring printedLines;
-    /// The files in the test's own folder. More than the ones it has put there: something was left.
+    /// How many files are in the test's own folder. When there are more than the test has put there, something was
+    /// left.
     std::size_t entries() const;
 
     CProxyInet& service = *CProxyInet::GetProxyInet();

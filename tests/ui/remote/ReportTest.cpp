@@ -16,7 +16,7 @@ class Report : public RemoteTest {
   protected:
     Report() { writeBytes(local, "old"); }
 
-    /// The last failure was told once, and the advice stands at the end.
+    /// The last failure was told once, with the advice at the end.
     void expectTold(const std::wstring& advice) {
         EXPECT_EQ(printedLines, problem() + L"\n");
         EXPECT_THAT(problem(), EndsWith(L". " + advice));

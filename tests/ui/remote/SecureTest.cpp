@@ -1,5 +1,5 @@
-// HTTPS, and what is refused there. The system's client names one error for all of these refusals under Wine, so the
-// tests keep apart what differs between the servers: only the certificate.
+// HTTPS, and what is refused there. Under Wine the system's client gives the same error for all of these refusals, so
+// what tells them apart is only that the servers differ in nothing but their certificate.
 
 #include "Nginx.h"
 #include "RemoteFixture.h"
@@ -16,7 +16,7 @@ class Secure : public RemoteTest {
   protected:
     Secure() { writeBytes(nginx::file(L"plan.las"), "plan"); }
 
-    /// Neither direction passes a server of that certificate.
+    /// Neither fetching nor uploading works with the server at that door.
     void expectRefusal(Door door) {
         writeBytes(local, "old");
         EXPECT_EQ(fetch(nginx::address(L"plan.las", door)), eInetNotSecure);

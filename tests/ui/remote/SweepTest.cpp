@@ -1,4 +1,4 @@
-// Each way of a file replayed with each of its system calls, and each of its requests for memory, failing once.
+// Fetching and uploading replayed with each of its system calls, and each of its requests for memory, failing once.
 // Whatever fails: no exception comes out, files are as they were or whole, nothing is left beside them, no handle stays
 // open.
 
@@ -38,7 +38,7 @@ class RemoteSweep : public RemoteTest {
     /// @return how many failures there were
     int sweep() {
         const ImportFaults faults({L"kelui.dll", L"keldb.dll"});
-        run({}, 0); // what is made once and kept is made now
+        run({}, 0); // makes what is made once and kept
         run({}, 0);
         std::map<std::string, int> calls;
         for (const std::string& function : ImportFaults::functions())
@@ -56,7 +56,8 @@ class RemoteSweep : public RemoteTest {
         SCOPED_TRACE("failing: " + function + ", call " + std::to_string(nth));
         const unsigned before = countHandles().value_or(0);
         run(function, nth);
-        // Threads of the system's pool come and go; what is lost by a failure is lost again by each one.
+        // Handles of threads of the system's pool come and go; a handle that is lost by a failure is lost again in each
+        // repeat.
         constexpr unsigned repeats = 6;
         for (unsigned i = 0; i < repeats && countHandles() > before && !HasFailure(); ++i)
             run(function, nth);
@@ -73,7 +74,7 @@ class RemoteSweep : public RemoteTest {
             ADD_FAILURE() << "a lack of memory has come out";
         }
         ImportFaults::end();
-        // How often memory is asked for depends on what earlier runs have left room in.
+        // How often memory is asked for depends on how much room earlier runs have left in the buffers that are kept.
         EXPECT_TRUE(ImportFaults::struck() == (nth > 0) || function == ImportFaults::kMemory);
         EXPECT_GE(status, eInetOk);
         EXPECT_LE(status, eInetSystemFailed);

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Sockets need a start of their own in every program.
+/// Starts Winsock, which every program has to do before it uses sockets.
 void startWinsock() {
     static WSADATA data{};
     [[maybe_unused]] static const int started = WSAStartup(MAKEWORD(2, 2), &data);
@@ -89,7 +89,7 @@ TestServer::TestServer(Behaviour behaviour, int family) : m_behaviour(std::move(
 TestServer::~TestServer() {
     m_ends = true;
     if (m_thread.joinable()) {
-        // Something to wake up for.
+        // Wakes the thread, which waits for a client.
         const SOCKET waker = socket(m_family, SOCK_STREAM, 0);
         const SocketAddress address = loopback(m_family, m_port);
         connect(waker, &address.any, sizeOf(m_family));
@@ -142,7 +142,7 @@ ClosedPort::ClosedPort() {
 }
 
 FullPort::FullPort() {
-    constexpr int callers = 8; // more than any system queues where none is asked for
+    constexpr int callers = 8; // more than any system queues for a backlog of 0
     startWinsock();
     m_listener = socket(AF_INET, SOCK_STREAM, 0);
     m_port = bindToFreePort(m_listener, AF_INET);

@@ -19,7 +19,7 @@ class TestClient {
     const std::string& head() const { return m_head; }
     /// Sends bytes; false when the client is gone.
     bool send(const std::string& bytes) const;
-    /// Says that nothing more is going to be sent, and takes what the client sends until it goes.
+    /// Tells the client that nothing more will be sent, and takes what the client sends until it goes.
     void finish() const;
     /// Takes what the client sends, and answers nothing, until it goes.
     void ignore() const;
@@ -38,7 +38,7 @@ class TestServer {
     TestServer(const TestServer&) = delete;
     TestServer& operator=(const TestServer&) = delete;
 
-    /// Whether it listens; not where the computer lacks the family of addresses.
+    /// Whether it listens; false when the computer lacks the family of addresses.
     bool listens() const { return m_port != 0; }
     std::wstring address(const std::wstring& target = L"/plan.las") const;
     /// The first lines of the requests so far.

@@ -49,7 +49,8 @@ TEST_F(Upload, blanksAndLettersOfAllTonguesArrive) {
 
 TEST_F(Upload, intoAFolderThatIsntThereFails) {
     writeBytes(local, "plan");
-    // WebDAV's answer would be 409, eInetFolderAbsent; this server finds out too late, and answers 500.
+    // WebDAV asks for 409 here, which would be eInetFolderAbsent; nginx notices the missing folder too late and answers
+    // 500.
     EXPECT_EQ(upload(nginx::address(L"no/such/folder/a.las")), eInetServerFailed);
     EXPECT_THAT(printed(problem()), HasSubstr("its server failed (500)."));
     EXPECT_FALSE(exists(nginx::file(L"no")));

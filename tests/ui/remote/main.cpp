@@ -12,7 +12,7 @@ namespace {
 
 CWinApp theApp;
 
-/// The first thing in the program, since the system reads once whom the user trusts.
+/// Set up first of all, because the system reads only once whom the user trusts.
 class Trusting : public testing::Environment {
   public:
     void SetUp() override {

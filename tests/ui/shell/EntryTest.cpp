@@ -37,7 +37,7 @@ class Entry : public ui::HostTest {
         return reinterpret_cast<ManagerExport>(
             reinterpret_cast<void*>(GetProcAddress(module, "keldbLayerStateManagerDialog")));
     }
-    /// What the host was asked while `entry` ran with the script, from the dialog's construction on.
+    /// The host calls while `entry` ran with the script, from the dialog's construction on.
     static std::vector<std::string> callsOf(Script script, const std::function<void()>& entry) {
         instruments::clearTrace();
         EXPECT_TRUE(ui::perform(std::move(script), entry));

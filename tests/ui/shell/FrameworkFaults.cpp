@@ -1,4 +1,5 @@
-// The names are those of the entries in this program's import table, as the linker knows them.
+// The option --wrap of the linker replaces three entries of this program's import table by functions of ours. Their
+// mangled names below are how the linker knows the entries.
 #include "FrameworkFaults.h"
 
 #include <afxdllx.h>

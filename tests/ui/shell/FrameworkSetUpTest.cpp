@@ -22,7 +22,8 @@ class FrameworkSetUp : public ui::HostTest {
   protected:
     void SetUp() override {
         HostTest::SetUp();
-        // The file tells the name of the resource module. That it holds a template itself shows where it is found.
+        // The module finds its resource module by the name of this file. Both get the templates, so that a test can see
+        // in which of them a template is found.
         copyResources(m_file);
         copyResources(m_resources);
         m_module = LoadLibraryW(m_file.c_str());

@@ -34,7 +34,7 @@ class Messages : public ui::HostTest {
         FreeLibrary(m_module);
         HostTest::TearDown();
     }
-    /// Sends a message, with the calls counted from it.
+    /// Sends a message, and counts host calls from there on.
     int send(unsigned int message) {
         instruments::clearTrace();
         const int answer = m_entry(message, this);

@@ -62,7 +62,7 @@ class ModuleLife : public testing::Test {
         return answer;
     }
 
-    /// The host calls so far, by operation alone.
+    /// The host calls so far, by the name of their operation alone.
     static std::vector<std::string> operations() {
         std::vector<std::string> names;
         for (const std::string& line : instruments::trace())
@@ -187,7 +187,7 @@ TEST_F(ModuleLife, FreesItsResourcesWhicheverHostCallOfAnUnloadFails) {
         EXPECT_EQ(GetModuleHandleW(L"KelLayerAppsRes.dll"), nullptr) << "with call " << nth << " failing";
         struck = instruments::faultStruck();
         instruments::clearFaults();
-        runtime::reset(); // what that unload couldn't take out
+        runtime::reset(); // removes what that unload couldn't take out
     }
 }
 

@@ -1,9 +1,9 @@
-// Windows answers GetGuiResources. Wine answers 0 there, but keeps the table of a process's GDI
-// objects where Windows keeps it: in the process environment block. That table's form is no documented one, so counting
-// by it proves itself first on pens made for the purpose.
+// Windows counts by GetGuiResources. Wine answers 0 there, but has a table of the process's GDI objects at the same
+// place as Windows, in the process environment block. The form of that table isn't documented, so counting by it is
+// first tried on pens made for the purpose.
 //
-// Wine shows no table of menus, icons and cursors, but takes the lower half of a handle for the whole, and answers for
-// this process alone: so every handle that there can be is asked about. That too proves itself first.
+// Wine shows no table of menus, icons and cursors. But it accepts the lower half of a handle in place of the whole, and
+// knows only handles of this process, so we ask about every handle that there can be. That is tried first, too.
 
 #include "GuiObjects.h"
 
@@ -65,7 +65,7 @@ bool isIcon(HICON handle) {
     ICONINFO info{};
     if (!GetIconInfo(handle, &info))
         return false;
-    // They are copies for the asker.
+    // GetIconInfo makes these bitmaps as copies for the caller.
     DeleteObject(info.hbmColor);
     DeleteObject(info.hbmMask);
     return true;

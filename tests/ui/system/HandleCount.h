@@ -3,5 +3,5 @@
 
 #include <optional>
 
-/// None where it can't be counted.
+/// How many handles this process has; none when they can't be counted.
 std::optional<unsigned> countHandles();

@@ -1,6 +1,7 @@
-// Each entry of a library's import table that leads to a function of the table below is replaced by
-// a function of ours, which counts and calls on. What libraries look up by name goes through GetProcAddress, which is
-// one of the functions. The rows of the table are told apart by their lines.
+// Replaces each entry of a library's import table that leads to a function of the table below by a function of ours,
+// which counts the call and passes it on. What libraries look up by name comes through GetProcAddress, which is one of
+// these functions. Each row of the table has a function of its own, an instance of a template by the number of its
+// line.
 
 #include "ImportFaults.h"
 
@@ -74,7 +75,7 @@ Function import(const char* name, Result (*real)(Arguments...), std::type_identi
     return {name, reinterpret_cast<void*>(&One::call), reinterpret_cast<void**>(&One::real), &One::index};
 }
 
-/// The page of the help would start a browser.
+/// In place of ShellExecuteEx, which would start a browser for a page of the help.
 BOOL pretendToOpen(SHELLEXECUTEINFOW*) {
     return TRUE;
 }

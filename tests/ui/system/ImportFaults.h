@@ -1,4 +1,4 @@
-// Failures of the system: stands between the framework's libraries and the system functions that they import, and makes
+// Failures of the system: comes between the framework's libraries and the system functions that they import, and makes
 // one call fail as the system would.
 #pragma once
 
@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-/// Lets the imports of some libraries pass through here while it lives; one at a time.
+/// Redirects the imports of some libraries through here while it lives. Only one may live at a time.
 class ImportFaults {
   public:
     explicit ImportFaults(const std::vector<std::wstring>& libraries = {L"kelui.dll", L"kelmfc.dll"});
@@ -15,12 +15,12 @@ class ImportFaults {
     ImportFaults(const ImportFaults&) = delete;
     ImportFaults& operator=(const ImportFaults&) = delete;
 
-    /// The name under which memory for objects and texts is asked for.
+    /// The name of operator new, by which memory for objects and texts is asked for.
     static constexpr const char* kMemory = "_Znwy";
     /// The functions that can be made to fail.
     static std::vector<std::string> functions();
 
-    /// Counts from now on; the `nth` call (from 1) of `function` fails, none for 0.
+    /// Counts from now on. The `nth` call of `function`, from 1, fails; with 0 none does.
     static void begin(const std::string& function = {}, int nth = 0);
     /// Nothing is counted and nothing fails until the next begin().
     static void end();

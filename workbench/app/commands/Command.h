@@ -30,20 +30,20 @@ enum class Offer {
 
 inline constexpr int kMany = 1 << 20;
 
-/// How many words there may be.
+/// How many words a command or an option takes: at least and at most so many.
 struct Count {
     int least = 0;
     int most = 0;
 };
 
-/// A word by which a command is told what to do.
+/// The word after the name of a command that can do several things, as SET in LAYER SET.
 struct Option {
     const wchar_t* name;  ///< upper case
     const wchar_t* alias; ///< or null
-    const wchar_t* usage; ///< the words behind it, as HELP shows them
+    const wchar_t* usage; ///< the words after it, as HELP shows them
     const wchar_t* help;  ///< one sentence
-    Count count;          ///< of the words behind it
-    Offer first, rest;    ///< for the first word behind it, and for the others
+    Count count;          ///< of the words after it
+    Offer first, rest;    ///< for the first word after it, and for the others
     void (*run)(Session& session, const Words& words);
 };
 

@@ -9,7 +9,7 @@ namespace workbench {
 
 namespace {
 
-/// Whether there are as many words as there may be; tells what to type otherwise.
+/// Whether `count` allows this number of words. If not, tells the user what to type.
 bool isCountRight(Session& session, std::size_t words, const Count& count, const std::wstring& name,
                   const std::wstring& usage) {
     const int given = static_cast<int>(words);

@@ -1,4 +1,4 @@
-// How a typed line finds its command.
+// Finds the command that a typed line names, and runs it.
 #pragma once
 
 #include "Session.h"
@@ -9,7 +9,7 @@ namespace workbench {
 inline constexpr std::size_t kLongestLine = 32767;
 
 /// Runs a line as it was typed: a command of the table, or one that a module has registered under a global or local
-/// name. An exception that gets out of a command is told and goes no further.
+/// name. An exception that a command throws is shown to the user and goes no further.
 void runLine(Session& session, const std::wstring& line);
 
 } // namespace workbench

@@ -8,14 +8,14 @@ namespace workbench {
 
 class CommandHistory {
   public:
-    /// @param limit the oldest lines beyond this many are forgotten
+    /// @param limit how many lines are kept; when there are more, the oldest are forgotten
     explicit CommandHistory(std::size_t limit = 200) : m_limit(limit) {}
 
-    /// Enters a line that was run; the recall starts from the end again. An empty line, or the line that was run last,
-    /// is not entered twice.
+    /// Adds a line that was run; the next recall starts from it. An empty line, and a repeat of the line before, is not
+    /// added.
     void add(const std::wstring& line);
-    /// The line before the one recalled; at the oldest, the oldest again. `typed` is kept for the way back.
-    /// Empty history answers `typed`.
+    /// The line before the one recalled; from the oldest line on, the oldest again. At the start of a recall `typed`,
+    /// the line being typed, is kept for next() to answer. While the history is empty the answer is `typed`.
     std::wstring previous(const std::wstring& typed);
     /// The line after the one recalled; beyond the newest, what was being typed before the recall.
     std::wstring next(const std::wstring& typed);

@@ -10,7 +10,7 @@ namespace workbench {
 /// In the order in which HELP lists them.
 std::span<const Command> commandTable();
 
-/// The row of a name or alias in upper case; null when there is none.
+/// The row of a name or alias, without regard to case; null when there is none.
 const Command* findCommand(std::wstring_view name);
 
 } // namespace workbench

@@ -17,9 +17,9 @@ namespace {
 namespace fs = std::filesystem;
 using Names = std::vector<std::wstring>;
 
-// A list of paths longer than this is no help.
+// A longer list of paths would help nobody.
 constexpr std::size_t kMostPaths = 200;
-// Between layers and the viewport in which they are meant.
+// Stands between the layers and the viewport, as in VPLAYER FREEZE Walls IN 2.
 constexpr const wchar_t* kPlaceWord = L"IN";
 
 Names commandNames() {
@@ -39,7 +39,7 @@ Names optionNames(const Command& command) {
     return names;
 }
 
-/// The names of things that bear a name of the drawing's table.
+/// The names of things whose names are kept in the drawing's table of names.
 template <class Thing> Names namesOf(const zdr::Drawing& drawing, const std::vector<Thing>& things) {
     Names names;
     for (const Thing& thing : things)
@@ -122,7 +122,7 @@ Names offered(const Session& session, Offer offer, const std::wstring& typed) {
     return {};
 }
 
-/// What may stand in the last word behind the words before it.
+/// What the last word may be, after the words `before`. `typed` is what there is of it so far.
 Names candidatesFor(const Session& session, const Words& before, const std::wstring& typed) {
     if (before.empty())
         return commandNames();
@@ -158,7 +158,8 @@ bool endsInSeparator(const std::wstring& name) {
     return !name.empty() && (name.back() == L'\\' || name.back() == L'/');
 }
 
-/// The name as it is typed. The closing quote waits while something may follow.
+/// The name as it has to be typed, in quotes where it needs them. Unless it is the `whole` name the closing quote is
+/// left out, so that typing can go on.
 std::wstring typedForm(const std::wstring& name, bool whole) {
     const std::wstring quoted = quotedWhereNeeded(name);
     const bool open = quoted != name && !whole;
@@ -169,7 +170,7 @@ std::wstring typedForm(const std::wstring& name, bool whole) {
 
 Completion complete(const Session& session, const std::wstring& line) {
     const std::size_t wordStart = lastWordStart(line);
-    // In a list only the part behind the last comma is completed.
+    // In a list only the part after the last comma is completed.
     const std::wstring word = line.substr(wordStart);
     const std::size_t comma = word.find_last_of(L',');
     const bool inList = comma != std::wstring::npos && std::ranges::count(word.substr(0, comma), L'"') % 2 == 0;

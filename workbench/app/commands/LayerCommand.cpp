@@ -48,7 +48,7 @@ void setFlag(Session& session, std::span<const std::wstring> words, unsigned fla
         });
 }
 
-/// Sets a value that has been read from the first word, for the layers of the others.
+/// Gives the value, which was read from the first word, to the layers that the other words name.
 template <class Value, class Member>
 void setValue(Session& session, const Words& words, const std::optional<Value>& value, const wchar_t* what,
               Member engine::LayerValues::*member) {
@@ -59,15 +59,15 @@ void setValue(Session& session, const Words& words, const std::optional<Value>& 
                    [&](engine::LayerValues& values) { values.*member = *value; });
 }
 
-/// A flag that is asked about by yes and no.
+/// A flag of a layer that the user sets by typing yes or no.
 struct Question {
     unsigned flag;
     bool setByYes;
-    const wchar_t* yes; ///< ends the sentence
+    const wchar_t* yes; ///< end of the sentence about the changed layers
     const wchar_t* no;
 };
 
-/// The answer of the first word for the layers of the others.
+/// Sets the flag as the first word says, for the layers that the other words name.
 void setYesNo(Session& session, const Words& words, const Question& question) {
     const auto answer = parseYesNo(words[0]);
     if (answer)
@@ -102,7 +102,7 @@ void tell(Session& session, Vorn::ErrorStatus status, const std::wstring& done, 
     session.window().print(status == Vorn::eOk ? done + L".\n" : failed + L", because " + reasonOf(status) + L".\n");
 }
 
-/// The layer of exactly that name; none when it has been told that there is none.
+/// The layer of exactly that name. When there is none, tells the user so and answers none.
 std::optional<std::size_t> layerOf(Session& session, const std::wstring& word) {
     const std::size_t layer = engine::layerIndex(session.database(), unquoted(word));
     if (layer != zdr::kNone)

@@ -22,7 +22,7 @@ namespace fs = std::filesystem;
 
 constexpr const wchar_t* kExtension = L".zdr";
 
-// Undoing would have to bring back layers, states and styles of the other drawing.
+// Commands of references can't be undone: that would have to bring back layers, states and styles of the other drawing.
 constexpr const wchar_t* kForGood = L" UNDO goes back no further than this.\n";
 
 /// The path under which the drawing keeps a typed one: as typed when it is found from the drawing's folder, otherwise
@@ -63,7 +63,8 @@ std::wstring nameProblem(const Session& session, const std::wstring& name) {
     return {};
 }
 
-/// Reads x, y, scale and angle, as far as they are given; false when one isn't a number that will do.
+/// Reads x, y, scale and angle, as far as they are given. False when x is given without y, when a word isn't a number
+/// or is too large, and when the scale isn't above 0.
 bool place(zdr::Reference& reference, std::span<const std::wstring> words) {
     constexpr double kFarthest = 1e9;
     constexpr double kDegree = std::numbers::pi / 180;

@@ -9,7 +9,7 @@ namespace workbench {
 
 namespace {
 
-/// Takes the layers of one reference out of everything that counts layers.
+/// Removes the layers of one reference, and renumbers everything that refers to a layer by its index.
 class LayerRemoval {
   public:
     LayerRemoval(zdr::Drawing& drawing, std::size_t reference) : m_drawing(drawing) {
@@ -36,7 +36,7 @@ class LayerRemoval {
         removeFrom(m_drawing.columns);
         std::erase_if(m_drawing.extendedData,
                       [this](const zdr::ExtendedData& data) { return m_gone.contains(data.object); });
-        // It no longer holds the names of the layers; the engine makes a new one.
+        // It lists the names of the layers before the removal; the engine makes a new one.
         m_drawing.layerSet = nullptr;
     }
 

@@ -34,7 +34,7 @@ std::string readText(const std::filesystem::path& path, std::wstring& problem) {
     }
     std::ifstream file{path, std::ios::binary};
     std::ostringstream text;
-    // An empty file makes the copying fail, and is a script without lines.
+    // Copying nothing sets the fail bit of `text`, but an empty file is a good script without lines.
     if (file.peek() != std::ifstream::traits_type::eof())
         text << file.rdbuf();
     if (!file.is_open() || file.bad() || text.fail())

@@ -15,31 +15,32 @@ std::vector<std::wstring> scriptLines(const std::string& text);
 /// The lines of a script file; none, with a sentence in `problem`, when it can't be read.
 std::vector<std::wstring> readScript(const std::wstring& path, std::wstring& problem);
 
-/// The lines that wait for the one under way. A script that is run by a script goes in front of the other's rest.
+/// The lines that wait until the running line is done. When a script runs another script, the other's lines go before
+/// the rest of its own.
 class LineQueue {
   public:
-    /// Scripts that wait for each other; a script that runs itself would never end.
+    /// How many scripts deep scripts may run each other. Without a bound a script that runs itself would never end.
     static constexpr int kDeepest = 16;
 
     bool isEmpty() const { return m_lines.empty(); }
-    /// Puts lines behind all that wait.
+    /// Puts lines after all that wait.
     void append(const std::vector<std::wstring>& lines);
-    /// Puts the lines of a script in front of all that wait, on behalf of the line that is under way. False, and
-    /// nothing changed, when that line stands kDeepest scripts deep.
+    /// Puts the lines of a script that the running line has asked for before all that wait. False, and nothing changed,
+    /// when the running line is kDeepest scripts deep already.
     bool enter(const std::vector<std::wstring>& lines);
-    /// Takes the next line, which is under way from then on.
+    /// Takes the next line, which counts as the running one from then on.
     std::optional<std::wstring> next();
-    /// The line under way is one that a person gave.
+    /// Tells the queue that the running line is one that a person gave: it is in no script.
     void interrupt() { m_depth = 0; }
     void clear();
 
   private:
     struct Line {
         std::wstring text;
-        int depth = 0; ///< of scripts within scripts
+        int depth = 0; ///< how many scripts within scripts it is in
     };
     std::deque<Line> m_lines;
-    int m_depth = 0; ///< of the line under way
+    int m_depth = 0; ///< of the running line
 };
 
 } // namespace workbench

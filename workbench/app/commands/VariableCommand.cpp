@@ -1,4 +1,5 @@
-// SETVAR. Some variables are answered by the drawing; those that a command changes are set by that command.
+// SETVAR. The values of some variables come from the drawing: SETVAR sets those by the command that changes the
+// drawing, as CLAYER by LAYER SET, and otherwise only shows them.
 
 #include "CommandFunctions.h"
 #include "PropertyText.h"
@@ -16,7 +17,7 @@ namespace workbench::commands {
 
 namespace {
 
-/// A variable's value; its string goes back at the end.
+/// A variable's value as the host answers it. The host's string is given back at the end.
 class VariableRead {
   public:
     explicit VariableRead(const std::wstring& name) : m_found(keledGetVar(name.c_str(), &m_value) == kResultNormal) {}
@@ -104,7 +105,7 @@ void setCurrentLayer(Session& session, const std::wstring& name) {
     set->run(session, {L'"' + name + L'"'});
 }
 
-/// A variable that the drawing answers and that a command changes.
+/// A variable whose value comes from the drawing, and the function that changes the drawing accordingly.
 struct Redirection {
     const wchar_t* name;
     void (*set)(Session& session, const std::wstring& value);

@@ -32,7 +32,7 @@ Handles viewportsNamed(const zdr::Layout& layout, const std::wstring& name) {
     return found;
 }
 
-/// None, when the reason has been told.
+/// None when there are no such viewports; the user has been told why then.
 std::optional<Target> targetOf(Session& session, const Words& words) {
     const zdr::Drawing& drawing = session.drawing();
     if (!drawing.activeLayout) {
@@ -92,7 +92,7 @@ void setFrozen(Session& session, const Words& words, bool frozen) {
                       });
 }
 
-/// Overrides one property by the value of the first word.
+/// Overrides one property of the layers that the other words name by the value of the first word.
 template <class Read, class Member>
 void override(Session& session, const Words& words, std::uint32_t bit, Read read,
               Member zdr::ViewportOverride::*member) {

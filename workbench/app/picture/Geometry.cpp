@@ -40,7 +40,8 @@ Rect Rect::intersectedWith(const Rect& other) const {
 std::optional<std::pair<double, double>> clipSegment(Point from, Point to, const Rect& rect) {
     double enter = 0;
     double leave = 1;
-    // One boundary: the segment runs with slope `along` and starts `inside` within it.
+    // Cuts the segment at one side of the rectangle. The segment's start is `inside` away from that side, negative when
+    // it is outside; over the whole segment that distance shrinks by `along`.
     const auto keep = [&enter, &leave](double along, double inside) {
         if (along == 0)
             return inside >= 0;
@@ -66,7 +67,7 @@ ViewTransform ViewTransform::fitting(const Rect& extents, double width, double h
         return {{0, 0}, 1, middle};
     const double roomX = std::max(width - 2 * margin, 1.0);
     const double roomY = std::max(height - 2 * margin, 1.0);
-    // A single point, or one straight line along an axis, leaves one of the two undecided.
+    // A line along an axis has no width or no height, and then only the other one decides the scale.
     const double scaleX = extents.width() > 0 ? roomX / extents.width() : kLargestScale;
     const double scaleY = extents.height() > 0 ? roomY / extents.height() : kLargestScale;
     const bool isPoint = extents.width() <= 0 && extents.height() <= 0;

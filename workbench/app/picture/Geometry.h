@@ -35,10 +35,11 @@ std::optional<std::pair<double, double>> clipSegment(Point from, Point to, const
 class ViewTransform {
   public:
     ViewTransform() = default;
-    /// @param scale pixels for a unit of the plane
+    /// @param scale pixels per unit of the plane
     /// @param origin the pixel on which `center` lies
     ViewTransform(Point center, double scale, Point origin) : m_center(center), m_origin(origin), m_scale(scale) {}
-    /// Shows `extents` in a window of that size with `margin` pixels around it. Empty extents show around the origin.
+    /// The transform that shows all of `extents` in a window of that size, in pixels, with `margin` pixels around it.
+    /// For empty extents the origin is in the middle, at a scale of 1.
     static ViewTransform fitting(const Rect& extents, double width, double height, double margin);
 
     Point toScreen(Point point) const {

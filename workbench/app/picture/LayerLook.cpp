@@ -23,7 +23,7 @@ const std::vector<double>* patternOf(const zdr::Drawing& drawing, zdr::NameId li
     return found == drawing.linetypes.end() || found->pattern.empty() ? nullptr : &found->pattern;
 }
 
-// A layer itself can't be by layer or by block; files may still say so.
+// A layer's own colour can't be by layer or by block, though a file may say so.
 std::uint32_t plainColor(std::uint32_t packed) {
     return packed == kByBlock || packed == kByLayer ? kForeground : packed;
 }

@@ -1,4 +1,4 @@
-// How what lies on a layer looks: the layer's own properties, as a viewport overrides them.
+// How the entities on a layer look: by the layer's own properties, or by a viewport's overrides of them.
 #pragma once
 
 #include "model/Drawing.h"
@@ -7,7 +7,7 @@
 
 namespace workbench {
 
-/// The look of what takes its properties from a layer.
+/// The look of an entity that takes all its properties from its layer.
 struct LayerLook {
     bool visible = true;
     std::uint32_t color = 7;                      ///< packed; neither by layer nor by block
@@ -15,12 +15,12 @@ struct LayerLook {
     int lineWeight = 25;                          ///< hundredths of a millimetre
 };
 
-/// The look of every layer of a drawing, in its own order.
-/// @param viewport whose freezing and overrides count; null for the model tab and for paper itself
+/// The look of every layer of a drawing, in the order of the drawing's layers.
+/// @param viewport whose freezing and overrides count; null for the model tab and for what is drawn on the paper itself
 std::vector<LayerLook> layerLooks(const zdr::Drawing& drawing, const zdr::Viewport* viewport);
 
-/// The look of every layer of the drawing behind a reference, as the drawing that shows it keeps it under
-/// "reference!layer". A layer without such a record there shows as in its own drawing.
+/// The look of every layer of a referenced drawing. It is the look of the layer "reference!layer" in `drawing`, which
+/// shows the reference; a layer that has no such record there looks as in its own drawing.
 std::vector<LayerLook> referencedLooks(const zdr::Drawing& drawing, const std::vector<LayerLook>& looks,
                                        std::size_t reference);
 

@@ -14,7 +14,7 @@ constexpr double kFullTurn = 2 * std::numbers::pi;
 constexpr int kMostChords = 720;
 // How far a chord may leave the curve, in pixels.
 constexpr double kTolerance = 0.1;
-// Width of an average letter for its height.
+// Width of an average letter, as a part of its height.
 constexpr double kLetterWidth = 0.7;
 
 int chords(double radius, double sweep, double scale) {

@@ -11,7 +11,7 @@ using Geometry = std::variant<zdr::Line, zdr::Polyline, zdr::Circle, zdr::Arc, z
 
 /// Appends the corners of the entity in its own space; curves come as chords, a text as the corners of the box that
 /// its letters are estimated to fill.
-/// @param scale pixels for a unit, by which the number of chords is chosen
+/// @param scale pixels per unit, by which the number of chords is chosen
 void outline(const Geometry& geometry, double scale, std::vector<zdr::Point>& points);
 
 } // namespace workbench

@@ -11,7 +11,7 @@ namespace workbench {
 
 namespace {
 
-// Letters lower than this are not told apart any more.
+// Texts lower than this many pixels can't be read, so they are left out.
 constexpr double kSmallestText = 2;
 
 /// Draws entities of one space into one part of the picture.
@@ -22,8 +22,8 @@ class PartPainter {
         : m_part(part), m_view(view), m_screen(screen), m_foreground(foreground),
           m_pixelsPerMillimetre(pixelsPerMillimetre), m_plotter(part.strokes, part.clip.grownBy(kMargin)) {}
 
-    /// Draws model space with what the drawing's references show, nested as deep as they come: opening a drawing leaves
-    /// no circle in them.
+    /// Draws model space with what the drawing's references show, and with what those references show in turn. That
+    /// ends: opening a drawing refuses references that form a circle or nest too deep.
     void drawModel(const zdr::Drawing& drawing, const std::vector<LayerLook>& looks, const SpaceTransform& transform) {
         for (std::size_t i = 0; i < drawing.references.size(); ++i) {
             const zdr::Reference& reference = drawing.references[i];
@@ -42,7 +42,7 @@ class PartPainter {
     }
 
   private:
-    // Wide pens reach into the part from beyond its edge.
+    // Pixels around the part in which strokes are kept too: with a wide pen they reach into it.
     static constexpr double kMargin = 16;
 
     void drawEntity(const zdr::Entity& entity, const LayerLook& look, const SpaceTransform& transform) {
@@ -97,7 +97,7 @@ bool isOn(const zdr::Viewport& viewport) {
     return viewport.number >= 0;
 }
 
-// Curves count with their finest chords here: the extents are asked for seldom.
+// Pixels per unit, so many that curves are measured by very fine chords. The extents are asked for seldom enough.
 constexpr double kFinest = 1e9;
 
 void addExtents(Rect& extents, const std::vector<zdr::Entity>& entities, const SpaceTransform& transform) {

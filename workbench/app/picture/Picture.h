@@ -36,7 +36,7 @@ struct Picture {
     std::vector<PictureFrame> frames;
 };
 
-/// What the screen brings in.
+/// What a picture depends on besides the drawing: the size of the window, the scalings and the colours.
 struct Screen {
     double width = 0, height = 0; ///< pixels
     double pixelsPerMillimetre = 96 / 25.4;
@@ -46,17 +46,17 @@ struct Screen {
     PaletteRgb paletteRgb = nullptr;
 };
 
-/// The model tab through a view.
+/// The picture of the model tab. `view` maps model space to pixels.
 Picture modelPicture(const zdr::Drawing& drawing, const ViewTransform& view, const Screen& screen);
-/// A sheet through a view of its paper.
+/// The picture of a layout. `view` maps its paper to pixels.
 Picture layoutPicture(const zdr::Drawing& drawing, const zdr::Layout& layout, const ViewTransform& view,
                       const Screen& screen);
 
-/// What all entities of model space, those of references among them, reach over.
+/// The rectangle around all entities of model space, those of references included.
 Rect modelExtents(const zdr::Drawing& drawing);
-/// The sheet with what is drawn on it.
+/// The rectangle around a layout's sheet and everything that is drawn on its paper.
 Rect layoutExtents(const zdr::Layout& layout);
-/// The viewport that is on under a point of the paper, the topmost first; null when there is none.
+/// The topmost of the viewports that are on and hold this point of the paper; null when there is none.
 const zdr::Viewport* viewportAt(const zdr::Layout& layout, Point paper);
 
 } // namespace workbench

@@ -15,7 +15,7 @@ struct SpaceTransform {
     static SpaceTransform of(const zdr::Reference& reference) {
         return {reference.scale, reference.rotation, reference.insertion};
     }
-    /// Model space on the paper, as a viewport shows it.
+    /// From model space to the paper, as the viewport shows it.
     static SpaceTransform of(const zdr::Viewport& viewport) {
         const Point middle{viewport.corner.x + viewport.width / 2, viewport.corner.y + viewport.height / 2};
         return {viewport.scale,

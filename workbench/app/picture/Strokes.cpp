@@ -9,14 +9,15 @@ namespace {
 
 // Below this a repeat of the pattern can't be told from a continuous line, and would cost a stroke per pixel.
 constexpr double kFinestRepeat = 3;
-// Pixels for a unit of the pattern: nothing longer fits any screen, and a dot must not become 0 times infinity.
+// The most pixels per unit of the pattern. A larger unit fits no screen, and an infinite one times a dot of 0 is no
+// number.
 constexpr double kCoarsestUnit = 1e12;
 
 Point along(Point from, Point to, double part) {
     return {from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part};
 }
 
-/// Where a pattern stands: which of its elements, and how much of that is left.
+/// A place in a pattern: which of its elements, and how much of that element is left.
 class PatternWalk {
   public:
     PatternWalk(std::span<const double> pattern, double unit) : m_pattern(pattern), m_unit(unit) {
@@ -38,7 +39,7 @@ class PatternWalk {
     void skip(double distance) {
         distance = std::fmod(distance, m_repeat);
         if (distance <= 0)
-            return; // a dot at this very place is still to come
+            return; // so that a dot at this very place is still drawn
         while (distance >= m_left) {
             distance -= m_left;
             nextElement();

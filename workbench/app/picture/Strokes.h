@@ -42,7 +42,7 @@ class StrokePlotter {
     void plot(std::span<const Point> points, const Pen& pen);
     /// Draws a polyline in dashes that run on around its corners.
     /// @param pattern dashes positive, gaps negative, dots 0
-    /// @param unit pixels for a unit of the pattern. A pattern too fine to be seen is drawn as a continuous line.
+    /// @param unit pixels per unit of the pattern. A pattern too fine to be seen is drawn as a continuous line.
     void plotDashed(std::span<const Point> points, const Pen& pen, std::span<const double> pattern, double unit);
 
   private:

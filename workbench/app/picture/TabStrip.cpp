@@ -21,7 +21,7 @@ TabStrip::Span TabStrip::room() const {
     return {m_sizes.margin, std::max(m_sizes.margin, m_sizes.bar - m_sizes.margin - buttons)};
 }
 
-/// The tab that is first when the last one just has room.
+/// The first tab in sight when the strip is scrolled to its end.
 std::size_t TabStrip::lastFirst() const {
     if (!isTooNarrow())
         return 0;

@@ -14,7 +14,7 @@ class TabStrip {
         bool isEmpty() const { return right <= left; }
         bool contains(int x) const { return x >= left && x < right; }
     };
-    /// Pixels of the bar, of what stays free at each of its ends, and of one scroll button.
+    /// Widths in pixels: of the bar, of what stays free at each of its ends, and of one scroll button.
     struct Sizes {
         int bar = 0, margin = 0, button = 0;
     };
@@ -30,7 +30,7 @@ class TabStrip {
     Span tab(std::size_t index) const;
     /// The whole of a tab, which may reach beyond what is in sight.
     Span whole(std::size_t index) const;
-    /// Where tabs are in sight.
+    /// The part of the bar in which tabs are shown.
     Span room() const;
     /// The scroll buttons at the right end; empty when all tabs have room.
     Span back() const;
@@ -43,7 +43,7 @@ class TabStrip {
     bool isTooNarrow() const;
     std::size_t lastFirst() const;
 
-    std::vector<int> m_starts; // of each tab from the start of the first one; at the end that of all
+    std::vector<int> m_starts; // where each tab starts, from the start of the first one; at the end the width of all
     Sizes m_sizes;
     std::size_t m_first = 0; // the first tab in sight
 };

@@ -19,7 +19,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A transaction while it lives.
+/// Starts a transaction, and ends it at the end of its scope.
 class Transaction {
   public:
     explicit Transaction(KelTransactionManager& manager)
@@ -49,7 +49,7 @@ std::wstring fullPath(const std::wstring& typed) {
     return zdr::widePath(error ? path : absolute.lexically_normal());
 }
 
-/// What happens while it lives is one step of undo.
+/// All changes made while it lives are one step of undo.
 class UndoGroup {
   public:
     explicit UndoGroup(KelDbDatabase& database) : m_database(database) { engine::beginUndoGroup(database); }
@@ -214,7 +214,8 @@ void Session::redo() {
     m_window.drawingChanged();
 }
 
-// What is looked at is kept in the file, but having looked is no change that has to be saved.
+// The file keeps which space and viewport are shown, but looking at another one doesn't make the drawing one that has
+// to be saved.
 template <class Change> bool Session::changeView(Change change) {
     const bool wasModified = isModified();
     if (change(database()) != Vorn::eOk)

@@ -1,5 +1,5 @@
-// The drawing at work: opened, saved, undone, looked at from its spaces. It decides without a window; what it has to
-// tell or to ask goes through the SessionWindow.
+// The open drawing: opening and saving it, undoing its changes, choosing the space that is shown. There is no window in
+// here; what the user has to be told or asked goes through the SessionWindow.
 #pragma once
 
 #include "SessionWindow.h"
@@ -31,12 +31,12 @@ class Session {
     const std::wstring& path() const { return m_path; }
     bool isModified() const;
 
-    // Each tells about its own failure; a failed one leaves everything as it was. An empty path is asked for.
+    // Each tells the user when it fails, and leaves everything as it was then. For an empty path the user is asked.
     void newDrawing();
     void open(const std::wstring& path);
     bool save();
     bool saveAs(const std::wstring& path);
-    /// Asks about unsaved changes. Answers whether the drawing may go.
+    /// Asks the user about unsaved changes, if there are any. Answers whether the drawing may be closed.
     bool mayClose();
     void undo();
     void redo();
@@ -51,7 +51,7 @@ class Session {
 
     /// Runs a change of the drawing as one transaction, which is one step of undo, and shows what came of it.
     void change(const std::function<void(KelDbDatabase&)>& step);
-    /// Puts another drawing into the place of the open one, as a change of it that can't be undone.
+    /// Puts another content into the open drawing. That counts as a change of it, but can't be undone.
     void rebuild(zdr::Drawing drawing);
     /// Runs a command of a module; what it changes is one step of undo.
     void runModuleCommand(void (*function)());
@@ -62,7 +62,7 @@ class Session {
         zdr::FileStamp stamp;
     };
 
-    /// None, when the reason has been told.
+    /// None when it can't be read; the user has been told why then.
     std::optional<ReadDrawing> readDrawing(const std::wstring& path);
     void replaceDrawing(zdr::Drawing drawing, std::wstring path, const zdr::FileStamp& stamp);
     bool write(const std::wstring& path, zdr::FileStamp stamp);
@@ -74,7 +74,7 @@ class Session {
     SessionWindow& m_window;
     std::wstring m_path;
     zdr::FileStamp m_stamp;
-    std::uint64_t m_savedCount = 0; ///< of changes, when the drawing was opened or last saved
+    std::uint64_t m_savedCount = 0; ///< how many changes there had been when the drawing was opened or last saved
 };
 
 } // namespace workbench

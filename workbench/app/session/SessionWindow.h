@@ -19,25 +19,25 @@ class SessionWindow {
     virtual void echo(const std::wstring& text) = 0;
     /// Tells about a failure so that it can't be missed.
     virtual void showFailure(const std::wstring& text) = 0;
-    /// What is to become of the unsaved changes of the drawing of that name.
+    /// Asks whether to save the changes of the drawing of that name.
     virtual SaveAnswer askToSave(const std::wstring& name) = 0;
-    /// Whether to write over a file that someone else has changed; `reason` tells what happened.
+    /// Asks whether to write over a file that someone else has changed; `reason` tells what happened.
     virtual bool askToOverwrite(const std::wstring& reason) = 0;
-    /// A path from the user; none when he thinks better of it.
+    /// Asks for a path; none when the user cancels.
     virtual std::optional<std::wstring> chooseFileToOpen() = 0;
     virtual std::optional<std::wstring> chooseFileToSave(const std::wstring& proposal) = 0;
     virtual std::optional<std::wstring> chooseScript() = 0;
-    /// Another drawing is open, or the same under another name.
+    /// Called when another drawing is open, or the same one under another name.
     virtual void drawingReplaced() = 0;
-    /// The drawing has changed, or what is shown of it: space, viewport.
+    /// Called when the drawing has changed, or the space or the viewport that is shown.
     virtual void drawingChanged() = 0;
     /// Shows all of the drawing.
     virtual void zoomExtents() = 0;
     /// Zooms about the middle of the view.
     virtual void zoomBy(double factor) = 0;
-    /// Tells that the user thought better of choosing a file.
+    /// Tells that the user has cancelled the choice of a file.
     void tellNothingChosen() { print(L"No file is chosen, and nothing has changed.\n"); }
-    /// Runs these lines before all others that wait. False when too many scripts wait for each other.
+    /// Runs these lines before all others that wait. False, and nothing is run, when scripts run each other too deep.
     virtual bool runScript(const std::vector<std::wstring>& lines) = 0;
     /// Ends the program; unsaved changes have been dealt with.
     virtual void quit() = 0;

@@ -115,7 +115,8 @@ bool sameName(std::wstring_view a, std::wstring_view b) {
 bool matches(std::wstring_view name, std::wstring_view pattern) {
     std::size_t n = 0;
     std::size_t p = 0;
-    // Where the last '*' stands, and up to where it reaches for now; going back further is never needed.
+    // The last '*' of the pattern so far, and where in the name its part ends for now. At a difference that part gets
+    // one character longer; an earlier '*' never needs another try.
     std::size_t star = std::wstring_view::npos;
     std::size_t reached = 0;
     while (n < name.size()) {

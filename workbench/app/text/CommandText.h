@@ -32,16 +32,16 @@ std::wstring quotedWhereNeeded(const std::wstring& name);
 /// The numbers of a viewport command: n from 1 up, 0 for "none" (also "0"), -1 for anything else.
 int parseViewportNumber(std::wstring_view argument);
 
-/// Compares without regard to case, letter by letter of the basic plane.
+/// Compares without regard to case, one 16-bit character at a time.
 bool sameName(std::wstring_view a, std::wstring_view b);
 /// Whether a name has the form of a pattern, without regard to case: '*' stands for any letters, '?' for one.
 bool matches(std::wstring_view name, std::wstring_view pattern);
 
 /// A typed text in quotes for a message, cut where it is too long to be read.
 std::wstring quotation(std::wstring_view text);
-/// The first of the words with commas between, as many as can be read in a message, and whether there are more.
+/// The words with commas between them, for a message. Of many words only the first ones, and "and more".
 std::wstring listed(const std::vector<std::wstring>& words);
-/// A sentence with what to do about it behind a colon instead of its full stop.
+/// The sentence with a colon and the advice in place of its full stop.
 std::wstring advised(std::wstring sentence, const wchar_t* advice);
 
 /// What a new name of the drawing must be, as the end of a sentence.

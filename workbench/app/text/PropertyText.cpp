@@ -97,7 +97,7 @@ std::optional<bool> parseYesNo(const std::wstring& text) {
 }
 
 std::optional<double> parseNumber(const std::wstring& text) {
-    // The library reads more: hexadecimal numbers, "inf", blanks in front.
+    // wcstod would accept more: hexadecimal numbers, "inf", blanks in front.
     if (text.empty() || text.find_first_not_of(L"0123456789+-.eE") != std::wstring::npos)
         return std::nullopt;
     wchar_t* end = nullptr;

@@ -15,10 +15,11 @@ std::optional<std::uint32_t> parseColor(const std::wstring& text);
 std::optional<std::int16_t> parseLineWeight(const std::wstring& text);
 /// "yes" or "no", or "on" or "off".
 std::optional<bool> parseYesNo(const std::wstring& text);
-/// A number with a point; none for anything else, infinities among it.
+/// A finite number with a decimal point or without; none for anything else.
 std::optional<double> parseNumber(const std::wstring& text);
 
-/// The name in the drawing's table of a linetype, or a plot style; kNoName when the drawing has none of that name.
+/// The id of the name of a linetype, or of a plot style, in the drawing's table of names; kNoName when the drawing has
+/// none of that name.
 zdr::NameId findLinetype(const zdr::Drawing& drawing, const std::wstring& name);
 zdr::NameId findPlotStyle(const zdr::Drawing& drawing, const std::wstring& name);
 

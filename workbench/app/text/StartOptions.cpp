@@ -4,7 +4,7 @@ namespace workbench {
 
 namespace {
 
-/// Where the value of a switch goes; null for a word that is no switch that takes one value.
+/// Where the value after the switch `word` is put; null for a word that isn't a switch with one value.
 std::wstring* valueOf(StartOptions& options, const std::wstring& word) {
     if (word == L"--module")
         return &options.module;

@@ -10,7 +10,7 @@ namespace {
 
 constexpr const wchar_t* kPrompt = L"Command:";
 constexpr const wchar_t* kOutputLabel = L"History";
-// Beyond this many characters the first half of the history goes.
+// When the history has more characters than this, its first half is deleted.
 constexpr int kHistoryLimit = 60000;
 constexpr UINT kNoLimit = 0x7FFFFFFE;
 
@@ -141,7 +141,7 @@ BOOL CommandPane::createIn(CWnd& parent, UINT id) {
     const CRect nothing(0, 0, 0, 0);
     m_white.CreateSolidBrush(RGB(255, 255, 255));
     const DWORD output = WS_CHILD | WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL;
-    // A label stands before its control, so that it is found to be its name.
+    // Each label is created just before its control, so that screen readers take it for the name of the control.
     if (!CreateEx(WS_EX_CONTROLPARENT, windowClass, L"Command line", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, nothing,
                   &parent, id) ||
         !createLabel(m_outputLabel, kOutputLabel, IDC_COMMAND_HISTORY_LABEL) ||
@@ -152,7 +152,7 @@ BOOL CommandPane::createIn(CWnd& parent, UINT id) {
     m_output.onTyped([this](wchar_t letter) { takeTyping(letter); });
     m_edit.onTurnPage([this](bool back) { m_output.SendMessage(WM_VSCROLL, back ? SB_PAGEUP : SB_PAGEDOWN); });
     m_output.SetLimitText(kNoLimit);
-    // What is pasted is not to lose its end unsaid; the command tells when a line is too long.
+    // With a limit the control would cut a pasted text without a word; runLine() tells when a line is too long.
     m_edit.SetLimitText(kNoLimit);
     applyLook();
     return TRUE;

@@ -1,4 +1,4 @@
-// The command line: what was said so far, and below it the line being typed.
+// The command line: its history, and below it the line being typed.
 #pragma once
 
 #include "CommandHistory.h"
@@ -9,7 +9,7 @@
 
 namespace workbench {
 
-/// What was said so far, to be read and copied. What is typed into it belongs into the command line.
+/// The history of the command line, to be read and copied. What is typed here is passed on to the line being typed.
 class CommandOutput : public CEdit {
   public:
     /// Called with a character that was typed, or 0 for a key that leads back to the command line.
@@ -24,8 +24,8 @@ class CommandOutput : public CEdit {
 };
 
 /// The line being typed. Enter runs it, or the last one again when it is empty; Tab completes it; Up and Down recall
-/// earlier ones; Page Up and Page Down turn the pages of what was said; Esc clears it, and when it is empty already,
-/// stops what waits to be run.
+/// earlier ones; Page Up and Page Down scroll the history; Esc clears it, and when it is empty already, stops what
+/// waits to be run.
 class CommandEdit : public CEdit {
   public:
     void onRun(std::function<void(const std::wstring& line)> run) { m_run = std::move(run); }
@@ -62,13 +62,14 @@ class CommandPane : public CWnd {
 
     BOOL createIn(CWnd& parent, UINT id);
     CommandEdit& edit() { return m_edit; }
-    /// Appends to the history and scrolls to its end. Line ends are \n; text that doesn't end a line is gone on with.
+    /// Appends to the history and scrolls to its end. Line ends are \n; after a text that doesn't end with one, the
+    /// next text goes on in the same line.
     void print(const std::wstring& text);
-    /// Brings the focus from the command line to what was said, and back.
+    /// Moves the focus from the line being typed to the history, or back.
     void switchFocus();
-    /// Scrolls what was said as the wheel has turned.
+    /// Scrolls the history; `delta` is that of WM_MOUSEWHEEL.
     void turnWheel(int delta);
-    /// The look has changed.
+    /// To be called when the look has changed.
     void applyLook();
     int height() const { return m_look.lineHeight() * kHistoryLines + editHeight() + m_look.px(6); }
 
@@ -88,13 +89,13 @@ class CommandPane : public CWnd {
     void arrange();
 
     WindowLook& m_look;
-    CStatic m_outputLabel; // names the output for those who can't see it
+    CStatic m_outputLabel; // names the output for screen readers
     CommandOutput m_output;
     CStatic m_prompt; // names the line, too
     CommandEdit m_edit;
     CBrush m_white;
     int m_promptWidth = 0;
-    int m_turned = 0; // of the wheel, not yet enough for a line
+    int m_turned = 0; // turn of the wheel that is not yet enough for a line
     bool m_lineEnded = false;
 };
 

@@ -20,7 +20,7 @@ class DrawingView : public CWnd {
     /// Called with the number of the viewport that was double-clicked, or 0 for the paper beside all viewports.
     void onViewportChosen(std::function<void(int number)> chosen) { m_viewportChosen = std::move(chosen); }
 
-    /// Another drawing is to be shown: every space starts with all of itself.
+    /// To be called when another drawing is to be shown: each of its spaces is zoomed to its extents at first.
     void drawingReplaced();
     /// The picture is out of date and is made anew at the next painting.
     void regenerate();
@@ -30,7 +30,7 @@ class DrawingView : public CWnd {
     void zoomBy(double factor);
     /// Moves what is shown by a part of the view's size: 1 is all of it, to the right and down.
     void panBy(double right, double down);
-    /// The transform of the space on view, for those who point at something in it.
+    /// From the space on view to pixels of this window.
     ViewTransform& view();
 
   protected:

@@ -38,7 +38,7 @@ std::optional<std::wstring> prompt(HWND owner, const FileKind& kind, const std::
 } // namespace
 
 std::optional<std::wstring> promptForDrawingToOpen(HWND owner) {
-    // A file that isn't there is told by the reading, with its reason, like every other failure.
+    // No OFN_FILEMUSTEXIST: reading tells about a file that isn't there, as about every other failure.
     return prompt(owner, kDrawings, {}, OFN_PATHMUSTEXIST, GetOpenFileNameW);
 }
 

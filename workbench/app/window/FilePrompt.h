@@ -8,7 +8,7 @@
 
 namespace workbench {
 
-/// Each answers a path, or none when the user thinks better of it.
+/// Each answers a path, or none when the user cancels.
 std::optional<std::wstring> promptForDrawingToOpen(HWND owner);
 std::optional<std::wstring> promptForScript(HWND owner);
 /// @param proposal the name, or the full path, that stands in the dialog at first

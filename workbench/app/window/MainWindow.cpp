@@ -1,5 +1,5 @@
-// The commands stand in commands/CommandDispatch.cpp; here they are only started. What they and the
-// host ask of the window is in MainWindowAnswers.cpp.
+// Lays out the panes, routes menu items and keys, and runs the lines that wait one after the other, by runLine(). What
+// the commands and the host ask of the window is in MainWindowAnswers.cpp.
 
 #include "MainWindow.h"
 
@@ -15,12 +15,12 @@ namespace workbench {
 
 namespace {
 
-// The lines that wait are run by a timer, whose messages stand behind all input and painting: a posted message would
-// come before them, and a long script could neither be watched nor stopped.
+// A timer runs the lines that wait, because its messages come after all input and painting. Posted messages would come
+// before those, and a long script could be neither watched nor stopped.
 constexpr UINT_PTR kLineTimer = 1;
-constexpr ULONGLONG kLineTime = 20; // milliseconds of lines before the next look at the input
+constexpr ULONGLONG kLineTime = 20; // milliseconds for which lines are run before input is looked at again
 
-/// A menu item, the line that it runs, and the key that runs it too.
+/// A menu item, the line that it runs, and the key that runs the same line.
 struct MenuCommand {
     UINT id;
     const wchar_t* line;
@@ -28,7 +28,7 @@ struct MenuCommand {
     bool control, shift;
 };
 
-// Ctrl+Z belongs to the line being typed.
+// UNDO has Ctrl+Shift+Z, because Ctrl+Z undoes in the line being typed.
 constexpr MenuCommand kMenuCommands[] = {
     {ID_MENU_NEW, L"NEW", 'N', true, false},
     {ID_MENU_OPEN, L"OPEN", 'O', true, false},
@@ -48,7 +48,7 @@ constexpr MenuCommand kMenuCommands[] = {
     {ID_MENU_HELP, L"HELP", VK_F1, false, false},
 };
 
-/// A key that moves what is shown, together with Alt; as parts of the view.
+/// A key that pans the view when Alt is held, and how far, as a part of the view's size.
 struct PanKey {
     WPARAM key;
     double right, down;
@@ -104,7 +104,7 @@ MainWindow::MainWindow()
       m_status(m_look) {}
 
 MainWindow::~MainWindow() {
-    // Module code may still print or repaint while modules are unloaded; not into a window that is gone.
+    // Modules may still print or repaint while they are unloaded, and this window is gone by then.
     runtime::setDisplayObserver(nullptr);
     runtime::setOutputSink({});
 }
@@ -118,12 +118,12 @@ BOOL MainWindow::createWindow() {
     windowClass.lpszClassName = kMainWindowClass;
     if (!AfxRegisterClass(&windowClass))
         return FALSE;
-    // A copy that the window destroys with itself.
+    // LoadMenu makes a copy, which the window destroys at its own end.
     const HMENU menu = ::LoadMenu(AfxGetInstanceHandle(), MAKEINTRESOURCE(IDR_MENU));
     if (!CreateEx(WS_EX_ACCEPTFILES, kMainWindowClass, kProgramName, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
                   CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, nullptr, menu))
         return FALSE;
-    // Only now it is known on which display it stands.
+    // Only now the display is known on which the window is, and so its scaling.
     SetWindowPos(nullptr, 0, 0, m_look.px(1100), m_look.px(760), SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     m_session = std::make_unique<Session>(static_cast<SessionWindow&>(*this));
     runtime::setDisplayObserver(this);
@@ -186,8 +186,8 @@ void MainWindow::OnSetFocus(CWnd*) {
 }
 
 BOOL MainWindow::OnMouseWheel(UINT flags, short delta, CPoint screen) {
-    // The wheel's messages go to the window with the focus, which is the command line; meant is the one below the
-    // pointer.
+    // The wheel's messages go to the window with the focus, which is the command line, but the user means the window
+    // below the pointer.
     const auto isOver = [screen](CWnd& window) {
         CRect rect;
         window.GetWindowRect(rect);

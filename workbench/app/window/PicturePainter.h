@@ -7,7 +7,7 @@
 
 namespace workbench {
 
-/// Paints everything of the picture on a background of that colour over `window`.
+/// Paints the picture over all of `window`, the background included.
 void paintPicture(CDC& dc, const Picture& picture, const CRect& window, int dpi);
 
 } // namespace workbench

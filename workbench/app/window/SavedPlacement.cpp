@@ -45,8 +45,8 @@ std::vector<RECT> workspaces() {
     return areas;
 }
 
-/// Gives the window, which isn't shown yet, its normal rectangle on one of the workspaces, and answers what it has
-/// then.
+/// Moves the window, which isn't shown yet, to `rect`, so far as that is on one of the workspaces. Answers the normal
+/// rectangle that it really got.
 RECT place(CWnd& window, const RECT& rect) {
     WINDOWPLACEMENT placement{};
     placement.length = sizeof placement;
@@ -70,7 +70,7 @@ int restorePlacement(CWnd& window, int show) {
     if (!rect)
         return show;
     RECT placed = place(window, *rect);
-    // Now it has the scaling of the display that it stands on.
+    // Only after the move above it has the scaling of its display.
     const int dpi = static_cast<int>(::GetDpiForWindow(window));
     const int savedDpi = framework::keptScaling(saved->dpi).value_or(dpi);
     placed.right = placed.left + MulDiv(rect->right - rect->left, dpi, savedDpi);

@@ -51,7 +51,7 @@ BOOL SpaceTabs::createIn(CWnd& parent, UINT id) {
     const LPCTSTR windowClass = AfxRegisterWndClass(0, ::LoadCursor(nullptr, IDC_ARROW));
     if (!CreateEx(0, windowClass, L"Spaces", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, CRect(0, 0, 0, 0), &parent, id))
         return FALSE;
-    // Names in full are worth having, but the tabs work without them.
+    // When this fails the tabs work all the same, without tips.
     m_tips = ::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0,
                                0, 0, m_hWnd, nullptr, nullptr, nullptr);
     return TRUE;
@@ -141,7 +141,7 @@ void SpaceTabs::drawTab(CDC& dc, std::size_t index) {
     dc.SetTextColor(active ? colors::kBarText : colors::kBarTextDim);
     dc.SetBkMode(TRANSPARENT);
     rect.DeflateRect(m_look.px(kPadding), 0);
-    // A tab is as wide as its name, and an ellipsis must not come from the last pixel.
+    // A tab is as wide as its name; without some room a name that is a pixel too wide would get an ellipsis.
     if (!m_shortened[index])
         rect.InflateRect(m_look.px(2), 0);
     dc.DrawText(m_names[index].c_str(), -1, rect,
@@ -170,7 +170,7 @@ void SpaceTabs::draw(CDC& dc, const CRect& client) {
     dc.SelectObject(former);
     if (m_strip.back().isEmpty())
         return;
-    // What reaches beyond the room is covered.
+    // Covers what of the tabs reaches beyond their part of the bar.
     const int end = m_strip.room().right;
     dc.FillSolidRect(end, 1, client.right - end, client.bottom - 1, colors::kBar);
     drawScrollButton(dc, false);

@@ -11,7 +11,7 @@
 
 namespace workbench {
 
-/// Its window text names the tab on top, for those who can't see it.
+/// Its window text is the name of the tab on top, for screen readers.
 class SpaceTabs : public CWnd {
   public:
     explicit SpaceTabs(WindowLook& look) : m_look(look) {}
@@ -58,7 +58,7 @@ class SpaceTabs : public CWnd {
     std::size_t m_active = 0;
     TabStrip m_strip;
     int m_held = 0;     // the scroll button that is held: 1 forward, -1 back, 0 none
-    int m_turned = 0;   // of the wheel, not yet enough for a tab
+    int m_turned = 0;   // turn of the wheel that is not yet enough for a tab
     int m_tipCount = 0; // tools of the tip window
     HWND m_tips = nullptr;
     BackBuffer m_buffer;

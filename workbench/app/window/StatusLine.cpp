@@ -38,7 +38,7 @@ void StatusLine::draw(CDC& dc, const CRect& client) {
     CFont* former = dc.SelectObject(&m_look.font());
     dc.SetTextColor(colors::kBarText);
     int left = 0;
-    // Long names leave the message its room.
+    // No name takes more than a quarter, so that the message has room.
     const int widestName = client.Width() / 4;
     const auto separator = [&] {
         dc.FillSolidRect(left, m_look.px(4), 1, client.Height() - m_look.px(8), colors::kBarLine);

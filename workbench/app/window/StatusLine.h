@@ -6,7 +6,7 @@
 
 namespace workbench {
 
-/// Its window text is what it shows, for those who can't see it.
+/// Its window text is what it shows, for screen readers.
 class StatusLine : public CWnd {
   public:
     explicit StatusLine(WindowLook& look) : m_look(look) {}
@@ -23,7 +23,7 @@ class StatusLine : public CWnd {
 
   private:
     void draw(CDC& dc, const CRect& client);
-    /// Draws one field from `left`, no wider than so many pixels, and answers where the next one begins.
+    /// Draws one field from `left` on, at most `widest` pixels wide, and answers where the next one begins.
     int drawField(CDC& dc, int left, const CRect& client, const std::wstring& text, int widest);
 
     WindowLook& m_look;

@@ -24,7 +24,7 @@ inline constexpr COLORREF kBarText = RGB(32, 34, 38);
 inline constexpr COLORREF kBarTextDim = RGB(96, 101, 110);
 } // namespace colors
 
-/// RGB of a palette index, for ColorRgb.h.
+/// RGB of a palette index, red in the low byte.
 std::uint32_t paletteRgb(int index);
 
 /// Sizes and the font at one resolution.

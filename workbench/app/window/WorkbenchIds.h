@@ -15,7 +15,7 @@
 #define IDI_WORKBENCH 101
 #define IDR_MENU 102
 
-// Menu items; each runs a line of the command table (see MainWindow.cpp).
+// Menu items; MainWindow.cpp lists the line that each one runs.
 #define ID_MENU_OPEN 40001
 #define ID_MENU_SAVE 40002
 #define ID_MENU_SAVEAS 40003

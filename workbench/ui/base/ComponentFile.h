@@ -11,7 +11,7 @@ namespace framework {
 
 /// The folder of kelui.dll, with a backslash at its end.
 KELUI_API std::wstring frameworkFolder();
-/// The file beside kelui.dll that a component path names. A path that doesn't begin with a slash stands for itself.
+/// The file beside kelui.dll that a component path names. A path that doesn't begin with a slash is answered as it is.
 KELUI_API std::wstring componentFile(std::wstring_view componentPath);
 
 } // namespace framework

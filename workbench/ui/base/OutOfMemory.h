@@ -1,11 +1,11 @@
-// Where memory runs out inside an operation of the host: the callers know answers and no exceptions.
+// What an operation of the host does when memory runs out. Its callers expect an answer and no exception.
 #pragma once
 
 #include <new>
 
 namespace framework {
 
-/// Does the work, or answers `failure` where memory runs out.
+/// Does the work, or answers `failure` when memory runs out.
 template <class Answer, class Work> Answer answerOr(const Answer& failure, const Work& work) {
     try {
         return work();
@@ -14,7 +14,7 @@ template <class Answer, class Work> Answer answerOr(const Answer& failure, const
     }
 }
 
-/// Does the work, which is a courtesy, as far as memory lasts.
+/// Does work that nobody has to rely on. When memory runs out, the rest of it is left undone, and nothing is told.
 template <class Work> void asFarAsMemoryLasts(const Work& work) {
     try {
         work();

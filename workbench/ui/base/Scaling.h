@@ -1,5 +1,5 @@
-// Lengths of the design, in pixels of 96 an inch, on a window's own display. Displays differ in their scaling, so a
-// length holds for one window, and until WM_DPICHANGED.
+// Turns lengths of the design, in pixels of 96 an inch, into pixels of a window's display. Displays differ in their
+// scaling, so a result is right for one window only, and only until its next WM_DPICHANGED.
 #pragma once
 
 #include <windows.h>
@@ -8,7 +8,7 @@ namespace framework {
 
 inline constexpr int kDesignDpi = 96;
 
-/// The dots per inch at which a window is to draw; the system's own for no window.
+/// The dots per inch at which a window is to draw; the system's own for null.
 inline int dpiOf(HWND window) {
     const UINT dpi = GetDpiForWindow(window);
     return static_cast<int>(dpi ? dpi : GetDpiForSystem());

@@ -14,7 +14,7 @@ namespace framework {
 namespace {
 
 constexpr LONGLONG kLargestFile = 4u << 20;
-// Elements within elements; each level costs stack when the tree is taken down.
+// How deep elements may nest: destroying the tree takes stack for each level.
 constexpr std::size_t kDeepest = 64;
 
 struct Release {
@@ -39,8 +39,8 @@ std::optional<std::string> readBytes(const std::wstring& path) {
     return bytes;
 }
 
-/// The bytes as a stream. Wine's reader asks for more for ever where a file ends within a text, a comment or a section
-/// of character data; the stream then gives it what ends all of these, and remembers that the file wasn't whole.
+/// The bytes as a stream. When a file ends within a text, a comment or a section of character data, Wine's reader asks
+/// for more without end. The stream then gives it what closes all of these, and remembers that the file wasn't whole.
 class Stream final : public ISequentialStream {
   public:
     explicit Stream(std::string_view bytes) : m_rest(bytes), m_wide(bytes.size() % 2 == 0 && isWide(bytes)) {}
@@ -67,7 +67,7 @@ class Stream final : public ISequentialStream {
         *object = known ? this : nullptr;
         return known ? S_OK : E_NOINTERFACE;
     }
-    // It lives on the stack, longer than its reader.
+    // No counting: the stream is on the stack and lives longer than its reader.
     ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
     ULONG STDMETHODCALLTYPE Release() override { return 1; }
 
@@ -100,7 +100,7 @@ ComPointer<IXmlReader> makeReader() {
     return ComPointer<IXmlReader>(static_cast<IXmlReader*>(reader));
 }
 
-/// Appends with each run of white space as one space, across calls.
+/// Appends the text with each run of white space as one space, also when a run goes on from the call before.
 void appendCollapsed(std::wstring& out, std::wstring_view text) {
     for (const wchar_t character : text) {
         if (!std::iswspace(character))
@@ -187,7 +187,8 @@ bool readNodes(IXmlReader& reader, TreeBuilder& tree) {
     HRESULT result = S_OK;
     Position last = {};
     while ((result = reader.Read(&type)) == S_OK) {
-        // Where a file ends before its root does, Wine's reader makes up the end, and places it at the beginning.
+        // When a file ends before its root element does, Wine's reader makes up the end tag and gives it a position at
+        // the beginning.
         const Position position = positionOf(reader);
         if (type == XmlNodeType_EndElement && position <= last)
             return false;

@@ -32,8 +32,8 @@ void makeTopLeftTransparent(std::vector<std::uint32_t>& pixels) {
     }
 }
 
-/// How much of the target pixel `index` each source pixel covers along one side, in units of 1/target of a source
-/// pixel.
+/// The source pixels that one target pixel covers along one side: the first of them, and how much of each is covered,
+/// in units of 1/target of a source pixel.
 struct Span {
     int first;
     std::vector<std::uint64_t> weights;

@@ -32,7 +32,7 @@ SIZE drawnSize(const AlphaImage& picture, int dpi, SIZE room) {
 
 struct COrvUiBitmapButton::Picture {
     AlphaImage loaded;
-    // The last one drawn, since every pass of the pointer draws twice.
+    // The picture as drawn last, kept because each time that the pointer passes the button is drawn twice.
     AlphaImage fitted;
     bool fittedGrey = false;
 

@@ -5,7 +5,7 @@
 namespace framework {
 namespace {
 
-// Larger ones are no faces of buttons; the bound keeps a broken resource from asking for gigabytes.
+// In pixels. No button has a larger picture; the bound keeps a broken resource from asking for gigabytes.
 constexpr LONG kLargestSide = 1024;
 
 class Bitmap {

@@ -111,7 +111,7 @@ BOOL COrvUiBaseDialog::OnHelpInfo(HELPINFO*) {
     return TRUE;
 }
 
-// The system gives the dialog its new size and font, and its controls their places.
+// DefWindowProc gives the dialog its new size and font and moves its controls; the tips are left to do here.
 LRESULT COrvUiBaseDialog::OnDpiChanged(WPARAM dpi, LPARAM place) {
     const LRESULT answer = DefWindowProc(WM_DPICHANGED, dpi, place);
     if (m_tips->window)

@@ -122,7 +122,8 @@ void COrvUiDialog::OnSize(UINT type, int width, int height) {
 
 void COrvUiDialog::OnGetMinMaxInfo(MINMAXINFO* info) {
     COrvUiBaseDialog::OnGetMinMaxInfo(info);
-    // From the base OnInitDialog on, so also before there is a table: a kept placement is restored there.
+    // This is called from the base OnInitDialog on, where a kept placement is restored, so also before there is a
+    // table.
     const SIZE smallest = m_layout->table.smallestWindow();
     if (smallest.cx == 0 || !(GetStyle() & WS_THICKFRAME))
         return;

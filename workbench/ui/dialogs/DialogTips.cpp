@@ -9,7 +9,7 @@
 namespace framework {
 namespace {
 
-// Controls' tools are known by their windows; the moving tool needs a number that is no window.
+// The tools of controls have the control's window as their id; the moving tool needs an id that is no window.
 constexpr UINT_PTR kMovingTool = 1;
 // Longer texts are broken into lines of this many pixels at 96 an inch.
 constexpr int kTipWidth = 360;
@@ -57,7 +57,7 @@ DialogTips::DialogTips(HWND dialog, const TipTexts& texts) {
     if (!m_window)
         return;
     fitToScaling(dpiOf(dialog));
-    // Those of the pages within the dialog too.
+    // Includes the controls of pages within the dialog.
     const ToolMaker maker = {m_window, dialog, texts};
     EnumChildWindows(dialog, addToolOf, reinterpret_cast<LPARAM>(&maker));
 }

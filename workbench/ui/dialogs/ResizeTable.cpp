@@ -1,4 +1,4 @@
-// The flags are bits: two that move a control with an edge, two that stretch it.
+// The flags of a row are bits: two move the control with an edge of the dialog, two stretch it.
 
 #include "ResizeTable.h"
 

@@ -21,11 +21,11 @@ class ResizeTable {
   public:
     /// Remembers where every control stands, and the sizes of the window and its client area.
     void remember(HWND dialog);
-    /// Turns the remembered layout into the one of a display of `dpi` dots an inch.
-    /// @return the dots an inch that it was of; `dpi` where nothing was remembered
+    /// Scales the remembered layout to a display of `dpi` dots an inch.
+    /// @return the dots an inch that it was remembered at; `dpi` when nothing was remembered
     int rescale(int dpi);
     void setRows(const _dlgControlTag* rows, unsigned long count);
-    /// Moves the controls of the table to where they belong for the present size. Nothing before remember().
+    /// Moves the controls of the table to where they belong for the present size. Does nothing before remember().
     void apply(HWND dialog) const;
     /// Whether there is a table and a layout to resize.
     bool isActive() const { return !m_rows.empty() && m_window.cx > 0; }

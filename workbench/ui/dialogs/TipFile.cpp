@@ -1,3 +1,4 @@
+// A file of tips looks like this; a dialog finds its tips by the name and the prefix that it has set:
 //   <DialogToolTips>
 //     <Dialog Name="Module:Dialog" Prefix="LAST">
 //       <Tip Control="1003">Text</Tip>

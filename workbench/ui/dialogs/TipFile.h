@@ -11,7 +11,7 @@ namespace framework {
 /// The tips of one dialog by control id.
 using TipTexts = std::map<int, std::wstring>;
 
-/// What the framework's own dialogs name as their prefix and their file.
+/// The prefix and the file of the framework's own dialogs.
 inline constexpr const wchar_t* kTipPrefix = L"LAST";
 inline constexpr const wchar_t* kTipFile = L"/KelDialogToolTips;Component/DialogToolTips.xaml";
 

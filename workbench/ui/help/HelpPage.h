@@ -1,4 +1,4 @@
-// Where the pages of the help stand.
+// Finds the file of a page of the help.
 #pragma once
 
 #include "KelExport.h"

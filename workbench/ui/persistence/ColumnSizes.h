@@ -7,7 +7,7 @@
 
 namespace framework {
 
-/// Applies the kept widths, if there is exactly one for each of the list's columns; otherwise the widths stand.
+/// Applies the kept widths, if there is exactly one for each of the list's columns; otherwise changes nothing.
 /// @return whether they were applied
 bool restoreColumnSizes(const std::wstring& dialogName, HWND list);
 /// Widths are kept with the scaling of the display that they were chosen on, and scaled to the present one's.

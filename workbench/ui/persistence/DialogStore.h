@@ -10,7 +10,7 @@
 
 namespace framework {
 
-/// What one dialog keeps, or of one group within a dialog. Everything is below HKEY_CURRENT_USER.
+/// What one dialog keeps, or one group of that. Everything is below HKEY_CURRENT_USER.
 class KELUI_API DialogStore {
   public:
     /// An empty name stands for a dialog that keeps nothing: reads find nothing, writes fail.

@@ -9,7 +9,7 @@ namespace framework {
 namespace {
 
 constexpr const wchar_t* kGroup = L"Placement";
-// Beyond these no desktop reaches; such a number was not written by us.
+// In pixels. No desktop reaches farther, so a larger number was not written by us.
 constexpr long kFarthest = 0x40000;
 constexpr long kLargest = 0x10000;
 constexpr const wchar_t* kDpi = L"Dpi";
@@ -140,7 +140,7 @@ bool keepScaling(const DialogStore& store, HWND window) {
 
 void restorePlacement(HWND window, const KeptPlacement& kept) {
     RECT wanted = placeOnWorkAreas(kept.rect, monitorWorkAreas());
-    // There first: the window takes on that display's scaling.
+    // Move first: that gives the window the scaling of that display.
     SetWindowPos(window, nullptr, wanted.left, wanted.top, 0, 0, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOSIZE);
     if (isResizable(window)) {
         const int dpi = dpiOf(window), keptDpi = kept.dpi.value_or(dpi);

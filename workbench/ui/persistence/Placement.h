@@ -15,16 +15,16 @@ namespace framework {
 /// the work area that it touches most, or on the first one when it touches none. `workAreas` holds at least one.
 KELUI_API RECT placeOnWorkAreas(RECT wanted, const std::vector<RECT>& workAreas);
 
-/// A rectangle of GetWindowPlacement in coordinates of the screen: it counts from where the taskbars leave room on the
-/// window's display.
+/// Turns a rectangle of GetWindowPlacement, which counts from the corner of the work area of the window's display, into
+/// screen coordinates.
 KELUI_API RECT screenRectOf(RECT workspaceRect, const RECT& workArea, const RECT& display);
 
 /// The work areas of all monitors, the primary one's first.
 KELUI_API std::vector<RECT> monitorWorkAreas();
 
-/// The rectangle of kept numbers; nothing when no desktop reaches so far or no window is so large.
+/// The rectangle that these kept numbers give; nothing when no desktop reaches so far or no window is so large.
 KELUI_API std::optional<RECT> keptRect(LONG left, LONG top, unsigned long width, unsigned long height);
-/// The dots an inch of a kept number; nothing when no display can have so many or so few.
+/// The kept number as dots an inch; nothing when no display has so many or so few.
 KELUI_API std::optional<int> keptScaling(unsigned long dpi);
 
 /// A kept rectangle, and the dots an inch of the display that it stood on; none when that wasn't kept.
@@ -38,8 +38,8 @@ std::optional<KeptPlacement> keptPlacement(const std::wstring& dialogName);
 /// Keeps where the window stands when it is neither minimized nor maximized, under the dialog's name. Where that can't
 /// be found out or written, what was kept before stays or the placement is lost; nothing is told.
 void keepPlacement(const std::wstring& dialogName, HWND window);
-/// Moves the window to `kept` and gives it the size that it had, on a display of another scaling as much larger or
-/// smaller, but not below the least size that the window asks for. One whose border can't be dragged keeps its size.
+/// Moves the window to `kept` and gives it its kept size, scaled when the display has another scaling, but not below
+/// the least size that the window asks for. One whose border can't be dragged keeps its size.
 void restorePlacement(HWND window, const KeptPlacement& kept);
 
 /// The dots an inch that were kept with lengths in pixels; nothing when they are missing or senseless.

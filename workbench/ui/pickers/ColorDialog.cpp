@@ -38,7 +38,8 @@ BOOL ColorDialog::OnInitDialog() {
         addTab({L"Palette", ColorTab::palette, &m_palettePage});
     if (m_parts.trueColor)
         addTab({L"True Color", ColorTab::trueColor, &m_trueColorPage});
-    // Last in the order of the Tab key, and so the one before the page, whose window has to be in front of it.
+    // The tabs become the last stop of the Tab key, and the page, which comes first because it has to be in front of
+    // them, follows.
     m_tabControl.SetWindowPos(&CWnd::wndBottom, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     SetContextHelpPrefix(kTipPrefix);
     SetContextHelpFileName(kTipFile);
@@ -83,14 +84,14 @@ void ColorDialog::showTab(int index) {
         m_tabs[i].page->ShowWindow(front ? SW_SHOW : SW_HIDE);
     }
     showChoice();
-    // Who walks along the tabs by the arrow keys stays on them.
+    // When the user walks along the tabs with the arrow keys, the focus stays on them.
     const bool onTabs = ::GetFocus() == m_tabControl.GetSafeHwnd();
     if (!onTabs && static_cast<std::size_t>(index) < m_tabs.size())
         focusPage(*m_tabs[static_cast<std::size_t>(index)].page);
 }
 
 void ColorDialog::focusPage(const ColorPage& page) {
-    // By the dialog manager, which selects what stands in a field.
+    // The dialog manager moves the focus, because it also selects the text of an edit box.
     const HWND first = ::GetNextDlgTabItem(page.GetSafeHwnd(), nullptr, FALSE);
     SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(first), TRUE);
 }

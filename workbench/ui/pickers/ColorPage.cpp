@@ -18,7 +18,7 @@ constexpr int kDigits = 3;
 } // namespace
 
 BOOL ColorPage::PreTranslateMessage(MSG* message) {
-    // A dialog would take Tab, Enter and Escape for itself; here they are those of the dialog around it.
+    // CDialog would take Tab, Enter and Escape; on a page they belong to the dialog around it.
     return CWnd::PreTranslateMessage(message);
 }
 
@@ -117,7 +117,7 @@ void TrueColorPage::OnFieldChanged(UINT) {
 }
 
 void TrueColorPage::OnMore() {
-    // What the user mixes there is kept while the program runs.
+    // The colours that the user mixes in it, kept while the program runs.
     static std::array<COLORREF, 16> mixed = {};
     const auto [red, green, blue] = m_choice.rgb();
     CHOOSECOLORW dialog = {};

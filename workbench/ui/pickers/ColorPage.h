@@ -19,7 +19,7 @@ class ColorPage : public CDialog {
     bool create(CWnd* dialog) { return Create(m_templateId, dialog) != FALSE; }
     /// Shows the choice.
     virtual void showChoice() = 0;
-    /// Whether what stands on the page is a choice.
+    /// Whether the page holds a whole choice: the fields of the true colour may be empty or wrong.
     virtual bool isComplete() const { return true; }
 
     std::function<void()> onChanged;  ///< the choice, or whether the page is complete, has changed

@@ -31,7 +31,8 @@ struct PickerList {
 /// @return the picked row; none when the dialog was cancelled or couldn't be shown
 std::optional<std::size_t> pickFromList(const PickerList& list);
 
-/// The host's word, for a choice that stands for a reference; empty when the host has none.
+/// The host's word for a choice such as by layer; `which` is a number such as engine::kByLayerWord. Empty when the host
+/// has none.
 std::wstring hostWord(int which);
 
 } // namespace framework

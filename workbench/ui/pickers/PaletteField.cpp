@@ -72,7 +72,7 @@ void PaletteField::registerClass() {
     description.hInstance = frameworkModule();
     description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     description.lpszClassName = PALETTE_FIELD_CLASS;
-    RegisterClassW(&description); // fails where it is known already, which is as good
+    RegisterClassW(&description); // fails when it is registered already, which does no harm
 }
 
 void PaletteField::mark(std::optional<int> index) {

@@ -16,7 +16,7 @@ inline constexpr UINT kPaletteAccepted = 2; ///< a double click on a colour
 
 class PaletteField : public CWnd {
   public:
-    /// Makes the window class of templates known; needed before a template that names it is used.
+    /// Registers the window class. To be called before a template that names it is used.
     static void registerClass();
 
     /// Marks a colour, or none, without a notification.
@@ -45,7 +45,7 @@ class PaletteField : public CWnd {
     void drawCell(HDC dc, int index) const;
     void drawMark(HDC dc, CRect cell) const;
     void drawCursor(HDC dc, CRect cell) const;
-    /// Where the arrow keys begin, shown while the field has the focus.
+    /// The colour from which the arrow keys move on; it has a frame while the field has the focus.
     int cursor() const { return m_marked.value_or(1); }
     void notify(UINT code);
 

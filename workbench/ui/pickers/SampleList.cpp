@@ -1,5 +1,5 @@
-// The list draws its rows itself; the samples are added on top, so that the selection looks as in any
-// other list.
+// The control draws its rows itself and the samples are drawn over them, so that the selection looks as in any other
+// list.
 
 #include "SampleList.h"
 

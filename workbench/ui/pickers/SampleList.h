@@ -11,7 +11,7 @@ namespace framework {
 struct SampleCell {
     HDC dc;
     RECT area;
-    COLORREF color; ///< that the row's text would have
+    COLORREF color; ///< the one that the row's text would have
     int dpi;        ///< dots per inch of the display that shows the list
 };
 
@@ -20,7 +20,7 @@ using DrawSample = std::function<void(const SampleCell& cell, int row)>;
 
 class SampleList : public COrvUiListCtrl {
   public:
-    /// Names the column and what draws it; before the list is shown.
+    /// Tells which column shows samples and what draws them. To be called before the list is shown.
     void setSamples(int column, DrawSample draw);
 
   protected:

@@ -1,6 +1,7 @@
 // The system has a documented way to look into a file dialog (OFN_ENABLEHOOK), but gives such a dialog the look of an
-// old system. So its window is subclassed here from outside, which leaves it as it is; where a future system's dialog
-// were built otherwise, its name would not be found, and an address be refused as any other bad name.
+// old system. So its window is subclassed here from outside, which leaves it as it is; if a future system builds its
+// dialog in another way, the box with the name isn't found here, and the dialog refuses an address as it refuses any
+// bad name.
 
 #include "TypedAddress.h"
 
@@ -19,7 +20,8 @@ namespace {
 
 constexpr UINT_PTR kSubclass = 1;
 
-// A hook is told nothing of who set it. Dialogs are opened by the one thread of the user interface, and nest.
+// The object that set the hook last: a hook isn't told who set it. One is enough, because only the thread of the user
+// interface opens dialogs, one inside the other.
 TypedAddress* g_innermost = nullptr;
 
 bool isOfClass(HWND window, const wchar_t* name) {
@@ -110,7 +112,7 @@ LRESULT CALLBACK TypedAddress::onMessage(HWND dialog, UINT message, WPARAM wPara
         RemoveWindowSubclass(dialog, onMessage, kSubclass);
     } else if (message == WM_COMMAND && LOWORD(wParam) == IDOK &&
                answerOr(false, [&] { return address.takes(dialog); })) {
-        // The system's own way out of the dialog, whatever it is made of.
+        // Cancel is a way out that every build of the system's dialog has.
         return address.m_text.empty() ? 0 : DefSubclassProc(dialog, WM_COMMAND, IDCANCEL, 0);
     }
     return DefSubclassProc(dialog, message, wParam, lParam);

@@ -8,11 +8,12 @@
 namespace framework {
 
 /// Watches the next dialog that this thread opens over the owner. The system's file dialog knows no servers and would
-/// refuse an address as a bad name; so a name that has the form of one is taken out of its OK: the address of a remote
-/// file ends the dialog, anything else with a scheme is refused with a reason and the dialog stays.
+/// refuse an address as a bad name; so OK is handled here when the name has the form of an address. The address of a
+/// remote file ends the dialog; for anything else with a scheme the user is told why it is refused, and the dialog
+/// stays.
 class TypedAddress {
   public:
-    /// @param title the dialog's, for the refusal; may be null
+    /// @param title the title of the dialog, which the refusal shows too; may be null
     TypedAddress(HWND owner, const wchar_t* title);
     ~TypedAddress();
     TypedAddress(const TypedAddress&) = delete;
@@ -28,13 +29,14 @@ class TypedAddress {
                                       DWORD_PTR self);
     void watch(HWND dialog);
     void unhook();
-    /// Deals with the name in the dialog. False when it isn't an address and is the system's to judge.
+    /// Deals with the name in the dialog when it is an address. False when it isn't one, so that the system's dialog
+    /// has to deal with it.
     bool takes(HWND dialog);
 
     HWND m_owner;
     const wchar_t* m_title;
     HHOOK m_hook;
-    TypedAddress* m_outer; ///< of a dialog that was open before
+    TypedAddress* m_outer; ///< the one of a dialog that was open before
     HWND m_dialog = nullptr;
     std::wstring m_text;
 };

@@ -25,7 +25,8 @@ constexpr const wchar_t* kFolder = L"Folder";
 
 using PathBuffer = std::array<wchar_t, 0x8000>;
 
-/// What a path can't hold makes the whole name unusable to the system's dialog, so it is left out.
+/// Puts the name into the path without the characters that a path can't hold: with them the system's dialog refuses the
+/// whole name.
 void putName(PathBuffer& path, const wchar_t* name) {
     std::size_t length = 0;
     for (; name && *name && length < MAX_PATH; ++name)
@@ -34,7 +35,7 @@ void putName(PathBuffer& path, const wchar_t* name) {
     path[length] = L'\0';
 }
 
-/// Both empty when the user cancelled.
+/// What the user chose: a path or an address. Both are empty when the user cancelled.
 struct Choice {
     std::wstring path;
     std::wstring address; ///< of a remote file, as it was typed
@@ -46,14 +47,15 @@ Choice choose(OPENFILENAMEW& dialog, bool save) {
     return {chosen ? dialog.lpstrFile : std::wstring(), address.text()};
 }
 
-/// With the backslash of a drive's root, without which it would be the folder that is current on that drive.
+/// The folder of a file. A drive's root keeps its backslash: without it, it would mean the drive's current folder.
 std::wstring folderOf(const std::wstring& path) {
     const std::size_t end = path.find_last_of(L"\\/");
     const bool root = end != std::wstring::npos && end > 0 && path[end - 1] == L':';
     return path.substr(0, root ? end + 1 : end);
 }
 
-/// Empty when there is none, or none any more: the system's dialog may not bear what is no folder.
+/// The folder that was used last. Empty when there was none or it is gone: the system's dialog may fail when it is
+/// given a folder that isn't there.
 std::wstring keptFolder(const DialogStore& store) {
     const std::wstring folder = store.text(kFolder).value_or(L"");
     const DWORD attributes = folder.size() < MAX_PATH ? GetFileAttributesW(folder.c_str()) : INVALID_FILE_ATTRIBUTES;
@@ -62,7 +64,7 @@ std::wstring keptFolder(const DialogStore& store) {
 }
 
 void keepFolder(const DialogStore& store, const std::wstring& folder) {
-    // Without a registry the next dialog begins elsewhere, nothing else.
+    // When this can't be written, the next dialog begins in another folder, nothing else.
     [[maybe_unused]] const bool kept = store.setText(kFolder, folder);
 }
 

@@ -18,7 +18,7 @@ using pickers::LineWeightRow;
 namespace {
 
 constexpr int kSampleColumn = 1;
-// Above and below the thickest bar, in dots at 96 an inch.
+// Room above and below the thickest bar, in dots at 96 an inch.
 constexpr int kRoom = 4;
 
 /// The drawing's default lineweight; -1 when it can't be read.

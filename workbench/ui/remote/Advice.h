@@ -5,7 +5,7 @@
 
 namespace remote {
 
-/// A sentence, to stand behind the one that tells why; empty where nothing is to be done.
+/// A sentence to follow the one that tells why the transfer failed; empty when the user can do nothing.
 const wchar_t* adviceOn(CProxyInetStatus status);
 
 } // namespace remote

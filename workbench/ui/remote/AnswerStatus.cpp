@@ -63,7 +63,8 @@ std::optional<RemoteFailure> failureOfAnswer(Request request, unsigned status) {
 bool isRedirect(Request request, unsigned status) {
     if (status == kTemporaryRedirect || status == kPermanentRedirect)
         return true;
-    // The older ones make clients ask for a file where they were to bring one.
+    // 301, 302 and 303 count for fetching only: clients repeat the request as a GET then, so that an upload would
+    // become a fetch.
     return request == Request::Fetch && (status == kMovedPermanently || status == kFound || status == kSeeOther);
 }
 

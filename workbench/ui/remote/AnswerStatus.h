@@ -1,4 +1,4 @@
-// What the three figures of a server's answer mean.
+// What the status code of a server's answer means: three digits, such as 200 or 404.
 #pragma once
 
 #include "RemoteProblem.h"
@@ -9,7 +9,7 @@ namespace remote {
 
 enum class Request { Fetch, Upload };
 
-/// What went wrong by an answer; none when it says that all is well.
+/// The failure that a status code stands for; none when it says that all is well.
 std::optional<RemoteFailure> failureOfAnswer(Request request, unsigned status);
 /// Whether an answer sends on to another address with the same request.
 bool isRedirect(Request request, unsigned status);

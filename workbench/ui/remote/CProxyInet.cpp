@@ -1,4 +1,4 @@
-// The host's remote file service: what its operations answer. How a file travels stands in RemoteTransfer.
+// The host's remote file service: what its operations answer. RemoteTransfer does the transfers.
 
 #include "OrvUiInternet.h"
 
@@ -36,7 +36,7 @@ TemporaryFiles& temporaryFiles() {
     return files;
 }
 
-/// The address behind a text, which must be one of a server.
+/// The text as an address. Throws a RemoteFailure when it isn't the address of a file on a server.
 Address requireRemote(const wchar_t* url) {
     ParsedAddress parsed = parseAddress(url ? url : L"");
     switch (parsed.kind) {
@@ -52,7 +52,7 @@ Address requireRemote(const wchar_t* url) {
     throw RemoteFailure{eInetBadAddress, parsed.cause};
 }
 
-/// Runs an operation and turns what it throws into a status, and into the sentence about it.
+/// Runs an operation and turns what it throws into a status, and into the sentence that problem() keeps.
 template <class Action> int answerOf(const wchar_t* url, Action action) {
     try {
         action();
@@ -66,7 +66,8 @@ template <class Action> int answerOf(const wchar_t* url, Action action) {
     }
 }
 
-/// Runs what reads or writes a local file, whose own failures then stand in the sentence with its path.
+/// Runs an operation that reads or writes a local file. When the local file fails, answers `failed`, and the sentence
+/// in problem() is about `path`.
 template <class Action> int withLocalFile(const wchar_t* url, const std::wstring& path, int failed, Action action) {
     int answer = eInetOk;
     const Vorn::ErrorStatus status =
@@ -123,7 +124,8 @@ int makeTemporaryFile(const wchar_t* url, OrvXREFString& localName) {
     });
 }
 
-/// Tells the user of a failure. That a file isn't there yet, or isn't on a server, is what callers ask to find out.
+/// Tells the user of a failure, unless it is only that a file isn't there yet, or isn't on a server: that is what
+/// callers ask to find out.
 int told(int answer) {
     if (answer != eInetOk && answer != eInetTargetAbsent && answer != eInetNotRemote)
         framework::asFarAsMemoryLasts([] { runtime::print(lastRemoteProblem() + L"\n"); });

@@ -11,7 +11,7 @@ namespace remote {
 namespace {
 
 constexpr const wchar_t* kAgent = L"KelWorkbench";
-// The heads of an answer; the system's own limit where it has one.
+// The most characters that the header lines of an answer may have. A system's client that has a limit has the same.
 constexpr DWORD kLargestHead = 64 * 1024;
 
 struct ErrorMeaning {
@@ -85,7 +85,7 @@ std::wstring asciiHost(const std::wstring& host) {
         return host;
     const int length = IdnToAscii(0, host.c_str(), static_cast<int>(host.size()), ascii.data(), ascii.size() - 1);
     const std::wstring name(ascii.data(), static_cast<std::size_t>(std::max(length, 0)));
-    // Some letters become slashes, colons and the like on the way, which would make another address of it.
+    // The conversion turns some letters into slashes, colons and the like, which would make another address of it.
     if (hostFault(name))
         throw RemoteFailure{eInetBadAddress, L"has a name of a server that can't be written in ASCII"};
     return name;

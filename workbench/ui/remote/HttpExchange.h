@@ -28,7 +28,7 @@ class HttpExchange {
     HttpExchange(const Address& address, const wchar_t* verb);
 
     /// Sends the head of the request.
-    /// @param bodySize bytes that sendBody() is going to be given, all in all
+    /// @param bodySize how many bytes sendBody() will be given in all
     void begin(std::uint32_t bodySize);
     /// Sends the next bytes of the body. False when the server has cut the line, which it may do because it has
     /// answered already.
@@ -38,7 +38,7 @@ class HttpExchange {
 
     /// Of the answer:
     unsigned status() const;
-    /// A head line by its number of WINHTTP_QUERY_...; none when it is missing.
+    /// A header line by its number of WINHTTP_QUERY_...; none when it is missing.
     std::optional<std::wstring> header(DWORD query) const;
     /// The next bytes of the body; answers how many there were, 0 at its end or where the line was cut.
     std::size_t readBody(std::span<std::byte> bytes);

@@ -34,8 +34,8 @@ Address redirected(const Address& from, const HttpExchange& exchange) {
     return target.address;
 }
 
-/// Sends the request, and again wherever the server sends on to, until there is an answer of another kind.
-/// @param send sends one request to an address and has its answer received
+/// Sends the request, and again to each address that the server redirects it to, until the answer is no redirect.
+/// @param send sends one request to an address and receives the answer
 template <class Send> HttpExchange exchangeWith(Address address, Request request, Send send) {
     for (int left = kMostRedirects; left >= 0; --left) {
         HttpExchange exchange = send(address);
@@ -57,8 +57,8 @@ HttpExchange askFor(const Address& address) {
     return exchange;
 }
 
-/// How long the body of an answer is. One that doesn't say so beforehand isn't taken: not every system's client tells
-/// the end of such a body from a line that was cut.
+/// How many bytes the body of an answer has. Throws when the answer doesn't announce that: not every system's client
+/// can tell the end of such a body from a line that was cut.
 std::uint64_t announcedSize(const HttpExchange& exchange) {
     const auto text = exchange.header(WINHTTP_QUERY_CONTENT_LENGTH);
     if (!text || text->empty() || exchange.header(WINHTTP_QUERY_TRANSFER_ENCODING))

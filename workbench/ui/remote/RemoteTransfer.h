@@ -1,5 +1,5 @@
-// A file's way from a server and to one. All failures are thrown: RemoteFailure where the server or the line fails, and
-// zdr::Refusal where the local file does.
+// Fetches files from servers and uploads them. All failures are thrown: RemoteFailure where the server or the line
+// fails, and zdr::Refusal where the local file does.
 #pragma once
 
 #include "HttpExchange.h"
@@ -13,9 +13,9 @@ namespace remote {
 /// A file on a server, found and about to be fetched.
 class RemoteFile {
   public:
-    /// Asks for the file, wherever the server sends on to.
+    /// Asks for the file and follows redirects.
     explicit RemoteFile(const Address& address);
-    /// Puts the file's content into the place of a local file, when all of it has come.
+    /// Fetches the content and replaces the local file by it, once all of it has come.
     void saveAs(const std::wstring& path);
 
   private:

@@ -16,7 +16,7 @@ std::wstring temporaryFolder() {
     return length < folder.size() ? std::wstring(folder.data(), length) : std::wstring();
 }
 
-/// A name that the files of a process that ended without deleting them don't have either.
+/// A new name for a file. The time in it keeps it apart from files that an earlier process of the same id left behind.
 std::wstring newName(unsigned number) {
     return L"kel-" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(GetTickCount64()) + L"-" +
            std::to_wstring(number);
@@ -61,7 +61,7 @@ void TemporaryFiles::discard(const std::wstring& path) {
     const auto found = std::find(m_paths.begin(), m_paths.end(), path);
     if (found == m_paths.end())
         return;
-    // One that somebody has open is left for the next time.
+    // A file that somebody has open can't be deleted now; it stays in the list for the next time.
     if (DeleteFileW(path.c_str()) || GetLastError() == ERROR_FILE_NOT_FOUND)
         m_paths.erase(found);
 }

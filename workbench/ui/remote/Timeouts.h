@@ -1,4 +1,4 @@
-// How long a server is waited for.
+// How long the remote file service waits for a server.
 #pragma once
 
 #include "KelExport.h"
@@ -16,7 +16,7 @@ struct Timeouts {
 };
 
 KELUI_API Timeouts timeouts();
-/// Changes them for the transfers that follow, for tests; `Timeouts()` brings the usual ones back.
+/// Changes the waits of the transfers that follow, for tests; `Timeouts()` brings the usual ones back.
 KELUI_API void setTimeouts(const Timeouts& timeouts);
 
 } // namespace remote

@@ -1,4 +1,4 @@
-// How the file is written stands in its own head comment.
+// The head of TaskDialogs.xaml describes the format.
 
 #include "TaskDialogFile.h"
 

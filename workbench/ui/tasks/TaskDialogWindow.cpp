@@ -9,8 +9,8 @@ namespace {
 
 using Indirect = HRESULT(WINAPI*)(const TASKDIALOGCONFIG*, int*, int*, BOOL*);
 
-/// Version 5 of the common controls has no task dialogs, and importing them would keep this library from being loaded
-/// there.
+/// Finds TaskDialogIndirect; null with version 5 of the common controls, which has no task dialogs. An import would
+/// keep this library from being loaded there.
 Indirect taskDialogIndirect() {
     const HMODULE library = GetModuleHandleW(L"comctl32.dll");
     return library ? reinterpret_cast<Indirect>(reinterpret_cast<void*>(GetProcAddress(library, "TaskDialogIndirect")))

@@ -1,5 +1,5 @@
-// Lines that can't be right, typed and pasted into the real window: each is answered in one sentence that stands in the
-// history and in the status line, and changes nothing.
+// Lines that can't be right, typed and pasted into the real window: each gets an answer of one sentence, which the
+// history and the status line show, and changes nothing.
 
 #include "BadLines.h"
 #include "WorkbenchFixture.h"
@@ -14,7 +14,7 @@ using ui::View;
 
 namespace {
 
-/// What was said to a line that begins so; empty until it has been run.
+/// The answer in the history to the line that begins so; empty until the line has been run.
 std::wstring answerTo(const View& view, const std::wstring& beginning) {
     const std::wstring history = View(view.control(IDC_COMMAND_PANE)).text(IDC_COMMAND_HISTORY);
     const std::size_t echo = history.rfind(L"Command: ");
@@ -29,7 +29,7 @@ bool takesTyping(const View& view) {
     return edit && GetFocus() == edit && ui::textOf(edit).empty();
 }
 
-/// What a person does who copies a text elsewhere.
+/// Puts a text on the clipboard, as a person does who copies it elsewhere.
 void putOnClipboard(const std::wstring& text) {
     ASSERT_TRUE(OpenClipboard(nullptr));
     EmptyClipboard();
@@ -48,10 +48,10 @@ class BadLinesTest : public WorkbenchTest {
     }
     std::uint64_t changes() { return engine::changeCount(session().database()); }
 
-    // A step takes its time even when nothing has to be waited for, and there are hundreds of lines: each is entered
-    // in one step, in which the keys follow each other as a person's do, and awaited and looked at in another one.
+    // There are hundreds of lines, and each step of a script takes some time even when it doesn't wait. So there are
+    // only two steps a line: one types or pastes it and presses Enter, the other waits for the answer and checks it.
 
-    /// Waits for the answer to a line that begins so, and looks at it.
+    /// Waits for the answer to the line that begins so, and checks it.
     Script refused(const std::wstring& beginning) {
         const std::string name = ui::narrow(beginning);
         Script script;
@@ -114,9 +114,9 @@ TEST_F(BadLinesTest, WrongWords) {
 }
 
 TEST_F(BadLinesTest, EnormousWords) {
-    // Each command by itself, or with its first option: what the others make of it needs no window.
-    // The edit control takes a quarter of a second for 32,000 letters, which one line may cost; what the window does
-    // with the others changes at 1,000 letters, where an echo ends.
+    // One line for each command: what its other options do with such a line is tested without a window. The edit
+    // control takes a quarter of a second for 32,000 letters, so only one line is as long. 4,000 letters do for the
+    // others, because the window treats all lines of more than 1,000 letters alike: it shortens their echo.
     const std::wstring longest = L"LAYER SET " + std::wstring(32000, L'x');
     std::wstring last;
     Script script;

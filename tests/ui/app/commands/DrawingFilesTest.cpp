@@ -37,7 +37,7 @@ Script expectTitle(const std::wstring& title) {
     return script;
 }
 
-/// What the system sends for a file that is dropped on the window.
+/// Sends the message that the system sends when a file is dropped on the window.
 void drop(HWND target, const std::wstring& path) {
     const SIZE_T size = sizeof(DROPFILES) + (path.size() + 2) * sizeof(wchar_t);
     const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, size);
@@ -161,7 +161,7 @@ TEST_F(DrawingFilesTest, AFileDroppedOnTheWindowIsOpened) {
 TEST_F(DrawingFilesTest, TheEndOfTheSystemsSessionAsksAboutUnsavedChanges) {
     constexpr LRESULT none = -1;
     std::atomic<LRESULT> answer = none;
-    // The system asks from outside, and waits.
+    // Plays the system, which asks from another thread and waits for the answer.
     std::jthread system;
     const auto ends = [&] {
         Script script;

@@ -1,4 +1,4 @@
-// Loading modules: what stands in the way is told in one sentence, and nothing of a failed module stays.
+// Loading modules: one sentence tells why a module is refused, and nothing of a refused module stays.
 
 #include "KelRuntime.h"
 #include "ModuleLoader.h"
@@ -30,7 +30,7 @@ fs::path module(const char* name) {
 class ModuleLoaderTest : public testing::Test {
   protected:
     ModuleLoaderTest() { runtime::reset(); }
-    /// Loads a module that is refused; answers the sentence.
+    /// Loads a module that has to be refused, and answers the sentence that tells why.
     std::wstring refusal(const fs::path& path) {
         const std::wstring sentence = loader.load(path.wstring());
         EXPECT_EQ(loader.count(), 0u);
@@ -136,7 +136,8 @@ TEST_F(ModuleLoaderTest, TellsAnyOtherRefusal) {
 
 TEST_F(ModuleLoaderTest, TheLayerStatesModuleStartsOnlyWithItsResourceFile) {
     const fs::path real = programFolder() / "KelLayerApps.xmod";
-    // Under another name it looks for a resource file that isn't there; the name is as long as the search expects.
+    // Under another name the module looks for another resource file, which isn't there. Its extension is .xmod too,
+    // because the module takes five characters off its own name for that of the resource file.
     const fs::path alone = programFolder() / "test-modules" / "Lonesome.xmod";
     fs::copy_file(real, alone, fs::copy_options::overwrite_existing);
     EXPECT_EQ(refusal(alone),

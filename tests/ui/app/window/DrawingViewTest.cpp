@@ -29,8 +29,8 @@ RECT viewRect(const View& view) {
 
 class DrawingViewTest : public WorkbenchTest {
   protected:
-    /// A red line over the whole width on a layer of its own, and a sheet with two viewports of which the second
-    /// freezes that layer.
+    /// Writes a drawing with a red line over the whole width, on a layer of its own, and a sheet with two viewports,
+    /// the second of which freezes that layer.
     void writeRedLine(bool on = true, const wchar_t* linetype = L"Continuous") {
         zdr::Drawing drawing = session().drawing();
         drawing.linetypes.push_back({drawing.names.intern(L"Dashed"), drawing.nextHandle++, L"", {6, -6}});
@@ -94,7 +94,7 @@ void sendMouse(DWORD flags) {
     SendInput(1, &input, sizeof input);
 }
 
-/// Brings the pointer to a place beside the middle of the view, and sends these inputs there.
+/// Moves the pointer to a place so many pixels from the middle of the view, and sends these inputs there.
 Script mouseAt(int right, int down, std::vector<DWORD> inputs) {
     Script script;
     script.step("use the mouse in the view", [=](const View& view) -> ui::Obstacle {
@@ -172,7 +172,7 @@ TEST_F(DrawingViewTest, AViewportHidesWhatItFreezes) {
         .then(expectRed("the line in one viewport only", [](long red) { return red > 50; }))
         .look("only in the first one",
               [](const View& view) {
-                  // All red pixels of one thin line are in very few rows.
+                  // The red pixels of a thin line are all in a few rows.
                   const RECT rect = viewRect(view);
                   const auto pixels = view.pixels(IDC_DRAWING_VIEW);
                   std::map<std::size_t, int> rows;

@@ -1,4 +1,4 @@
-// The keyboard reaches everything in the main window, and everything has a name for those who can't see it.
+// The keyboard reaches everything in the main window, and everything has a name for screen readers.
 
 #include "Accessibility.h"
 #include "WorkbenchFixture.h"
@@ -32,7 +32,7 @@ struct MenuKey {
     WORD key;
     unsigned held;
     const wchar_t* line;
-    bool asks; ///< with a dialog
+    bool asks; ///< whether the line opens a dialog
 };
 constexpr MenuKey kMenuKeys[] = {
     {L"Ctrl+N", 'N', ui::holdControl, L"NEW", false},
@@ -49,7 +49,7 @@ constexpr MenuKey kMenuKeys[] = {
     {L"F1", VK_F1, ui::holdNothing, L"HELP", false},
 };
 
-/// The texts behind the tabs of a menu and its menus.
+/// Adds the texts after the tabs in the items of a menu and of its submenus: the names of keys.
 void addKeys(HMENU menu, std::vector<std::wstring>& keys) {
     for (int i = 0; i < GetMenuItemCount(menu); ++i) {
         wchar_t text[128] = L"";

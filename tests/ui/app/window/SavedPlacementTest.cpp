@@ -12,7 +12,7 @@ namespace {
 constexpr const wchar_t* kKey = L"Software\\KelWorkbench\\Window";
 constexpr const wchar_t* kValue = L"Placement";
 
-/// As the window keeps it.
+/// The value in the registry, as the window writes it.
 struct Kept {
     LONG left, top, right, bottom;
     DWORD maximized;
@@ -88,8 +88,8 @@ TEST_F(SavedPlacementTest, ItLiesWhollyOnTheScreen) {
         {5000, 5000, 5900, 5600, 0, dpi()},
         {-9000, 100, -8100, 700, 0, dpi()},
         {10, 10, 60010, 60010, 0, dpi()},                // larger than the screen
-        {10, 10, 1010, 810, 0, dpi() / 2},               // and so at this scaling
-        {width - 1, height - 1, width, height, 0, dpi()} // a pixel, which grows to the least size
+        {10, 10, 1010, 810, 0, dpi() / 2},               // larger than the screen once it is scaled
+        {width - 1, height - 1, width, height, 0, dpi()} // one pixel, which grows to the least size of the window
     };
     for (const Kept& kept : places)
         expectOnScreen(restored(kept));

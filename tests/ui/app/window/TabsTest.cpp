@@ -32,7 +32,7 @@ Place scrollButton(bool forward) {
     return [forward](workbench::SpaceTabs& tabs) { return tabs.scrollRect(forward); };
 }
 
-/// Brings the pointer to a place of the bar and does something there.
+/// Moves the pointer to a place of the bar and does something there.
 Script at(const Place& place, std::function<void()> act) {
     Script script;
     script.step("use the mouse on the tabs", [=](const View& view) -> ui::Obstacle {
@@ -184,7 +184,8 @@ TEST_F(TabsTest, AnotherScalingMakesTabsWiderThoughTheBarKeepsItsSize) {
         const int before = tabs(view).tabRect(1).Width();
         RECT rect{};
         window->GetWindowRect(&rect);
-        // So little more that the bar is as high as before: its font is, and only the room around a name grows.
+        // 100 dots an inch instead of 96 are too few more to change the font, and so the height of the bar. Only the
+        // room around a name grows.
         window->SendMessage(WM_DPICHANGED, MAKEWPARAM(100, 100), reinterpret_cast<LPARAM>(&rect));
         ASSERT_EQ(CRect(view.rect(IDC_SPACE_TABS)).Size(), bar.Size()) << "the test needs a bar of the same size";
         EXPECT_EQ(tabs(view).tabRect(1).Width(), before + 2);

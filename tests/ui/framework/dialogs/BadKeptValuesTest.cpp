@@ -1,5 +1,5 @@
-// What was kept from an earlier run, but by something else than this program: values of the wrong type and size, and
-// numbers beyond reason. Each counts as missing, and the next good value takes its place.
+// Kept values that this program can't have written: of the wrong type or size, or numbers beyond reason. Each counts as
+// missing, and the next good value takes its place.
 
 #include "DialogFixture.h"
 
@@ -25,7 +25,7 @@ std::string bytesOf(std::wstring_view text) {
     return {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(wchar_t)};
 }
 
-/// In the place of a 32-bit number.
+/// What the registry may hold in the place of a 32-bit number.
 const BadValue kNoNumbers[] = {
     {"a text", REG_SZ, bytesOf(L"222")},
     {"an empty text", REG_SZ, {}},

@@ -13,7 +13,7 @@ class ColumnSizes : public DialogFixture {
     const std::wstring group = kept(L"\\Columns 1104");
 
     /// Opens a dialog with a list of three columns of 50, lets the framework apply what it kept, and answers the
-    /// widths. Then the columns get `widths`, and are kept, unless there are none.
+    /// widths. Then, unless `widths` is empty, gives the columns those widths and has them kept.
     std::vector<int> open(const std::vector<int>& widths = {}, int columns = 3) {
         TestDialog dialog{IDD_FIXED};
         CListCtrl list;

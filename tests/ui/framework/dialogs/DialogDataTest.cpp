@@ -152,7 +152,7 @@ TEST_F(DialogData, theTemplateComesFromTheCurrentResourceModuleUnlessOneIsNamed)
         return title;
     };
     EXPECT_EQ(titleOf(current), L"Fixed");
-    AfxSetResourceHandle(GetModuleHandleW(L"kernel32.dll")); // without dialogs
+    AfxSetResourceHandle(GetModuleHandleW(L"kernel32.dll")); // a module that has no dialogs
     EXPECT_EQ(titleOf(current), L"");
     EXPECT_EQ(titleOf(named), L"Fixed");
     EXPECT_EQ(AfxGetResourceHandle(), GetModuleHandleW(L"kernel32.dll")) << "is current again afterwards";

@@ -140,7 +140,7 @@ TEST_F(FrameworkSweep, ofABitmapButton) {
                                                 "GdiAlphaBlend", "OpenThemeData", "DrawThemeBackground"}));
 }
 
-/// Opens no window, so that nothing of the dialog's own loop catches what an operation lets out.
+/// Opens no window, so that no message loop of a dialog catches an exception that an operation lets out.
 TEST_F(FrameworkSweep, ofOperationsThatAreCalledOutsideOfAnyLoop) {
     const std::wstring longText(200, L'x');
     scenario = [&longText] {

@@ -1,5 +1,5 @@
-// Every dialog of the framework and of the module, for people who use the keyboard alone and for programs that read the
-// screen out.
+// Every dialog of the framework and of the module, as it has to be for people who use the keyboard alone and for screen
+// readers.
 
 #include "HostTest.h"
 #include "KeyboardWalk.h"
@@ -18,7 +18,7 @@ using testing::UnorderedElementsAreArray;
 
 namespace {
 
-/// For as long as it lives, assistive programs' interfaces can be used.
+/// Initialises COM while it lives, which the interfaces for assistive programs need.
 class ComScope {
   public:
     ComScope() { CoInitialize(nullptr); }
@@ -34,7 +34,7 @@ std::vector<std::string> described(const std::vector<HWND>& controls) {
     return texts;
 }
 
-/// What the walk must have found, looked at while the dialog is still there.
+/// Appends a walk through the dialog, and a step that checks, while the dialog is still open, what the walk has found.
 ui::Script& expectAllReached(ui::Script& script, keyboard::Walk& walked) {
     return script.then(keyboard::walk(walked)).look("what the walk has found", [&walked](const ui::View&) {
         EXPECT_THAT(walked.stops.size(), testing::Gt(1u));
@@ -158,7 +158,7 @@ class EveryTemplate : public testing::TestWithParam<const wchar_t*> {};
 
 TEST_P(EveryTemplate, hasUniqueKeysNamesAndAReadingOrderInEachLanguage) {
     const ComScope com;
-    // The field of the palette, which the framework makes known when it needs it.
+    // The window class of the palette field, which the framework registers only when it opens the colour dialog.
     WNDCLASSW field = {};
     field.style = CS_GLOBALCLASS;
     field.lpfnWndProc = DefWindowProcW;

@@ -142,7 +142,7 @@ TEST_F(FrameworkList, whatTheWindowsEdgeCutsOffIsCutOff) {
     dialog.run(script);
 }
 
-/// A window that is no parent of the list, and counts what it hears.
+/// A window that isn't the list's parent and counts the notifications that it gets.
 class Listener : public CWnd {
   public:
     int selections = 0;

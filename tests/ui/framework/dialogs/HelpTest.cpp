@@ -92,7 +92,7 @@ TEST_F(Help, whereThereIsNoPageNothingOpensAndNothingIsTold) {
                 ElementsAre("keledHelp(null, \"NOSUCHTOPIC\", 0)", HasSubstr("secret"), "keledHelp(null, null, 0)"));
 }
 
-/// A value of the registry's classes, replaced while this lives.
+/// Replaces a value in the registry's classes while it lives.
 class ReplacedClass {
   public:
     ReplacedClass(const wchar_t* path, const std::wstring& value) : m_path(path) {
@@ -127,7 +127,7 @@ class OpenedPages {
   public:
     OpenedPages() { DeleteFileW(kFile); }
     ~OpenedPages() { DeleteFileW(kFile); }
-    /// The command line under which the registry is to know that program.
+    /// The command line of that program for the registry.
     static std::wstring command() {
         wchar_t folder[MAX_PATH] = {};
         GetCurrentDirectoryW(MAX_PATH, folder);
@@ -182,7 +182,7 @@ TEST_F(Help, aFolderInThePlaceOfAPageIsNoPage) {
     const ReplacedClass extension(L".html", L"FrameworkTests.Page");
     const ReplacedClass command(L"FrameworkTests.Page\\shell\\open\\command", OpenedPages::command());
     EXPECT_TRUE(ui::perform({}, [&] { keledHelp(folder.c_str(), L"TOPIC", 0); }));
-    // Had the folder been opened, it would have come before this page.
+    // If the folder had been opened above, it would be noted before this page.
     ui::perform({}, [] { keledHelp(nullptr, kManagerTopic, 0); });
     EXPECT_THAT(opened.wait(), EndsWith(L"\\help\\RESTORELAYERSTATEDIALOG.html"));
     RemoveDirectoryW((folder + L"\\TOPIC.html").c_str());
@@ -249,10 +249,10 @@ TEST_F(Help, theF1KeyAsksADialogThatHasTheCommonHandlerForItsHelp) {
     expectHelpByF1<StandardHelpingDialog>();
 }
 
-/// Notes the F1 keys that reach a control.
+/// Counts the F1 keys that reach a control.
 LRESULT CALLBACK countHelpKeys(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR count) {
     const LRESULT answer = DefSubclassProc(window, message, wParam, lParam);
-    if (message == WM_HELP) // answered by now
+    if (message == WM_HELP) // the default handling has sent the dialog its help request by now
         ++*reinterpret_cast<int*>(count);
     return answer;
 }

@@ -46,7 +46,7 @@ TEST(ScreenRectOf, countsFromWhereTheTaskbarsLeaveRoom) {
 
 class Placement : public DialogFixture {
   protected:
-    /// Opens the dialog once and answers where it stood before `then`.
+    /// Opens the dialog once, answers where it was, and runs `then` on it before it closes.
     RECT open(UINT templateId, bool persistent, std::function<void(HWND)> then = {}) {
         TestDialog dialog{templateId};
         RECT stood = {};

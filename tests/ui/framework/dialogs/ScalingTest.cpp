@@ -49,11 +49,12 @@ class Scaling : public DialogFixture {
             found.push_back(list.GetColumnWidth(column));
         return found;
     }
-    // More than the scaling asks for, in pixels: the frame of this display's windows stays as thin as it was, and the
-    // smallest size counts it as scaled.
+    // Pixels that the user's size is larger than the scaling asks for. The frame of this display's windows stays as
+    // thin as before, but the smallest size counts a scaled frame.
     static constexpr LONG kExtra = 40;
 
-    /// What the system tells a dialog that has come onto a display of 150 %, and a size that the user then gives it.
+    /// Sends what the system sends to a dialog that has come onto a display of 150 %, with a size that is kExtra
+    /// larger.
     static void comeOntoLargerScaling(HWND window) {
         const SIZE client = clientSize(window);
         RECT place = screenRect(window);

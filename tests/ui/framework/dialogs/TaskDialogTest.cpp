@@ -55,7 +55,7 @@ TEST(TaskDialogFile, theFirstCommandOfTheImportsDialogRestores) {
     EXPECT_EQ(dialog->content, L"C:\\a.las");
 }
 
-/// A file with that content, while it lives.
+/// Writes a file with that content, and deletes it at its own end.
 class WrittenFile {
   public:
     explicit WrittenFile(const std::string& content) {
@@ -84,7 +84,7 @@ bool loads(const std::string& content) {
     return dialog.LoadFromFile(file.path().c_str(), L"K", nullptr, 0) != 0;
 }
 
-/// A file with a dialog, and beside it elements within elements.
+/// The text of a file with a dialog, and beside it elements nested `depth` deep.
 std::string nested(int depth) {
     std::string content = "<T><TaskDialog Key='K'><Instruction>x</Instruction></TaskDialog>";
     for (const char* part : {"<a>", "</a>"})

@@ -9,13 +9,13 @@ using testing::IsSupersetOf;
 namespace {
 
 constexpr const wchar_t* kProductKey = L"Software\\KelWorkbench";
-// What a comparison answers that the system couldn't make: not equal.
+// What a comparison of paths answers when the system couldn't compare them: not equal.
 constexpr int kNotCompared = -2;
 
 TEST_F(FrameworkSweep, ofTheRegistryAccess) {
     writeValue(kept(), L"Text", REG_SZ, L"a longer value", 30);
     writeNumber(kept(), L"Number", 42);
-    // Outside, since they use memory too.
+    // Made outside of the scenario, because making them takes memory too.
     const CString keyPath(kept().c_str());
     const CString textName(L"Text");
     const CString numberName(L"Number");

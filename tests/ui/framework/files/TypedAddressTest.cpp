@@ -12,7 +12,7 @@ namespace {
 
 class TypedAddress : public FileDialog {
   protected:
-    /// Types what isn't taken, reads the message about it into `refused`, and cancels.
+    /// A script that types an address that is refused, copies the message about it to `refused`, and cancels.
     std::wstring refused;
     ui::Script typedInVain(const std::wstring& text) {
         ui::Script script = entered(text);

@@ -28,7 +28,7 @@ zdr::Drawing sampleDrawing() {
     return drawing;
 }
 
-/// The pieces of ink along the middle of a row's sample, as their lengths in pixels.
+/// The lengths in pixels of the dashes along the middle of a row's sample.
 std::vector<int> dashesOf(const ui::View& view, int row) {
     std::vector<int> dashes;
     const auto cell = view.cellRect(IDC_PICKER_LIST, row, 1);

@@ -16,7 +16,7 @@ class PickerTips : public PickerFixture {
         return framework::readTips(framework::kTipFile, dialog, framework::kTipPrefix);
     }
     /// Brings the pointer to each control that has a tip and is shown, and waits for that tip; then cancels.
-    /// @param tips those that were seen are taken out
+    /// @param tips the tips that were seen are taken out
     static ui::Script seeEach(framework::TipTexts& tips, const std::vector<int>& controls) {
         ui::Script script;
         for (const int control : controls) {

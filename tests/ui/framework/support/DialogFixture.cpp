@@ -29,7 +29,7 @@ INT_PTR TestDialog::run(const ui::Script& script) {
     ui::Script whole;
     whole.waitUntil("the dialog is shown", [this](const ui::View&) { return IsWindowVisible() != FALSE; });
     whole.then(script).look("close the dialog", [this](const ui::View&) { EndDialog(IDOK); });
-    // Before the dialog is there, so that nothing of it is under the pointer at any time.
+    // Done before the dialog opens, so that it never opens under the pointer.
     bringPointerAway();
     INT_PTR answer = 0;
     ui::perform(whole, [&] { answer = DoModal(); });

@@ -34,7 +34,8 @@ class TestDialog : public CKelUiDialog {
 
 /// A script with one assertion or action.
 ui::Script look(std::string what, std::function<void()> see);
-/// Appends a movement of the pointer to a point of the screen, which is asked for when it is the step's turn.
+/// Appends a movement of the pointer to a point of the screen. `target` is asked for the point when the step's turn
+/// comes.
 ui::Script& pointAt(ui::Script& script, std::function<POINT()> target);
 /// Moves the pointer to a corner of the screen where no window is, and answers once it is there.
 void bringPointerAway();

@@ -24,13 +24,14 @@ class FileDialog : public DialogFixture {
 
     /// Makes an empty file in the folder, which is deleted at the end of the test.
     void makeFile(const std::wstring& name);
-    /// Types a name into its box, and sees that it has arrived there.
+    /// Types a name into its box, and waits until the box shows it.
     static ui::Script typed(const std::wstring& name);
     /// The same, and Enter.
     static ui::Script entered(const std::wstring& name) { return typed(name).press(VK_RETURN); }
     /// Waits until the dialog is there again, after something that stood in front of it.
     static void untilDialogAgain(ui::Script& script);
-    /// Opens the dialog and answers it. What an earlier one handed out is released.
+    /// Opens the dialog, answers it by the script, and returns what the call answers. First releases the chain of the
+    /// call before.
     int ask(int flags, const ui::Script& script, const wchar_t* name = nullptr);
     /// The path in the chain; empty when there is none.
     std::wstring chosen() const;

@@ -46,7 +46,7 @@ std::vector<HWND> controlsOf(HWND dialog, bool hidden) {
     return controls;
 }
 
-/// The character behind a single & of what is shown as a text; 0 when there is none.
+/// The character after a single & in a control's text; 0 when there is none.
 wchar_t accessKey(HWND control) {
     const bool isStatic = isOfClass(control, WC_STATICW);
     const bool marks = isStatic ? !hasStyle(control, SS_NOPREFIX) : isOfClass(control, WC_BUTTONW);
@@ -67,8 +67,7 @@ std::wstring labelOf(HWND control) {
     return before && isOfClass(before, WC_STATICW) ? ui::textOf(before) : std::wstring();
 }
 
-/// Whether a program that reads the screen out has something to call a control. What stands in a field, or in a list,
-/// is no name.
+/// Whether a screen reader has a name for a control. The content of an edit box or a list is no name.
 bool hasName(HWND control) {
     for (const wchar_t* holder : {WC_EDITW, WC_LISTVIEWW, WC_COMBOBOXW, WC_LISTBOXW})
         if (isOfClass(control, holder))
@@ -76,7 +75,8 @@ bool hasName(HWND control) {
     return !ui::toldAbout(control).name.empty() || !labelOf(control).empty();
 }
 
-/// Whether a control is worked, and so has to be a stop. Of a group of radio buttons one is.
+/// Whether the user does something with a control of this class, so that Tab has to stop there. Radio buttons are left
+/// out, because Tab stops at only one of a group.
 bool isWorked(HWND control) {
     const LONG_PTR kind = GetWindowLongPtrW(control, GWL_STYLE) & BS_TYPEMASK;
     if (isOfClass(control, WC_BUTTONW))
@@ -92,7 +92,7 @@ bool isPicture(HWND control) {
     return isOfClass(control, WC_STATICW) && (kind == SS_OWNERDRAW || kind == SS_BITMAP || kind == SS_ICON);
 }
 
-/// On the screen; of tabs only the row of tabs, since what they hold stands in the rest.
+/// The place of a control on the screen. For tabs only their own row: the controls of a page are in the rest.
 RECT placeOf(HWND control) {
     RECT place = {};
     GetWindowRect(control, &place);
@@ -102,7 +102,7 @@ RECT placeOf(HWND control) {
     return place;
 }
 
-/// Readers go right or down, not back.
+/// Whether a reader comes to `control` after `before`: it is to the right of it or below it.
 bool isReadAfter(HWND control, HWND before) {
     const RECT place = placeOf(control);
     const RECT former = placeOf(before);
@@ -118,7 +118,7 @@ void addKeySlips(const std::vector<HWND>& controls, std::vector<std::string>& fo
     }
 }
 
-/// Round the circle of stops there is one step back, to the first.
+/// The stops form a circle, so one step back is right: the one from the last stop to the first.
 void addOrderSlips(const std::vector<HWND>& stops, std::vector<std::string>& found) {
     std::vector<std::string> back;
     for (std::size_t i = 0; i < stops.size(); ++i) {
@@ -153,7 +153,7 @@ class Walker {
 
   private:
     void begin(const ui::View& view) { m_walk = {tabStops(view.window()), {}, {}, slips(view.window())}; }
-    // The first round makes the frames of the focus appear, which hide until a key is used.
+    // In the first round the frames of the focus appear, which the system hides until a key is used.
     void arrive(HWND focus) {
         if (m_presses <= static_cast<int>(m_walk.stops.size()))
             return;

@@ -1,5 +1,5 @@
 // Plays the program that opens help pages: notes the page, in the file that its first argument names, and ends. It has
-// neither a console nor a window, either of which would take the input away from the tests.
+// no console and no window, because either would take the input away from the tests.
 
 #include <windows.h>
 

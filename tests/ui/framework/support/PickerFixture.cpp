@@ -82,7 +82,7 @@ ui::Script confirmOrLeave() {
     script.press(VK_RETURN);
     const auto presses = std::make_shared<int>(0);
     script.step("leave", [presses](const ui::View&) -> ui::Obstacle {
-        constexpr int kPatience = 10; // of looks, for a dialog that Enter is closing
+        constexpr int kPatience = 10; // how often to look again for a dialog that Enter is closing
         if (++*presses > kPatience)
             ui::pressKey(VK_ESCAPE);
         return "it is still open";

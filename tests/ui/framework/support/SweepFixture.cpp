@@ -28,7 +28,7 @@ std::set<std::wstring> valuesBelow(const std::wstring& path) {
     return values;
 }
 
-/// Every call up to a number, and then fewer and fewer.
+/// The number of the call that fails next: every call up to `most`, and after that fewer and fewer.
 int next(int nth, int most) {
     return nth < most ? nth + 1 : nth + std::max(nth / 2, 1);
 }
@@ -56,7 +56,7 @@ void FrameworkSweep::answered(const std::function<void()>& action) {
 
 std::set<std::string> FrameworkSweep::sweep(int mostCallsOfAFunction) {
     const ImportFaults faults;
-    // What the system and the libraries make once and keep is made now.
+    // Has the system and the libraries make what they make once and keep.
     for (int i = 0; i < 2; ++i)
         EXPECT_TRUE(scenario());
     m_held = heldNow();
@@ -84,7 +84,8 @@ std::set<std::string> FrameworkSweep::sweep(int mostCallsOfAFunction) {
 }
 
 int FrameworkSweep::callsOf(const std::string& function) {
-    // Counted once, and once more for memory, which is used otherwise while nothing is watched.
+    // The calls are counted once for all functions, and once more for memory, because other memory is used while the
+    // instruments are off.
     if (function == ImportFaults::kMemory || m_calls.empty()) {
         ImportFaults::begin();
         scenario();
@@ -109,7 +110,8 @@ void FrameworkSweep::run(const std::string& what, const char* function, int nth)
     SCOPED_TRACE("failing: " + what + ", call " + std::to_string(nth));
     runOnce(function, nth);
     Held after = heldNow();
-    // A look that was never drawn before may make the system keep something, but not again and again.
+    // The first time that a look of a control is drawn the system may keep something for good, so more handles are a
+    // fault only when every repeat adds some.
     for (int again = 0; again < 3 && !HasFailure() && hasGrown(after); ++again) {
         m_held.drawing = after.drawing;
         m_held.handles = after.handles;

@@ -10,15 +10,15 @@
 #include <new>
 #include <set>
 
-// Of each function all calls are made to fail up to this number, and fewer and fewer of those behind them.
+// Of each function all calls up to this number are made to fail, and fewer and fewer of the calls after them.
 inline constexpr int kEveryCall = 1000;
 inline constexpr int kManyCalls = 6;
 inline constexpr int kFewCalls = 4;
 
-/// Stands for the host's calls among the functions that struck.
+/// The name for all host calls in the set of functions that sweep() answers.
 inline constexpr const char* kHostCall = "host call";
 
-/// Something of the framework whose making may find no memory, which is an exception; null then.
+/// Makes an object of the framework; null when its constructor throws because memory runs out.
 template <class Made, class... Arguments> std::unique_ptr<Made> made(Arguments&&... arguments) {
     try {
         return std::make_unique<Made>(std::forward<Arguments>(arguments)...);
@@ -31,20 +31,20 @@ class FrameworkSweep : public PickerFixture {
   protected:
     /// What is replayed. It answers whether all was done, and asserts what must hold in either case.
     std::function<bool()> scenario;
-    /// Where a dialog of the system keeps a handle each time that it opens.
+    /// True for a scenario with a dialog of the system that keeps a handle each time that it opens.
     bool systemKeepsHandles = false;
 
     void SetUp() override;
     void TearDown() override;
 
-    /// Runs an action that opens windows, which are confirmed, or left where that isn't possible.
+    /// Runs an action that opens windows, and answers them by Enter, or by Escape when Enter does nothing.
     static void answered(const std::function<void()>& action);
 
     /// Replays the scenario. @return the functions of which a call was made to fail, each in a run of its own
     std::set<std::string> sweep(int mostCallsOfAFunction);
 
   private:
-    /// What must be after a run as it was before.
+    /// What has to be the same after a run as before it.
     struct Held {
         int windows = 0;
         int drawing = 0;

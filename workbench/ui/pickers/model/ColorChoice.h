@@ -9,13 +9,13 @@
 
 namespace pickers {
 
-/// The palette's numbers that stand for no color of its own.
+/// The palette's numbers for a colour that comes from the block or the layer.
 inline constexpr int kByBlock = 0;
 inline constexpr int kByLayer = 256;
 
 enum class ColorTab { palette, trueColor };
 
-/// Which parts a call of the dialog asks for; see keledSetColorDialogTrueColor.
+/// Which parts of the dialog a call of keledSetColorDialogTrueColor asks for.
 struct ColorParts {
     bool palette = true;
     bool trueColor = false;
@@ -23,7 +23,7 @@ struct ColorParts {
     bool byReference = false;  ///< by layer and by block, offered beside the palette
 };
 
-/// From the call's arguments. A call that asks for neither tab gets the palette.
+/// The parts by the call's arguments. A call that asks for neither tab gets the palette.
 ColorParts colorParts(int flags, bool byReference);
 
 /// The colour chosen so far. Looking at a tab changes nothing; only a choice does.

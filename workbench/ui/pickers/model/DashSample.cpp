@@ -6,7 +6,7 @@
 namespace pickers {
 namespace {
 
-// A finer repeat looks like a continuous line.
+// In pixels. A pattern that repeats in less looks like a continuous line.
 constexpr double kFinestRepeat = 3;
 constexpr int kRepeatsShown = 2;
 
@@ -38,7 +38,7 @@ std::vector<Dash> dashesOf(std::span<const double> pattern, int width, double pi
     if (!(unit > 0))
         return {{0, width}};
     std::vector<Dash> dashes;
-    // Positions run on as numbers, so that rounding doesn't add up along the line.
+    // The position is no whole number, so that rounding errors don't add up along the line.
     double at = 0;
     for (std::size_t element = 0; at < width; element = (element + 1) % pattern.size()) {
         const double end = at + std::abs(pattern[element]) * unit;

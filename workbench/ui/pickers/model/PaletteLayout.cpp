@@ -1,5 +1,5 @@
-// The palette itself is of the engine: 1 to 9, then ten shades a hue (full and pale ones in turn),
-// then the greys from 250 on.
+// The order of the palette's indexes is the engine's: 1 to 9 are the named colours, then come ten shades a hue (full
+// and pale ones in turn), and from 250 on the greys.
 
 #include "PaletteLayout.h"
 
@@ -13,7 +13,7 @@ constexpr int kFirstGrey = 250;
 constexpr int kLast = 255;
 constexpr int kShades = 10;
 constexpr int kFullShades = kShades / 2;
-// Of the first row.
+// Columns of the first row: the one after the named colours, and the first one of the greys.
 constexpr int kNamedEnd = kFirstHue - 1;
 constexpr int kGreysBegin = kPaletteColumns - (kLast - kFirstGrey + 1);
 

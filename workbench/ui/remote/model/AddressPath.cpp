@@ -21,7 +21,7 @@ std::optional<unsigned> digitValue(wchar_t character) {
     return std::nullopt;
 }
 
-/// The byte that the percent sign at `index` and the two digits behind it stand for.
+/// The byte that the percent sign at `index` and the two digits after it stand for.
 std::optional<unsigned> encodedByte(std::wstring_view text, std::size_t index) {
     if (index + 2 >= text.size())
         return std::nullopt;
@@ -39,7 +39,8 @@ bool isHalf(wchar_t character, unsigned first) {
     return code >= first && code < first + 0x400;
 }
 
-/// Whether half a character of 32 bits stands alone at `index`, which moves to the second half of a whole one.
+/// Whether there is half of a surrogate pair without its other half at `index`. At a whole pair `index` moves on to the
+/// second half.
 bool isHalfAlone(std::wstring_view text, std::size_t& index) {
     constexpr unsigned kFirstHigh = 0xD800;
     constexpr unsigned kFirstLow = 0xDC00;
@@ -51,7 +52,7 @@ bool isHalfAlone(std::wstring_view text, std::size_t& index) {
     return index == text.size() || !isHalf(text[index], kFirstLow);
 }
 
-/// What stands in a path or a query for itself.
+/// Whether a path or a query may hold the byte as it is, without a percent sign.
 bool standsForItself(unsigned char byte) {
     constexpr std::string_view kPlain = "-._~!$&'()*+,;=:@/?%";
     const bool isAlphanumeric =

@@ -10,7 +10,8 @@ namespace remote {
 namespace {
 
 constexpr std::wstring_view kEndsServer = L"/?#\\";
-// Of an address in a sentence. What is wrong with a longer one is seen in its beginning or isn't to be seen at all.
+// How many characters of an address a sentence shows. What is wrong with a longer address is seen in its beginning or
+// not at all.
 constexpr std::size_t kLongestShown = 300;
 
 std::wstring lowerCase(std::wstring_view text) {
@@ -49,7 +50,8 @@ ParsedAddress malformed(std::wstring cause) {
     return {AddressKind::Malformed, {}, std::move(cause)};
 }
 
-/// Takes the port off behind the server's name. False when it is none.
+/// Takes the port off the end of `server` and puts it, or the scheme's usual one, into the address. False when what
+/// follows the colon is no port.
 bool takePort(std::wstring_view& server, Address& address) {
     const std::size_t colon = server.find(L':', server.starts_with(L'[') ? server.find(L']') : 0);
     address.port = address.scheme == Scheme::Http ? 80 : 443;
@@ -58,7 +60,7 @@ bool takePort(std::wstring_view& server, Address& address) {
     const std::wstring_view digits = server.substr(colon + 1);
     server = server.substr(0, colon);
     if (digits.empty())
-        return true; // as good as none
+        return true; // a colon alone means the usual port
     if (digits.size() > 5 || !std::all_of(digits.begin(), digits.end(), isDigit))
         return false;
     unsigned port = 0;
@@ -68,7 +70,7 @@ bool takePort(std::wstring_view& server, Address& address) {
     return port > 0 && port <= 0xFFFF;
 }
 
-/// Parses what stands behind "scheme://".
+/// Parses what follows "scheme://".
 ParsedAddress parseServer(Scheme scheme, std::wstring_view rest) {
     ParsedAddress parsed = {AddressKind::Remote, {}, {}};
     parsed.address.scheme = scheme;
@@ -86,7 +88,7 @@ ParsedAddress parseServer(Scheme scheme, std::wstring_view rest) {
         return malformed(*fault);
     parsed.address.host = server;
 
-    rest = rest.substr(0, rest.find(L'#')); // of no interest to a server
+    rest = rest.substr(0, rest.find(L'#')); // a fragment is never sent to a server
     if (const auto fault = pathFault(rest))
         return malformed(*fault);
     const std::size_t query = std::min(rest.find(L'?'), rest.size());

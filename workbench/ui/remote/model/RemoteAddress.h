@@ -8,7 +8,7 @@
 
 namespace remote {
 
-/// In 16-bit characters; what the paths of the host may have.
+/// In 16-bit characters; as many as a path of the host may have.
 inline constexpr std::size_t kLongestAddress = 1023;
 
 enum class Scheme { Http, Https };
@@ -37,8 +37,8 @@ struct ParsedAddress {
 
 ParsedAddress parseAddress(std::wstring_view text);
 
-/// Where a server sends on to. Never leads out of HTTP, nor from https back to http.
-/// @param location as the server wrote it: absolute, or from the address that it was the answer to
+/// The address that a redirect leads to. Never one that is not HTTP, and never from https back to http.
+/// @param location as the server wrote it: absolute, or relative to `from`
 ParsedAddress resolveRedirect(const Address& from, std::wstring_view location);
 
 /// The extension of the file at an address, without the point; empty when there is none of up to 16 ASCII letters and
@@ -48,11 +48,11 @@ std::wstring extensionOf(const Address& address);
 /// The address for a sentence, without a user's name and password.
 std::wstring shownAddress(std::wstring_view text);
 
-/// What is to be done about a text of that kind, as a sentence; empty where that is nothing.
+/// A sentence with what the user can do about a text of that kind; empty when there is nothing to do.
 const wchar_t* adviceOn(AddressKind kind);
 /// What a user is told about an address, which may be shortened in it.
 /// @param cause  the end of the sentence that begins with the address
-/// @param advice the sentence behind it, or empty
+/// @param advice the sentence after it, or empty
 std::wstring sentencesAbout(std::wstring_view text, const std::wstring& cause, const std::wstring& advice);
 
 } // namespace remote
