@@ -11,6 +11,7 @@
 
 #include <clocale>
 #include <cstdio>
+#include <exception>
 #include <filesystem>
 
 namespace {
@@ -38,10 +39,7 @@ bool read(const char* name, KelDbDatabase& database) {
     return true;
 }
 
-} // namespace
-
-int main(int count, char** words) {
-    std::setlocale(LC_ALL, "C.UTF-8");
+int compare(int count, char** words) {
     if (count != 3) {
         std::fputs("usage: zdrdiff before.zdr after.zdr\n", stderr);
         return 2;
@@ -53,4 +51,16 @@ int main(int count, char** words) {
     const zdr::Drawing& after = engine::drawingOf(afterFile);
     print(stdout, zdrdiff::differenceTable(zdrdiff::layerDifferences(before, after), before.layers.size()));
     return 0;
+}
+
+} // namespace
+
+int main(int count, char** words) {
+    std::setlocale(LC_ALL, "C.UTF-8");
+    try {
+        return compare(count, words);
+    } catch (const std::exception& problem) {
+        std::fprintf(stderr, "zdrdiff: %s\n", problem.what());
+        return 2;
+    }
 }

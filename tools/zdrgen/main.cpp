@@ -6,9 +6,13 @@
 
 #include <CLI/CLI.hpp>
 
+#include <cstdio>
+#include <exception>
 #include <iostream>
 
-int main(int argc, char** argv) {
+namespace {
+
+int generate(int argc, char** argv) {
     zdr::GeneratorOptions options;
     std::string path;
     CLI::App program{"Writes a made-up drawing; the same options write the same bytes on every system."};
@@ -33,4 +37,15 @@ int main(int argc, char** argv) {
     }
     std::cout << path << ": " << stamp.facts.size << " bytes\n";
     return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return generate(argc, argv);
+    } catch (const std::exception& problem) {
+        std::fprintf(stderr, "zdrgen: %s\n", problem.what());
+        return 1;
+    }
 }

@@ -29,6 +29,7 @@ bool add(const Session& session, const std::wstring& pattern, std::vector<bool>&
 
 template <class Style> std::wstring namesOf(const zdr::Drawing& drawing, const std::vector<Style>& styles) {
     std::vector<std::wstring> names;
+    names.reserve(styles.size());
     for (const Style& style : styles)
         names.push_back(quotedWhereNeeded(drawing.names.text(style.name)));
     return listed(names);

@@ -90,6 +90,7 @@ std::vector<std::size_t> referencesNamed(Session& session, const CommandText& te
     if (!found.empty())
         return found;
     std::vector<std::wstring> names;
+    names.reserve(references.size());
     for (const zdr::Reference& reference : references)
         names.push_back(quotedWhereNeeded(reference.name));
     session.window().print(names.empty() ? std::wstring(L"No drawing is attached: ATTACH attaches one.\n")

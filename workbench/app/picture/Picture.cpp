@@ -5,6 +5,7 @@
 #include "SpaceTransform.h"
 
 #include <algorithm>
+#include <cmath>
 #include <ranges>
 
 namespace workbench {
@@ -55,7 +56,7 @@ class PartPainter {
         for (Point& point : m_points)
             point = m_view.toScreen(transform(point));
         const double width = look.lineWeight / 100.0 * m_pixelsPerMillimetre;
-        const Pen pen{rgb(look.color), std::max(1, static_cast<int>(width + 0.5))};
+        const Pen pen{rgb(look.color), std::max(1, static_cast<int>(std::lround(width)))};
         if (look.pattern)
             m_plotter.plotDashed(m_points, pen, *look.pattern, m_pixelsPerMillimetre * m_screen.linetypeScale);
         else

@@ -259,6 +259,7 @@ void Session::showLayout(const std::wstring& name) {
         return;
     }
     std::vector<std::wstring> names;
+    names.reserve(layouts.size());
     for (const zdr::Layout& layout : layouts)
         names.push_back(quotation(layout.name));
     m_window.print(L"The drawing has no layout " + quotation(name) +

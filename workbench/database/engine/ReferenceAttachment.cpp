@@ -48,8 +48,8 @@ class Attachment {
             return;
         }
         linetype.name = m_styles[linetype.name] = prefixed(linetype.name);
-        if (m_database.hasLinetype(linetype.name)) {
-            m_database.followLinetype(m_database.findLinetype(linetype.name), std::move(linetype));
+        if (const std::size_t known = m_database.findLinetype(linetype.name); known != zdr::kNone) {
+            m_database.followLinetype(known, std::move(linetype));
             return;
         }
         m_database.appendLinetype(std::move(linetype));

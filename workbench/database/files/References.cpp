@@ -18,7 +18,7 @@ constexpr std::size_t kDeepest = 256;
 std::wstring identity(const std::wstring& path) {
     std::error_code error;
     const std::filesystem::path full = std::filesystem::weakly_canonical(systemPath(path), error);
-    const std::wstring spelling = error ? path : widePath(full);
+    std::wstring spelling = error ? path : widePath(full);
 #if defined(_WIN32)
     return foldCase(spelling);
 #else
@@ -98,7 +98,7 @@ Shown Resolver::read(const std::wstring& path, const std::wstring& id, const std
         return refuse(name, path, reason);
     const std::size_t before = m_problems.size();
     const Nesting inside = resolve(*drawing, path, name + engine::kReferenceSeparator);
-    const Shown shown{drawing, inside};
+    Shown shown{drawing, inside};
     // A drawing with a problem inside isn't kept: in another place it may be shown whole, as when one of its references
     // leads back to a drawing that it is nested in only here.
     if (m_problems.size() == before)

@@ -96,6 +96,7 @@ TableWriter::Vector<file::LayerSet> TableWriter::layerSets() {
     for (const LayerState* state : states)
         use(state->layers.get());
     std::vector<Offset<file::LayerSet>> tables;
+    tables.reserve(sets.size());
     for (const LayerSet* set : sets)
         tables.push_back(file::CreateLayerSet(m_builder, names(set->names)));
     return m_builder.CreateVector(tables);

@@ -29,7 +29,8 @@ double hueChannel(double degrees, double peak) {
 // Shades go in pairs, a full one and a pale one, from bright to dark.
 Rgb hueColor(int index) {
     constexpr double kBrightness[kShades / 2] = {1, 0.8, 0.6, 0.45, 0.3};
-    const double degrees = (index - kFirstHue) / kShades * 15.0;
+    const int hue = (index - kFirstHue) / kShades;
+    const double degrees = hue * 15.0;
     const int shade = (index - kFirstHue) % kShades;
     const double bright = kBrightness[shade / 2];
     const double pale = shade % 2 == 0 ? 0 : 0.5;

@@ -73,7 +73,7 @@ ColorTab ColorChoice::firstTab(const ColorParts& parts) const {
 
 std::wstring ColorChoice::describe() const {
     const auto index = markedIndex();
-    const std::wstring name = m_color.colorNameForDisplay();
+    std::wstring name = m_color.colorNameForDisplay();
     if (!m_color.isByPCI())
         return L"True color " + name;
     if (!index)
