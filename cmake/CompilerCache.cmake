@@ -10,6 +10,7 @@ if(KEL_CCACHE)
         CCACHE_NOHASHDIR=1
         CCACHE_DEPEND=1
         CCACHE_INODECACHE=1
+        CCACHE_PCH_EXTSUM=1
         CCACHE_SLOPPINESS=pch_defines,time_macros
         ${KEL_CCACHE})
     set(CMAKE_C_COMPILER_LAUNCHER ${launcher})

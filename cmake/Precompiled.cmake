@@ -31,6 +31,12 @@ set(kel_precompiled_windows
     <commdlg.h>
     <shellapi.h>)
 
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    # Clang finds the precompiled file beside the header. What CMake says instead has whole paths in a form that the compiler
+    # cache can't make relative to the clone.
+    set(CMAKE_CXX_COMPILE_OPTIONS_USE_PCH -include <PCH_HEADER>)
+endif()
+
 # kel_precompile(name header... [LINK library...]): an object library whose precompiled headers others reuse.
 function(kel_precompile name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" LINK)
@@ -39,6 +45,13 @@ function(kel_precompile name)
     target_link_libraries(${name} PRIVATE ${arg_LINK})
     target_precompile_headers(${name} PRIVATE ${arg_UNPARSED_ARGUMENTS})
     kel_precompiled_options(${name})
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+        # A precompiled header of Clang's knows the folder that it was made in, so each clone makes its own. For the compiler
+        # cache this sum stands for it, so that what is compiled with it is shared all the same; the headers inside are looked
+        # at one by one in any case.
+        file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/CMakeFiles/${name}.dir/cmake_pch.hxx.pch.sum
+            CONTENT "${CMAKE_CXX_COMPILER_VERSION} ${arg_UNPARSED_ARGUMENTS}\n")
+    endif()
 endfunction()
 
 function(kel_precompiled_options target)
