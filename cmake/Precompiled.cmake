@@ -46,6 +46,8 @@ function(kel_precompile name)
     target_precompile_headers(${name} PRIVATE ${arg_UNPARSED_ARGUMENTS})
     kel_precompiled_options(${name})
     if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+        # Templates that the headers use are instantiated here once, and not again in each source.
+        target_compile_options(${name} PRIVATE -fpch-instantiate-templates)
         # A precompiled header of Clang's knows the folder that it was made in, so each clone makes its own. For the compiler
         # cache this sum stands for it, so that what is compiled with it is shared all the same; the headers inside are looked
         # at one by one in any case.
