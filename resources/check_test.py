@@ -5,7 +5,7 @@ import unittest
 from unittest import mock
 
 import check
-from pe_resources import Control, Dialog
+from pe_resources import CBS_DROPDOWN, CBS_SIMPLE, Control, Dialog
 
 ENGLISH, GERMAN = 0x409, 0x7
 BUTTON, CHECK_BOX, GROUP_BOX = check.WS_TABSTOP, check.WS_TABSTOP | 3, check.GROUP_BOX
@@ -53,7 +53,7 @@ def manager():
 def save():
     return Dialog("Save", 100, 60, [
         Control(check.NO_ID, "static", 0, "&Name:", 7, 7, 30, 8),
-        Control(1022, "combo box", check.WS_TABSTOP, "", 40, 7, 50, 12),
+        Control(1022, "combo box", check.WS_TABSTOP | CBS_DROPDOWN, "", 40, 7, 50, 90),
         button(1, "OK", 7, 39),
         button(2, "Cancel", 53, 39),
     ])
@@ -166,6 +166,14 @@ class CheckTest(unittest.TestCase):
     def test_two_controls_over_each_other(self):
         self.control(200, 2).left = 46
         self.expect("control 1 ", "control 2 ", "overlap")
+
+    def test_a_closed_combo_box_over_another_control(self):
+        self.control(200, 2).top = 20
+        self.expect("control 1022 ", "control 2 ", "overlap")
+
+    def test_a_combo_box_whose_list_is_always_open(self):
+        self.in_both(200, lambda controls: setattr(controls[1], "style", check.WS_TABSTOP | CBS_SIMPLE))
+        self.expect("control 1022 ", "margins")
 
     def test_a_control_that_the_closed_panel_leaves_outside(self):
         self.control(201, 57670).left = 107

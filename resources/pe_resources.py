@@ -6,6 +6,9 @@ import struct
 RT_DIALOG = 5
 RT_STRING = 6
 CLASSES = {0x80: "button", 0x81: "edit", 0x82: "static", 0x83: "list box", 0x84: "scroll bar", 0x85: "combo box"}
+CBS_SIMPLE, CBS_DROPDOWN, CBS_DROPDOWNLIST, CBS_TYPE = 1, 2, 3, 3
+CLOSED_COMBO_BOX = 14  # dialog units
+
 
 
 @dataclasses.dataclass
@@ -25,7 +28,9 @@ class Control:
 
     @property
     def bottom(self):
-        return self.top + self.height
+        """Of a combo box with a list that drops down, the bottom of the closed box: its height is the open list's."""
+        drops_down = self.kind == "combo box" and self.style & CBS_TYPE in (CBS_DROPDOWN, CBS_DROPDOWNLIST)
+        return self.top + (CLOSED_COMBO_BOX if drops_down else self.height)
 
 
 @dataclasses.dataclass

@@ -7,7 +7,20 @@
 #pragma once
 
 // Dialog templates.
+#define IDD_LSTATE_SAVE 200
 #define IDD_LSTATE_RES 201
+#define IDD_LSTATE_DEL 202
+
+// Controls of IDD_LSTATE_SAVE, the new layer state dialog.
+#define IDC_LSTATE_SAVE_NAME 1024
+#define IDC_LSTATE_SAVE_DESCRIPTION 1026
+
+// Controls of IDD_LSTATE_DEL, the delete confirmation.
+#define IDC_LSTATE_DEL_PROMPT 1027
+#define IDC_LSTATE_DEL_THIS 1028
+#define IDC_LSTATE_KEEP_THIS 1029
+#define IDC_LSTATE_DEL_ALL 1030
+#define IDC_LSTATE_DEL_ICON 1031
 
 // Controls of IDD_LSTATE_RES, the layer states manager.
 #define IDC_LSTATE_RES_LIST 1002
@@ -61,6 +74,19 @@
 #define IDS_LSTATE_NO 163
 #define IDS_LSTATE_SPACE_VIEWPORT 188
 #define IDS_LSTATE_SPACE_REFERENCE 189
+
+// Names: what the host's refusals call the thing that is named, and what they add; a name that another state bears,
+// with one %s; a rename that the host refuses.
+#define IDS_LSTATE_KIND 121
+#define IDS_LSTATE_NAME_TAKEN 123
+#define IDS_LSTATE_RENAME_FAILED 124
+#define IDS_LSTATE_NAME_RULES 307
+
+// The manager's actions: what the host has refused to save, and the questions before a delete and, with one %s, before
+// an update.
+#define IDS_LSTATE_NOT_SAVED 102
+#define IDS_LSTATE_CONFIRM_DELETE 122
+#define IDS_LSTATE_CONFIRM_UPDATE 133
 
 // Texts of the expand button, which name what a click does.
 #define IDS_LSTATE_EXPAND 119

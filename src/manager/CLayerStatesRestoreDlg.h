@@ -31,6 +31,10 @@ class CLayerStatesRestoreDlg : public CKelUiDialog {
   protected:
     afx_msg void OnListChanged(NMHDR* header, LRESULT* result);
     afx_msg void OnRestore();
+    afx_msg void OnNew();
+    afx_msg void OnUpdate();
+    afx_msg void OnRename();
+    afx_msg void OnDelete();
     afx_msg void OnClose();
     afx_msg void OnHideXrefs();
     afx_msg void OnLayerNotFound();
@@ -70,6 +74,14 @@ class CLayerStatesRestoreDlg : public CKelUiDialog {
     void restoreSelected(KelDbLayerStateManager& states);
     void collectRegenLayers();
     void reportRestoreFailure(unsigned int status);
+
+    /// Asks whether the state is to be overwritten.
+    bool confirmUpdate(const wchar_t* name);
+    void tellNotSaved();
+    void showComparison(KelDbLayerStateManager& states, int row, const wchar_t* name, const KelDbObjectId& viewport);
+    void deleteSelected(bool ask);
+    bool deleteState(const wchar_t* name);
+    void selectAfterDelete(int first);
 
     CWnd* m_parent;
     int m_restoreStarted; ///< Written, never read.

@@ -2,9 +2,9 @@
 #include "CLayerStatesRestoreDlg.h"
 
 #include "ControlRules.h"
-#include "HostOwners.h"
 #include "KelEditor.h"
 #include "PropertyTable.h"
+#include "StateDescription.h"
 #include "WorkingDatabase.h"
 
 void CLayerStatesRestoreDlg::updateControls() {
@@ -55,9 +55,8 @@ std::optional<LayerStateMask> CLayerStatesRestoreDlg::showStoredState(int row) {
         m_overridableMask = mask & MaskOverridable;
         read = mask;
     }
-    wchar_t* description = nullptr;
-    if (states->getLayerStateDescription(m_stateName, description) == Vorn::eOk)
-        m_stateDescription = HostDescription(description).get();
+    if (const std::optional<CString> description = stateDescription(*states, m_stateName))
+        m_stateDescription = *description;
     return read;
 }
 

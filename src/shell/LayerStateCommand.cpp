@@ -1,21 +1,44 @@
-// Opens the layer states manager. Exceptions end here: the host calls these as plain functions.
+// Opens the module's dialogs. Exceptions end here: the host calls these as plain functions.
 #include "LayerStateCommand.h"
 
 #include "CLayerStatesRestoreDlg.h"
+#include "CLayerStatesSaveDlg.h"
 #include "CResourceScope.h"
+#include "KelEditor.h"
+#include "WorkingDatabase.h"
 
 namespace {
 
-void runManager(CWnd* parent, bool fromExport) {
+/// Runs a dialog and what follows it under the module's resources.
+template <class Run> void runUnderScope(Run run) {
     try {
         CResourceScope scope;
-        CLayerStatesRestoreDlg dialog(parent, fromExport);
-        dialog.DoModal();
+        run();
     } catch (CException* exception) {
         exception->Delete();
     } catch (...) {
         // A run that fails ends like a cancelled one, and the user isn't told.
     }
+}
+
+void runManager(CWnd* parent, bool fromExport) {
+    runUnderScope([&] {
+        CLayerStatesRestoreDlg dialog(parent, fromExport);
+        dialog.DoModal();
+    });
+}
+
+void saveAndRestore(CWnd* parent) {
+    CLayerStatesSaveDlg dialog(parent, true);
+    if (dialog.DoModal() != IDOK)
+        return;
+    const CString name = dialog.GetStateName();
+    if (name.IsEmpty())
+        return;
+    // Unlike a restore from the manager this is the host's operation alone: no transaction, nothing regenerated or
+    // published, no failure reported.
+    if (KelDbLayerStateManager* states = workingStates())
+        static_cast<void>(states->restoreLayerState(name, keledGetCurViewportObjectId(), 0, nullptr));
 }
 
 } // namespace
@@ -26,4 +49,8 @@ void runLayerStateCommand() {
 
 extern "C" void keldbLayerStateManagerDialog(CWnd* parent) {
     runManager(parent, true);
+}
+
+extern "C" void keldbLayerStateSaveDialog(CWnd* parent) {
+    runUnderScope([parent] { saveAndRestore(parent); });
 }

@@ -1,4 +1,4 @@
-// What opens the layer states manager: the command, and the export for other parts of the host.
+// What opens the module's dialogs: the command, and the exports for other parts of the host.
 #pragma once
 
 #include <afxwin.h>
@@ -8,3 +8,7 @@ void runLayerStateCommand();
 
 /// The same over a window of the host's. `parent` may be null.
 extern "C" void keldbLayerStateManagerDialog(CWnd* parent);
+
+/// The new layer state dialog over a window of the host's, without the manager. What is saved by it is restored
+/// straight away, with the flags at 0. `parent` may be null.
+extern "C" void keldbLayerStateSaveDialog(CWnd* parent);

@@ -1,15 +1,17 @@
 #include "CLayerStateListCtrl.h"
 
 #include "CResourceScope.h"
-#include "HostOwners.h"
 #include "KelEditor.h"
 #include "ListRedrawLock.h"
+#include "StateDescription.h"
 #include "resource.h"
 
 namespace {
 
 /// How many characters of a name a row is read with, the terminating null included.
 constexpr int kNameBufferSize = 259;
+/// The id that a list view gives its header.
+constexpr UINT kHeaderId = 0;
 /// Number of the host's word for model space.
 constexpr int kModelSpaceWord = 10;
 
@@ -25,11 +27,23 @@ CString spaceText(KelDbLayerStateManager& states, const wchar_t* name) {
 } // namespace
 
 BEGIN_MESSAGE_MAP(CLayerStateListCtrl, CCustomListCtrl)
+ON_NOTIFY(HDN_ITEMCLICKA, kHeaderId, &CLayerStateListCtrl::OnHeaderClick)
+ON_NOTIFY(HDN_ITEMCLICKW, kHeaderId, &CLayerStateListCtrl::OnHeaderClick)
+ON_MESSAGE(LVM_EDITLABELW, &CLayerStateListCtrl::OnEditLabel)
+ON_NOTIFY_REFLECT(LVN_BEGINLABELEDITW, &CLayerStateListCtrl::OnBeginLabelEdit)
+ON_NOTIFY_REFLECT(LVN_ENDLABELEDITW, &CLayerStateListCtrl::OnEndLabelEdit)
+ON_NOTIFY_REFLECT(NM_CLICK, &CLayerStateListCtrl::OnClick)
+ON_NOTIFY_REFLECT_EX(LVN_ITEMCHANGED, &CLayerStateListCtrl::OnItemChanged)
+ON_WM_HSCROLL()
+ON_WM_VSCROLL()
+ON_WM_MOUSEWHEEL()
+ON_NOTIFY(kInPlaceEditLeft, IDC_LSTATE_INPLACE_EDIT, &CLayerStateListCtrl::OnCellEditLeft)
+ON_NOTIFY(kInPlaceEditCancelled, IDC_LSTATE_INPLACE_EDIT, &CLayerStateListCtrl::OnCellEditCancelled)
 END_MESSAGE_MAP()
 
 CLayerStateListCtrl::CLayerStateListCtrl()
     : m_labelEditActive(0), m_trackedRow(-1), m_labelEditRetry(0), m_cellEditEnabled(1), m_sortColumn(-1),
-      m_sortAscending(1), m_editRow(-1), m_editColumn(-1) {}
+      m_sortAscending(1), m_activeEdit(nullptr), m_editRow(-1), m_editColumn(-1), m_labelEditAsked(false) {}
 
 CLayerStateListCtrl::~CLayerStateListCtrl() = default;
 
@@ -94,7 +108,6 @@ void CLayerStateListCtrl::FillRow(KelDbLayerStateManager& states, int row, bool 
         const bool same = states.compareLayerStateToDb(name, keledGetCurViewportObjectId());
         SetItemText(row, sameColumn, loadResourceString(same ? IDS_LSTATE_YES : IDS_LSTATE_NO));
     }
-    wchar_t* description = nullptr;
-    if (states.getLayerStateDescription(name, description) == Vorn::eOk)
-        SetItemText(row, compareToDrawing ? descriptionColumn : sameColumn, HostDescription(description).get());
+    if (const std::optional<CString> description = stateDescription(states, name))
+        SetItemText(row, compareToDrawing ? descriptionColumn : sameColumn, *description);
 }

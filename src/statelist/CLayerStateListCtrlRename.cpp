@@ -1,0 +1,92 @@
+// Renaming a state in the first column, with the platform's label edit.
+#include "CLayerStateListCtrl.h"
+
+#include "CResourceScope.h"
+#include "MessageBoxes.h"
+#include "StateNames.h"
+#include "WorkingDatabase.h"
+#include "resource.h"
+
+#include <cwchar>
+
+LRESULT CLayerStateListCtrl::OnEditLabel(WPARAM, LPARAM) {
+    m_labelEditAsked = true;
+    const LRESULT box = Default();
+    m_labelEditAsked = false;
+    return box;
+}
+
+void CLayerStateListCtrl::OnBeginLabelEdit(NMHDR*, LRESULT* result) {
+    if (!m_labelEditAsked) {
+        // A slow second click on a name. The answer 1 to NM_CLICK is to keep the platform from opening the box then,
+        // but not every version of the control heeds it.
+        *result = 1;
+        return;
+    }
+    if (CEdit* box = GetEditControl())
+        box->LimitText(stateNameLimit());
+    if (GetSelectedCount() != 1)
+        return;
+    const int row = GetNextItem(-1, LVNI_FOCUSED);
+    if (row < 0)
+        return;
+    m_oldStateName = StateName(row);
+    KelDbLayerStateManager* states = workingStates();
+    if (states && states->isDependentLayerState(m_oldStateName)) {
+        *result = 1;
+        MessageBeep(0);
+        return;
+    }
+    *result = 0;
+    m_trackedRow = row;
+    m_labelEditActive = 1;
+}
+
+void CLayerStateListCtrl::OnEndLabelEdit(NMHDR* header, LRESULT* result) {
+    if (!m_labelEditActive)
+        return;
+    LVITEM& item = reinterpret_cast<NMLVDISPINFO*>(header)->item;
+    if (!item.pszText) {
+        m_labelEditActive = 0;
+        return;
+    }
+    CString name = item.pszText;
+    name.Trim();
+    *result = 0;
+    const int renamed = CheckRename(name);
+    if (!renamed) {
+        // The box is still closing. The dialog opens it again with its next message.
+        m_labelEditRetry = 1;
+        return;
+    }
+    std::wcscpy(item.pszText, name); // never longer than what was there; the control stores it
+    SetItemText(m_trackedRow, nameColumn, name);
+    m_labelEditActive = 0;
+    *result = renamed;
+}
+
+int CLayerStateListCtrl::CheckRename(const CString& newName) {
+    for (int row = 0; row < GetItemCount(); ++row) {
+        if (row == m_trackedRow || GetItemText(row, nameColumn).CompareNoCase(newName) != 0)
+            continue;
+        CString text;
+        text.Format(loadResourceString(IDS_LSTATE_NAME_TAKEN), newName.GetString());
+        showFailure(*this, text);
+        return 0;
+    }
+    if (!CheckStateName(newName)) {
+        if (CEdit* box = GetEditControl()) {
+            box->SetFocus();
+            box->SetSel(0, -1);
+        }
+        return 0;
+    }
+    KelDbLayerStateManager* states = workingStates();
+    if (!states)
+        return 0;
+    if (states->renameLayerState(m_oldStateName, newName) != Vorn::eOk) {
+        showFailure(*this, loadResourceString(IDS_LSTATE_RENAME_FAILED));
+        return 0;
+    }
+    return 1;
+}
