@@ -6,6 +6,7 @@
 #include "CResourceScope.h"
 #include "ManagerLayout.h"
 #include "KelEditor.h"
+#include "ListRedrawLock.h"
 #include "MessageBoxes.h"
 #include "PropertyTable.h"
 #include "StateDescription.h"
@@ -95,6 +96,7 @@ void CLayerStatesRestoreDlg::OnDelete() {
 }
 
 void CLayerStatesRestoreDlg::deleteSelected(bool ask) {
+    std::optional<ListRedrawLock> quiet; // not while the user is asked, who sees the list then
     int row = m_stateList.FirstSelectedRow();
     while (row >= 0) {
         const CString name = m_stateList.StateName(row);
@@ -107,6 +109,8 @@ void CLayerStatesRestoreDlg::deleteSelected(bool ask) {
             ask = !dialog.m_applyToAll;
             wanted = dialog.m_deleteThis != 0;
         }
+        if (!ask && !quiet)
+            quiet.emplace(m_stateList);
         // A delete that the host refuses isn't reported: the row stays.
         if (wanted && deleteState(name)) {
             m_stateList.DeleteItem(row);

@@ -13,7 +13,7 @@ BOOL CLayerStateListCtrl::OnItemChanged(NMHDR* header, LRESULT* result) {
         m_trackedRow = GetKeyState(VK_LBUTTON) == 0 ? change->iItem : -1;
     }
     *result = 0;
-    return FALSE; // the dialog wants to know as well
+    return m_sorting; // else the dialog wants to know as well
 }
 
 void CLayerStateListCtrl::OnClick(NMHDR*, LRESULT* result) {

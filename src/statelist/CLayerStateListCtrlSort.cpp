@@ -48,6 +48,18 @@ class ControlRows {
     int m_columns;
 };
 
+/// Sets a flag for its life.
+class FlagForLife {
+  public:
+    explicit FlagForLife(bool& flag) : m_flag(flag) { m_flag = true; }
+    ~FlagForLife() { m_flag = false; }
+    FlagForLife(const FlagForLife&) = delete;
+    FlagForLife& operator=(const FlagForLife&) = delete;
+
+  private:
+    bool& m_flag;
+};
+
 } // namespace
 
 void CLayerStateListCtrl::OnHeaderClick(NMHDR* header, LRESULT* result) {
@@ -73,6 +85,7 @@ bool CLayerStateListCtrl::SortRows(int column, bool ascending, int low, int high
         high = GetItemCount() - 1;
     if (high <= low)
         return false;
+    const FlagForLife sorting(m_sorting);
     ControlRows rows(*this, column);
     sortRows(rows, ascending, low, high);
     return true;

@@ -2,6 +2,7 @@
 // memory, and the size that an office meets: 1,000 layers with 100 states. Native.
 //   growth_bench
 #include "DrawingCopies.h"
+#include "Exponent.h"
 #include "LayerStateMask.h"
 #include "engine/DatabaseAccess.h"
 #include "files/DrawingFile.h"
@@ -142,17 +143,6 @@ const Figure figures[] = {
 
 double measure(const Figure& figure, Subject& subject) {
     return median([&] { figure.action(subject); }, [&] { figure.prepare(subject); });
-}
-
-// The slope of the straight line through the logarithms: 0 doesn't grow, 1 grows as the size does.
-double exponent(const std::vector<double>& sizes, const std::vector<double>& times) {
-    double sumX = 0, sumY = 0, sumXX = 0, sumXY = 0;
-    for (std::size_t i = 0; i < sizes.size(); ++i) {
-        const double x = std::log(sizes[i]), y = std::log(times[i]);
-        sumX += x, sumY += y, sumXX += x * x, sumXY += x * y;
-    }
-    const auto n = static_cast<double>(sizes.size());
-    return (n * sumXY - sumX * sumY) / (n * sumXX - sumX * sumX);
 }
 
 void printGrowth(const char* of, const std::vector<Size>& sizes, double (*count)(Size)) {

@@ -5,37 +5,24 @@
 #include <afxwin.h>
 #include <afxcmn.h>
 
-#include "DrawingGenerator.h"
+#include "BenchHost.h"
 #include "Documents.h"
-#include "KelRuntime.h"
-#include "ModuleLoader.h"
-#include "SystemRegistry.h"
-#include "files/DrawingFile.h"
+#include "DrawingGenerator.h"
 #include "resource.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <filesystem>
-#include <memory>
 #include <vector>
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using bench::Clock;
+using bench::fail;
+using bench::milliseconds;
 constexpr int kTurns = 5;
 constexpr double kAimMs = 1000;
-
-double milliseconds(Clock::duration duration) {
-    return std::chrono::duration<double, std::milli>(duration).count();
-}
-
-[[noreturn]] void fail(const char* what) {
-    std::fprintf(stderr, "manager_bench: %s\n", what);
-    std::exit(1);
-}
 
 /// Notes when the manager is idle for the first time, and presses its Close.
 class BenchApp : public CWinApp {
@@ -88,20 +75,6 @@ double compareMs(std::size_t bytes) {
     return best;
 }
 
-/// Writes the drawing to a file, reads it back as the working drawing, and removes the file.
-void openDrawing(const zdr::Drawing& drawing) {
-    const std::wstring path = (std::filesystem::temp_directory_path() / L"manager_bench.zdr").wstring();
-    std::wstring reason;
-    zdr::FileStamp stamp;
-    if (zdr::writeDrawingFile(path, drawing, reason, stamp, zdr::Overwrite::Always) != Vorn::eOk)
-        fail("the drawing can't be written");
-    auto database = std::make_unique<KelDbDatabase>(false, true);
-    constexpr int denyNothing = 64;
-    if (database->readZdrFile(path.c_str(), denyNothing, false, nullptr) != Vorn::eOk)
-        fail("the drawing can't be read back");
-    runtime::openDocument(std::move(database), path);
-}
-
 /// One opening, in milliseconds.
 double openManager(const KelEdCommand& command, std::size_t states) {
     theApp.await();
@@ -112,12 +85,6 @@ double openManager(const KelEdCommand& command, std::size_t states) {
     if (theApp.rows != static_cast<int>(states))
         fail("the manager doesn't list all states");
     return milliseconds(theApp.idleAt - start);
-}
-
-std::wstring modulePath() {
-    wchar_t path[MAX_PATH];
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    return (std::filesystem::path(path).parent_path() / L"KelLayerApps.xmod").wstring();
 }
 
 void row(const char* name, double ms, std::size_t bytes, double plain) {
@@ -141,19 +108,15 @@ int main(int argc, char** argv) {
     {
         const zdr::Drawing drawing = zdr::generateDrawing(options);
         bytes = stateBytes(drawing);
-        openDrawing(drawing);
+        bench::openDrawing(drawing);
     }
     const double plain = compareMs(bytes);
 
     runtime::ModuleLoader modules;
-    if (!modules.load(modulePath()).empty())
-        fail("the module doesn't load");
-    const KelEdCommand* command = runtime::commandStack().lookup(L"LAYERSTATE");
-    if (!command)
-        fail("the command isn't there");
+    const KelEdCommand& command = bench::loadLayerStateCommand(modules);
     std::vector<double> openings;
     for (int turn = 0; turn < kTurns; ++turn)
-        openings.push_back(openManager(*command, options.states));
+        openings.push_back(openManager(command, options.states));
 
     std::printf("%zu layer states over %zu layers; aim in ms\n", options.states, options.layers);
     std::printf("%-28s %9s %12s %7s %6s  %s\n", "name", "ms", "bytes", "ratio", "aim", "met?");
