@@ -5,5 +5,7 @@ void showFailure(const CWnd& owner, const wchar_t* text) {
 }
 
 bool askYesNo(const CWnd& owner, const wchar_t* question) {
-    return ::MessageBoxW(owner.m_hWnd, question, nullptr, MB_ICONQUESTION | MB_YESNO) != IDNO;
+    CString title;
+    owner.GetWindowText(title); // without one the system would head the question with its word for an error
+    return ::MessageBoxW(owner.m_hWnd, question, title, MB_ICONQUESTION | MB_YESNO) != IDNO;
 }
