@@ -38,6 +38,15 @@ bool comesTrue(const std::function<bool()>& seen) {
     return true;
 }
 
+// Whether that control, in a window of another program, or a part of it has the keyboard.
+bool hasKeyboard(HWND control) {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    return GetForegroundWindow() == GetAncestor(control, GA_ROOT) &&
+           GetGUIThreadInfo(GetWindowThreadProcessId(control, nullptr), &info) &&
+           (info.hwndFocus == control || IsChild(control, info.hwndFocus));
+}
+
 } // namespace
 
 DrivenProgram::DrivenProgram(const std::wstring& path) {
@@ -96,9 +105,13 @@ DWORD DrivenProgram::waitForEnd() {
     return code;
 }
 
-void clickMiddle(const RECT& rect) {
-    if (!comesTrue([&rect] { return ui::pointerRestsAt(ui::middleOf(rect)); }))
+void movePointer(POINT point) {
+    if (!comesTrue([point] { return ui::pointerRestsAt(point); }))
         throw Disappointment("the pointer can't be brought to its place");
+}
+
+void clickMiddle(const RECT& rect) {
+    movePointer(ui::middleOf(rect));
     ui::click();
 }
 
@@ -111,12 +124,26 @@ void clickControl(DrivenProgram& program, HWND dialog, int control) {
     clickMiddle(rect);
 }
 
+void typeInto(DrivenProgram& program, HWND control, const std::wstring& text) {
+    program.waitUntil("what is to be typed into has the keyboard", [control] { return hasKeyboard(control); });
+    ui::typeText(text);
+    program.waitUntil("this and no more was typed: " + narrow(text), [&] { return windowText(control) == text; });
+}
+
 std::wstring windowText(HWND window) {
     // GetWindowText doesn't ask a control of another process for its text; this message does.
     std::wstring text(static_cast<std::size_t>(SendMessageW(window, WM_GETTEXTLENGTH, 0, 0)) + 1, L'\0');
     const LRESULT length = SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
     text.resize(static_cast<std::size_t>(std::max<LRESULT>(length, 0)));
     return text;
+}
+
+std::string narrow(const std::wstring& text) {
+    std::string out(text.size() * 4, '\0');
+    out.resize(
+        static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), out.data(),
+                                                     static_cast<int>(out.size()), nullptr, nullptr)));
+    return out;
 }
 
 } // namespace tour

@@ -41,11 +41,17 @@ class DrivenProgram {
     DWORD m_id = 0;
 };
 
+/// Brings the pointer to rest at a point of the screen.
+void movePointer(POINT point);
 /// Clicks the middle of a rectangle of the screen.
 void clickMiddle(const RECT& rect);
 /// Clicks the middle of a control once it is shown and enabled.
 void clickControl(DrivenProgram& program, HWND dialog, int control);
+/// Types into a control once it, or a part of it, has the keyboard, and waits until it shows that text and no other.
+void typeInto(DrivenProgram& program, HWND control, const std::wstring& text);
 /// A window's text, also one of another process.
 std::wstring windowText(HWND window);
+/// The text in UTF-8, for a console.
+std::string narrow(const std::wstring& text);
 
 } // namespace tour

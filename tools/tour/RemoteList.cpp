@@ -45,19 +45,37 @@ int RemoteList::rowOf(const std::wstring& wanted) const {
     return -1;
 }
 
-bool RemoteList::isSelected(int row) const {
-    return SendMessageW(m_list, LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_SELECTED) & LVIS_SELECTED;
+int RemoteList::selectedRow() const {
+    if (SendMessageW(m_list, LVM_GETSELECTEDCOUNT, 0, 0) != 1)
+        return -1;
+    return static_cast<int>(SendMessageW(m_list, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
 }
 
-std::optional<RECT> RemoteList::rectOf(int row) const {
-    RECT rect{};
-    rect.left = LVIR_LABEL;
+std::optional<RECT> RemoteList::cellRect(int row, int column) const {
+    // The message finds the column in `top` and what is asked for in `left`. The bounds of the first column are those
+    // of the whole row, the label is its cell; for the others both are the same.
+    return rectFrom(m_list, LVM_GETSUBITEMRECT, row, {LVIR_LABEL, column, 0, 0});
+}
+
+std::optional<RECT> RemoteList::headingRect(int column) const {
+    return rectFrom(reinterpret_cast<HWND>(SendMessageW(m_list, LVM_GETHEADER, 0, 0)), HDM_GETITEMRECT, column, {});
+}
+
+std::optional<RECT> RemoteList::rectFrom(HWND window, UINT message, int index, RECT rect) const {
+    RECT client{}, seen{};
     if (!m_memory || !WriteProcessMemory(m_process, m_memory, &rect, sizeof rect, nullptr) ||
-        !SendMessageW(m_list, LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(m_memory)) ||
-        !ReadProcessMemory(m_process, m_memory, &rect, sizeof rect, nullptr))
+        !SendMessageW(window, message, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(m_memory)) ||
+        !ReadProcessMemory(m_process, m_memory, &rect, sizeof rect, nullptr) || !GetClientRect(m_list, &client))
         return std::nullopt;
-    MapWindowPoints(m_list, nullptr, reinterpret_cast<POINT*>(&rect), 2);
-    return rect;
+    MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&rect), 2);
+    MapWindowPoints(m_list, nullptr, reinterpret_cast<POINT*>(&client), 2);
+    if (!IntersectRect(&seen, &rect, &client))
+        return std::nullopt;
+    return seen;
+}
+
+HWND RemoteList::labelEditor() const {
+    return reinterpret_cast<HWND>(SendMessageW(m_list, LVM_GETEDITCONTROL, 0, 0));
 }
 
 void RemoteList::scrollTo(int row) const {

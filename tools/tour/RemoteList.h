@@ -20,13 +20,22 @@ class RemoteList {
     std::wstring text(int row, int column) const;
     /// The row whose first cell has that text, -1 for none.
     int rowOf(const std::wstring& text) const;
-    bool isSelected(int row) const;
-    /// The row's first cell on the screen; none when it can't be had.
-    std::optional<RECT> rectOf(int row) const;
+    /// The selected row; -1 when none is, or more than one.
+    int selectedRow() const;
+    /// What can be seen of a cell, in screen coordinates; none when nothing can.
+    std::optional<RECT> cellRect(int row, int column) const;
+    /// The same of a column's heading.
+    std::optional<RECT> headingRect(int column) const;
+    /// The box in which a row's first cell is being edited; null when none is.
+    HWND labelEditor() const;
     void scrollTo(int row) const;
 
   private:
     static constexpr std::size_t roomForText = 512;
+
+    /// Sends a message that reads a rectangle and answers one in its place, in coordinates of `window`: the list or its
+    /// header. Answers what of it can be seen, on the screen.
+    std::optional<RECT> rectFrom(HWND window, UINT message, int index, RECT rect) const;
 
     HWND m_list;
     HANDLE m_process = nullptr;

@@ -1,8 +1,9 @@
-// The tour: a scripted person opens a drawing in the Workbench, restores a layer state of it, and saves it under
-// another name, with pictures on the way.
+// The tour: a scripted person opens a drawing in the Workbench, makes a layer state and works with it in the manager,
+// restores another one, and saves the drawing under another name, with pictures on the way.
 #pragma once
 
 #include "DrivenProgram.h"
+#include "Pictures.h"
 #include "TourOptions.h"
 
 namespace tour {
@@ -15,20 +16,18 @@ class Tour {
 
   private:
     void openDrawing();
-    void openManager();
-    void pickState();
-    void restore();
+    /// Opens the manager, and ends in it with the restore.
+    void workWithStates();
     void save();
     void quit();
     /// Types a line into the command line and sends it off.
     void command(const std::wstring& line);
     bool titleIs(const std::wstring& path) const;
-    void picture(const std::wstring& name) const;
 
     Options m_options;
+    Pictures m_pictures;
     DrivenProgram m_program;
     HWND m_main = nullptr;
-    HWND m_manager = nullptr;
 };
 
 } // namespace tour

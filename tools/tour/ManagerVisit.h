@@ -1,0 +1,51 @@
+// What the scripted person does in the layer states manager, up to the restore that closes it.
+#pragma once
+
+#include "DrivenProgram.h"
+#include "Pictures.h"
+#include "RemoteList.h"
+
+#include <string>
+#include <vector>
+
+namespace tour {
+
+/// The manager, open in the driven program. Each action is seen to succeed by what the list then shows, and is
+/// photographed; what doesn't come to pass throws a Disappointment.
+class ManagerVisit {
+  public:
+    ManagerVisit(DrivenProgram& program, HWND manager, Pictures& pictures);
+
+    /// Saves the layers as they are under a name that is free.
+    void makeState(const std::wstring& name, const std::wstring& description);
+    /// Renames the selected state.
+    void rename(const std::wstring& newName);
+    /// Writes a description into the cell of the selected state.
+    void describe(const std::wstring& description);
+    /// Clicks the heading of the names and looks at their order.
+    void sortByName();
+    /// Deletes the selected state and says yes to the question.
+    void deleteSelected();
+    void pick(const std::wstring& name);
+    /// Restores the selected state, and waits until the manager is gone.
+    void restore();
+
+  private:
+    /// The name of the selected row; throws when there isn't just one.
+    std::wstring selectedName() const;
+    std::vector<std::wstring> names() const;
+    /// Clicks a cell of the row of that name, scrolled into view.
+    void clickCell(const std::wstring& name, int column);
+    /// Waits until the list has a row of that name, with that description, selected.
+    void waitForSelectedRow(const std::wstring& name, const std::wstring& description);
+    /// Tells on the console what is done.
+    void say(const std::wstring& what) const;
+
+    DrivenProgram& m_program;
+    HWND m_manager;
+    HWND m_listWindow;
+    RemoteList m_list;
+    Pictures& m_pictures;
+};
+
+} // namespace tour
