@@ -43,8 +43,7 @@ END_MESSAGE_MAP()
 
 CLayerStateListCtrl::CLayerStateListCtrl()
     : m_labelEditActive(0), m_trackedRow(-1), m_labelEditRetry(0), m_cellEditEnabled(1), m_sortColumn(-1),
-      m_sortAscending(1), m_activeEdit(nullptr), m_editRow(-1), m_editColumn(-1), m_labelEditAsked(false),
-      m_sorting(false) {}
+      m_sortAscending(1), m_activeEdit(nullptr), m_editRow(-1), m_editColumn(-1), m_sorting(false) {}
 
 CLayerStateListCtrl::~CLayerStateListCtrl() = default;
 

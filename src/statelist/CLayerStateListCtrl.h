@@ -93,8 +93,6 @@ class CLayerStateListCtrl : public CCustomListCtrl {
     /// @return false when the host or the user's next word on it is needed, so that the edit stays open
     bool FinishEdits();
 
-    /// The label edit that is beginning was asked for, and isn't the platform's own after a slow second click.
-    bool m_labelEditAsked;
     /// Rows change places, with all that belongs to them: nothing that the dialog has to know.
     bool m_sorting;
 };

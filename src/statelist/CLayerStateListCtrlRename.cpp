@@ -10,19 +10,16 @@
 #include <cwchar>
 
 LRESULT CLayerStateListCtrl::OnEditLabel(WPARAM, LPARAM) {
-    m_labelEditAsked = true;
+    // The message needs the style. At other times the list does without it: the platform would open the box by itself
+    // after a slow second click on a name. The answer 1 to NM_CLICK is to keep it from that, but not every version of
+    // the control heeds it, and one that is refused the box has by then selected its row alone.
+    ModifyStyle(0, LVS_EDITLABELS);
     const LRESULT box = Default();
-    m_labelEditAsked = false;
+    ModifyStyle(LVS_EDITLABELS, 0);
     return box;
 }
 
 void CLayerStateListCtrl::OnBeginLabelEdit(NMHDR*, LRESULT* result) {
-    if (!m_labelEditAsked) {
-        // A slow second click on a name. The answer 1 to NM_CLICK is to keep the platform from opening the box then,
-        // but not every version of the control heeds it.
-        *result = 1;
-        return;
-    }
     if (CEdit* box = GetEditControl())
         box->LimitText(stateNameLimit());
     if (GetSelectedCount() != 1)
