@@ -35,11 +35,11 @@ class KELUI_API COrvTaskDialog {
     Description* m_description;
 };
 
-/// The host's own questions and refusals about names. `kind` says what is named ("layer state").
+/// The host's own questions and refusals about names. `kind` says what is named ("Layer state").
 class KELUI_API CKelStandardTaskDialog {
   public:
     /// Asks whether the thing of that name is to be replaced.
-    /// @return kTaskDialogFirstCommand for replace; anything else is no
+    /// @return kTaskDialogFirstCommand for replace; IDCANCEL for no, and when the question can't be shown
     static unsigned int ShowDuplicateNameReplaceCancelDialog(const wchar_t* kind, const wchar_t* name, CWnd* parent);
     /// The refusals: of an empty name, a name that is too long, and one with characters that names can't have. `detail`
     /// is what the module has to add, and may be empty.

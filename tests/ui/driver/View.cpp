@@ -11,11 +11,6 @@ namespace {
 // The window class of dialogs, and so of the pages inside a dialog with tabs.
 constexpr const wchar_t* pageClass = L"#32770";
 
-std::wstring withoutMnemonic(std::wstring text) {
-    text.erase(std::remove(text.begin(), text.end(), L'&'), text.end());
-    return text;
-}
-
 } // namespace
 
 std::vector<HWND> visibleControls(HWND window) {
@@ -45,6 +40,16 @@ std::wstring shownTip() {
         },
         reinterpret_cast<LPARAM>(&text));
     return text;
+}
+
+std::wstring withoutMnemonic(const std::wstring& text) {
+    std::wstring shown;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == L'&' && ++i == text.size())
+            break;
+        shown += text[i];
+    }
+    return shown;
 }
 
 std::wstring textOf(HWND window) {

@@ -70,6 +70,8 @@ class View {
 
 /// The text of any window.
 std::wstring textOf(HWND window);
+/// A label's or a button's text as it is drawn: an ampersand marks the letter after it, and two are one.
+std::wstring withoutMnemonic(const std::wstring& text);
 /// The text of the tip that this thread shows; empty when it shows none.
 std::wstring shownTip();
 /// All that is shown inside a window, at any depth.

@@ -4,6 +4,8 @@
 
 #include <commctrl.h>
 
+#include <utility>
+
 namespace framework {
 namespace {
 
@@ -48,9 +50,49 @@ LRESULT CALLBACK closeByEscape(HWND window, UINT message, WPARAM wParam, LPARAM 
     return DefSubclassProc(window, message, wParam, lParam);
 }
 
-HRESULT CALLBACK onEvent(HWND window, UINT event, WPARAM, LPARAM, LONG_PTR) {
+/// The text so that the system's task dialog shows just that. Wine draws it as a label, in which an ampersand marks a
+/// letter and two are one; Windows draws it as it is.
+std::wstring unmarked(const std::wstring& text) {
+    if (!GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version"))
+        return text;
+    std::wstring doubled;
+    for (const wchar_t character : text)
+        doubled.append(character == L'&' ? 2 : 1, character);
+    return doubled;
+}
+
+/// Keeps the user from the windows of this thread. The system does that for a task dialog's parent alone, and a
+/// module's dialog that asks a question over the main window would take clicks meanwhile.
+class OtherWindowsDisabled {
+  public:
+    OtherWindowsDisabled() {
+        for (HWND window = nullptr; (window = FindWindowExW(nullptr, window, nullptr, nullptr)) != nullptr;) {
+            const bool ours = GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId();
+            if (ours && IsWindowVisible(window) && IsWindowEnabled(window))
+                m_disabled.push_back(window);
+        }
+        for (const HWND window : m_disabled)
+            EnableWindow(window, FALSE);
+    }
+    ~OtherWindowsDisabled() { enable(); }
+    OtherWindowsDisabled(const OtherWindowsDisabled&) = delete;
+    OtherWindowsDisabled& operator=(const OtherWindowsDisabled&) = delete;
+
+    void enable() {
+        for (const HWND window : std::exchange(m_disabled, {}))
+            EnableWindow(window, TRUE);
+    }
+
+  private:
+    std::vector<HWND> m_disabled;
+};
+
+HRESULT CALLBACK onEvent(HWND window, UINT event, WPARAM, LPARAM, LONG_PTR others) {
     if (event == TDN_DIALOG_CONSTRUCTED)
         SetWindowSubclass(window, closeByEscape, 0, 0);
+    // Before the task dialog goes, or the system would find no window of ours to give the input to.
+    if (event == TDN_BUTTON_CLICKED)
+        reinterpret_cast<OtherWindowsDisabled*>(others)->enable();
     return S_OK;
 }
 
@@ -61,6 +103,8 @@ int showTaskDialog(HWND parent, const TaskDescription& description) {
     if (!indirect)
         return 0;
     const std::vector<TASKDIALOG_BUTTON> buttons = commandButtons(description);
+    const std::wstring instruction = unmarked(description.instruction);
+    const std::wstring content = unmarked(description.content);
     TASKDIALOGCONFIG config = {};
     config.cbSize = sizeof config;
     config.hwndParent = parent;
@@ -70,11 +114,13 @@ int showTaskDialog(HWND parent, const TaskDescription& description) {
     config.dwCommonButtons = static_cast<TASKDIALOG_COMMON_BUTTON_FLAGS>(description.commonButtons);
     config.pszWindowTitle = description.title.c_str();
     config.pszMainIcon = iconResource(description.icon);
-    config.pszMainInstruction = description.instruction.c_str();
-    config.pszContent = description.content.c_str();
+    config.pszMainInstruction = instruction.c_str();
+    config.pszContent = content.c_str();
     config.cButtons = static_cast<UINT>(buttons.size());
     config.pButtons = buttons.data();
+    OtherWindowsDisabled others;
     config.pfCallback = onEvent;
+    config.lpCallbackData = reinterpret_cast<LONG_PTR>(&others);
     int pressed = 0;
     return SUCCEEDED(indirect(&config, &pressed, nullptr, nullptr)) ? pressed : 0;
 }

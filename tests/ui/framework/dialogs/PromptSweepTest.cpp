@@ -34,11 +34,12 @@ TEST_F(FrameworkSweep, ofThePromptsForNames) {
                                    &CKelStandardTaskDialog::ShowInvalidNameTooLongDialog,
                                    &CKelStandardTaskDialog::ShowInvalidNameUnsupportedCharacters};
     for (const Prompt prompt : kPrompts) {
-        const unsigned int done = prompt == kPrompts[0] ? unsigned{kTaskDialogFirstCommand} : unsigned{IDCLOSE};
-        scenario = [prompt, done] {
+        const bool asks = prompt == kPrompts[0];
+        const unsigned int done = asks ? unsigned{kTaskDialogFirstCommand} : unsigned{IDCLOSE};
+        scenario = [prompt, asks, done] {
             unsigned int answer = 999;
             answered([&] { answer = prompt(L"Layer state", L"Plan", CWnd::GetActiveWindow()); });
-            EXPECT_TRUE(answer == 0 || answer == done || answer == IDCANCEL) << answer;
+            EXPECT_TRUE(answer == done || answer == IDCANCEL || (answer == 0 && !asks)) << answer;
             return answer == done;
         };
         EXPECT_THAT(sweep(2),

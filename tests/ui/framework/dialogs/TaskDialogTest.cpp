@@ -276,6 +276,56 @@ TEST_F(TaskDialog, notReplacingAnExistingNameIsAnythingElse) {
     EXPECT_EQ(answer, static_cast<unsigned int>(IDCANCEL));
 }
 
+TEST_F(TaskDialog, anAmpersandInAnInsertedTextIsShown) {
+    const std::wstring texts = L"Heating & water && gas";
+    std::wstring shown;
+    ui::Script script;
+    script.waitForControl(IDCANCEL)
+        .look("its texts",
+              [&](const ui::View& view) {
+                  for (const HWND control : ui::visibleControls(view.window())) {
+                      const bool marks = (GetWindowLongPtrW(control, GWL_STYLE) & SS_NOPREFIX) == 0;
+                      shown += marks ? ui::withoutMnemonic(ui::textOf(control)) : ui::textOf(control);
+                  }
+              })
+        .press(VK_ESCAPE);
+    ui::perform(script, [&] {
+        CKelStandardTaskDialog::ShowDuplicateNameReplaceCancelDialog((L"Kind " + texts).c_str(),
+                                                                     (L"Name " + texts).c_str(), nullptr);
+    });
+    EXPECT_NE(shown.find(L"Kind " + texts), std::wstring::npos) << ui::narrow(shown);
+    EXPECT_NE(shown.find(L"Name " + texts), std::wstring::npos) << ui::narrow(shown);
+}
+
+TEST_F(TaskDialog, nothingIsReplacedWhenTheQuestionCannotBeShown) {
+    instruments::failCall("ShowDuplicateNameReplaceCancelDialog", 1);
+    EXPECT_EQ(CKelStandardTaskDialog::ShowDuplicateNameReplaceCancelDialog(L"Layer state", L"Plan", nullptr),
+              static_cast<unsigned int>(IDCANCEL));
+    EXPECT_TRUE(instruments::faultStruck());
+}
+
+TEST_F(TaskDialog, noOtherWindowCanBeUsedMeanwhileWhateverTheParent) {
+    TestDialog other{IDD_FIXED};
+    other.onCommand = [](UINT id) {
+        if (id == IDC_TEST_BUTTON)
+            CKelStandardTaskDialog::ShowDuplicateNameReplaceCancelDialog(L"Layer state", L"Plan", nullptr);
+    };
+    for (const bool replace : {true, false}) {
+        ui::Script script;
+        script.click(IDC_TEST_BUTTON).waitForControl(1001).look("the other window", [&](const ui::View&) {
+            EXPECT_FALSE(IsWindowEnabled(other.GetSafeHwnd()));
+        });
+        if (replace)
+            script.click(1001);
+        else
+            script.press(VK_ESCAPE);
+        script.waitUntil("the other window again",
+                         [&](const ui::View& view) { return view.window() == other.GetSafeHwnd(); });
+        other.run(
+            script.look("it can be used", [&](const ui::View&) { EXPECT_TRUE(IsWindowEnabled(other.GetSafeHwnd())); }));
+    }
+}
+
 using Refusal = unsigned int (*)(const wchar_t*, const wchar_t*, CWnd*);
 
 TEST_F(TaskDialog, eachRefusalOfANameIsShown) {
