@@ -80,7 +80,7 @@
 #define IDS_LSTATE_KIND 121
 #define IDS_LSTATE_NAME_TAKEN 123
 #define IDS_LSTATE_RENAME_FAILED 124
-#define IDS_LSTATE_NAME_RULES 307
+#define IDS_LSTATE_NAME_ADVICE 307
 
 // The manager's actions: what the host has refused to save, and the questions before a delete and, with one %s, before
 // an update.

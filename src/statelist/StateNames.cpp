@@ -23,7 +23,7 @@ void tellRefusal(Refusal show) {
     CString detail;
     // A missing string reads empty.
     static_cast<void>(kind.LoadString(IDS_LSTATE_KIND));
-    static_cast<void>(detail.LoadString(IDS_LSTATE_NAME_RULES));
+    static_cast<void>(detail.LoadString(IDS_LSTATE_NAME_ADVICE));
     show(kind, detail, threadMainWindow());
 }
 

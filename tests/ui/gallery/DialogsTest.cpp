@@ -3,6 +3,7 @@
 #include "GalleryTest.h"
 
 #include "OrvUiServices.h"
+#include "resources/resource.h"
 
 using gallery::GalleryTest;
 using ui::Script;
@@ -15,6 +16,11 @@ class Dialogs : public GalleryTest {
         Script script;
         script.then(picture(name)).press(VK_ESCAPE);
         showDialog(std::move(script), open);
+    }
+    static std::wstring moduleText(unsigned int id) {
+        wchar_t text[128] = L"";
+        LoadStringW(GetModuleHandleW(L"KelLayerAppsRes.dll"), id, text, 128);
+        return text;
     }
 };
 
@@ -37,7 +43,8 @@ TEST_F(Dialogs, whatTheModuleTellsAndAsks) {
 
 TEST_F(Dialogs, theNameThatExists) {
     show("name-exists", [&] {
-        CKelStandardTaskDialog::ShowDuplicateNameReplaceCancelDialog(L"Layer state", L"Plumbing plan", &window());
+        CKelStandardTaskDialog::ShowDuplicateNameReplaceCancelDialog(moduleText(IDS_LSTATE_KIND).c_str(),
+                                                                     L"Plumbing plan", &window());
     });
 }
 
@@ -49,7 +56,9 @@ TEST_F(Dialogs, theNamesThatAreRefused) {
         {"name-characters", &CKelStandardTaskDialog::ShowInvalidNameUnsupportedCharacters},
     };
     for (const auto& [name, refuse] : refusals)
-        show(name, [&] { refuse(L"Layer state", L"", &window()); });
+        show(name, [&] {
+            refuse(moduleText(IDS_LSTATE_KIND).c_str(), moduleText(IDS_LSTATE_NAME_ADVICE).c_str(), &window());
+        });
 }
 
 } // namespace
