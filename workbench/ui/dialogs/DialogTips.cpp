@@ -17,14 +17,22 @@ constexpr int kTipWidth = 360;
 // Before version 6 of the common controls the structure ends before its last member, and that size works for both.
 const UINT kToolInfoSize = TTTOOLINFOW_V2_SIZE;
 
-TOOLINFOW toolOfControl(HWND dialog, HWND control, const std::wstring& text) {
+TOOLINFOW toolOfWindow(HWND dialog, HWND window, const std::wstring& text) {
     TOOLINFOW tool = {};
     tool.cbSize = kToolInfoSize;
     tool.uFlags = TTF_IDISHWND;
     tool.hwnd = dialog;
-    tool.uId = reinterpret_cast<UINT_PTR>(control);
+    tool.uId = reinterpret_cast<UINT_PTR>(window);
     tool.lpszText = const_cast<wchar_t*>(text.c_str());
     return tool;
+}
+
+/// The control that a window of a dialog belongs to: for the edit field of a combo box that is the box.
+HWND controlOf(HWND window) {
+    wchar_t name[16] = L"";
+    const HWND parent = GetParent(window);
+    const bool inBox = GetClassNameW(parent, name, 16) && lstrcmpiW(name, WC_COMBOBOXW) == 0;
+    return inBox ? parent : window;
 }
 
 struct ToolMaker {
@@ -34,12 +42,12 @@ struct ToolMaker {
 };
 
 // Called by the system, so nothing here may throw.
-BOOL CALLBACK addToolOf(HWND control, LPARAM parameter) {
+BOOL CALLBACK addToolOf(HWND window, LPARAM parameter) {
     const auto& maker = *reinterpret_cast<const ToolMaker*>(parameter);
-    const auto text = maker.texts.find(GetDlgCtrlID(control));
+    const auto text = maker.texts.find(GetDlgCtrlID(controlOf(window)));
     if (text == maker.texts.end())
         return TRUE;
-    TOOLINFOW tool = toolOfControl(maker.dialog, control, text->second);
+    TOOLINFOW tool = toolOfWindow(maker.dialog, window, text->second);
     SendMessageW(maker.tips, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
     return TRUE;
 }

@@ -82,6 +82,15 @@ TEST_F(EveryPicker, ofPlotStyles) {
     walkThrough([&] { EXPECT_FALSE(keledPlotstyleDialog(L"Normal", false, name)); });
 }
 
+/// Expects that the dialog in front has a tip for each control that Tab stops at, and a control for each tip.
+void expectTipsOfAll(const ui::View& view, const std::wstring& dialog) {
+    const auto tips = framework::readTips(framework::kTipFile, dialog, framework::kTipPrefix);
+    for (const auto& [control, text] : tips)
+        EXPECT_TRUE(view.has(control)) << control << ": " << ui::narrow(text);
+    for (const HWND control : keyboard::tabStops(view.window(), true))
+        EXPECT_TRUE(tips.contains(GetDlgCtrlID(control))) << keyboard::describe(control);
+}
+
 class EveryModuleDialog : public ui::HostTest {
   protected:
     const ComScope com;
@@ -90,7 +99,28 @@ class EveryModuleDialog : public ui::HostTest {
     void SetUp() override {
         HostTest::SetUp();
         loadModule();
-        open(ui::TestDrawing().layer(L"Walls").state(L"Ground floor", MaskAllProperties));
+        open(ui::TestDrawing()
+                 .layer(L"Walls")
+                 .state(L"Ground floor", MaskAllProperties)
+                 .state(L"Upper floor", MaskAllProperties));
+    }
+    /// Opens the manager with the new layer state dialog over it.
+    static ui::Script newState() {
+        ui::Script script;
+        return script.click(IDC_LSTATE_RES_NEW).waitForControl(IDC_LSTATE_SAVE_NAME);
+    }
+    /// Opens the delete confirmation over the manager.
+    static ui::Script deleteTwo() {
+        ui::Script script;
+        return script.clickCell(IDC_LSTATE_RES_LIST, 0, 0)
+            .press(VK_DOWN, ui::holdShift)
+            .click(IDC_LSTATE_RES_DELETE)
+            .waitForControl(IDC_LSTATE_DEL_PROMPT);
+    }
+    /// Leaves the dialog in front, and the manager behind it.
+    void manage(ui::Script script) {
+        script.press(VK_ESCAPE).waitForControl(IDC_LSTATE_RES_LIST).press(VK_ESCAPE);
+        ui::perform(script, [this] { runCommand(L"LAYERSTATE"); });
     }
 };
 
@@ -119,6 +149,33 @@ TEST_F(EveryModuleDialog, managerHasAControlForEachOfItsTips) {
               })
         .press(VK_ESCAPE);
     ui::perform(script, [this] { runCommand(L"LAYERSTATE"); });
+}
+
+TEST_F(EveryModuleDialog, newLayerState) {
+    ui::Script script = newState();
+    script.type(L"Lights"); // OK can be used then
+    expectAllReached(script, walked);
+    manage(script);
+    EXPECT_THAT(walked.stops, testing::SizeIs(5));
+}
+
+TEST_F(EveryModuleDialog, newLayerStateHasATipForEachControl) {
+    ui::Script script = newState();
+    manage(script.look("the tips",
+                       [](const ui::View& view) { expectTipsOfAll(view, L"KelLayerApps:SaveLayerStatesDialog"); }));
+}
+
+TEST_F(EveryModuleDialog, deleteConfirmation) {
+    ui::Script script = deleteTwo();
+    expectAllReached(script, walked);
+    manage(script);
+    EXPECT_THAT(walked.stops, testing::SizeIs(4));
+}
+
+TEST_F(EveryModuleDialog, deleteConfirmationHasATipForEachControl) {
+    ui::Script script = deleteTwo();
+    manage(script.look("the tips",
+                       [](const ui::View& view) { expectTipsOfAll(view, L"KelLayerApps:LayerStatesDelete"); }));
 }
 
 /// One dialog template of one language.

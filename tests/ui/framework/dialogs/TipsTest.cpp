@@ -102,6 +102,25 @@ TEST_F(Tips, thePointerOverAControlShowsItsTip) {
     dialog.run(script);
 }
 
+TEST_F(Tips, thePointerOverTheEditFieldOfAComboBoxShowsTheTipOfTheBox) {
+    dialog.setUp = [this] {
+        // In the place of a button, whose id it takes with it.
+        DestroyWindow(dialog.control(IDC_TEST_BUTTON));
+        CreateWindowExW(0, WC_COMBOBOXW, L"", WS_CHILD | WS_VISIBLE | CBS_DROPDOWN, 10, 10, 90, 100,
+                        dialog.GetSafeHwnd(), reinterpret_cast<HMENU>(INT_PTR{IDC_TEST_BUTTON}), nullptr, nullptr);
+        useTips(kTipFile);
+    };
+    ui::Script script;
+    pointAtControl(script, IDC_TEST_BUTTON);
+    script.look("the pointer is over the field", [this](const ui::View&) {
+        POINT point = {};
+        GetCursorPos(&point);
+        EXPECT_EQ(GetParent(WindowFromPoint(point)), dialog.control(IDC_TEST_BUTTON));
+    });
+    expectTip(script, L"What the button does");
+    dialog.run(script);
+}
+
 TEST_F(Tips, whileKeptOutNoTipShows) {
     ui::Script script = look("keep out", [&] { dialog.SetUseTips(0); });
     pointAtControl(script, IDC_TEST_BUTTON);

@@ -130,13 +130,20 @@ void addOrderSlips(const std::vector<HWND>& stops, std::vector<std::string>& fou
         found.insert(found.end(), back.begin(), back.end());
 }
 
+/// Where the focus is; in the edit field of a combo box, that is the box.
+HWND controlWithFocus() {
+    const HWND focus = GetFocus();
+    const HWND parent = GetParent(focus);
+    return isOfClass(parent, WC_COMBOBOXW) ? parent : focus;
+}
+
 /// The state of a walk while it goes on.
 class Walker {
   public:
     explicit Walker(Walk& walk) : m_walk(walk) {}
 
     ui::Obstacle step(const ui::View& view) {
-        const HWND focus = GetFocus();
+        const HWND focus = controlWithFocus();
         if (m_presses == 0)
             begin(view);
         else if (focus == m_last)
