@@ -20,6 +20,7 @@ constexpr const wchar_t* kHelpTopic = L"NEWLAYERSTATEDIALOG";
 
 BEGIN_MESSAGE_MAP(CLayerStatesSaveDlg, CKelUiDialog)
 ON_CBN_CLOSEUP(IDC_LSTATE_SAVE_NAME, &CLayerStatesSaveDlg::OnNameListClosed)
+ON_CBN_SELCHANGE(IDC_LSTATE_SAVE_NAME, &CLayerStatesSaveDlg::OnNameSelected)
 ON_CBN_EDITCHANGE(IDC_LSTATE_SAVE_NAME, &CLayerStatesSaveDlg::OnTextChanged)
 ON_EN_CHANGE(IDC_LSTATE_SAVE_DESCRIPTION, &CLayerStatesSaveDlg::OnTextChanged)
 ON_COMMAND(ID_HELP, &CLayerStatesSaveDlg::onHelpCommand)
@@ -96,6 +97,14 @@ void CLayerStatesSaveDlg::allowOkByName() {
 
 void CLayerStatesSaveDlg::OnTextChanged() {
     allowOkByName();
+}
+
+void CLayerStatesSaveDlg::OnNameSelected() {
+    // The arrow keys and the wheel put a name into the edit field with the list closed, and nothing else tells of it.
+    // At this time the field may still hold the old text.
+    m_nameCombo = static_cast<CComboBox*>(GetDlgItem(IDC_LSTATE_SAVE_NAME));
+    if (m_nameCombo->GetCurSel() >= 0)
+        GetDlgItem(IDOK)->EnableWindow(TRUE);
 }
 
 void CLayerStatesSaveDlg::OnNameListClosed() {

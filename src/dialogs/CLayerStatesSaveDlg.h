@@ -29,7 +29,11 @@ class CLayerStatesSaveDlg : public CKelUiDialog {
     void OnOK() override;
     void OnCancel() override;
     afx_msg void OnNameListClosed();
+    afx_msg void OnNameSelected();
     afx_msg void OnTextChanged();
+
+    /// The name to begin with, empty for none; after OK the one saved under.
+    CString m_stateName;
 
   private:
     void fillNames();
@@ -47,8 +51,6 @@ class CLayerStatesSaveDlg : public CKelUiDialog {
     /// The properties that a restore of the new state will apply: those of the state last picked from the list of
     /// names, and all when none was.
     LayerStateMask m_stateMask;
-    /// The name to begin with; after OK the one saved under.
-    CString m_stateName;
     CComboBox* m_nameCombo;
     CString m_stateDescription;
     bool m_calledFromEntry; ///< Written, never read, on purpose: both callers get the same dialog.

@@ -98,6 +98,12 @@ void HostTest::forgetDialogs() {
     RegDeleteTreeW(HKEY_CURRENT_USER, dialogRoot);
 }
 
+std::wstring HostTest::resourceText(unsigned int id) {
+    wchar_t text[512] = L"";
+    LoadStringW(GetModuleHandleW(L"KelLayerAppsRes.dll"), id, text, 512);
+    return text;
+}
+
 long HostTest::kept(const std::wstring& dialog, const std::wstring& key) {
     const std::optional<unsigned long> value = framework::DialogStore(dialog).number(key);
     return value ? static_cast<long>(*value) : -1;

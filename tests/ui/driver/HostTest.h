@@ -41,6 +41,9 @@ class HostTest : public testing::Test {
     /// Runs a registered command as the command line does.
     void runCommand(const std::wstring& name);
 
+    /// A text of the module's resources, in the language in which the module shows it.
+    static std::wstring resourceText(unsigned int id);
+
     /// What a dialog has kept under its name; -1 when it has kept nothing of that key.
     static long kept(const std::wstring& dialog, const std::wstring& key);
     /// Deletes what all dialogs have kept, so that each is as before its first run.

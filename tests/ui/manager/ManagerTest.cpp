@@ -38,12 +38,6 @@ TestDrawing ManagerTest::houseOnSite() {
     return house().reference(L"site", site);
 }
 
-std::wstring ManagerTest::resourceText(unsigned int id) {
-    wchar_t text[512] = L"";
-    LoadStringW(GetModuleHandleW(L"KelLayerAppsRes.dll"), id, text, 512);
-    return text;
-}
-
 LayerStateMask ManagerTest::shownMask(const View& view) {
     LayerStateMask mask = 0;
     for (const BoxBit& row : propertyBoxes)

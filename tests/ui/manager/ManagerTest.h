@@ -49,8 +49,6 @@ class ManagerTest : public ui::HostTest {
     /// A house with the site plan attached, whose states "site!Survey" and "site!Trees" stand below the house's own.
     static ui::TestDrawing houseOnSite();
 
-    /// A text of the resource module, in the language in which the module shows it.
-    static std::wstring resourceText(unsigned int id);
     /// The mask that the boxes show.
     static LayerStateMask shownMask(const ui::View& view);
     /// Which of the dialog's controls are enabled, of those whose enabled state ever changes.
