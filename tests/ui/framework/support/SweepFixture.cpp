@@ -55,7 +55,7 @@ void FrameworkSweep::answered(const std::function<void()>& action) {
 }
 
 std::set<std::string> FrameworkSweep::sweep(int mostCallsOfAFunction) {
-    const ImportFaults faults;
+    const ImportFaults faults(libraries);
     // Has the system and the libraries make what they make once and keep.
     for (int i = 0; i < 2; ++i)
         EXPECT_TRUE(scenario());

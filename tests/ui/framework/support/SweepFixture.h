@@ -31,6 +31,8 @@ class FrameworkSweep : public PickerFixture {
   protected:
     /// What is replayed. It answers whether all was done, and asserts what must hold in either case.
     std::function<bool()> scenario;
+    /// Whose calls of the system are made to fail; loaded when sweep() is called.
+    std::vector<std::wstring> libraries = {L"kelui.dll", L"kelmfc.dll"};
     /// True for a scenario with a dialog of the system that keeps a handle each time that it opens.
     bool systemKeepsHandles = false;
 
