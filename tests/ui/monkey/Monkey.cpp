@@ -2,6 +2,7 @@
 
 #include "Input.h"
 #include "View.h"
+#include "resources/resource.h"
 
 #include <array>
 #include <vector>
@@ -42,6 +43,11 @@ bool isFileDialog(HWND window) {
         if (isOfClass(child, L"SHELLDLL_DefView"))
             return true;
     return false;
+}
+
+bool isPushButton(HWND control) {
+    const LONG_PTR kind = GetWindowLongPtrW(control, GWL_STYLE) & BS_TYPEMASK;
+    return isOfClass(control, L"Button") && (kind == BS_PUSHBUTTON || kind == BS_DEFPUSHBUTTON);
 }
 
 bool opensHelp(HWND control) {
@@ -104,6 +110,17 @@ void Monkey::leave(HWND mainWindow) {
         PostMessageW(front, WM_CLOSE, 0, 0);
 }
 
+bool Monkey::openNewState() {
+    const HWND front = GetActiveWindow();
+    if (front == m_front || !GetDlgItem(front, IDC_LSTATE_RES_NEW))
+        return false;
+    m_front = front;
+    note("open the new layer state dialog");
+    PostMessageW(front, WM_COMMAND, IDC_LSTATE_RES_NEW,
+                 reinterpret_cast<LPARAM>(GetDlgItem(front, IDC_LSTATE_RES_NEW)));
+    return true;
+}
+
 void Monkey::actOnMain(HWND window) {
     switch (below(10)) {
     case 0:
@@ -128,23 +145,34 @@ void Monkey::actOnDialog(HWND window) {
         leave(nullptr);
         return;
     }
-    switch (below(8)) {
+    switch (below(11)) {
     case 0: {
         const std::wstring word = m_nonsense.word();
         note("type " + ui::narrow(word));
         ui::typeText(word);
         break;
     }
-    case 1:
+    case 1: {
+        const std::wstring name = m_nonsense.name();
+        note("type the name " + ui::narrow(name));
+        ui::typeText(name);
+        ui::pressKey(VK_RETURN);
+        break;
+    }
     case 2:
-    case 3: {
+    case 3:
+        clickSomeControl(window, isPushButton);
+        break;
+    case 4:
+    case 5:
+    case 6: {
         const Key& key = kDialogKeys[below(kDialogKeys.size())];
         note("press " + std::to_string(key.key) + " in " + ui::narrow(ui::textOf(window)));
         ui::pressKey(key.key, key.held);
         break;
     }
     default:
-        clickSomeControl(window);
+        clickSomeControl(window, [](HWND) { return true; });
     }
 }
 
@@ -195,8 +223,9 @@ void Monkey::useMouse(HWND window) {
     }
 }
 
-void Monkey::clickSomeControl(HWND window) {
-    const std::vector<HWND> controls = ui::visibleControls(window);
+void Monkey::clickSomeControl(HWND window, bool (*isMeant)(HWND)) {
+    std::vector<HWND> controls = ui::visibleControls(window);
+    std::erase_if(controls, [isMeant](HWND control) { return !isMeant(control); });
     if (controls.empty())
         return;
     const HWND control = controls[below(controls.size())];

@@ -20,6 +20,8 @@ class Monkey {
     void act(HWND mainWindow);
     /// Does one thing that brings the end of the life nearer: closes the window in front.
     void leave(HWND mainWindow);
+    /// Opens the new layer state dialog where the manager has just come to the front. Answers whether it has.
+    bool openNewState();
     long actions() const { return m_actions; }
 
   private:
@@ -28,14 +30,14 @@ class Monkey {
     void typeLine();
     void pressSomeKey();
     void useMouse(HWND window);
-    void clickSomeControl(HWND window);
+    void clickSomeControl(HWND window, bool (*isMeant)(HWND));
     void note(const std::string& what);
     std::size_t below(std::size_t bound) { return std::uniform_int_distribution<std::size_t>(0, bound - 1)(m_random); }
 
     std::mt19937 m_random;
     Nonsense m_nonsense;
     std::FILE* m_log;
-    HWND m_front = nullptr; // the dialog in front, and how long it has been
+    HWND m_front = nullptr; // the dialog in front at the last action in one, and how long it has been
     int m_patience = 0;
     long m_actions = 0;
 };

@@ -48,6 +48,10 @@ constexpr const wchar_t* kArguments[] = {L"*",
 constexpr const wchar_t* kFiles[] = {L"house.zdr", L"site.zdr", L"other.zdr", L"missing.zdr",
                                      L"text.zdr",  L"self.scr", L"lines.scr"};
 
+constexpr const wchar_t* kNames[] = {
+    L"Plumbing plan", L"PRESENTATION", L"  Demolition ", L"site!Access", L"100 % & %s", L"a<b", L" ",
+    L"\xFC\xDF\x4E2D"};
+
 constexpr const wchar_t* kFrequent[] = {L"LAYERSTATE", L"UNDO",       L"REDO",         L"ZOOM E", L"LAYER MAKE Monkey",
                                         L"MODEL",      L"VPORT none", L"LAYER THAW *", L"HELP",   L"SETVAR"};
 
@@ -60,6 +64,10 @@ std::wstring Nonsense::word() {
     for (std::size_t i = below(8) + 1; i > 0; --i)
         text += kLetters[below(std::size(kLetters) - 1)];
     return text;
+}
+
+std::wstring Nonsense::name() {
+    return below(2) == 0 ? word() : oneOf(kNames);
 }
 
 std::wstring Nonsense::argument() {

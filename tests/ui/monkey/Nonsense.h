@@ -13,6 +13,8 @@ class Nonsense {
     std::wstring line();
     /// A few letters, digits and signs; no path.
     std::wstring word();
+    /// A name for a layer state: new, taken in the sample, or refused.
+    std::wstring name();
 
   private:
     std::wstring argument();

@@ -56,7 +56,7 @@ struct Options {
 /// One life: a window with the module, from its opening to its end.
 class Life {
   public:
-    /// @param length none: no random input; only what the lines open is closed
+    /// @param length none: no random input; what the lines open is closed, and the manager's new layer state dialog too
     Life(Monkey& monkey, ui::Watchdog& watchdog, std::optional<std::chrono::milliseconds> length)
         : m_monkey(monkey), m_watchdog(watchdog), m_end(Clock::now() + length.value_or(0ms)), m_isRandom(length) {}
 
@@ -96,7 +96,7 @@ class Life {
         instruments::clearTrace();
         if (m_isRandom && Clock::now() < m_end)
             m_monkey.act(m_window);
-        else if (m_isRandom || GetActiveWindow() != m_window)
+        else if (m_isRandom || (GetActiveWindow() != m_window && !m_monkey.openNewState()))
             m_monkey.leave(m_window);
         m_inTick = false;
     }
