@@ -119,9 +119,11 @@ bool CLayerStatesRestoreDlg::deleteState(const wchar_t* name) {
 }
 
 void CLayerStatesRestoreDlg::selectAfterDelete(int first) {
+    // The button that was pressed may be disabled by now, and keys don't reach a dialog whose focus is there. So the
+    // list gets it even without rows.
+    m_stateList.SetFocus();
     const int rows = m_stateList.GetItemCount();
     if (rows > 0) {
-        m_stateList.SetFocus();
         m_stateList.SelectRow(first == rows ? first - 1 : first);
         return;
     }
