@@ -33,10 +33,10 @@ TEST_F(LongNames, inTheConfirmationOfADelete) {
         .press(VK_END)
         .press(VK_UP, ui::holdShift)
         .click(IDC_LSTATE_RES_DELETE)
-        .waitForControl(IDC_LSTATE_DEL_PROMPT)
+        .waitForControl(IDC_LSTATE_DEL_ALL)
         .then(pictureOfOurs("delete-states-long-word"))
         .click(IDC_LSTATE_DEL_THIS)
-        .waitForControl(IDC_LSTATE_DEL_PROMPT)
+        .waitForControl(IDC_LSTATE_DEL_ALL)
         .then(pictureOfOurs("delete-states-long-name"))
         .press(VK_ESCAPE)
         .click(IDC_LSTATE_RES_CLOSE);
