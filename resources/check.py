@@ -51,6 +51,10 @@ def mnemonic(control):
     return found and found.group(1).upper()
 
 
+def placeholders(text):
+    return re.findall(r"%[^%]", text.replace("%%", ""))
+
+
 def describe(control):
     return f'control {control.id if control.id != NO_ID else "without id"} "{control.text}"'
 
@@ -160,6 +164,7 @@ def check_template(where, dialog, names):
 def check_dialogs(module, ids, panel):
     wanted = {number: name for name, number in ids.items() if name.startswith("IDD_")}
     shapes = {}
+    formats = {}
     for language, dialogs in module.dialogs.items():
         for number in wanted.keys() ^ dialogs.keys():
             yield f"dialog {number}, language {language:#x}: without a name in resource.h, or without a template"
@@ -176,19 +181,22 @@ def check_dialogs(module, ids, panel):
             shape = [(control.id, control.kind, control.style) for control in dialog.controls]
             if shapes.setdefault(number, shape) != shape:
                 yield f"{where}: its controls aren't those of the other languages, in their order"
+            found = [placeholders(control.text) for control in dialog.controls]
+            if formats.setdefault(number, found) != found:
+                yield f"{where}: its placeholders aren't those of the other languages"
 
 
 def check_strings(module, ids):
     wanted = {number: name for name, number in ids.items() if name.startswith("IDS_")}
-    placeholders = {}
+    formats = {}
     for language, strings in module.strings.items():
         for number in sorted(wanted.keys() - strings.keys()):
             yield f"{wanted[number]}: no text in language {language:#x}"
         for number, text in sorted(strings.items()):
             if number not in wanted:
                 yield f"string {number}, language {language:#x}: has no name in resource.h"
-            found = re.findall(r"%[^%]", text.replace("%%", ""))
-            if placeholders.setdefault(number, found) != found:
+            found = placeholders(text)
+            if formats.setdefault(number, found) != found:
                 yield f"string {number}, language {language:#x}: its placeholders aren't those of the other languages"
 
 

@@ -218,6 +218,13 @@ class CheckTest(unittest.TestCase):
         self.module.strings[GERMAN][165] = "Aktuell: %d"
         self.expect("string 165", "placeholders")
 
+    def test_placeholders_of_a_control_that_differ(self):
+        for text, german in (("Delete %s?", "%d?"), ("Delete %s?", "?"), ("100 %%", "100 %s")):
+            with self.subTest(german=german):
+                self.control(200, check.NO_ID).text = text
+                self.control(200, check.NO_ID, GERMAN).text = german
+                self.expect("IDD_LSTATE_SAVE", "placeholders")
+
 
 if __name__ == "__main__":
     unittest.main()

@@ -60,7 +60,7 @@ BOOL CLayerStatesRestoreDlg::OnInitDialog() {
     repopulate();
     KelString lastRestored;
     showCurrentState(lastRestored);
-    selectFirstRow(lastRestored);
+    selectState(lastRestored.kwszPtr());
     updateControls();
     return TRUE;
 }
@@ -90,7 +90,7 @@ void CLayerStatesRestoreDlg::showCurrentState(KelString& lastRestored) {
     KelDbLayerStateManager* states = workingStates();
     if (!states)
         return;
-    // A state that no longer matches the drawing isn't shown as the current one, but selectFirstRow() still selects it.
+    // A state that no longer matches the drawing isn't shown as the current one, but OnInitDialog() still selects it.
     KelDbObjectId restoredId;
     const bool current = states->getLastRestoredLayerState(lastRestored, restoredId) == Vorn::eOk &&
                          states->compareLayerStateToDb(lastRestored.kwszPtr(), keledGetCurViewportObjectId());
@@ -100,9 +100,8 @@ void CLayerStatesRestoreDlg::showCurrentState(KelString& lastRestored) {
     m_controls.setText(IDC_LSTATE_RES_CURRENT, line);
 }
 
-void CLayerStatesRestoreDlg::selectFirstRow(const KelString& lastRestored) {
-    const int found = lastRestored.isEmpty() ? -1 : m_stateList.FindState(lastRestored.kwszPtr());
-    const int row = rowToSelect(m_stateList.GetItemCount(), found);
+void CLayerStatesRestoreDlg::selectState(const wchar_t* name) {
+    const int row = rowToSelect(m_stateList.GetItemCount(), m_stateList.FindState(name));
     if (row < 0)
         return;
     m_stateList.SelectRow(row);

@@ -51,9 +51,11 @@ class CLayerStatesRestoreDlg : public CKelUiDialog {
     void readOptions();
     void setUpList();
     void showCurrentState(KelString& lastRestored);
-    void selectFirstRow(const KelString& lastRestored);
 
     void repopulate();
+    /// Selects the state's row, or the first one when no row bears the name (an empty one neither), scrolls it into
+    /// view and gives the list the focus. Without rows nothing happens.
+    void selectState(const wchar_t* name);
     void updateControls();
     bool selectionHoldsDependent();
     /// Takes the row as the single selection and shows its mask; the mask, if it can be read.

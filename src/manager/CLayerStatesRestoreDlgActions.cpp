@@ -4,7 +4,6 @@
 #include "CLayerStatesDeleteDlg.h"
 #include "CLayerStatesSaveDlg.h"
 #include "CResourceScope.h"
-#include "ManagerLayout.h"
 #include "KelEditor.h"
 #include "ListRedrawLock.h"
 #include "MessageBoxes.h"
@@ -17,14 +16,8 @@ void CLayerStatesRestoreDlg::OnNew() {
     if (!workingStates() || dialog.DoModal() != IDOK)
         return;
     repopulate();
-    const CString name = dialog.GetStateName();
-    if (m_stateList.GetItemCount() == 0 || m_stateList.GetSelectedCount() != 0)
-        return;
-    const int found = name.IsEmpty() ? -1 : m_stateList.FindState(name);
-    const int row = rowToSelect(m_stateList.GetItemCount(), found);
-    m_stateList.SelectRow(row);
-    m_stateList.EnsureVisible(row, FALSE);
-    m_stateList.SetFocus();
+    if (m_stateList.GetSelectedCount() == 0)
+        selectState(dialog.GetStateName());
 }
 
 void CLayerStatesRestoreDlg::OnUpdate() {
@@ -126,9 +119,11 @@ bool CLayerStatesRestoreDlg::deleteState(const wchar_t* name) {
 }
 
 void CLayerStatesRestoreDlg::selectAfterDelete(int first) {
+    // The button that was pressed may be disabled by now, and keys don't reach a dialog whose focus is there. So the
+    // list gets it even without rows.
+    m_stateList.SetFocus();
     const int rows = m_stateList.GetItemCount();
     if (rows > 0) {
-        m_stateList.SetFocus();
         m_stateList.SelectRow(first == rows ? first - 1 : first);
         return;
     }

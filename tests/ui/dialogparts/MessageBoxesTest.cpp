@@ -58,3 +58,9 @@ TEST_F(MessageBoxes, aFailureIsTitledByTheSystemAndHasAnExclamation) {
         .click(IDOK);
     EXPECT_TRUE(ui::perform(std::move(script), [this] { showFailure(m_owner, kText); }));
 }
+
+TEST_F(MessageBoxes, aQuestionIsPutAgainWhenEscapeClosesIt) {
+    const Script escape = Script().press(VK_ESCAPE).waitForText(kText).press(VK_F4, ui::holdAlt).waitForText(kText);
+    EXPECT_FALSE(ask(Script().then(escape).click(IDNO)));
+    EXPECT_TRUE(ask(Script().then(escape).click(IDYES)));
+}

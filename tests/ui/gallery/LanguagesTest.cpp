@@ -4,6 +4,7 @@
 #include "GalleryTest.h"
 
 #include "LayoutProblems.h"
+#include "resources/resource.h"
 
 #include <set>
 
@@ -65,6 +66,23 @@ TEST_F(Languages, theTextsOfEachFitTheirControls) {
     }
     EXPECT_THAT(languages, testing::ElementsAre(MAKELANGID(LANG_GERMAN, SUBLANG_NEUTRAL),
                                                 MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US)));
+}
+
+TEST_F(Languages, thePromptBeforeADeleteHasRoomForTheLongestName) {
+    for (const Template& each : templatesOf(resources)) {
+        if (each.id != L"#" + std::to_wstring(IDD_LSTATE_DEL))
+            continue;
+        SCOPED_TRACE("language " + std::to_string(each.language));
+        const HWND dialog = show(each);
+        ASSERT_NE(dialog, nullptr);
+        std::wstring prompt = ui::View(dialog).text(IDC_LSTATE_DEL_PROMPT);
+        const std::size_t place = prompt.find(L"%s");
+        ASSERT_NE(place, std::wstring::npos);
+        prompt.replace(place, 2, std::wstring(255, L'W')); // the widest letter
+        SetDlgItemTextW(dialog, IDC_LSTATE_DEL_PROMPT, prompt.c_str());
+        EXPECT_THAT(gallery::layoutProblems(dialog), testing::IsEmpty());
+        DestroyWindow(dialog);
+    }
 }
 
 } // namespace

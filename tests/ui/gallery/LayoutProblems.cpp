@@ -82,7 +82,9 @@ SIZE textSize(const Control& control, int width) {
     RECT room{0, 0, width, 0};
     const UINT marks = isLabel(control) && (control.style & SS_NOPREFIX) ? DT_NOPREFIX : 0;
     const UINT lines = isLabel(control) && (control.style & SS_TYPEMASK) != SS_LEFTNOWORDWRAP ? DT_WORDBREAK : 0;
-    DrawTextW(dc, control.text.c_str(), -1, &room, DT_CALCRECT | marks | lines);
+    // Breaks a word that is wider than the label.
+    const UINT words = isLabel(control) && (control.style & SS_EDITCONTROL) ? DT_EDITCONTROL : 0;
+    DrawTextW(dc, control.text.c_str(), -1, &room, DT_CALCRECT | marks | lines | words);
     SelectObject(dc, former);
     ReleaseDC(control.window, dc);
     return {room.right - room.left, room.bottom - room.top};

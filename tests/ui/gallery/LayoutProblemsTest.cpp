@@ -56,6 +56,13 @@ TEST_F(Layout, textsThatAreCutOffAreFound) {
                                         StartsWith("the text is cut off")));
 }
 
+TEST_F(Layout, aWordWiderThanItsLabelIsCutOffUnlessTheLabelBreaksIt) {
+    put(L"Static", L"Alabelofoneverylongwordandnothingelse", 10, 20, 100, 60, SS_EDITCONTROL);
+    EXPECT_THAT(problems(), IsEmpty());
+    put(L"Static", L"Alabelofoneverylongwordandnothingelse", 10, 100, 100, 60);
+    EXPECT_THAT(problems(), ElementsAre(StartsWith("the text is cut off")));
+}
+
 TEST_F(Layout, controlsOverEachOtherOrOutsideAreFound) {
     put(L"Button", L"One", 10, 10, 75, 23);
     put(L"Button", L"Two", 80, 10, 75, 23);

@@ -6,6 +6,52 @@ using ui::Script;
 using ui::TestDrawing;
 using ui::View;
 
+Calls joined(std::initializer_list<Calls> parts) {
+    Calls all;
+    for (const Calls& part : parts)
+        all.insert(all.end(), part.begin(), part.end());
+    return all;
+}
+
+Calls callsOfService() {
+    return {"keldbHostApplicationServices()", "workingDatabase() = object", "getLayerStateManager() = object"};
+}
+
+namespace {
+
+std::string call(const char* operation, const std::string& name) {
+    return std::string(operation) + "(\"" + name + "\")";
+}
+
+Calls callsOfMask(const std::string& name, LayerStateMask mask) {
+    return {call("getLayerStateMask", name) + " = 0, mask=" + std::to_string(mask)};
+}
+
+Calls callsOfDescription(const std::string& name) {
+    return {call("getLayerStateDescription", name) + " = 0, description=\"\"", "keldbFree(\"\")"};
+}
+
+} // namespace
+
+Calls callsOfSelection(const std::string& name, LayerStateMask mask) {
+    return joined({{"keledGetCurViewportObjectId() = null"},
+                   callsOfService(),
+                   {call("isDependentLayerState", name) + " = false"},
+                   callsOfService(),
+                   callsOfMask(name, mask),
+                   callsOfDescription(name)});
+}
+
+Calls callsOfRow(const std::string& name, LayerStateMask mask) {
+    return joined(
+        {callsOfMask(name, mask),
+         {"keledGetCurViewportObjectId() = null", // the row has changed, and no row is selected
+          call("isDependentLayerState", name) + " = false", call("layerStateHasViewportData", name) + " = false",
+          "keldbGetReservedString(10, true) = \"Model\"", "keledGetCurViewportObjectId() = null",
+          "compareLayerStateToDb(\"" + name + "\", null) = true"},
+         callsOfDescription(name)});
+}
+
 void ManagerTest::SetUp() {
     HostTest::SetUp();
     loadModule();

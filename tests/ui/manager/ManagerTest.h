@@ -10,6 +10,7 @@
 #include <gmock/gmock.h>
 
 #include <array>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -32,6 +33,17 @@ inline constexpr std::array<BoxBit, 10> propertyBoxes = {{
     {IDC_LSTATE_RES_LINEWEIGHT, 128},
     {IDC_LSTATE_RES_PLOTSTYLE, 256},
 }};
+
+/// Host calls, as the lines of the trace.
+using Calls = std::vector<std::string>;
+Calls joined(std::initializer_list<Calls> parts);
+/// What is asked for before each use of the state service.
+Calls callsOfService();
+/// What a change of the selection asks for, with that state as the only selected one; in model space, without a
+/// description.
+Calls callsOfSelection(const std::string& name, LayerStateMask mask);
+/// What the list asks for when it fills the row of such a state, which is as the drawing is.
+Calls callsOfRow(const std::string& name, LayerStateMask mask);
 
 class ManagerTest : public ui::HostTest {
   protected:

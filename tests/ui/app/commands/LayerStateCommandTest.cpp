@@ -1,5 +1,6 @@
 // The layer states command in the Workbench: from the typed line to the changed drawing, and back by UNDO.
 
+#include "DrawingDifference.h"
 #include "HandmadeDrawing.h"
 #include "KelEditor.h"
 #include "ModuleLoader.h"
@@ -27,14 +28,15 @@ class LayerStatesTest : public WorkbenchTest {
     }
     ~LayerStatesTest() override { modules.unloadAll(); }
 
-    /// Layer "Red" is on; in the state "Without red" it is off.
+    /// Layer "Red" is on; in the state "Without red" it is off, and in "Attic" and "Cellar" as well.
     void writeDrawingWithState() {
         KelDbDatabase database(true, true);
         zdr::Drawing drawing = engine::drawingOf(database);
         const std::size_t red = handmade::addLayer(drawing, L"Red", {zdr::kLayerPlot, 1});
         handmade::addLine(drawing, red, 1000);
         engine::replaceDrawing(database, std::move(drawing));
-        EXPECT_EQ(database.getLayerStateManager()->saveLayerState(L"Without red", MaskAllProperties), Vorn::eOk);
+        for (const wchar_t* name : {L"Without red", L"Attic", L"Cellar"})
+            EXPECT_EQ(database.getLayerStateManager()->saveLayerState(name, MaskAllProperties), Vorn::eOk);
         engine::LayerValues values = engine::layerValues(database, red);
         values.flags |= zdr::kLayerOn;
         EXPECT_EQ(engine::setLayerValues(database, red, values), Vorn::eOk);
@@ -49,6 +51,43 @@ class LayerStatesTest : public WorkbenchTest {
             return !pixels.empty() && (std::count(pixels.begin(), pixels.end(), RGB(255, 0, 0)) > 100) == shown;
         });
         return script;
+    }
+
+    /// What makes the open drawing another one than that; a handle that was given away once isn't given again.
+    std::string differenceTo(zdr::Drawing drawing) {
+        drawing.nextHandle = session().drawing().nextHandle;
+        return difference(drawing, session().drawing());
+    }
+    /// Does something in the manager, and sees that one UNDO takes all of it back, and one REDO does it again.
+    void expectOneStep(const Script& action) {
+        zdr::Drawing before, after;
+        Script script;
+        script.then(command(L"OPEN " + path("states.zdr")))
+            .then(said(L"states.zdr"))
+            .look("the drawing before", [&](const View&) { before = session().drawing(); })
+            .then(command(L"LAYERSTATE"))
+            .waitForControl(IDC_LSTATE_RES_LIST)
+            .then(action)
+            .waitForControl(IDC_LSTATE_RES_LIST)
+            .click(IDC_LSTATE_RES_CLOSE)
+            .then(said(L"Command: LAYERSTATE"))
+            .look("the drawing after",
+                  [&](const View&) {
+                      after = session().drawing();
+                      EXPECT_NE(differenceTo(before), "");
+                  })
+            .then(command(L"UNDO"))
+            .then(said(L"The last change is undone."))
+            .look("as before", [&](const View&) { EXPECT_EQ(differenceTo(before), ""); })
+            .then(command(L"REDO"))
+            .then(said(L"The change is made again."))
+            .look("as after", [&](const View&) { EXPECT_EQ(differenceTo(after), ""); })
+            .then(command(L"UNDO"))
+            .then(command(L"UNDO"))
+            .then(said(L"There is nothing to undo"))
+            .then(command(L"QUIT"))
+            .then(answerBox(L"Save the changes to states.zdr?", IDNO));
+        runWith(script);
     }
 
     runtime::ModuleLoader modules;
@@ -101,4 +140,41 @@ TEST_F(LayerStatesTest, KeysOfTheCommandLineDoNothingBehindTheDialog) {
         .then(command(L"QUIT"));
     runWith(script);
     EXPECT_EQ(session().path(), L"") << "nothing was saved";
+}
+
+TEST_F(LayerStatesTest, AnUpdateIsOneStepOfUndo) {
+    expectOneStep(Script().click(IDC_LSTATE_RES_UPDATE).waitForControl(IDYES).click(IDYES));
+}
+
+TEST_F(LayerStatesTest, ANewStateIsOneStepOfUndo) {
+    expectOneStep(Script()
+                      .click(IDC_LSTATE_RES_NEW)
+                      .waitForControl(IDC_LSTATE_SAVE_NAME)
+                      .type(L"Roof")
+                      .press(VK_TAB)
+                      .type(L"Beams")
+                      .click(IDOK));
+}
+
+TEST_F(LayerStatesTest, ADeleteOfSeveralIsOneStepOfUndo) {
+    expectOneStep(Script()
+                      .press(VK_DOWN, ui::holdShift)
+                      .press(VK_DOWN, ui::holdShift)
+                      .click(IDC_LSTATE_RES_DELETE)
+                      .waitForControl(IDC_LSTATE_DEL_ALL)
+                      .click(IDC_LSTATE_DEL_THIS)
+                      .waitForControl(IDC_LSTATE_DEL_ALL)
+                      .click(IDC_LSTATE_DEL_ALL));
+}
+
+TEST_F(LayerStatesTest, AllThatOneRunOfTheManagerDidIsOneStepOfUndo) {
+    expectOneStep(Script()
+                      .click(IDC_LSTATE_RES_UPDATE)
+                      .waitForControl(IDYES)
+                      .click(IDYES)
+                      .waitForControl(IDC_LSTATE_RES_LIST)
+                      .clickCellOf(IDC_LSTATE_RES_LIST, L"Cellar")
+                      .click(IDC_LSTATE_RES_DELETE)
+                      .waitForControl(IDYES)
+                      .click(IDYES));
 }
