@@ -54,9 +54,11 @@ class CLayerStateListCtrl : public CCustomListCtrl {
     afx_msg void OnHeaderClick(NMHDR* header, LRESULT* result);
     afx_msg BOOL OnItemChanged(NMHDR* header, LRESULT* result);
     afx_msg void OnClick(NMHDR* header, LRESULT* result);
+    afx_msg void OnDeleteItem(NMHDR* header, LRESULT* result);
     afx_msg void OnHScroll(UINT code, UINT position, CScrollBar* bar);
     afx_msg void OnVScroll(UINT code, UINT position, CScrollBar* bar);
     afx_msg BOOL OnMouseWheel(UINT keys, short turned, CPoint point);
+    afx_msg LRESULT OnMouseHWheel(WPARAM, LPARAM);
     afx_msg void OnCellEditLeft(NMHDR* header, LRESULT* result);
     afx_msg void OnCellEditCancelled(NMHDR* header, LRESULT* result);
     afx_msg LRESULT OnEditLabel(WPARAM row, LPARAM);
@@ -89,8 +91,11 @@ class CLayerStateListCtrl : public CCustomListCtrl {
     bool KeepDescription(const CString& text);
     void CloseCell();
     void FocusBeforeScroll();
-    /// Keeps what is being typed into a cell.
-    /// @return false when the host or the user's next word on it is needed, so that the edit stays open
+    /// Keeps the description that is being typed.
+    /// @return false when the host refuses it, so that the editor stays open
+    bool FinishCellEdit();
+    /// Keeps the description or the name that is being typed.
+    /// @return false when an edit stays open: the host or the name's rules refuse the text
     bool FinishEdits();
 
     /// Rows change places, with all that belongs to them: nothing that the dialog has to know.

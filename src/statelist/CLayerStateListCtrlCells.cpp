@@ -116,10 +116,24 @@ void CLayerStateListCtrl::FocusBeforeScroll() {
         SetFocus();
 }
 
+bool CLayerStateListCtrl::FinishCellEdit() {
+    if (IsOpen())
+        SetFocus();
+    return !IsOpen();
+}
+
 bool CLayerStateListCtrl::FinishEdits() {
     if (::IsChild(m_hWnd, ::GetFocus()))
         SetFocus();
     return !IsOpen() && !m_labelEditActive;
+}
+
+void CLayerStateListCtrl::OnDeleteItem(NMHDR*, LRESULT* result) {
+    // Still open is only an editor whose text the host has refused. With this row the editor's own goes or moves, and
+    // the text would be kept for another state.
+    if (IsOpen())
+        EndCellEdit(true);
+    *result = 0;
 }
 
 void CLayerStateListCtrl::OnHScroll(UINT code, UINT position, CScrollBar* bar) {
@@ -135,4 +149,9 @@ void CLayerStateListCtrl::OnVScroll(UINT code, UINT position, CScrollBar* bar) {
 BOOL CLayerStateListCtrl::OnMouseWheel(UINT keys, short turned, CPoint point) {
     FocusBeforeScroll();
     return CCustomListCtrl::OnMouseWheel(keys, turned, point);
+}
+
+LRESULT CLayerStateListCtrl::OnMouseHWheel(WPARAM, LPARAM) {
+    FocusBeforeScroll();
+    return Default();
 }

@@ -10,6 +10,9 @@
 #include <cwchar>
 
 LRESULT CLayerStateListCtrl::OnEditLabel(WPARAM, LPARAM) {
+    // Of two editors each would end when the other takes the focus.
+    if (!FinishCellEdit())
+        return 0;
     // The message needs the style. At other times the list does without it: the platform would open the box by itself
     // after a slow second click on a name. The answer 1 to NM_CLICK is to keep it from that, but not every version of
     // the control heeds it, and one that is refused the box has by then selected its row alone.

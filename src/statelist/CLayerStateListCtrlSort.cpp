@@ -68,10 +68,10 @@ void CLayerStateListCtrl::OnHeaderClick(NMHDR* header, LRESULT* result) {
     const auto* click = reinterpret_cast<const NMHEADER*>(header);
     if (click->iButton != kLeftButton)
         return;
+    CWaitCursor wait;
     // An edit knows its cell by the row, which is about to move.
     if (!FinishEdits())
         return;
-    CWaitCursor wait;
     m_sortAscending = click->iItem == m_sortColumn ? !m_sortAscending : 1;
     m_sortColumn = click->iItem;
     ListRedrawLock quiet(*this);

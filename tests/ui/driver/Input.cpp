@@ -132,6 +132,14 @@ void click(int times, unsigned held) {
     g_lastClickTime = GetTickCount();
 }
 
+void click(OtherButton button) {
+    const bool right = button == OtherButton::right;
+    Batch batch;
+    batch.button(right ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_MIDDLEDOWN);
+    batch.button(right ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_MIDDLEUP);
+    batch.send();
+}
+
 void pressButton() {
     waitOutDoubleClick(g_target);
     Batch batch;

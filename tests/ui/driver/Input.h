@@ -18,6 +18,10 @@ bool pointerRestsAt(POINT point);
 /// Presses and releases the left button `times` times where the pointer rests; two make a double click. Waits first,
 /// where needed, so that a click isn't taken for the second half of an earlier double click.
 void click(int times = 1, unsigned held = holdNothing);
+/// The buttons that don't take part in double clicks here.
+enum class OtherButton { right, middle };
+/// Presses and releases another button than the left one where the pointer rests.
+void click(OtherButton button);
 /// Presses the left button where the pointer rests and leaves it down; a release is to follow.
 void pressButton();
 void releaseButton();

@@ -52,6 +52,21 @@ Obstacle clickSpaceTimes(const View& view, int list, int times) {
     return std::nullopt;
 }
 
+/// Does something with the mouse once it rests at that point.
+Obstacle actAt(std::optional<POINT> point, const std::function<void()>& act) {
+    if (!point)
+        return "there is no such place";
+    if (!pointerRestsAt(*point))
+        return pointerUnderWay;
+    act();
+    return std::nullopt;
+}
+
+std::optional<POINT> middleOfHeading(const View& view, int list, int column) {
+    const std::optional<RECT> heading = view.headingRect(list, column);
+    return heading ? std::optional(middleOf(*heading)) : std::nullopt;
+}
+
 } // namespace
 
 Script& Script::step(std::string what, std::function<Obstacle(const View&)> act, std::chrono::milliseconds bound,
@@ -106,6 +121,36 @@ Script& Script::clickCellOf(int list, std::wstring text, unsigned held, Where wh
     return step(
         "click the row \"" + narrow(text) + "\"",
         [=](const View& view) { return clickCellTimes(view, list, view.rowOf(list, text), 0, 1, held); },
+        std::chrono::seconds(5), where);
+}
+
+Script& Script::clickHeading(int list, int column, Where where) {
+    return clickPoint(
+        "the heading of column " + std::to_string(column),
+        [=](const View& view) { return middleOfHeading(view, list, column); }, where);
+}
+
+Script& Script::clickHeading(int list, int column, OtherButton button, Where where) {
+    return step(
+        "click the heading of column " + std::to_string(column) + " with another button",
+        [=](const View& view) { return actAt(middleOfHeading(view, list, column), [button] { ui::click(button); }); },
+        std::chrono::seconds(5), where);
+}
+
+Script& Script::clickPoint(std::string what, std::function<std::optional<POINT>(const View&)> point, Where where) {
+    return step(
+        "click " + std::move(what),
+        [point = std::move(point)](const View& view) { return actAt(point(view), [] { ui::click(); }); },
+        std::chrono::seconds(5), where);
+}
+
+Script& Script::turnWheel(std::string what, std::function<std::optional<POINT>(const View&)> point, int delta,
+                          Where where) {
+    return step(
+        "turn the wheel over " + std::move(what),
+        [point = std::move(point), delta](const View& view) {
+            return actAt(point(view), [delta] { ui::turnWheel(delta); });
+        },
         std::chrono::seconds(5), where);
 }
 

@@ -41,6 +41,14 @@ class Script {
     Script& doubleClickCell(int list, int row, int column, unsigned held = holdNothing, Where where = Where::current());
     /// Clicks the first cell of the row with that text.
     Script& clickCellOf(int list, std::wstring text, unsigned held = holdNothing, Where where = Where::current());
+    Script& clickHeading(int list, int column, Where where = Where::current());
+    Script& clickHeading(int list, int column, OtherButton button, Where where = Where::current());
+    /// Clicks a point of the screen, once there is one.
+    Script& clickPoint(std::string what, std::function<std::optional<POINT>(const View&)> point,
+                       Where where = Where::current());
+    /// Turns the wheel over a point of the screen, once there is one; WHEEL_DELTA is one step away from the user.
+    Script& turnWheel(std::string what, std::function<std::optional<POINT>(const View&)> point, int delta,
+                      Where where = Where::current());
     /// Double clicks the middle of a control.
     Script& doubleClick(int control, Where where = Where::current());
     /// Brings the pointer to rest over a control.

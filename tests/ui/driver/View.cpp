@@ -253,6 +253,15 @@ std::optional<RECT> View::cellRect(int list, int row, int column) const {
     return rect;
 }
 
+std::optional<RECT> View::headingRect(int list, int column) const {
+    const HWND header = ListView_GetHeader(control(list));
+    RECT rect{};
+    if (!Header_GetItemRect(header, column, &rect))
+        return std::nullopt;
+    MapWindowPoints(header, nullptr, reinterpret_cast<POINT*>(&rect), 2);
+    return rect;
+}
+
 std::optional<POINT> View::emptySpace(int list) const {
     const HWND window = control(list);
     RECT client{};

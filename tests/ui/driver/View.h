@@ -58,6 +58,8 @@ class View {
     bool isRowInView(int list, int row) const;
     /// The text of a cell in screen coordinates; none when the list has no such cell.
     std::optional<RECT> cellRect(int list, int row, int column) const;
+    /// A heading of the list in screen coordinates; none when the list has no such column.
+    std::optional<RECT> headingRect(int list, int column) const;
     /// A point of the list below all rows, in screen coordinates; none when the rows fill it.
     std::optional<POINT> emptySpace(int list) const;
 
