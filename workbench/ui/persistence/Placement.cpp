@@ -131,13 +131,11 @@ void keepPlacement(const std::wstring& dialogName, HWND window, Keep what) {
         return;
     const DialogStore store(dialogName, kGroup);
     // A user whose registry can't be written loses the placement, nothing else.
-    bool kept = store.setNumber(L"Left", static_cast<unsigned long>(rect.left)) &&
-                store.setNumber(L"Top", static_cast<unsigned long>(rect.top));
-    if (what == Keep::PositionAndSize)
-        kept = kept && store.setNumber(L"Width", static_cast<unsigned long>(rect.right - rect.left)) &&
-               store.setNumber(L"Height", static_cast<unsigned long>(rect.bottom - rect.top)) &&
-               keepScaling(store, window);
-    static_cast<void>(kept);
+    [[maybe_unused]] const bool kept =
+        store.setNumber(L"Left", static_cast<unsigned long>(rect.left)) &&
+        store.setNumber(L"Top", static_cast<unsigned long>(rect.top)) && what == Keep::PositionAndSize &&
+        store.setNumber(L"Width", static_cast<unsigned long>(rect.right - rect.left)) &&
+        store.setNumber(L"Height", static_cast<unsigned long>(rect.bottom - rect.top)) && keepScaling(store, window);
 }
 
 std::optional<int> scalingIn(const DialogStore& store) {

@@ -26,6 +26,7 @@ TEST(PlaceOnWorkAreas, leavesWhatLiesWhollyOnOne) {
 TEST(PlaceOnWorkAreas, movesWhatStandsOutBackOntoTheOneThatItTouchesMost) {
     EXPECT_EQ(placeOnWorkAreas({-50, 700, 150, 900}, kTwoMonitors), (RECT{0, 600, 200, 800}));
     EXPECT_EQ(placeOnWorkAreas({950, 100, 1150, 200}, kTwoMonitors), (RECT{1000, 100, 1200, 200}));
+    EXPECT_EQ(placeOnWorkAreas({800, 100, 1100, 200}, kTwoMonitors), (RECT{700, 100, 1000, 200}));
 }
 
 TEST(PlaceOnWorkAreas, takesTheFirstForWhatTouchesNone) {
@@ -254,6 +255,16 @@ TEST_F(Placement, aDialogThatEndsBeforeItIsShownKeepsNothing) {
     };
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
     EXPECT_EQ(open(IDD_FIXED, false).left, 333);
+}
+
+TEST_F(Placement, aDialogThatIsHiddenAndShownAgainStaysWhereItHasBeenMoved) {
+    keep(333, 222, 300, 200);
+    open(IDD_FIXED, false, [](HWND dialog) {
+        SetWindowPos(dialog, nullptr, 444, 111, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+        ShowWindow(dialog, SW_HIDE);
+        ShowWindow(dialog, SW_SHOW);
+        EXPECT_EQ(screenRect(dialog).left, 444);
+    });
 }
 
 TEST_F(Placement, aDialogOpensWhereItWasClosedWhateverItStandsOver) {
