@@ -68,9 +68,10 @@ class KELUI_API COrvUiDialog : public COrvUiBaseDialog {
     COrvUiDialog(UINT templateId, CWnd* parent, HINSTANCE resources);
     ~COrvUiDialog() override;
 
-    /// The key under which everything of this dialog is kept from one run to the next. Before the base OnInitDialog.
+    /// The key under which everything of this dialog is kept from one run to the next, its position from the start.
+    /// Before the base OnInitDialog, which puts the dialog back to where one of this name was closed last.
     void SetDialogName(const wchar_t* name);
-    /// 1 turns on the saving of the dialog's placement.
+    /// 1 turns on the saving of the dialog's size. Its position is saved without it, where the dialog has a name.
     void SetPersistency(int on);
     /// Non-zero if the value exists; a missing one leaves `value` as it was.
     BOOL GetDialogData(const wchar_t* key, unsigned long& value);
@@ -92,6 +93,7 @@ class KELUI_API COrvUiDialog : public COrvUiBaseDialog {
     DECLARE_MESSAGE_MAP()
     afx_msg void OnDestroy();
     afx_msg LRESULT OnDpiChanged(WPARAM dpi, LPARAM place);
+    afx_msg void OnShowWindow(BOOL show, UINT status);
     afx_msg void OnSize(UINT type, int width, int height);
     afx_msg void OnGetMinMaxInfo(MINMAXINFO* info);
 

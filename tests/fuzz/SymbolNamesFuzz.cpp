@@ -1,5 +1,6 @@
 // Fuzzer of symbol names: a name that the rules allow serves as the name of a layer, a state and an application, is
-// found in any case, and survives its file; one that they don't allow changes nothing.
+// found in any case, and survives its file; one that they don't allow changes nothing, and is mended to one that they
+// do.
 //
 // The input is a text in 16-bit units, the low byte first; the first zero ends the name, and what follows is another
 // one.
@@ -42,6 +43,17 @@ bool isAllowed(const std::wstring& name) {
     return harmless && !name.empty() && zdr::lengthInUnits(name) <= 255;
 }
 
+void checkMending(const std::wstring& name) {
+    const std::wstring mended = engine::mendedStateName(name);
+    stopUnless(engine::checkStateName(mended) == Vorn::eOk, "a mended name isn't allowed", zdr::toUtf8(name));
+    const bool allowed = engine::checkStateName(name) == Vorn::eOk;
+    stopUnless(allowed == (mended == name), "mending changes a name that is allowed, or leaves another",
+               zdr::toUtf8(name));
+    const bool hidden = name.starts_with(L'*') && isAllowed(name.substr(1)) && zdr::lengthInUnits(name) <= 255;
+    stopUnless(allowed == (hidden || isAllowed(name)), "the rules of states allow another name than they say",
+               zdr::toUtf8(name));
+}
+
 void checkUse(const std::wstring& name) {
     KelDbDatabase database(true, false);
     KelDbLayerStateManager& states = *database.getLayerStateManager();
@@ -78,6 +90,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     const auto& services = *KelDbSymbolUtilities::servicesPtr106();
     stopUnless((services.validateSymbolName(name.c_str(), false) == Vorn::eOk) == isAllowed(name),
                "the host's service judges otherwise", zdr::toUtf8(name));
+    checkMending(name);
     checkUse(name);
     return 0;
 }

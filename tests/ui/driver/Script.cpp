@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cwctype>
+#include <memory>
 
 namespace ui {
 
@@ -175,6 +176,37 @@ Script& Script::hover(int control, Where where) {
             if (!pointerRestsAt(middleOf(view.rect(control))))
                 return pointerUnderWay;
             return std::nullopt;
+        },
+        std::chrono::seconds(5), where);
+}
+
+Script& Script::dragWindow(LONG right, LONG down, Where where) {
+    const auto from = std::make_shared<RECT>();
+    const auto grip = [from](LONG x, LONG y) -> Obstacle {
+        const LONG frame = GetSystemMetrics(SM_CYFIXEDFRAME), middle = frame + GetSystemMetrics(SM_CYCAPTION) / 2;
+        if (!pointerRestsAt({from->left + 2 * middle + x, from->top + middle + y}))
+            return pointerUnderWay;
+        return std::nullopt;
+    };
+    const auto add = [&](const char* what, std::function<Obstacle(const View&)> act) {
+        step(what, std::move(act), std::chrono::seconds(5), where);
+    };
+    add("point at the caption", [from, grip](const View& view) {
+        *from = view.rect();
+        return grip(0, 0);
+    });
+    look(
+        "press the button over the caption", [](const View&) { pressButton(); }, where);
+    add("drag the caption", [=](const View&) { return grip(right, down); });
+    look(
+        "let the caption go", [](const View&) { releaseButton(); }, where);
+    return waitUntil(
+        "the window has moved",
+        [=](const View& view) {
+            RECT wanted = *from;
+            OffsetRect(&wanted, right, down);
+            const RECT now = view.rect();
+            return EqualRect(&now, &wanted) != FALSE;
         },
         std::chrono::seconds(5), where);
 }

@@ -53,6 +53,9 @@ class Script {
     Script& doubleClick(int control, Where where = Where::current());
     /// Brings the pointer to rest over a control.
     Script& hover(int control, Where where = Where::current());
+    /// Drags the window by the left end of its caption, which must be on the screen, and waits until it has moved as
+    /// far.
+    Script& dragWindow(LONG right, LONG down, Where where = Where::current());
     Script& clickEmptySpace(int list, Where where = Where::current());
     Script& doubleClickEmptySpace(int list, Where where = Where::current());
     Script& press(WORD key, unsigned held = holdNothing, Where where = Where::current());

@@ -230,6 +230,43 @@ TEST_F(NestedReferences, ThatAreNotThereLeaveTheirLayersUnresolved) {
     EXPECT_EQ(restore(L"Plan"), Vorn::eOk);
 }
 
+TEST_F(NestedReferences, TellWhichOfTheirStatesTheirFilesCallOtherwise) {
+    zdr::Drawing garden = *site(), plot = *showing({{L"garden", nullptr}});
+    garden.mendedStates = {{L"Sum/mer", L"Summer"}};
+    plot.references[0].drawing = std::make_shared<const zdr::Drawing>(garden);
+    plot.mendedStates = {{L"a:b", L"a_b"}};
+    const auto told = [this] {
+        std::vector<std::wstring> names;
+        for (const zdr::MendedName& name : drawing().mendedStates)
+            names.push_back(name.was + L" " + name.now);
+        return names;
+    };
+    for (int time = 0; time < 2; ++time) {
+        engine::attachReference(m_database, 0, std::make_shared<const zdr::Drawing>(plot));
+        EXPECT_THAT(told(), ElementsAre(L"site!a:b site!a_b", L"site!garden!Sum/mer site!garden!Summer"));
+    }
+    zdr::Drawing again = drawing();
+    again.mendedStates.insert(again.mendedStates.begin(), {L"own?", L"own_"});
+    use(std::move(again));
+    EXPECT_THAT(told(), ElementsAre(L"own? own_", L"site!a:b site!a_b", L"site!garden!Sum/mer site!garden!Summer"));
+    detach();
+    EXPECT_THAT(told(), ElementsAre(L"own? own_"));
+}
+
+TEST_F(NestedReferences, AreFollowedByTheLastRestoredStateWhereTheirFileCallsItOtherwise) {
+    zdr::Drawing garden = *site();
+    garden.mendedStates = {{L"Sum/mer", L"Summer"}};
+    zdr::Drawing outer = drawing();
+    outer.lastRestored = L"SITE!garden!sum/mer";
+    outer.references[0].drawing = showing({{L"garden", std::make_shared<const zdr::Drawing>(garden)}});
+    use(std::move(outer));
+    EXPECT_EQ(drawing().lastRestored, L"site!garden!Summer");
+    KelString name;
+    KelDbObjectId id;
+    EXPECT_EQ(states().getLastRestoredLayerState(name, id), Vorn::eOk);
+    EXPECT_STREQ(name.kwszPtr(), L"site!garden!Summer");
+}
+
 TEST_F(NestedReferences, OfAnyDepthAreAttached) {
     constexpr int depth = 200;
     std::shared_ptr<const zdr::Drawing> drawing = site();

@@ -1,6 +1,7 @@
 // The host's value types and its rules for names: colours, handles, chains, texts, numbers.
 
 #include "EngineTest.h"
+#include "values/NameRules.h"
 
 #include <set>
 
@@ -204,6 +205,16 @@ TEST_F(NameRules, CountLengthAlikeOnEverySystem) {
     for (int i = 0; i < 128; ++i)
         pairs += L"\U0001F3E0";
     EXPECT_EQ(check(pairs), Vorn::eNameTooLong); // 256 units of 16 bits
+}
+
+TEST_F(NameRules, LetAHiddenStateHaveAStarBeforeAnAllowedName) {
+    EXPECT_EQ(engine::checkStateName(L"auto"), Vorn::eOk);
+    EXPECT_EQ(engine::checkStateName(L"*auto"), Vorn::eOk);
+    for (const wchar_t* name : {L"", L"*", L"**auto", L"a*", L"*a/b", L"*site!auto"})
+        EXPECT_EQ(engine::checkStateName(name), Vorn::eInvalidInput) << testing::PrintToString(std::wstring(name));
+    EXPECT_EQ(engine::checkStateName(L"*" + std::wstring(254, L'x')), Vorn::eOk);
+    EXPECT_EQ(engine::checkStateName(L"*" + std::wstring(255, L'x')), Vorn::eNameTooLong);
+    EXPECT_EQ(check(L"*auto"), Vorn::eInvalidInput) << "no one may give such a name";
 }
 
 TEST_F(NameRules, OldNamesAreShortAndPlain) {

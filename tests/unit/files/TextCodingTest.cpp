@@ -48,6 +48,18 @@ TEST(TextCoding, bytesThatAreNotUtf8AreRefused) {
         EXPECT_EQ(fromUtf8(bytes), std::nullopt) << bytes;
 }
 
+TEST(TextCoding, aCutTextHasWholeCharactersAlone) {
+    const std::wstring text = *fromUtf8("a\xC3\x9F\xF0\x9F\x8F\xA0z"); // of 1, 1, 2 and 1 units
+    const auto units = [&text](std::size_t most) { return zdr::lengthInUnits(zdr::cutToUnits(text, most)); };
+    EXPECT_EQ(units(0), 0u);
+    EXPECT_EQ(units(2), 2u);
+    EXPECT_EQ(units(3), 2u);
+    EXPECT_EQ(units(4), 4u);
+    EXPECT_EQ(zdr::cutToUnits(text, 5), text);
+    EXPECT_EQ(zdr::cutToUnits(text, 100), text);
+    EXPECT_EQ(zdr::cutToUnits(L"", 3), L"");
+}
+
 TEST(TextCoding, aPathGoesToTheSystemAndBack) {
     const std::wstring name = L"H\x00E4user \x2014 \U0001F600.zdr";
     EXPECT_EQ(zdr::widePath(zdr::systemPath(name)), name);

@@ -41,6 +41,8 @@ std::vector<Fault> faults() {
         {"aStateWithoutName", [](Drawing& d) { d.states[1].name.clear(); }, "layer state 2 has no name"},
         {"aNameThatIsTooLong", [](Drawing& d) { d.states[1].name.assign(256, L'x'); },
          "has a name of 256 characters; names have at most 255"},
+        {"aStateNameThatIsNotAllowed", [](Drawing& d) { d.states[1].name = L"a/b"; },
+         "layer state 2 (\"a/b\") has a character in its name that isn't allowed there"},
         {"aHandleTwice", [](Drawing& d) { d.linetypes[1].handle = 5; },
          "has the handle 5, which is the handle of linetype 2"},
         {"noHandle", [](Drawing& d) { d.layers[1].handle = 0; }, "layer 2 (\"A-WALL\") has no handle"},

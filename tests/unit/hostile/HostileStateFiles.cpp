@@ -93,6 +93,8 @@ std::vector<Attack> falseHeaders() {
         content("controlCharacterInTheName", with("Gro\xC3\x9F", "a\\u001Fb"), "\"name\" that isn't allowed"),
         content("zeroInTheName", with("Gro\xC3\x9F", "a\\u0000b"), "\"name\" that holds characters that no text has"),
         content("nameOfAReference", with("Gro\xC3\x9F", "plan!Gro"), "\"name\" that isn't allowed: \"plan!Gro\""),
+        content("hiddenName", with("Gro\xC3\x9F", "*Gro"), "\"name\" that isn't allowed: \"*Gro\""),
+        content("colonInTheName", with("Gro\xC3\x9F", "a:b"), "\"name\" that isn't allowed: \"a:b\""),
         content("nameTooLong", with("Gro\xC3\x9F", std::string(256, 'x')), "\"name\" that isn't allowed",
                 Vorn::eNameTooLong),
         content("halfACharacter", with("Gro\xC3\x9F", "\\uD83D"), "from line 3, column "),

@@ -10,6 +10,7 @@
 #include "engine/DatabaseAccess.h"
 #include "files/References.h"
 #include "files/TextCoding.h"
+#include "values/NameRules.h"
 
 #include <algorithm>
 #include <numbers>
@@ -131,6 +132,7 @@ void attach(Session& session, const CommandText& text) {
     zdr::Drawing drawing = session.drawing();
     drawing.references.push_back(reference);
     session.rebuild(std::move(drawing));
+    session.tellMendedNames(reference.name + engine::kReferenceSeparator);
     session.window().print(quotation(reference.name) + L" is attached." + kForGood);
 }
 
@@ -139,11 +141,13 @@ void reload(Session& session, const CommandText& text) {
     for (const std::size_t reference : referencesNamed(session, text)) {
         std::wstring reason;
         const auto drawing = readReferenced(session, session.drawing().references[reference], reason);
-        if (drawing)
-            engine::attachReference(session.database(), reference, drawing);
-        else
+        if (!drawing) {
             session.window().print(nameOf(session, reference) + L" stays as it is: " + reason + L"\n");
-        done += drawing != nullptr;
+            continue;
+        }
+        engine::attachReference(session.database(), reference, drawing);
+        session.tellMendedNames(session.drawing().references[reference].name + engine::kReferenceSeparator);
+        ++done;
     }
     if (done == 0)
         return;

@@ -3,6 +3,7 @@
 #include "CommandText.h"
 #include "Documents.h"
 #include "KelEditor.h"
+#include "MendedNames.h"
 
 #include "engine/DatabaseAccess.h"
 #include "files/DrawingFile.h"
@@ -140,7 +141,13 @@ void Session::open(const std::wstring& path) {
     m_window.drawingReplaced();
     for (const zdr::ReferenceProblem& problem : problems)
         m_window.print(L"Reference \"" + problem.name + L"\" is not shown: " + problem.reason + L"\n");
+    tellMendedNames();
     m_window.print(L"Opened " + full + L".\n");
+}
+
+void Session::tellMendedNames(std::wstring_view prefix) {
+    if (const std::wstring text = mendedNamesText(drawing(), prefix); !text.empty())
+        m_window.print(text);
 }
 
 bool Session::write(const std::wstring& path, zdr::FileStamp stamp) {

@@ -53,6 +53,9 @@ class Session {
     void change(const std::function<void(KelDbDatabase&)>& step);
     /// Puts another content into the open drawing. That counts as a change of it, but can't be undone.
     void rebuild(zdr::Drawing drawing);
+    /// Tells which layer states got other names when their file was read; of them those alone whose new names begin
+    /// with `prefix`.
+    void tellMendedNames(std::wstring_view prefix = {});
     /// Runs a command of a module; what it changes is one step of undo.
     void runModuleCommand(void (*function)());
 

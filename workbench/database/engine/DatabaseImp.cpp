@@ -126,6 +126,11 @@ void DatabaseImp::setReferenceDrawing(std::size_t reference, std::shared_ptr<con
     m_drawing.references[reference].drawing = std::move(drawing);
 }
 
+void DatabaseImp::dropMendedStates(std::wstring_view prefix) {
+    std::erase_if(m_drawing.mendedStates,
+                  [prefix](const zdr::MendedName& name) { return name.now.starts_with(prefix); });
+}
+
 bool DatabaseImp::undo() {
     const std::optional<Parts> parts = m_history.undoable();
     if (!parts)

@@ -86,6 +86,8 @@ class DatabaseImp : public KelDbImpDatabase {
     void appendLayers(std::vector<WholeLayer> layers);
     void followLinetype(std::size_t index, zdr::Linetype theirs);
     void followLayer(std::size_t index, std::wstring description, bool unresolvedInside);
+    void appendMendedState(zdr::MendedName name) { m_drawing.mendedStates.push_back(std::move(name)); }
+    void dropMendedStates(std::wstring_view prefix);
     void setReferenceDrawing(std::size_t reference, std::shared_ptr<const zdr::Drawing> drawing);
     UndoHistory& history() { return m_history; }
     const UndoHistory& history() const { return m_history; }

@@ -33,6 +33,7 @@ class Attachment {
         m_database.appendLayers(std::move(m_fresh));
         for (const zdr::LayerState& state : m_from.states)
             enterState(state);
+        enterMendedStates();
     }
 
   private:
@@ -129,6 +130,17 @@ class Attachment {
         m_database.insertState(std::move(state), m_database.drawing().states.size());
     }
 
+    // The drawing may have kept as its last restored state one that its reference's file calls otherwise.
+    void enterMendedStates() {
+        for (const zdr::MendedName& theirs : m_from.mendedStates) {
+            zdr::MendedName name{m_prefix + theirs.was, m_prefix + theirs.now};
+            const std::optional<std::wstring>& last = m_database.drawing().lastRestored;
+            if (last && zdr::equalFolded(*last, name.was))
+                m_database.setLastRestored(name.now);
+            m_database.appendMendedState(std::move(name));
+        }
+    }
+
     DatabaseImp& m_database;
     const std::size_t m_reference;
     const zdr::Drawing& m_from;
@@ -155,6 +167,7 @@ void dropStates(DatabaseImp& database, std::size_t reference) {
     for (std::size_t index = database.drawing().states.size(); index-- > 0;)
         if (database.drawing().states[index].reference == reference)
             database.removeState(index);
+    database.dropMendedStates(database.drawing().references[reference].name + kReferenceSeparator);
 }
 
 // A copy of a referenced drawing with its own references attached, so that their layers come along with its own as

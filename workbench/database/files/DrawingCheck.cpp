@@ -164,6 +164,8 @@ void DrawingCheck::checkStates() {
             continue; // belongs to another file
         const Place place{L"layer state", i, state.name};
         names.add(state.name, place);
+        if (engine::checkStateName(state.name) != Vorn::eOk)
+            refuse(place, L"has a character in its name that isn't allowed there");
         checkHandle(state.handle, place);
         if (!state.layers)
             refuse(place, L"has no layers");

@@ -4,6 +4,7 @@
 #include "DrawingCheck.h"
 #include "EntityCoding.h"
 #include "FileFormat.h"
+#include "NameMending.h"
 #include "ReadContext.h"
 
 #include <algorithm>
@@ -50,6 +51,7 @@ Drawing DrawingReader::read() {
     readApplications();
     readCurrent();
     giveHandles();
+    mendStateNames(m_drawing);
     check();
     return std::move(m_drawing);
 }

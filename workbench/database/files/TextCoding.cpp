@@ -132,6 +132,16 @@ std::size_t lengthInUnits(std::wstring_view text) {
                              text, [](wchar_t c) { return static_cast<std::uint64_t>(c) >> 16 != 0; }));
 }
 
+std::wstring_view cutToUnits(std::wstring_view text, std::size_t most) {
+    std::size_t end = 0;
+    for (std::size_t next = 0, units = 0; end < text.size(); end = next) {
+        units += nextCode(text, next) < 0x10000 ? 1 : 2;
+        if (units > most)
+            break;
+    }
+    return text.substr(0, end);
+}
+
 std::filesystem::path systemPath(const std::wstring& path) {
 #if defined(_WIN32)
     return std::filesystem::path(path);

@@ -21,6 +21,9 @@ KELDB_API std::optional<std::wstring> fromUtf8(std::string_view bytes);
 /// The length of a wide text in 16-bit units, which is the same on every system.
 KELDB_API std::size_t lengthInUnits(std::wstring_view text);
 
+/// The beginning of a wide text that has at most `most` 16-bit units; the last character is whole.
+KELDB_API std::wstring_view cutToUnits(std::wstring_view text, std::size_t most);
+
 /// A path as the system takes it. Where `\` doesn't separate folders it is read as `/`, so that a relative path written
 /// on Windows is found everywhere.
 KELDB_API std::filesystem::path systemPath(const std::wstring& path);

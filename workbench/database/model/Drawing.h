@@ -143,6 +143,12 @@ struct ExtendedData {
     std::vector<ExtendedValue> values; ///< without the node that names the application
 };
 
+/// A layer state whose name the file had otherwise. One of a reference has the reference's name in
+/// front of both.
+struct MendedName {
+    std::wstring was, now;
+};
+
 struct Drawing {
     NameTable names;
     Handle nextHandle = 1;
@@ -155,6 +161,7 @@ struct Drawing {
     std::size_t currentLayer = 0;
     std::vector<LayerState> states;           ///< drawing order; those of references come last
     std::optional<std::wstring> lastRestored; ///< name of a state
+    std::vector<MendedName> mendedStates;     ///< when the drawing was read; not saved
     std::vector<Entity> entities;             ///< in model space
     std::vector<Layout> layouts;
     std::optional<std::size_t> activeLayout; ///< none: the model tab

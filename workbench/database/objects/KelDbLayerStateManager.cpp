@@ -6,6 +6,7 @@
 #include "instruments/HostCalls.h"
 #include "ObjectState.h"
 #include "statefile/StateFile.h"
+#include "values/NameRules.h"
 #include "values/RuntimeStrings.h"
 
 using instruments::HostCall;
@@ -76,7 +77,7 @@ Vorn::ErrorStatus KelDbLayerStateManager::getLayerStateNames(KelArray<KelString>
         return call.answer(*status);
     names.setLogicalLength(0);
     for (const zdr::LayerState& state : of(m_database).drawing().states) {
-        const bool hidden = state.name.starts_with(L'*');
+        const bool hidden = state.name.starts_with(engine::kHiddenMark);
         const bool dependent = state.reference != zdr::kNone;
         if ((includeHidden || !hidden) && (includeDependent || !dependent))
             names.append(state.name.c_str());

@@ -37,6 +37,21 @@ Vorn::ErrorStatus checkName(std::wstring_view name, bool allowVerticalBar, bool 
     return zdr::lengthInUnits(name) > (extended ? kMaxNameLength : kMaxOldNameLength) ? Vorn::eNameTooLong : Vorn::eOk;
 }
 
+Vorn::ErrorStatus checkStateName(std::wstring_view name) {
+    const bool hidden = name.starts_with(kHiddenMark);
+    const Vorn::ErrorStatus status = checkName(name.substr(hidden ? 1 : 0));
+    return status == Vorn::eOk && zdr::lengthInUnits(name) > kMaxNameLength ? Vorn::eNameTooLong : status;
+}
+
+std::wstring mendedStateName(std::wstring_view name) {
+    const std::size_t mark = name.starts_with(kHiddenMark) ? 1 : 0;
+    std::wstring mended(zdr::cutToUnits(name, kMaxNameLength));
+    std::replace_if(
+        mended.begin() + static_cast<std::ptrdiff_t>(mark), mended.end(),
+        [](wchar_t c) { return !allowedInExtendedName(c, false); }, L'_');
+    return mended.size() == mark ? mended + L"Unnamed" : mended;
+}
+
 bool isReservedLayer(std::wstring_view name) {
     return zdr::equalFolded(name, L"ReferencePoints");
 }

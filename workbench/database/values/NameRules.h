@@ -1,8 +1,10 @@
 // What a name may look like: of layers, of layer states, of registered applications.
 #pragma once
 
+#include "KelExport.h"
 #include "VornStatus.h"
 
+#include <string>
 #include <string_view>
 
 namespace engine {
@@ -26,5 +28,14 @@ inline Vorn::ErrorStatus checkName(std::wstring_view name) {
     return checkName(name, false, true);
 }
 bool isReservedLayer(std::wstring_view name);
+
+/// Stands before the name of a layer state that lists don't show; part of no other name.
+inline constexpr wchar_t kHiddenMark = L'*';
+/// The rules for the name of a state that a drawing holds: those for a name given today, but a hidden one has the mark
+/// in front, which counts for its length.
+KELDB_API Vorn::ErrorStatus checkStateName(std::wstring_view name);
+/// The nearest name that checkStateName() allows, which is `name` itself when that is allowed: with '_' for what is not
+/// allowed, cut where it is too long, "Unnamed" where there is none.
+std::wstring mendedStateName(std::wstring_view name);
 
 } // namespace engine

@@ -9,16 +9,21 @@
 #include "persistence/DialogStore.h"
 #include "persistence/Placement.h"
 
+#include <utility>
+
 using framework::DialogStore;
 using instruments::HostCall;
 
 struct COrvUiDialog::Layout {
     framework::ResizeTable table;
+    std::optional<framework::KeptPlacement> kept; // of the dialog that was closed last under this name
+    bool wasShown = false;
 };
 
 BEGIN_MESSAGE_MAP(COrvUiDialog, COrvUiBaseDialog)
 ON_WM_DESTROY()
 ON_MESSAGE(WM_DPICHANGED, OnDpiChanged)
+ON_WM_SHOWWINDOW()
 ON_WM_SIZE()
 ON_WM_GETMINMAXINFO()
 END_MESSAGE_MAP()
@@ -91,8 +96,10 @@ BOOL COrvUiDialog::OnInitDialog() {
     const BOOL answer = COrvUiBaseDialog::OnInitDialog();
     framework::asFarAsMemoryLasts([&] {
         m_layout->table.remember(GetSafeHwnd());
-        if (const auto kept = framework::keptPlacement(m_dialogName.GetString()))
-            framework::restorePlacement(GetSafeHwnd(), *kept);
+        if (!(GetStyle() & WS_CHILD)) // one that is part of another window has no place of its own
+            m_layout->kept = framework::keptPlacement(m_dialogName.GetString());
+        if (m_layout->kept)
+            framework::restorePlacement(GetSafeHwnd(), *m_layout->kept);
     });
     return answer;
 }
@@ -101,9 +108,25 @@ CString COrvUiDialog::tipScope() const {
     return m_dialogName;
 }
 
+// OnInitDialog could bring the dialog into view only with the size that it had then, and a dialog may change its size
+// while it sets itself up: the manager closes its panel. And one that stood just where its template has it was centred
+// after OnInitDialog.
+void COrvUiDialog::OnShowWindow(BOOL show, UINT status) {
+    COrvUiBaseDialog::OnShowWindow(show, status);
+    if (!show || m_layout->wasShown)
+        return;
+    m_layout->wasShown = true;
+    if (m_layout->kept)
+        framework::asFarAsMemoryLasts([&] { framework::restorePosition(GetSafeHwnd(), m_layout->kept->corner); });
+}
+
+// A dialog that was never shown stands where nobody has put it.
 void COrvUiDialog::OnDestroy() {
-    if (m_persistency)
-        framework::asFarAsMemoryLasts([&] { framework::keepPlacement(m_dialogName.GetString(), GetSafeHwnd()); });
+    if (std::exchange(m_layout->wasShown, false) && !(GetStyle() & WS_CHILD))
+        framework::asFarAsMemoryLasts([&] {
+            framework::keepPlacement(m_dialogName.GetString(), GetSafeHwnd(),
+                                     m_persistency ? framework::Keep::PositionAndSize : framework::Keep::Position);
+        });
     COrvUiBaseDialog::OnDestroy();
 }
 

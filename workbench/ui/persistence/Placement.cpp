@@ -11,10 +11,18 @@ namespace {
 constexpr const wchar_t* kGroup = L"Placement";
 // In pixels. No desktop reaches farther, so a larger number was not written by us.
 constexpr long kFarthest = 0x40000;
-constexpr long kLargest = 0x10000;
+constexpr unsigned long kLargest = 0x10000;
 constexpr const wchar_t* kDpi = L"Dpi";
 // The scalings that the system knows, 100 % to 500 %, and some room on both sides.
 constexpr unsigned long kLowestDpi = 48, kHighestDpi = 960;
+
+bool isTooFar(LONG coordinate) {
+    return coordinate < -kFarthest || coordinate > kFarthest;
+}
+
+bool isNoLength(unsigned long length) {
+    return length == 0 || length > kLargest;
+}
 
 bool isResizable(HWND window) {
     return (GetWindowLongPtrW(window, GWL_STYLE) & WS_THICKFRAME) != 0;
@@ -93,8 +101,7 @@ std::vector<RECT> monitorWorkAreas() {
 }
 
 std::optional<RECT> keptRect(LONG left, LONG top, unsigned long width, unsigned long height) {
-    const bool beyond = left < -kFarthest || left > kFarthest || top < -kFarthest || top > kFarthest;
-    if (beyond || width == 0 || width > kLargest || height == 0 || height > kLargest)
+    if (isTooFar(left) || isTooFar(top) || isNoLength(width) || isNoLength(height))
         return std::nullopt;
     return RECT{left, top, left + static_cast<LONG>(width), top + static_cast<LONG>(height)};
 }
@@ -108,25 +115,27 @@ std::optional<int> keptScaling(unsigned long dpi) {
 std::optional<KeptPlacement> keptPlacement(const std::wstring& dialogName) {
     const DialogStore store(dialogName, kGroup);
     const auto left = store.number(L"Left"), top = store.number(L"Top");
-    const auto width = store.number(L"Width"), height = store.number(L"Height");
-    if (!left || !top || !width || !height)
-        return std::nullopt;
     // Positions left of and above the primary monitor are negative.
-    const auto rect = keptRect(static_cast<LONG>(*left), static_cast<LONG>(*top), *width, *height);
-    return rect ? std::optional(KeptPlacement{*rect, scalingIn(store)}) : std::nullopt;
+    if (!left || !top || isTooFar(static_cast<LONG>(*left)) || isTooFar(static_cast<LONG>(*top)))
+        return std::nullopt;
+    KeptPlacement kept = {{static_cast<LONG>(*left), static_cast<LONG>(*top)}, std::nullopt, scalingIn(store)};
+    const auto width = store.number(L"Width"), height = store.number(L"Height");
+    if (width && height && !isNoLength(*width) && !isNoLength(*height))
+        kept.size = SIZE{static_cast<LONG>(*width), static_cast<LONG>(*height)};
+    return kept;
 }
 
-void keepPlacement(const std::wstring& dialogName, HWND window) {
+void keepPlacement(const std::wstring& dialogName, HWND window, Keep what) {
     const RECT rect = normalRect(window);
     if (IsRectEmpty(&rect)) // nothing is known, so what was kept before stays
         return;
     const DialogStore store(dialogName, kGroup);
     // A user whose registry can't be written loses the placement, nothing else.
-    [[maybe_unused]] const bool kept = store.setNumber(L"Left", static_cast<unsigned long>(rect.left)) &&
-                                       store.setNumber(L"Top", static_cast<unsigned long>(rect.top)) &&
-                                       store.setNumber(L"Width", static_cast<unsigned long>(rect.right - rect.left)) &&
-                                       store.setNumber(L"Height", static_cast<unsigned long>(rect.bottom - rect.top)) &&
-                                       keepScaling(store, window);
+    [[maybe_unused]] const bool kept =
+        store.setNumber(L"Left", static_cast<unsigned long>(rect.left)) &&
+        store.setNumber(L"Top", static_cast<unsigned long>(rect.top)) && what == Keep::PositionAndSize &&
+        store.setNumber(L"Width", static_cast<unsigned long>(rect.right - rect.left)) &&
+        store.setNumber(L"Height", static_cast<unsigned long>(rect.bottom - rect.top)) && keepScaling(store, window);
 }
 
 std::optional<int> scalingIn(const DialogStore& store) {
@@ -138,29 +147,29 @@ bool keepScaling(const DialogStore& store, HWND window) {
     return store.setNumber(kDpi, static_cast<unsigned long>(dpiOf(window)));
 }
 
-void restorePlacement(HWND window, const KeptPlacement& kept) {
-    RECT wanted = placeOnWorkAreas(kept.rect, monitorWorkAreas());
-    // Move first: that gives the window the scaling of that display.
-    SetWindowPos(window, nullptr, wanted.left, wanted.top, 0, 0, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOSIZE);
-    if (isResizable(window)) {
-        const int dpi = dpiOf(window), keptDpi = kept.dpi.value_or(dpi);
-        const SIZE smallest = smallestSize(window);
-        wanted.right =
-            wanted.left + std::max(smallest.cx, LONG{MulDiv(kept.rect.right - kept.rect.left, dpi, keptDpi)});
-        wanted.bottom =
-            wanted.top + std::max(smallest.cy, LONG{MulDiv(kept.rect.bottom - kept.rect.top, dpi, keptDpi)});
-    } else {
-        RECT present = {};
-        if (!GetWindowRect(window, &present))
-            return;
-        wanted.right = wanted.left + (present.right - present.left);
-        wanted.bottom = wanted.top + (present.bottom - present.top);
-    }
-    RECT placed = placeOnWorkAreas(wanted, monitorWorkAreas());
-    // A dialog that can't be resized is never cut, even on a monitor too small for it.
+void restorePosition(HWND window, POINT corner) {
+    RECT present = {};
+    if (!GetWindowRect(window, &present))
+        return;
+    const RECT wanted = {corner.x, corner.y, corner.x + present.right - present.left,
+                         corner.y + present.bottom - present.top};
+    const RECT placed = placeOnWorkAreas(wanted, monitorWorkAreas());
     const UINT size = isResizable(window) ? 0 : SWP_NOSIZE;
     SetWindowPos(window, nullptr, placed.left, placed.top, placed.right - placed.left, placed.bottom - placed.top,
                  SWP_NOZORDER | SWP_NOACTIVATE | size);
+}
+
+void restorePlacement(HWND window, const KeptPlacement& kept) {
+    // Moved first: that gives the window the scaling of that display, on which its size depends.
+    restorePosition(window, kept.corner);
+    if (!kept.size || !isResizable(window))
+        return;
+    const int dpi = dpiOf(window), keptDpi = kept.dpi.value_or(dpi);
+    const SIZE smallest = smallestSize(window);
+    SetWindowPos(window, nullptr, 0, 0, std::max(smallest.cx, LONG{MulDiv(kept.size->cx, dpi, keptDpi)}),
+                 std::max(smallest.cy, LONG{MulDiv(kept.size->cy, dpi, keptDpi)}),
+                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOMOVE);
+    restorePosition(window, kept.corner);
 }
 
 } // namespace framework

@@ -59,6 +59,12 @@ class InThePlaceOfANumber : public DialogFixture, public testing::WithParamInter
         dialog.run(look("where it stands", [&] { stood = screenRect(dialog.GetSafeHwnd()); }));
         return stood;
     }
+    /// Where the dialog stands after keepAll() if only the position is of use.
+    RECT keptPlaceOfTheTemplatesSize() {
+        RECT place = open();
+        OffsetRect(&place, 77 - place.left, 77 - place.top);
+        return place;
+    }
     void keepAll() {
         for (const wchar_t* name : {L"Left", L"Top"})
             writeNumber(kept(L"\\Placement"), name, 77);
@@ -83,13 +89,25 @@ TEST_P(InThePlaceOfANumber, leavesTheDefaultOfDialogDataUntilTheNextIsStored) {
 
 TEST_P(InThePlaceOfANumber, leavesThePlaceOfTheTemplateUntilTheNextIsKept) {
     const RECT plain = open();
-    for (const wchar_t* name : {L"Left", L"Top", L"Width", L"Height"}) {
+    for (const wchar_t* name : {L"Left", L"Top"}) {
         keepAll();
         put(kept(L"\\Placement"), name, GetParam());
         const RECT stood = open();
         EXPECT_TRUE(EqualRect(&stood, &plain)) << ui::narrow(name);
         EXPECT_EQ(framework::DialogStore(L"FrameworkTests:Dialog", L"Placement").number(L"Left"),
                   static_cast<unsigned long>(plain.left));
+    }
+}
+
+TEST_P(InThePlaceOfANumber, leavesTheSizeOfTheTemplateUntilTheNextIsKept) {
+    const RECT expected = keptPlaceOfTheTemplatesSize();
+    for (const wchar_t* name : {L"Width", L"Height"}) {
+        keepAll();
+        put(kept(L"\\Placement"), name, GetParam());
+        const RECT stood = open();
+        EXPECT_TRUE(EqualRect(&stood, &expected)) << ui::narrow(name);
+        EXPECT_EQ(framework::DialogStore(L"FrameworkTests:Dialog", L"Placement").number(L"Width"),
+                  static_cast<unsigned long>(expected.right - expected.left));
     }
 }
 
@@ -131,12 +149,23 @@ class AbsurdNumbers : public InThePlaceOfANumber {};
 
 TEST_F(AbsurdNumbers, areNoPlace) {
     const RECT plain = open();
-    for (const wchar_t* name : {L"Left", L"Top", L"Width", L"Height"})
+    for (const wchar_t* name : {L"Left", L"Top"})
         for (const DWORD number : {static_cast<DWORD>(INT_MIN), static_cast<DWORD>(INT_MAX), 0x00100000ul}) {
             keepAll();
             writeNumber(kept(L"\\Placement"), name, number);
             const RECT stood = open();
             EXPECT_TRUE(EqualRect(&stood, &plain)) << ui::narrow(name) << ' ' << number;
+        }
+}
+
+TEST_F(AbsurdNumbers, areNoSize) {
+    const RECT expected = keptPlaceOfTheTemplatesSize();
+    for (const wchar_t* name : {L"Width", L"Height"})
+        for (const DWORD number : {static_cast<DWORD>(INT_MIN), static_cast<DWORD>(INT_MAX), 0x00100000ul, 0ul}) {
+            keepAll();
+            writeNumber(kept(L"\\Placement"), name, number);
+            const RECT stood = open();
+            EXPECT_TRUE(EqualRect(&stood, &expected)) << ui::narrow(name) << ' ' << number;
         }
 }
 
