@@ -13,6 +13,8 @@
 #include "WorkingDatabase.h"
 
 void CLayerStatesRestoreDlg::OnNew() {
+    if (m_stateList.m_labelEditActive)
+        return;
     CLayerStatesSaveDlg dialog(this, false);
     if (!workingStates() || dialog.DoModal() != IDOK)
         return;

@@ -95,6 +95,10 @@ class CLayerStateListCtrl : public CCustomListCtrl {
 
     /// The label edit that is beginning was asked for, and isn't the platform's own after a slow second click.
     bool m_labelEditAsked;
+    /// Several rows were selected when it was asked for.
+    bool m_severalSelected;
+    /// What was typed as the new name is being looked at; the user may be reading why it can't be used.
+    bool m_checkingName;
     /// Rows change places, with all that belongs to them: nothing that the dialog has to know.
     bool m_sorting;
 };
