@@ -39,7 +39,7 @@ END_MESSAGE_MAP()
 CLayerStatesRestoreDlg::CLayerStatesRestoreDlg(CWnd* parent, bool fromExport)
     : CKelUiDialog(IDD_LSTATE_RES, parent), m_parent(parent), m_restoreStarted(0), m_stateMask(0), m_overridableMask(0),
       m_layerNotFound(true), m_regenLayers(0, 8), m_expanded(0), m_fromExport(fromExport), m_reportFailure(true),
-      m_restoreAsOverrides(true), m_showXrefs(true) {}
+      m_restoreAsOverrides(true), m_showXrefs(true), m_pressedInRename(false) {}
 
 CLayerStatesRestoreDlg::~CLayerStatesRestoreDlg() = default;
 
@@ -132,6 +132,8 @@ BOOL CLayerStatesRestoreDlg::PreTranslateMessage(MSG* message) {
             expand();
         return TRUE;
     }
+    if (message->message == WM_LBUTTONDOWN)
+        m_pressedInRename = m_stateList.m_labelEditActive != 0;
     if (restoreByDoubleClick(*message))
         return TRUE;
     reopenRefusedRename();
@@ -143,12 +145,17 @@ void CLayerStatesRestoreDlg::renameByKey() {
         return;
     const int row = m_stateList.GetSelectionMark();
     KelDbLayerStateManager* states = workingStates();
-    if (row >= 0 && states && !states->isDependentLayerState(m_stateList.StateName(row)))
-        m_stateList.EditLabel(row);
+    if (row < 0 || !states || states->isDependentLayerState(m_stateList.StateName(row)))
+        return;
+    m_stateList.SetFocus(); // Windows opens the box only then, Wine always
+    m_stateList.EditLabel(row);
 }
 
 bool CLayerStatesRestoreDlg::restoreByDoubleClick(const MSG& message) {
     if (message.message != WM_LBUTTONDBLCLK || message.hwnd != m_stateList.m_hWnd || m_stateList.m_labelEditActive)
+        return false;
+    // The first press has ended the rename by then.
+    if (m_pressedInRename)
         return false;
     if (m_stateList.HitTest(CPoint(message.lParam)) < 0)
         return false;
@@ -160,8 +167,11 @@ void CLayerStatesRestoreDlg::reopenRefusedRename() {
     if (!m_stateList.m_labelEditRetry)
         return;
     m_stateList.m_labelEditRetry = 0;
+    // When the press of a button ended the rename, the button has taken the mouse on Wine after the user let go of it.
+    ::ReleaseCapture();
     m_stateList.SetFocus();
-    m_stateList.EditLabel(m_stateList.m_trackedRow);
+    if (!m_stateList.EditLabel(m_stateList.m_trackedRow))
+        m_stateList.m_labelEditActive = 0; // the row has gone meanwhile
 }
 
 void CLayerStatesRestoreDlg::OnClose() {

@@ -109,4 +109,6 @@ class CLayerStatesRestoreDlg : public CKelUiDialog {
     /// Option: the states of attached references are listed too.
     bool m_showXrefs;
     DialogControls m_controls;
+    /// The last press of the left button, or the first half of a double click, came during a rename.
+    bool m_pressedInRename;
 };

@@ -12,6 +12,8 @@
 #include "WorkingDatabase.h"
 
 void CLayerStatesRestoreDlg::OnNew() {
+    if (m_stateList.m_labelEditActive)
+        return;
     CLayerStatesSaveDlg dialog(this, false);
     if (!workingStates() || dialog.DoModal() != IDOK)
         return;

@@ -45,7 +45,8 @@ END_MESSAGE_MAP()
 
 CLayerStateListCtrl::CLayerStateListCtrl()
     : m_labelEditActive(0), m_trackedRow(-1), m_labelEditRetry(0), m_cellEditEnabled(1), m_sortColumn(-1),
-      m_sortAscending(1), m_activeEdit(nullptr), m_editRow(-1), m_editColumn(-1), m_sorting(false) {}
+      m_sortAscending(1), m_activeEdit(nullptr), m_editRow(-1), m_editColumn(-1), m_severalSelected(false),
+      m_checkingName(false), m_sorting(false) {}
 
 CLayerStateListCtrl::~CLayerStateListCtrl() = default;
 
@@ -79,6 +80,8 @@ int CLayerStateListCtrl::FindState(const wchar_t* name) const {
 bool CLayerStateListCtrl::PopulateStates(KelDbDatabase* database, bool includeDependent, bool compareToDrawing) {
     ListRedrawLock quiet(*this);
     DeleteAllItems();
+    m_labelEditActive = 0; // the row is gone
+    m_labelEditRetry = 0;
     KelDbLayerStateManager* states = database ? database->getLayerStateManager() : nullptr;
     if (!states)
         return false;

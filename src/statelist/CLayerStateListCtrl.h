@@ -98,6 +98,10 @@ class CLayerStateListCtrl : public CCustomListCtrl {
     /// @return false when an edit stays open: the host or the name's rules refuse the text
     bool FinishEdits();
 
+    /// Several rows were selected when a label edit was asked for.
+    bool m_severalSelected;
+    /// What was typed as the new name is being looked at; the user may be reading why it can't be used.
+    bool m_checkingName;
     /// Rows change places, with all that belongs to them: nothing that the dialog has to know.
     bool m_sorting;
 };

@@ -7,7 +7,9 @@
 
 BOOL CLayerStateListCtrl::OnItemChanged(NMHDR* header, LRESULT* result) {
     const auto* change = reinterpret_cast<const NMLISTVIEW*>(header);
-    if ((change->uNewState & LVIS_SELECTED) != 0 && change->iItem >= 0) {
+    // During a rename the tracked row is the one being renamed, also when a click on another row ends it: Wine selects
+    // that row before it reports the end.
+    if ((change->uNewState & LVIS_SELECTED) != 0 && change->iItem >= 0 && !m_labelEditActive) {
         // A row that a press of the mouse selects isn't tracked, so the click that selects it opens nothing. The toggle
         // bit counts too, on purpose.
         m_trackedRow = GetKeyState(VK_LBUTTON) == 0 ? change->iItem : -1;
@@ -18,7 +20,7 @@ BOOL CLayerStateListCtrl::OnItemChanged(NMHDR* header, LRESULT* result) {
 
 void CLayerStateListCtrl::OnClick(NMHDR*, LRESULT* result) {
     *result = 0;
-    if (!m_cellEditEnabled)
+    if (!m_cellEditEnabled || m_labelEditActive)
         return;
     SetFocus(); // keeps what is being edited
     LVHITTESTINFO hit = {};

@@ -1,6 +1,7 @@
 // Sorting the list of states by a click on a heading.
 #include "CLayerStateListCtrl.h"
 
+#include "FlagForLife.h"
 #include "ListRedrawLock.h"
 #include "RowSort.h"
 
@@ -46,18 +47,6 @@ class ControlRows {
     CListCtrl& m_list;
     int m_column;
     int m_columns;
-};
-
-/// Sets a flag for its life.
-class FlagForLife {
-  public:
-    explicit FlagForLife(bool& flag) : m_flag(flag) { m_flag = true; }
-    ~FlagForLife() { m_flag = false; }
-    FlagForLife(const FlagForLife&) = delete;
-    FlagForLife& operator=(const FlagForLife&) = delete;
-
-  private:
-    bool& m_flag;
 };
 
 } // namespace

@@ -201,6 +201,8 @@ std::vector<std::wstring> View::column(int list, int index) const {
 std::vector<int> View::selectedRows(int list) const {
     std::vector<int> rows;
     const HWND window = control(list);
+    if (!window) // it would answer row 0 for ever
+        return rows;
     for (int row = ListView_GetNextItem(window, -1, LVNI_SELECTED); row >= 0;
          row = ListView_GetNextItem(window, row, LVNI_SELECTED))
         rows.push_back(row);

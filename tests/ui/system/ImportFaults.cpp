@@ -175,6 +175,7 @@ std::vector<Function>& table() {
         FUNCTION(GetMonitorInfoW, FALSE, ERROR_INVALID_MONITOR_HANDLE),
         FUNCTION(TrackMouseEvent, FALSE, ERROR_INVALID_WINDOW_HANDLE),
         FUNCTION(MessageBoxW, 0, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(MessageBeep, FALSE, ERROR_ACCESS_DENIED),
         FUNCTION(SetWindowSubclass, FALSE, ERROR_NOT_ENOUGH_MEMORY),
         import<__LINE__>("TaskDialogIndirect", &taskDialogReal, E_OUTOFMEMORY, 0),
         FUNCTION(ChooseColorW, FALSE, ERROR_NOT_ENOUGH_MEMORY),
