@@ -27,7 +27,7 @@ class DescriptionTest : public ManagerTest {
     static ui::Script typeInto(int row, const std::wstring& text);
     /// What the host was asked since the editor opened is this, the editor is closed, and the list has the focus.
     static ui::Script expectEnd(const Calls& calls);
-    /// The editor is open over row 1 with that text and the focus.
+    /// The editor is open with that text and the focus.
     static ui::Script expectOpen(const std::wstring& text);
     /// From here on the host refuses a description for "Two", which is gone from the drawing; and no longer.
     ui::Script beginRefusing();

@@ -208,7 +208,10 @@ TEST_F(CellEdit, DropsAnEditWithoutAnEditorByForgettingTheCell) {
 
 TEST_F(CellEdit, HasNothingToKeepForACellThatMayNotBeEdited) {
     show(look("no editor", [this] {
+        m_list.BeginCellEdit(1, descriptionColumn);
+        m_list.EndCellEdit(true);
         m_list.BeginCellEdit(1, nameColumn);
+        EXPECT_EQ(m_list.m_activeEdit, nullptr);
         instruments::clearTrace();
         m_list.EndCellEdit(false);
         EXPECT_THAT(instruments::trace(), IsEmpty());

@@ -48,14 +48,17 @@ std::vector<std::wstring> OpenList::column(int index) const {
 }
 
 LRESULT OpenList::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_NOTIFY && wParam == IDC_LSTATE_INPLACE_EDIT) {
+    const bool fromEditor = message == WM_NOTIFY && wParam == IDC_LSTATE_INPLACE_EDIT;
+    if (fromEditor) {
         const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
         EXPECT_EQ(header.hwndFrom, m_inPlaceEdit.m_hWnd);
         EXPECT_EQ(header.idFrom, wParam);
         editorCodes.push_back(header.code);
     }
     onMessage(message, wParam, lParam);
-    return CLayerStateListCtrl::WindowProc(message, wParam, lParam);
+    const LRESULT answer = CLayerStateListCtrl::WindowProc(message, wParam, lParam);
+    EXPECT_TRUE(!fromEditor || answer == 0);
+    return answer;
 }
 
 BOOL OpenList::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {

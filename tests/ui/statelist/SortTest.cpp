@@ -7,7 +7,6 @@
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::IsSupersetOf;
 using ui::Script;
 
 namespace {
