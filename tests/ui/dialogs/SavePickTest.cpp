@@ -16,6 +16,17 @@ constexpr int kSurvey = 2;
 
 class SavePick : public SaveDialogTest {
   protected:
+    static Script listIs(bool dropped) {
+        Script script;
+        return script.waitUntil(dropped ? "the list is open" : "the list is closed", [dropped](const View& view) {
+            return (SendMessageW(view.control(IDC_LSTATE_SAVE_NAME), CB_GETDROPPEDSTATE, 0, 0) != FALSE) == dropped;
+        });
+    }
+    /// Opens the list and closes it again, with the pointer where it selects no entry.
+    static Script openAndCloseList() {
+        Script script;
+        return script.hover(IDC_LSTATE_SAVE_NAME).press(VK_F4).then(listIs(true)).press(VK_F4).then(listIs(false));
+    }
     static Script fieldsAre(const std::wstring& name, const std::wstring& description) {
         Script script;
         return script.look("the fields", [=](const View& view) {
@@ -158,20 +169,28 @@ TEST_F(SavePick, ClosingTheListWithoutASelectionChangesNothing) {
              .pressAlt(L'd')
              .type(L"Typed")
              .pressAlt(L'n')
-             .hover(IDC_LSTATE_SAVE_NAME) // a pointer over the open list would select an entry
              .then(countFromHere())
-             .press(VK_F4)
-             .waitUntil("the list is open",
-                        [](const View& view) {
-                            return SendMessageW(view.control(IDC_LSTATE_SAVE_NAME), CB_GETDROPPEDSTATE, 0, 0) != FALSE;
-                        })
-             .press(VK_F4)
-             .look("nothing was asked",
-                   [](const View& view) {
-                       EXPECT_EQ(SendMessageW(view.control(IDC_LSTATE_SAVE_NAME), CB_GETDROPPEDSTATE, 0, 0), FALSE);
-                       EXPECT_THAT(instruments::trace(), IsEmpty());
-                   })
+             .then(openAndCloseList())
+             .look("nothing was asked", [](const View&) { EXPECT_THAT(instruments::trace(), IsEmpty()); })
              .then(fieldsAre(L"Neither", L"Typed"))
+             .press(VK_ESCAPE));
+}
+
+TEST_F(SavePick, ClosingTheListOverTheEntryThatWasSelectedBeforeTakesItAsWell) {
+    open(house());
+    save(Script()
+             .look("an entry is selected without a word",
+                   [](const View& view) {
+                       SendMessageW(view.control(IDC_LSTATE_SAVE_NAME), CB_SETCURSEL, kPlan, 0);
+                       EXPECT_FALSE(view.isEnabled(IDOK));
+                   })
+             .then(countFromHere())
+             .then(openAndCloseList())
+             .look("what was asked",
+                   [](const View& view) {
+                       EXPECT_THAT(instruments::trace(), ElementsAreArray(picking("Plan", 1023, "All of it")));
+                       EXPECT_TRUE(view.isEnabled(IDOK));
+                   })
              .press(VK_ESCAPE));
 }
 
@@ -198,13 +217,7 @@ TEST_F(SavePick, CancelAfterwardsLeavesTheDrawingUntouched) {
 
 TEST_F(SavePick, TheDialogCanBeClosedWhileTheListIsOpen) {
     open(house());
-    save(Script()
-             .press(VK_F4)
-             .waitUntil("the list is open",
-                        [](const View& view) {
-                            return SendMessageW(view.control(IDC_LSTATE_SAVE_NAME), CB_GETDROPPEDSTATE, 0, 0) != FALSE;
-                        })
-             .press(VK_F4, ui::holdAlt));
+    save(Script().press(VK_F4).then(listIs(true)).press(VK_F4, ui::holdAlt));
     EXPECT_THAT(ui::callsOf("saveLayerState"), IsEmpty());
 }
 
