@@ -221,6 +221,9 @@ TEST_F(NameRules, OldNamesAreShortAndPlain) {
     EXPECT_EQ(check(L"WALL_1-$", false, false), Vorn::eOk);
     EXPECT_EQ(check(L"a b", false, false), Vorn::eInvalidInput);
     EXPECT_EQ(check(std::wstring(32, L'x'), false, false), Vorn::eNameTooLong);
+    EXPECT_EQ(check(L"a|b", false, false), Vorn::eInvalidInput);
+    EXPECT_EQ(check(L"a|b", true, false), Vorn::eOk);
+    EXPECT_EQ(check(L"a b", true, false), Vorn::eInvalidInput);
 }
 
 TEST_F(NameRules, AnswerTheirLimits) {
