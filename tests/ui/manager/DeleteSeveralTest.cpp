@@ -293,4 +293,39 @@ TEST_F(DeleteSeveral, ForgetsTheAnswerForAllWithItsRun) {
     EXPECT_THAT(stateNames(), ElementsAre(L"E"));
 }
 
+// Notes each time that the list is told to stop drawing, and to go on.
+LRESULT CALLBACK noteDrawing(HWND list, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR noted) {
+    if (message == WM_SETREDRAW)
+        reinterpret_cast<std::vector<WPARAM>*>(noted)->push_back(wParam);
+    return DefSubclassProc(list, message, wParam, lParam);
+}
+
+TEST_F(DeleteSeveral, KeepsTheListFromDrawingOnlyWhenNothingIsAskedAnyMore) {
+    std::vector<WPARAM> whileAsked, afterwards;
+    std::vector<WPARAM> noted;
+    Script script;
+    script.then(select({0, 1, 2, 3}))
+        .look("note from here on",
+              [&noted](const View& view) {
+                  SetWindowSubclass(view.control(IDC_LSTATE_RES_LIST), noteDrawing, 1,
+                                    reinterpret_cast<DWORD_PTR>(&noted));
+              })
+        .pressMnemonicOf(IDC_LSTATE_RES_DELETE)
+        .then(answer(L"A", Answer::remove))
+        .then(answer(L"B", Answer::keep))
+        .waitForText(promptAbout(L"C"))
+        .look("the list is drawn, so that what has gone is seen", [&](const View&) { whileAsked = noted; })
+        .then(answer(L"C", Answer::removeAll))
+        .waitForControl(IDC_LSTATE_RES_LIST)
+        .look("and again",
+              [&](const View& view) {
+                  afterwards = noted;
+                  RemoveWindowSubclass(view.control(IDC_LSTATE_RES_LIST), noteDrawing, 1);
+              })
+        .press(VK_ESCAPE);
+    manage(script);
+    EXPECT_THAT(whileAsked, IsEmpty());
+    EXPECT_THAT(afterwards, ElementsAre(FALSE, TRUE));
+}
+
 } // namespace
