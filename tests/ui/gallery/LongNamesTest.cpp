@@ -28,7 +28,8 @@ TEST_F(LongNames, inTheConfirmationOfADelete) {
     save(word);
     save(words);
     Script script;
-    script.click(IDC_LSTATE_RES_HIDEXREFS) // the drawing's own states stand last then
+    script
+        .click(IDC_LSTATE_RES_HIDEXREFS) // the drawing's own states stand last then
         .clickCell(IDC_LSTATE_RES_LIST, 0, 0)
         .press(VK_END)
         .press(VK_UP, ui::holdShift)
