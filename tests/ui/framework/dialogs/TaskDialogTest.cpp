@@ -306,9 +306,11 @@ TEST_F(TaskDialog, nothingIsReplacedWhenTheQuestionCannotBeShown) {
 
 TEST_F(TaskDialog, noOtherWindowCanBeUsedMeanwhileWhateverTheParent) {
     TestDialog other{IDD_FIXED};
-    other.onCommand = [](UINT id) {
-        if (id == IDC_TEST_BUTTON)
-            CKelStandardTaskDialog::ShowDuplicateNameReplaceCancelDialog(L"Layer state", L"Plan", nullptr);
+    other.onCommand = [&other](UINT id) {
+        if (id != IDC_TEST_BUTTON)
+            return;
+        CKelStandardTaskDialog::ShowDuplicateNameReplaceCancelDialog(L"Layer state", L"Plan", nullptr);
+        EXPECT_EQ(GetActiveWindow(), other.GetSafeHwnd()) << "the input goes back to it at once";
     };
     for (const bool replace : {true, false}) {
         ui::Script script;
