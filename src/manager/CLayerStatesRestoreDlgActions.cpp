@@ -99,7 +99,7 @@ void CLayerStatesRestoreDlg::deleteSelected(bool ask) {
         if (ask) {
             CLayerStatesDeleteDlg dialog(this);
             dialog.m_stateName = name;
-            if (dialog.DoModal() == IDCANCEL)
+            if (dialog.DoModal() != IDOK)
                 return;
             ask = !dialog.m_applyToAll;
             wanted = dialog.m_deleteThis != 0;
