@@ -48,15 +48,7 @@ class RenameEnd : public RenameTest {
     Script loseFocusToOtherProgram(std::function<bool(const View&)> shown) {
         return Script()
             .look("another program starts", [this](const View&) { ASSERT_TRUE(m_other.start()); })
-            .waitUntil(
-                "it has taken the input",
-                [this, shown](const View& view) {
-                    if (shown(view))
-                        return true;
-                    m_other.takeInput();
-                    return false;
-                },
-                std::chrono::seconds(20))
+            .waitUntil("it has taken the input", std::move(shown), std::chrono::seconds(20))
             .look("it ends", [this](const View&) { m_other.end(); });
     }
 
@@ -208,6 +200,20 @@ TEST_F(RenameEnd, AnUnchangedNameGoesToTheHostWhenThePlatformReportsIt) {
                    joined({callsOfCheck("One"), callsOfService(), {"renameLayerState(\"One\", \"One\") = 0"}})))
                .press(VK_ESCAPE)
                .then(expectOver(kOldNames)));
+}
+
+TEST_F(RenameEnd, TheTrimmedNameIsWhatTheRowShowsAndWhatThePlatformIsToStore) {
+    manage(Script()
+               .then(begin())
+               .look("the end with blanks",
+                     [](const View& view) {
+                         wchar_t name[] = L"  Ground ";
+                         EXPECT_NE(reportEnd(view, name), 0);
+                         EXPECT_STREQ(name, L"Ground");
+                         EXPECT_EQ(view.cell(kList, 0, 0), L"Ground");
+                     })
+               .press(VK_ESCAPE)
+               .then(expectOver(kNewNames)));
 }
 
 TEST_F(RenameEnd, AnEmptyNameIsRefusedWhenThePlatformReportsIt) {
