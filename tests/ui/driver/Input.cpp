@@ -117,6 +117,11 @@ bool pointerRestsAt(POINT point) {
     return resting && GetTickCount() - g_arrival >= restTime;
 }
 
+void bringPointerAway() {
+    while (!pointerRestsAt(emptyCorner))
+        Sleep(5);
+}
+
 void click(int times, unsigned held) {
     waitOutDoubleClick(g_target);
     Batch batch;

@@ -15,6 +15,10 @@ enum Held : unsigned { holdNothing = 0, holdShift = 1, holdControl = 2, holdAlt 
 /// called again a little later. (A window system reports pointer movements late, and a late report of an earlier one
 /// moves the pointer away again; a click sent along with the movement would land there.)
 bool pointerRestsAt(POINT point);
+/// A corner of the screen where no window is.
+constexpr POINT emptyCorner = {1270, 1014};
+/// Moves the pointer there, and answers once it is there.
+void bringPointerAway();
 /// Presses and releases the left button `times` times where the pointer rests; two make a double click. Waits first,
 /// where needed, so that a click isn't taken for the second half of an earlier double click.
 void click(int times = 1, unsigned held = holdNothing);

@@ -1,5 +1,7 @@
 #include "Script.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <cwctype>
 #include <memory>
@@ -211,6 +213,21 @@ Script& Script::dragWindow(LONG right, LONG down, Where where) {
         std::chrono::seconds(5), where);
 }
 
+Script& Script::pointAt(std::function<POINT()> target, Where where) {
+    return step(
+        "move the pointer",
+        [target = std::move(target)](const View&) -> Obstacle {
+            if (!pointerRestsAt(target()))
+                return pointerUnderWay;
+            return std::nullopt;
+        },
+        std::chrono::seconds(5), where);
+}
+
+Script& Script::pointAway(Where where) {
+    return pointAt([] { return emptyCorner; }, where);
+}
+
 Script& Script::clickEmptySpace(int list, Where where) {
     return step(
         "click the empty space of the list", [list](const View& view) { return clickSpaceTimes(view, list, 1); },
@@ -311,6 +328,35 @@ Script& Script::waitForControl(int control, Where where) {
         [control](const View& view) -> Obstacle {
             if (!view.has(control))
                 return "the window \"" + narrow(view.title()) + "\" has none";
+            return std::nullopt;
+        },
+        std::chrono::seconds(5), where);
+}
+
+Script& Script::waitForTip(std::wstring text, Where where) {
+    return step(
+        "wait for the tip \"" + narrow(text) + "\"",
+        [text = std::move(text)](const View&) -> Obstacle {
+            const std::wstring shown = shownTip();
+            if (shown != text)
+                return "the tip that is shown says \"" + narrow(shown) + "\"";
+            return std::nullopt;
+        },
+        std::chrono::seconds(5), where);
+}
+
+Script& Script::seeNoTip(Where where) {
+    using Clock = std::chrono::steady_clock;
+    const auto end = std::make_shared<Clock::time_point>();
+    return step(
+        "see no tip",
+        [end](const View&) -> Obstacle {
+            if (*end == Clock::time_point())
+                *end = Clock::now() + std::chrono::milliseconds(3 * GetDoubleClickTime());
+            const std::wstring shown = shownTip();
+            EXPECT_EQ(shown, L"");
+            if (shown.empty() && Clock::now() < *end)
+                return "it isn't sure yet that none comes";
             return std::nullopt;
         },
         std::chrono::seconds(5), where);

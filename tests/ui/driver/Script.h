@@ -56,6 +56,10 @@ class Script {
     /// Drags the window by the left end of its caption, which must be on the screen, and waits until it has moved as
     /// far.
     Script& dragWindow(LONG right, LONG down, Where where = Where::current());
+    /// Brings the pointer to rest on a point of the screen. `target` is asked for it when the step's turn comes.
+    Script& pointAt(std::function<POINT()> target, Where where = Where::current());
+    /// Brings the pointer to rest where no window is.
+    Script& pointAway(Where where = Where::current());
     Script& clickEmptySpace(int list, Where where = Where::current());
     Script& doubleClickEmptySpace(int list, Where where = Where::current());
     Script& press(WORD key, unsigned held = holdNothing, Where where = Where::current());
@@ -77,6 +81,10 @@ class Script {
     Script& waitForText(std::wstring text, Where where = Where::current());
     /// Waits for a window with that control.
     Script& waitForControl(int control, Where where = Where::current());
+    /// Waits for the tip with that text; with an empty one, until no tip is shown any more.
+    Script& waitForTip(std::wstring text, Where where = Where::current());
+    /// Sees for longer than a tip takes to come that none is shown.
+    Script& seeNoTip(Where where = Where::current());
     /// @}
 
     /// Presses Enter for every window that opens over the one with that control, until that one has the input again or

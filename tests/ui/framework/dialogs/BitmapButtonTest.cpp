@@ -111,9 +111,9 @@ TEST_F(BitmapButton, thePointerOverItChangesItsLook) {
         button.OnReload(L"RED_FACE");
         before = face();
     });
-    pointAt(script, [&] { return middle(); });
+    script.pointAt([&] { return middle(); });
     script.waitUntil("the look changes", [&](const ui::View&) { return face() != before; });
-    pointAway(script);
+    script.pointAway();
     script.waitUntil("the look changes back", [&](const ui::View&) { return face() == before; });
     dialog.run(script);
 }
@@ -125,7 +125,7 @@ TEST_F(BitmapButton, whilePressedItLooksPressed) {
         button.OnReload(L"RED_FACE");
         before = face();
     });
-    pointAt(script, [&] { return middle(); });
+    script.pointAt([&] { return middle(); });
     script.waitUntil("the look changes", [&](const ui::View&) { return face() != before; });
     script.look("press", [&](const ui::View&) {
         hot = face();
@@ -143,13 +143,13 @@ TEST_F(BitmapButton, noTwoOfItsLooksAreTheSame) {
     const auto isNew = [&](const ui::View&) { return std::ranges::find(looks, face()) == looks.end(); };
     ui::Script script = look("its face", [&] { button.OnReload(L"RED_FACE"); });
     script.look("at rest", keep);
-    pointAt(script, [&] { return middle(); });
+    script.pointAt([&] { return middle(); });
     script.waitUntil("it looks hovered", isNew).look("hovered", keep);
     script.look("press", [](const ui::View&) { ui::pressButton(); });
     script.waitUntil("it looks pressed", isNew).look("pressed", keep);
     script.look("release", [](const ui::View&) { ui::releaseButton(); });
     script.waitUntil("it was clicked", [&](const ui::View&) { return clicks == 1; });
-    pointAway(script);
+    script.pointAway();
     script.press(VK_TAB).press(VK_TAB, ui::holdShift);
     script.waitUntil("it looks focused", isNew).look("focused", keep);
     script.look("disable it", [&](const ui::View&) { button.EnableWindow(FALSE); });
@@ -266,7 +266,7 @@ TEST_F(BitmapStatic, hasNoFrameUntilThePointerIsOnIt) {
         EXPECT_THAT(edges(), Each(around));
         EXPECT_EQ(pixelsOf(button.GetSafeHwnd()).centre(), kRed);
     });
-    pointAt(script, [&] { return ui::middleOf(screenRect(button.GetSafeHwnd())); });
+    script.pointAt([&] { return ui::middleOf(screenRect(button.GetSafeHwnd())); });
     script.waitUntil("the frame comes", [&](const ui::View&) { return edges() != std::vector<unsigned>(4, around); });
     dialog.run(script);
 }

@@ -27,7 +27,7 @@ class FrameworkList : public DialogFixture {
         return CPoint((bounds.left + bounds.right) / 2, (bounds.top + bounds.bottom) / 2);
     }
     ui::Script& pointAtCell(ui::Script& script, int row, int column) {
-        return pointAt(script, [this, row, column] {
+        return script.pointAt([this, row, column] {
             POINT point = middleOf(row, column);
             ClientToScreen(list.GetSafeHwnd(), &point);
             return point;
@@ -92,7 +92,7 @@ TEST_F(FrameworkList, aDerivedListDecidesWhetherATipShowsAndWhere) {
         deciding.SubclassDlgItem(IDC_TEST_LIST, &dialog);
     };
     ui::Script script;
-    pointAt(script, [&] {
+    script.pointAt([&] {
         POINT point = cell;
         ClientToScreen(deciding.GetSafeHwnd(), &point);
         return point;
@@ -133,7 +133,7 @@ TEST_F(FrameworkList, whatTheWindowsEdgeCutsOffIsCutOff) {
         list.SetColumnWidth(0, client.right - 40);
         list.SetColumnWidth(1, 400);
     });
-    pointAt(script, [&] {
+    script.pointAt([&] {
         POINT point = {client.right - 20, middleOf(0, 0).y};
         ClientToScreen(list.GetSafeHwnd(), &point);
         return point;

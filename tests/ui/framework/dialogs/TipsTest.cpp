@@ -52,25 +52,16 @@ class Tips : public DialogFixture {
         dialog.SetUseTips(2);
     }
     ui::Script& pointAtControl(ui::Script& script, int id) {
-        return pointAt(script, [this, id] { return ui::middleOf(screenRect(dialog.control(id))); });
+        return script.pointAt([this, id] { return ui::middleOf(screenRect(dialog.control(id))); });
     }
     ui::Script& pointAtRow(ui::Script& script, int row) {
-        return pointAt(script, [this, row] {
+        return script.pointAt([this, row] {
             RECT label = {};
             ListView_GetItemRect(list.GetSafeHwnd(), row, &label, LVIR_LABEL);
             POINT point = {label.left + 20, (label.top + label.bottom) / 2};
             ClientToScreen(list.GetSafeHwnd(), &point);
             return point;
         });
-    }
-    static ui::Script& expectTip(ui::Script& script, const std::wstring& text) {
-        return script.waitUntil("the tip \"" + ui::narrow(text) + "\"",
-                                [text](const ui::View&) { return shownTip() == text; });
-    }
-    /// Longer than a tip takes to come.
-    static ui::Script& expectNoTip(ui::Script& script) {
-        pause(script, std::chrono::milliseconds(3 * GetDoubleClickTime()));
-        return script.look("no tip", [](const ui::View&) { EXPECT_EQ(shownTip(), L""); });
     }
 };
 
@@ -96,9 +87,9 @@ TEST_F(Tips, theManagersStandInTheFileOfTheFramework) {
 TEST_F(Tips, thePointerOverAControlShowsItsTip) {
     ui::Script script;
     pointAtControl(script, IDC_TEST_BUTTON);
-    expectTip(script, L"What the button does");
+    script.waitForTip(L"What the button does");
     pointAtControl(script, IDCANCEL);
-    expectTip(script, L"");
+    script.waitForTip(L"");
     dialog.run(script);
 }
 
@@ -117,20 +108,20 @@ TEST_F(Tips, thePointerOverTheEditFieldOfAComboBoxShowsTheTipOfTheBox) {
         GetCursorPos(&point);
         EXPECT_EQ(GetParent(WindowFromPoint(point)), dialog.control(IDC_TEST_BUTTON));
     });
-    expectTip(script, L"What the button does");
+    script.waitForTip(L"What the button does");
     dialog.run(script);
 }
 
 TEST_F(Tips, whileKeptOutNoTipShows) {
     ui::Script script = look("keep out", [&] { dialog.SetUseTips(0); });
     pointAtControl(script, IDC_TEST_BUTTON);
-    expectNoTip(script);
+    script.seeNoTip();
     script.look("let in", [&](const ui::View&) { dialog.SetUseTips(1); });
     pointAtControl(script, IDCANCEL);
     pointAtControl(script, IDC_TEST_BUTTON);
-    expectTip(script, L"What the button does");
+    script.waitForTip(L"What the button does");
     script.look("keep out again", [&](const ui::View&) { dialog.SetUseTips(0); });
-    expectTip(script, L"");
+    script.waitForTip(L"");
     dialog.run(script);
 }
 
@@ -138,7 +129,7 @@ TEST_F(Tips, withoutAFileTheDialogWorksWithoutTips) {
     dialog.setUp = [this] { useTips(L"/X;Component/NoSuchFile.xaml"); };
     ui::Script script;
     pointAtControl(script, IDC_TEST_BUTTON);
-    expectNoTip(script);
+    script.seeNoTip();
     dialog.run(script);
 }
 
@@ -150,7 +141,7 @@ TEST_F(Tips, withABrokenFileOrOneThatLacksTheDialogItWorksWithoutTips) {
         dialog.setUp = [this] { useTips(kTipFile); };
         ui::Script script;
         pointAtControl(script, IDC_TEST_BUTTON);
-        expectNoTip(script);
+        script.seeNoTip();
         EXPECT_EQ(dialog.run(script), IDOK) << content;
     }
 }
@@ -167,22 +158,22 @@ TEST_F(Tips, ofControlsThatAreNoNumbersOrAbsentAreLeftOut) {
 TEST_F(Tips, aButtonWithoutRoomForItsTextSaysItInItsTipAlsoAfterAChange) {
     ui::Script script = look("a text", [&] { button.SetWindowText(L"Show the properties"); });
     pointAtControl(script, IDC_TEST_FACE);
-    expectTip(script, L"Show the properties");
+    script.waitForTip(L"Show the properties");
     pointAtControl(script, IDCANCEL);
-    expectTip(script, L"");
+    script.waitForTip(L"");
     script.look("another text", [&](const ui::View&) { button.SetWindowText(L"Hide the properties"); });
     pointAtControl(script, IDC_TEST_FACE);
-    expectTip(script, L"Hide the properties");
+    script.waitForTip(L"Hide the properties");
     dialog.run(script);
 }
 
 TEST_F(Tips, aCutOffCellIsShownInFullAndAShortOneIsNot) {
     ui::Script script;
     pointAtRow(script, 0);
-    expectTip(script, L"A name that is far too long for its column");
+    script.waitForTip(L"A name that is far too long for its column");
     pointAtRow(script, 1);
-    expectTip(script, L"");
-    expectNoTip(script);
+    script.waitForTip(L"");
+    script.seeNoTip();
     dialog.run(script);
 }
 

@@ -23,7 +23,7 @@ class PickerTips : public PickerFixture {
             script.hover(control).waitUntil("the tip of control " + std::to_string(control),
                                             [&tips, control](const ui::View&) {
                                                 const auto tip = tips.find(control);
-                                                return tip != tips.end() && shownTip() == tip->second;
+                                                return tip != tips.end() && ui::shownTip() == tip->second;
                                             });
             script.look("seen", [&tips, control](const ui::View&) { tips.erase(control); });
         }

@@ -9,9 +9,6 @@ namespace {
 
 constexpr const wchar_t* kTestRoot = L"Software\\KelWorkbenchTests\\Dialogs";
 
-// A corner of the screen where no window is.
-constexpr POINT kAway = {1270, 1014};
-
 } // namespace
 
 TestDialog::TestDialog(UINT templateId, const wchar_t* name, CWnd* parent)
@@ -30,7 +27,7 @@ INT_PTR TestDialog::run(const ui::Script& script) {
     whole.waitUntil("the dialog is shown", [this](const ui::View&) { return IsWindowVisible() != FALSE; });
     whole.then(script).look("close the dialog", [this](const ui::View&) { EndDialog(IDOK); });
     // Done before the dialog opens, so that it never opens under the pointer.
-    bringPointerAway();
+    ui::bringPointerAway();
     INT_PTR answer = 0;
     ui::perform(whole, [&] { answer = DoModal(); });
     return answer;
@@ -46,31 +43,6 @@ ui::Script look(std::string what, std::function<void()> see) {
     ui::Script script;
     script.look(std::move(what), [see](const ui::View&) { see(); });
     return script;
-}
-
-ui::Script& pointAt(ui::Script& script, std::function<POINT()> target) {
-    return script.step("move the pointer", [target](const ui::View&) {
-        return ui::pointerRestsAt(target()) ? ui::Obstacle() : "the pointer hasn't arrived";
-    });
-}
-
-void bringPointerAway() {
-    while (!ui::pointerRestsAt(kAway))
-        Sleep(5);
-}
-
-ui::Script& pointAway(ui::Script& script) {
-    return pointAt(script, [] { return kAway; });
-}
-
-ui::Script& pause(ui::Script& script, std::chrono::milliseconds duration) {
-    using Clock = std::chrono::steady_clock;
-    const auto end = std::make_shared<Clock::time_point>();
-    return script.waitUntil("wait", [end, duration](const ui::View&) {
-        if (*end == Clock::time_point())
-            *end = Clock::now() + duration;
-        return Clock::now() >= *end;
-    });
 }
 
 RECT screenRect(HWND window) {

@@ -34,18 +34,7 @@ class TestDialog : public CKelUiDialog {
 
 /// A script with one assertion or action.
 ui::Script look(std::string what, std::function<void()> see);
-/// Appends a movement of the pointer to a point of the screen. `target` is asked for the point when the step's turn
-/// comes.
-ui::Script& pointAt(ui::Script& script, std::function<POINT()> target);
-/// Moves the pointer to a corner of the screen where no window is, and answers once it is there.
-void bringPointerAway();
-/// Appends a movement to a corner of the screen where no window is.
-ui::Script& pointAway(ui::Script& script);
-/// Appends a wait, for what must not happen.
-ui::Script& pause(ui::Script& script, std::chrono::milliseconds duration);
-
 RECT screenRect(HWND window);
-using ui::shownTip;
 
 /// Moves the framework's store to a key of the tests, and empties it before and after each one.
 class DialogFixture : public testing::Test {

@@ -46,7 +46,7 @@ KelDbObjectId PickerFixture::linetypeId(const wchar_t* name) const {
 }
 
 void PickerFixture::answer(const ui::Script& script, const std::function<void()>& pick) {
-    bringPointerAway();
+    ui::bringPointerAway();
     ui::perform(script, pick);
 }
 
@@ -98,9 +98,9 @@ ui::Script growByItsCorner(LONG right, LONG down) {
         *before = view.rect(IDC_PICKER_LIST);
         *corner = {view.rect().right - 2, view.rect().bottom - 2};
     });
-    pointAt(script, [corner] { return *corner; });
+    script.pointAt([corner] { return *corner; });
     script.look("take hold of it", [](const ui::View&) { ui::pressButton(); });
-    pointAt(script, [=] { return POINT{corner->x + right, corner->y + down}; });
+    script.pointAt([=] { return POINT{corner->x + right, corner->y + down}; });
     script.look("let go", [](const ui::View&) { ui::releaseButton(); });
     script.waitUntil("the list has grown as much", [=](const ui::View& view) {
         const RECT list = view.rect(IDC_PICKER_LIST);
