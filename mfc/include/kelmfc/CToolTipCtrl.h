@@ -1,6 +1,6 @@
 // CToolTipCtrl: a tool tip window. It doesn't subclass the windows of its tools, so the owner's PreTranslateMessage
-// passes it the mouse messages by RelayEvent. Times are milliseconds. Narrower than MFC: no EnableToolTips on CWnd; a
-// window that wants tool tips makes one of these.
+// passes it the mouse messages by RelayEvent. Times are milliseconds. A window for which CWnd::OnToolHitTest says
+// enough needs none of its own, only CWnd::EnableToolTips.
 #pragma once
 
 #include "CWnd.h"
@@ -34,6 +34,11 @@ class AFXMFC_API CToolTipCtrl : public CWnd {
     int GetDelayTime(DWORD dwDuration) const { return static_cast<int>(SendMessage(TTM_GETDELAYTIME, dwDuration)); }
     int SetMaxTipWidth(int iWidth) { return static_cast<int>(SendMessage(TTM_SETMAXTIPWIDTH, 0, iWidth)); }
     int GetMaxTipWidth() const { return static_cast<int>(SendMessage(TTM_GETMAXTIPWIDTH)); }
+
+  protected:
+    /// Which window a relayed message is taken for; also a disabled one, and a combo box instead of the edit in it.
+    afx_msg LRESULT OnWindowFromPoint(WPARAM, LPARAM lParam);
+    DECLARE_MESSAGE_MAP()
 
   private:
     TOOLINFO Tool(const CWnd* wnd, UINT_PTR id) const;

@@ -1,13 +1,15 @@
 // CWnd: a window with a C++ object. The object doesn't own the window's memory, the window doesn't own the object; see
 // PostNcDestroy. FromHandle answers the permanent object of a handle (Create, Attach, SubclassWindow) or makes a
 // temporary one, which is gone at the next idle of the message loop it was made in. Narrower than MFC: no OLE, ActiveX,
-// scrolling helpers, control bars or EnableToolTips; members can't be called through a null pointer (GetSafeHwnd
-// included). Wider: any C++ exception in a handler is stopped, not only CException.
+// scrolling helpers, control bars or tips that follow the pointer (EnableTrackingToolTips); members can't be called
+// through a null pointer (GetSafeHwnd included). Wider: any C++ exception in a handler is stopped, not only CException.
 #pragma once
 
 #include "CCmdTarget.h"
 #include "CDC.h"
 #include "CMenu.h"
+
+#include <commctrl.h>
 
 class CDataExchange;
 class CScrollBar;
@@ -19,6 +21,7 @@ constexpr DWORD MLF_NOKICKIDLE = 0x0002;
 constexpr DWORD MLF_SHOWONIDLE = 0x0004;
 
 // Values of CWnd::m_nFlags.
+constexpr int WF_TOOLTIPS = 0x0001;
 constexpr int WF_TEMPHIDE = 0x0004;
 constexpr int WF_MODALLOOP = 0x0010;
 constexpr int WF_CONTINUEMODAL = 0x0020;
@@ -27,6 +30,12 @@ constexpr int WF_CONTINUEMODAL = 0x0020;
 /// since the last message. A result other than 0 asks for another call.
 constexpr UINT WM_KICKIDLE = 0x036A;
 constexpr UINT WM_COMMANDHELP = 0x0365;
+
+// Flags that OnToolHitTest may add to a tool's own; the control never sees them.
+/// The tool is no button, so a press on it needs no help in a status bar.
+constexpr UINT TTF_NOTBUTTON = 0x80000000;
+/// The tip shows while the program isn't the active one, too.
+constexpr UINT TTF_ALWAYSTIP = 0x40000000;
 
 class AFXMFC_API CWnd : public CCmdTarget {
     DECLARE_DYNCREATE(CWnd)
@@ -169,6 +178,22 @@ class AFXMFC_API CWnd : public CCmdTarget {
     /// TRUE: handled, don't dispatch.
     virtual BOOL PreTranslateMessage(MSG* pMsg);
     static const MSG* GetCurrentMessage();
+
+    // --- tool tips ---
+    /// With tips enabled the window is asked by OnToolHitTest what is under the pointer, over itself and over its
+    /// children, unless one of them has tips of its own. Disabling hides the tip that it has asked for.
+    BOOL EnableToolTips(BOOL bEnable = TRUE);
+    /// Hides the tip that this thread shows, if there is one; it comes again over another tool. `bKeys` says that a key
+    /// is the reason.
+    static void CancelToolTips(BOOL bKeys = FALSE);
+    /// Shows and hides tips as a message asks for. PreTranslateMessage does it; an override that keeps a message from
+    /// its base calls it.
+    void FilterToolTipMessage(MSG* pMsg);
+    /// What is at a point of the client area: -1 for nothing, otherwise a number that tells this tool from its
+    /// neighbours, and `pTI` filled in. A text in `pTI` is freed by free(), unless it is LPSTR_TEXTCALLBACK or the
+    /// number of a string of `hinst`. The base answers for the visible child under the point, with its id, and a text
+    /// that is asked for by TTN_NEEDTEXT.
+    virtual INT_PTR OnToolHitTest(CPoint point, TOOLINFO* pTI) const;
 
     // --- focus, capture, activation, relatives ---
     CWnd* SetFocus() { return FromHandle(::SetFocus(m_hWnd)); }

@@ -1,11 +1,23 @@
-// Tool tips: how a tool is named to the control.
-#include <afxcmn.h>
+// Tool tips: how a tool is named to the control, and which window the pointer is over.
+#include "ToolTips.h"
 
 IMPLEMENT_DYNAMIC(CToolTipCtrl, CWnd)
+
+// clang-format off
+BEGIN_MESSAGE_MAP(CToolTipCtrl, CWnd)
+    ON_MESSAGE(TTM_WINDOWFROMPOINT, &CToolTipCtrl::OnWindowFromPoint)
+END_MESSAGE_MAP()
+// clang-format on
 
 namespace {
 
 constexpr int kTextCapacity = 1024;
+
+bool isComboWithEdit(HWND window) {
+    wchar_t name[16] = {};
+    ::GetClassName(window, name, 16);
+    return _wcsicmp(name, WC_COMBOBOX) == 0 && (::GetWindowLong(window, GWL_STYLE) & 3) == CBS_DROPDOWN;
+}
 
 } // namespace
 
@@ -69,4 +81,18 @@ void CToolTipCtrl::SetToolRect(CWnd* pWnd, UINT_PTR nIDTool, LPCRECT lpRect) {
     TOOLINFO tool = Tool(pWnd, nIDTool);
     tool.rect = *lpRect;
     SendMessage(TTM_NEWTOOLRECT, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+LRESULT CToolTipCtrl::OnWindowFromPoint(WPARAM, LPARAM lParam) {
+    const POINT point = *reinterpret_cast<const POINT*>(lParam);
+    HWND found = ::WindowFromPoint(point);
+    if (!found)
+        return 0;
+    const HWND parent = ::GetParent(found);
+    if (parent && isComboWithEdit(parent))
+        found = parent;
+    // The system passes over a disabled child and answers its parent.
+    else if (const HWND child = kelmfc::childAt(found, point); child && !::IsWindowEnabled(child))
+        found = child;
+    return reinterpret_cast<LRESULT>(found);
 }

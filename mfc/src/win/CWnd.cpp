@@ -1,6 +1,7 @@
 // CWnd: handles and their objects, the window procedure, creation, subclassing and the end of a window.
 
 #include "HandleMap.h"
+#include "ToolTips.h"
 
 IMPLEMENT_DYNCREATE(CWnd, CCmdTarget)
 
@@ -216,6 +217,7 @@ void CWnd::OnNcDestroy() {
         if (thread->m_pActiveWnd == this)
             thread->m_pActiveWnd = nullptr;
     }
+    kelmfc::removeTipsOf(m_hWnd);
     Default();
     WNDPROC& super = *GetSuperWndProcAddr();
     const auto current = reinterpret_cast<WNDPROC>(::GetWindowLongPtr(m_hWnd, GWLP_WNDPROC));

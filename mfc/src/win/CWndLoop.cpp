@@ -13,7 +13,8 @@ BOOL CWnd::WalkPreTranslateTree(HWND hWndStop, MSG* pMsg) {
     return FALSE;
 }
 
-BOOL CWnd::PreTranslateMessage(MSG*) {
+BOOL CWnd::PreTranslateMessage(MSG* pMsg) {
+    FilterToolTipMessage(pMsg);
     return FALSE;
 }
 

@@ -2,6 +2,7 @@
 // send.
 
 #include "ThreadState.h"
+#include "ToolTips.h"
 
 #include <bit>
 
@@ -236,6 +237,9 @@ BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult
     LRESULT result = 0;
     BOOL handled = TRUE;
     ControlColor color{};
+    // Here, because a handler of WM_ACTIVATE need not call the base.
+    if (message == WM_ACTIVATE && LOWORD(wParam) == WA_INACTIVE)
+        kelmfc::hideTipsOver(m_hWnd);
     if (message == WM_COMMAND) {
         handled = OnCommand(wParam, lParam);
         result = 1;

@@ -5,6 +5,8 @@
 
 #include "ImportFaults.h"
 
+#include "ImportTable.h"
+
 #include <objbase.h>
 #include <shellapi.h>
 
@@ -237,35 +239,16 @@ struct Replaced {
 };
 std::vector<Replaced> g_replaced;
 
-void write(void** entry, void* value) {
-    DWORD before = 0;
-    VirtualProtect(entry, sizeof *entry, PAGE_READWRITE, &before);
-    *entry = value;
-    VirtualProtect(entry, sizeof *entry, before, &before);
-}
-
 void replaceImports(HMODULE library) {
-    auto* const base = reinterpret_cast<std::byte*>(library);
-    const auto& dos = *reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
-    const auto& headers = *reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos.e_lfanew);
-    const auto& directory = headers.OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-    const auto* descriptor = reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + directory.VirtualAddress);
-    for (; descriptor->Name != 0; ++descriptor) {
-        const auto* named = reinterpret_cast<const IMAGE_THUNK_DATA*>(base + descriptor->OriginalFirstThunk);
-        auto* address = reinterpret_cast<void**>(base + descriptor->FirstThunk);
-        for (; named->u1.AddressOfData != 0; ++named, ++address) {
-            if (IMAGE_SNAP_BY_ORDINAL(named->u1.Ordinal))
-                continue;
-            const auto& import = *reinterpret_cast<const IMAGE_IMPORT_BY_NAME*>(base + named->u1.AddressOfData);
-            Function* const function = find(reinterpret_cast<const char*>(import.Name));
-            if (!function)
-                continue;
-            if (!*function->real)
-                *function->real = *address;
-            g_replaced.push_back({address, *address});
-            write(address, function->replacement);
-        }
-    }
+    forEachImport(library, [](const char* name, void** entry) {
+        Function* const function = find(name);
+        if (!function)
+            return;
+        if (!*function->real)
+            *function->real = *entry;
+        g_replaced.push_back({entry, *entry});
+        writeImport(entry, function->replacement);
+    });
 }
 
 } // namespace
@@ -278,7 +261,7 @@ ImportFaults::ImportFaults(const std::vector<std::wstring>& libraries) {
 ImportFaults::~ImportFaults() {
     end();
     for (const Replaced& replaced : g_replaced)
-        write(replaced.entry, replaced.before);
+        writeImport(replaced.entry, replaced.before);
     g_replaced.clear();
 }
 

@@ -177,4 +177,53 @@ TEST_F(Tips, aCutOffCellIsShownInFullAndAShortOneIsNot) {
     dialog.run(script);
 }
 
+/// Has a tip of its own over one control, as MFC brings it, beside those of the framework.
+class TipsOfBothKinds : public TestDialog {
+  public:
+    TipsOfBothKinds() : TestDialog(IDD_FIXED) {
+        setUp = [this] {
+            SetContextHelpPrefix(L"LAST");
+            SetContextHelpFileName(kTipFile);
+            SetUseTips(2);
+            EnableToolTips();
+        };
+    }
+    INT_PTR OnToolHitTest(CPoint point, TOOLINFO* tool) const override {
+        const CWnd* const button = GetDlgItem(IDCANCEL);
+        CRect place;
+        button->GetWindowRect(place);
+        ScreenToClient(place);
+        if (!place.PtInRect(point))
+            return -1;
+        tool->hwnd = button->m_hWnd;
+        button->GetClientRect(&tool->rect);
+        tool->lpszText = _wcsdup(L"Ends the dialog");
+        return IDCANCEL;
+    }
+    /// Both kinds are switched off and on at once.
+    void use(bool on) {
+        SetUseTips(on);
+        EnableToolTips(on);
+    }
+};
+
+TEST_F(Tips, ofADialogsOwnStandBesideThem) {
+    TipsOfBothKinds both;
+    const auto switched = [&](bool on) { return look("switched", [&both, on] { both.use(on); }); };
+    ui::Script script;
+    for (int time = 0; time < 2; ++time)
+        script.hover(IDC_TEST_BUTTON)
+            .waitForTip(L"What the button does")
+            .hover(IDCANCEL)
+            .waitForTip(L"Ends the dialog")
+            .then(switched(false))
+            .waitForTip(L"")
+            .hover(IDC_TEST_BUTTON)
+            .seeNoTip()
+            .hover(IDCANCEL)
+            .seeNoTip()
+            .then(switched(true));
+    both.run(script);
+}
+
 } // namespace
