@@ -200,9 +200,17 @@ def check_strings(module, ids):
                 yield f"string {number}, language {language:#x}: its placeholders aren't those of the other languages"
 
 
+def check_pictures(module, ids):
+    """Each bitmap and icon with a number has a name, and each name a picture."""
+    for prefix, present in (("IDB_", module.bitmaps), ("IDI_", module.icons)):
+        named = {number for name, number in ids.items() if name.startswith(prefix)}
+        for number in sorted(named ^ present):
+            yield f"{prefix} {number}: without a name in resource.h, or without a picture"
+
+
 def check_numbers(ids):
-    """Dialogs and strings are found by number alone."""
-    for prefix in ("IDD_", "IDS_"):
+    """Dialogs, strings, bitmaps and icons are found by number alone."""
+    for prefix in ("IDD_", "IDS_", "IDB_", "IDI_"):
         numbers = [number for name, number in ids.items() if name.startswith(prefix)]
         for number in sorted({number for number in numbers if numbers.count(number) > 1}):
             yield f"resource.h: two names starting with {prefix} have the number {number}"
@@ -238,6 +246,7 @@ def check(module, ids, panel):
     yield from check_control_names(ids)
     yield from check_dialogs(module, ids, panel)
     yield from check_strings(module, ids)
+    yield from check_pictures(module, ids)
 
 
 def main(module, header, *manager_headers):

@@ -22,6 +22,8 @@ HEADER = """
 #define IDC_LSTATE_INPLACE_EDIT 1973
 #define ID_HELP 57670
 #define IDS_LSTATE_CURRENT_STATE 165
+#define IDB_LSTATE_GRID_IMAGES 305
+#define IDI_LSTATE_ADD_LAYERS 300
 """
 PANEL = """
 inline constexpr int kPanelFrame = IDC_LSTATE_RES_PANEL;
@@ -66,7 +68,8 @@ class CheckTest(unittest.TestCase):
         self.exceptions({"IDC_LSTATE_INPLACE_EDIT": ()})
         self.module = types.SimpleNamespace(
             dialogs={language: {201: manager(), 200: save()} for language in languages},
-            strings={language: {165: "Current: %s"} for language in languages})
+            strings={language: {165: "Current: %s"} for language in languages},
+            bitmaps={305}, icons={300})
 
     def exceptions(self, names):
         patch = mock.patch.dict(check.STANDS_IN, names, clear=True)
@@ -142,6 +145,24 @@ class CheckTest(unittest.TestCase):
         self.header = self.header.replace("IDD_LSTATE_SAVE 200", "IDD_LSTATE_SAVE 204")
         self.expect("dialog 200")
         self.expect("dialog 204")
+
+    def test_two_bitmaps_of_one_number(self):
+        self.header += "#define IDB_LSTATE_OTHER 305\n"
+        self.expect("IDB_", "number 305")
+
+    def test_two_icons_of_one_number(self):
+        self.header += "#define IDI_LSTATE_OTHER 300\n"
+        self.expect("IDI_", "number 300")
+
+    def test_a_bitmap_without_a_name_and_a_name_without_a_bitmap(self):
+        self.header = self.header.replace("GRID_IMAGES 305", "GRID_IMAGES 315")
+        self.expect("IDB_ 305")
+        self.expect("IDB_ 315")
+
+    def test_an_icon_without_a_name_and_a_name_without_an_icon(self):
+        self.header = self.header.replace("ADD_LAYERS 300", "ADD_LAYERS 301")
+        self.expect("IDI_ 300")
+        self.expect("IDI_ 301")
 
     # Mnemonics.
 

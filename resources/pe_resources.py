@@ -1,10 +1,14 @@
-"""Reads dialog templates and strings out of a compiled resource module, language by language."""
+"""Reads dialog templates and strings, language by language, and the numbers of pictures out of a compiled resource
+module."""
 import dataclasses
 import pathlib
 import struct
 
+RT_BITMAP = 2
 RT_DIALOG = 5
 RT_STRING = 6
+RT_GROUP_ICON = 14
+NAMED = 0x80000000
 CLASSES = {0x80: "button", 0x81: "edit", 0x82: "static", 0x83: "list box", 0x84: "scroll bar", 0x85: "combo box"}
 CBS_SIMPLE, CBS_DROPDOWN, CBS_DROPDOWNLIST, CBS_TYPE = 1, 2, 3, 3
 CLOSED_COMBO_BOX = 14  # dialog units
@@ -104,17 +108,20 @@ def parse_strings(block, data):
 
 
 class Module:
-    """The resources of one file: dialogs[language][id] and strings[language][id]."""
+    """The resources of one file: dialogs[language][id], strings[language][id], and the ids of bitmaps and icons. Those
+    that have a text for a name aren't among them."""
 
     def __init__(self, path):
         self.file = pathlib.Path(path).read_bytes()
-        self.dialogs, self.strings = {}, {}
+        self.dialogs, self.strings, self.bitmaps, self.icons = {}, {}, set(), set()
         self.base, self.offset = self._resource_section()
         for kind, number, language, data in self._leaves():
             if kind == RT_DIALOG:
                 self.dialogs.setdefault(language, {})[number] = parse_dialog(data)
             elif kind == RT_STRING:
                 self.strings.setdefault(language, {}).update(parse_strings(number, data))
+            elif kind in (RT_BITMAP, RT_GROUP_ICON) and not number & NAMED:
+                (self.bitmaps if kind == RT_BITMAP else self.icons).add(number)
 
     def _resource_section(self):
         """Where the section of resources is loaded, and where it stands in the file."""

@@ -92,6 +92,19 @@
 #define IDS_LSTATE_EXPAND 119
 #define IDS_LSTATE_CONTRACT 131
 
+// The grid of a state's layers: its images side by side, and where they are clear. The lists at 150 and 200 % take
+// those of 24 and 32 pixels, whose numbers are 10 and 20 higher.
+#define IDB_LSTATE_GRID_IMAGES 305
+#define IDB_LSTATE_GRID_MASK 306
+#define IDB_LSTATE_GRID_IMAGES_24 315
+#define IDB_LSTATE_GRID_MASK_24 316
+#define IDB_LSTATE_GRID_IMAGES_32 325
+#define IDB_LSTATE_GRID_MASK_32 326
+
+// The faces of the grid's buttons, in 16, 24 and 32 pixels.
+#define IDI_LSTATE_ADD_LAYERS 300
+#define IDI_LSTATE_REMOVE_LAYERS 301
+
 // The translated name of the command LAYERSTATE.
 #define IDS_LSTATE_COMMAND 120
 
