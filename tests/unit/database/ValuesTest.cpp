@@ -63,6 +63,111 @@ TEST(Color, IsNamedForACell) {
     EXPECT_STREQ(color.colorNameForDisplay(), L"1,20,255");
 }
 
+namespace {
+
+KelCmColor signalBlue() {
+    KelCmColor color;
+    color.setRGB(0, 60, 140);
+    EXPECT_EQ(color.setNames(L"Signal Blue", L"House Paints"), Vorn::eOk);
+    return color;
+}
+
+} // namespace
+
+TEST(ColorNames, StandBesideTheValue) {
+    const KelCmColor color = signalBlue();
+    EXPECT_TRUE(color.hasColorName());
+    EXPECT_TRUE(color.hasBookName());
+    EXPECT_STREQ(color.colorName(), L"Signal Blue");
+    EXPECT_STREQ(color.bookName(), L"House Paints");
+    EXPECT_EQ(color.packed(), 0xC2003C8Cu);
+    EXPECT_FALSE(color.isByPCI());
+    EXPECT_EQ(color.green(), 60);
+}
+
+TEST(ColorNames, AreThereOneByOne) {
+    KelCmColor color = signalBlue();
+    EXPECT_EQ(color.setNames(L"Signal Blue", nullptr), Vorn::eOk);
+    EXPECT_TRUE(color.hasColorName());
+    EXPECT_FALSE(color.hasBookName());
+    EXPECT_STREQ(color.bookName(), L"");
+    EXPECT_EQ(color.setNames(L"", L"House Paints"), Vorn::eOk);
+    EXPECT_FALSE(color.hasColorName());
+    EXPECT_TRUE(color.hasBookName());
+    EXPECT_EQ(color.setNames(nullptr, L""), Vorn::eOk);
+    EXPECT_EQ(color, KelCmColor::fromPacked(color.packed()));
+}
+
+TEST(ColorNames, CountInEqualityWithTheirCase) {
+    KelCmColor other = signalBlue();
+    EXPECT_EQ(other, signalBlue());
+    for (const auto& [name, book] : {std::pair(L"Signal blue", L"House Paints"), std::pair(L"Signal Blue", L""),
+                                     std::pair(L"Signal Blue", L"House paints"), std::pair(L"", L"House Paints"),
+                                     std::pair(L"House Paints", L"Signal Blue"), std::pair(L"", L"")}) {
+        EXPECT_EQ(other.setNames(name, book), Vorn::eOk);
+        EXPECT_NE(other, signalBlue());
+        EXPECT_NE(signalBlue(), other);
+    }
+    other = KelCmColor::fromPacked(0xC2003C8D);
+    other.setNames(L"Signal Blue", L"House Paints");
+    EXPECT_NE(other, signalBlue());
+}
+
+TEST(ColorNames, GoWithCopiesAndStayWithThem) {
+    KelCmColor color = signalBlue();
+    const KelCmColor copy = color;
+    color.setNames(L"Amber", nullptr);
+    EXPECT_EQ(copy, signalBlue());
+    color = copy;
+    EXPECT_EQ(color, signalBlue());
+    EXPECT_EQ(color.setNames(color.bookName(), color.colorName()), Vorn::eOk);
+    EXPECT_STREQ(color.colorName(), L"House Paints");
+}
+
+TEST(ColorNames, EndWithTheValueThatTheyWereOf) {
+    KelCmColor color = signalBlue();
+    color.setRGB(0, 60, 140);
+    EXPECT_FALSE(color.hasColorName() || color.hasBookName());
+    color = signalBlue();
+    EXPECT_EQ(color.setColorIndex(257), Vorn::eInvalidInput);
+    EXPECT_EQ(color, signalBlue());
+    EXPECT_EQ(color.setColorIndex(5), Vorn::eOk);
+    EXPECT_EQ(color, KelCmColor::fromPacked(5));
+}
+
+TEST(ColorNames, AreRefusedWhereTheyCannotBe) {
+    KelCmColor palette;
+    EXPECT_EQ(palette.setNames(L"Amber", nullptr), Vorn::eInvalidInput);
+    EXPECT_EQ(palette, KelCmColor());
+    KelCmColor color = signalBlue();
+    const std::wstring longest(255, L'x'), pairs = longest + L"x";
+    for (const wchar_t* wrong : {L"a\tb", L"\x7f", L"\x85"}) {
+        EXPECT_EQ(color.setNames(wrong, nullptr), Vorn::eInvalidInput);
+        EXPECT_EQ(color.setNames(nullptr, wrong), Vorn::eInvalidInput);
+    }
+    EXPECT_EQ(color.setNames(pairs.c_str(), nullptr), Vorn::eNameTooLong);
+    EXPECT_EQ(color.setNames(nullptr, pairs.c_str()), Vorn::eNameTooLong);
+    EXPECT_EQ(color, signalBlue());
+    EXPECT_EQ(color.setNames(longest.c_str(), L"5/8 <blue> ! |*"), Vorn::eOk);
+    EXPECT_EQ(color.colorName(), longest);
+}
+
+TEST(ColorNames, AreShownWithTheBookBehindThem) {
+    KelCmColor color = signalBlue();
+    EXPECT_STREQ(color.colorNameForDisplay(), L"Signal Blue (House Paints)");
+    color.setNames(L"Signal Blue", nullptr);
+    EXPECT_STREQ(color.colorNameForDisplay(), L"Signal Blue");
+    color.setNames(nullptr, L"House Paints");
+    EXPECT_STREQ(color.colorNameForDisplay(), L"0,60,140 (House Paints)");
+}
+
+TEST(ColorNames, AreToldByTheTrace) {
+    KelCmColor color = signalBlue();
+    EXPECT_EQ(instruments::describe(color), "rgb 0,60,140 \"Signal Blue\" of \"House Paints\"");
+    color.setNames(nullptr, L"House Paints");
+    EXPECT_EQ(instruments::describe(color), "rgb 0,60,140 of \"House Paints\"");
+}
+
 TEST(Color, ThePaletteHasRedInTheLowByte) {
     EXPECT_EQ(keledGetRGB(1), 0x0000FFu);
     EXPECT_EQ(keledGetRGB(5), 0xFF0000u);

@@ -108,8 +108,13 @@ std::string describe(KelDbObjectId id) {
 std::string describe(const KelCmColor& color) {
     if (color.isByPCI())
         return "color " + std::to_string(color.colorIndex());
-    return "rgb " + std::to_string(color.red()) + "," + std::to_string(color.green()) + "," +
-           std::to_string(color.blue());
+    std::string text =
+        "rgb " + std::to_string(color.red()) + "," + std::to_string(color.green()) + "," + std::to_string(color.blue());
+    if (color.hasColorName())
+        text.append(" ").append(inQuotes(color.colorName()));
+    if (color.hasBookName())
+        text.append(" of ").append(inQuotes(color.bookName()));
+    return text;
 }
 
 std::string describe(const std::uint32_t* value) {

@@ -5,8 +5,10 @@
 #include "values/ColorPalette.h"
 #include "instruments/HostCalls.h"
 #include "KelEditor.h"
+#include "values/NameRules.h"
 #include "values/ReservedWords.h"
 
+#include <new>
 #include <string>
 
 namespace {
@@ -23,6 +25,11 @@ engine::Rgb rgbOf(const KelCmColor& color) {
 
 } // namespace
 
+struct KelCmColor::Names {
+    std::wstring color, book; // at least one of them isn't empty
+    friend bool operator==(const Names&, const Names&) = default;
+};
+
 KelCmColor::~KelCmColor() = default;
 
 std::uint16_t KelCmColor::colorIndex() const {
@@ -33,12 +40,14 @@ Vorn::ErrorStatus KelCmColor::setColorIndex(unsigned short index) {
     if (index > kByLayer)
         return Vorn::eInvalidInput;
     m_value = index;
+    m_names.reset();
     return Vorn::eOk;
 }
 
 Vorn::ErrorStatus KelCmColor::setRGB(std::uint8_t red, std::uint8_t green, std::uint8_t blue) {
     m_value =
         trueColorTag << 24 | static_cast<std::uint32_t>(red) << 16 | static_cast<std::uint32_t>(green) << 8 | blue;
+    m_names.reset();
     return Vorn::eOk;
 }
 
@@ -54,6 +63,36 @@ std::uint8_t KelCmColor::blue() const {
     return rgbOf(*this).blue;
 }
 
+Vorn::ErrorStatus KelCmColor::setNames(const wchar_t* colorName, const wchar_t* bookName) {
+    const std::wstring_view color = colorName ? colorName : L"", book = bookName ? bookName : L"";
+    if (isByPCI())
+        return Vorn::eInvalidInput;
+    for (const std::wstring_view name : {color, book})
+        if (const Vorn::ErrorStatus status = engine::checkColorName(name); status != Vorn::eOk)
+            return status;
+    std::shared_ptr<const Names> names;
+    try {
+        if (!color.empty() || !book.empty())
+            names = std::make_shared<const Names>(Names{std::wstring(color), std::wstring(book)});
+    } catch (const std::bad_alloc&) {
+        return Vorn::eOutOfMemory;
+    }
+    m_names = std::move(names);
+    return Vorn::eOk;
+}
+
+const wchar_t* KelCmColor::colorName() const {
+    return m_names ? m_names->color.c_str() : L"";
+}
+
+const wchar_t* KelCmColor::bookName() const {
+    return m_names ? m_names->book.c_str() : L"";
+}
+
+bool KelCmColor::hasNamesOf(const KelCmColor& other) const {
+    return m_names && other.m_names && *m_names == *other.m_names;
+}
+
 const wchar_t* KelCmColor::colorNameForDisplay() const {
     static std::wstring text;
     const wchar_t* word = isByPCI() ? engine::colorWord(colorIndex()) : nullptr;
@@ -61,8 +100,12 @@ const wchar_t* KelCmColor::colorNameForDisplay() const {
         text = word;
     else if (isByPCI())
         text = std::to_wstring(colorIndex());
+    else if (hasColorName())
+        text = colorName();
     else
         text = std::to_wstring(red()) + L"," + std::to_wstring(green()) + L"," + std::to_wstring(blue());
+    if (hasBookName())
+        text.append(L" (").append(bookName()).append(L")");
     return text.c_str();
 }
 

@@ -12,9 +12,13 @@ using instruments::HostCall;
 namespace engine {
 namespace {
 
-bool allowedInExtendedName(wchar_t character, bool allowVerticalBar) {
+bool isControl(wchar_t character) {
     const auto code = static_cast<std::uint32_t>(character);
-    if (code < 0x20 || (code >= 0x7F && code < 0xA0))
+    return code < 0x20 || (code >= 0x7F && code < 0xA0);
+}
+
+bool allowedInExtendedName(wchar_t character, bool allowVerticalBar) {
+    if (isControl(character))
         return false;
     if (character == L'|')
         return allowVerticalBar;
@@ -50,6 +54,12 @@ std::wstring mendedStateName(std::wstring_view name) {
         mended.begin() + static_cast<std::ptrdiff_t>(mark), mended.end(),
         [](wchar_t c) { return !allowedInExtendedName(c, false); }, L'_');
     return mended.size() == mark ? mended + L"Unnamed" : mended;
+}
+
+Vorn::ErrorStatus checkColorName(std::wstring_view name) {
+    if (std::ranges::any_of(name, isControl))
+        return Vorn::eInvalidInput;
+    return zdr::lengthInUnits(name) > kMaxNameLength ? Vorn::eNameTooLong : Vorn::eOk;
 }
 
 bool isReservedLayer(std::wstring_view name) {

@@ -1,4 +1,4 @@
-// What a name may look like: of layers, of layer states, of registered applications.
+// What a name may look like: of layers, of layer states, of registered applications, of colours.
 #pragma once
 
 #include "KelExport.h"
@@ -27,6 +27,9 @@ Vorn::ErrorStatus checkName(std::wstring_view name, bool allowVerticalBar, bool 
 inline Vorn::ErrorStatus checkName(std::wstring_view name) {
     return checkName(name, false, true);
 }
+/// The rule for the name of a colour or of its book, which is text for people: eOk, eInvalidInput for control
+/// characters, or eNameTooLong.
+Vorn::ErrorStatus checkColorName(std::wstring_view name);
 bool isReservedLayer(std::wstring_view name);
 
 /// Stands before the name of a layer state that lists don't show; part of no other name.
