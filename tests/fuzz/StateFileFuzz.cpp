@@ -9,14 +9,14 @@
 
 namespace {
 
-void enterInADrawing(const zdr::LayerState& state, const zdr::NameTable& names) {
+void enterInADrawing(const zdr::LayerState& state, const zdr::ColumnTables& tables) {
     KelDbDatabase database(true, false);
-    engine::enterForeignState(engine::impOf(database), state, names);
+    engine::enterForeignState(engine::impOf(database), state, tables);
     const zdr::Drawing drawing = savedAndRead(engine::drawingOf(database));
     const zdr::LayerState& entered = drawing.states.at(0);
     // A drawing keeps the spelling of a name that came first, so names may differ in case.
     const auto folded = [](const std::string& text) { return zdr::foldCase(zdr::fromUtf8(text).value()); };
-    stopUnless(folded(engine::stateText(entered, drawing.names)) == folded(engine::stateText(state, names)),
+    stopUnless(folded(engine::stateText(entered, drawing)) == folded(engine::stateText(state, tables)),
                "a drawing changes the state", zdr::toUtf8(state.name));
 }
 
@@ -24,20 +24,20 @@ void enterInADrawing(const zdr::LayerState& state, const zdr::NameTable& names) 
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
     const std::string_view input(reinterpret_cast<const char*>(data), size);
-    zdr::NameTable names;
+    zdr::ColumnTables tables;
     zdr::LayerState state;
     std::wstring cause;
-    if (engine::parseState(input, names, state, cause) != Vorn::eOk) {
+    if (engine::parseState(input, tables, state, cause) != Vorn::eOk) {
         stopUnless(!cause.empty(), "a refusal without a cause");
         return 0;
     }
-    const std::string text = engine::stateText(state, names);
-    zdr::NameTable namesAgain;
+    const std::string text = engine::stateText(state, tables);
+    zdr::ColumnTables tablesAgain;
     zdr::LayerState again;
-    stopUnless(engine::parseState(text, namesAgain, again, cause) == Vorn::eOk, "what was written can't be read",
+    stopUnless(engine::parseState(text, tablesAgain, again, cause) == Vorn::eOk, "what was written can't be read",
                zdr::toUtf8(cause));
-    stopUnless(engine::stateText(again, namesAgain) == text, "reading changes what was written", text);
+    stopUnless(engine::stateText(again, tablesAgain) == text, "reading changes what was written", text);
     if (engine::checkName(state.name) == Vorn::eOk)
-        enterInADrawing(state, names);
+        enterInADrawing(state, tables);
     return 0;
 }

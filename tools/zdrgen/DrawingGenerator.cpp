@@ -28,8 +28,9 @@ class DrawingGenerator {
     Handle handle() { return m_drawing.nextHandle++; }
 
     void makeStyles();
+    void makeNamedColors();
     void makeLayers();
-    std::uint32_t color();
+    ColorId color();
     std::uint8_t flags();
     void makeStates();
     LayerColumns matchingColumns() const;
@@ -42,10 +43,12 @@ class DrawingGenerator {
     Drawing m_drawing;
     std::vector<NameId> m_linetypes;
     std::vector<NameId> m_plotStyles;
+    std::vector<ColorId> m_namedColors;
 };
 
 Drawing DrawingGenerator::generate() {
     makeStyles();
+    makeNamedColors();
     makeLayers();
     makeStates();
     makeEntities();
@@ -69,7 +72,17 @@ void DrawingGenerator::makeStyles() {
     }
 }
 
-std::uint32_t DrawingGenerator::color() {
+void DrawingGenerator::makeNamedColors() {
+    for (std::size_t i = 1; i <= m_options.namedColors; ++i) {
+        KelCmColor color = KelCmColor::fromPacked(kTrueColorTag | static_cast<std::uint32_t>(below(0x1000000)));
+        color.setNames((L"Paint " + std::to_wstring(i)).c_str(), i % 4 == 0 ? nullptr : L"House Paints");
+        m_namedColors.push_back(m_drawing.namedColors.intern(color));
+    }
+}
+
+ColorId DrawingGenerator::color() {
+    if (!m_namedColors.empty() && chance(10))
+        return pick(m_namedColors);
     if (chance(15))
         return kTrueColorTag | static_cast<std::uint32_t>(below(0x1000000));
     return static_cast<std::uint32_t>(1 + below(chance(70) ? 9 : 255));

@@ -9,6 +9,7 @@ struct GeneratorOptions {
     std::size_t layers = 100; ///< at least 1
     std::size_t states = 10;  ///< every second one matches the drawing
     std::size_t entities = 200;
+    std::size_t namedColors = 0; ///< of which the layers take some
     std::uint64_t seed = 1;
 };
 

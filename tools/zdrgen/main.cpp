@@ -23,6 +23,9 @@ int generate(int argc, char** argv) {
     program.add_option("--states", options.states, "number of layer states; half of them match the drawing")
         ->capture_default_str();
     program.add_option("--entities", options.entities, "number of entities")->capture_default_str();
+    program
+        .add_option("--named-colors", options.namedColors, "number of named colors, which a tenth of the layers has")
+        ->capture_default_str();
     program.add_option("--seed", options.seed, "what the made-up values depend on")->capture_default_str();
     program.add_option("file", path, "the drawing to write")->required();
     CLI11_PARSE(program, argc, argv);

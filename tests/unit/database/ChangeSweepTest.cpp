@@ -31,6 +31,13 @@ void restore(DatabaseImp& database, int flags) {
     engine::restoreState(database, 0, {&viewportOf(database), flags, MaskAllProperties});
 }
 
+KelCmColor namedColor() {
+    KelCmColor color;
+    color.setRGB(0, 60, 140);
+    color.setNames(L"A color that is too long for a short string", L"A book that is too long for a short string");
+    return color;
+}
+
 const NamedChange kChanges[] = {
     {"save", [](DatabaseImp& d) { engine::saveState(d, L"A name that is too long for a short string", 5, nullptr); }},
     {"save over", [](DatabaseImp& d) { engine::saveState(d, L"Plan", 5, &viewportOf(d)); }},
@@ -44,7 +51,7 @@ const NamedChange kChanges[] = {
     {"remove layers", [](DatabaseImp& d) { engine::removeLayersFromState(d, 0, {d.drawing().layers[1].name}); }},
     {"update a layer",
      [](DatabaseImp& d) {
-         engine::updateStateLayer(d, 0, {L"Walls", 3, 4, L"Dotted", 25, L"A plot style of its own"});
+         engine::updateStateLayer(d, 0, {L"Walls", 3, namedColor(), L"Dotted", 25, L"A plot style of its own"});
      }},
     {"restore", [](DatabaseImp& d) { restore(d, RestoreFlagLayerNotFound); }},
     {"restore as overrides", [](DatabaseImp& d) { restore(d, RestoreFlagAsOverrides); }},

@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <fstream>
 
+using testing::HasSubstr;
+
 class StateFile : public EngineTest {
   protected:
     StateFile() {
@@ -45,6 +47,15 @@ class StateFile : public EngineTest {
         content.replace(at, piece.size(), other);
         write(content);
         return import();
+    }
+    /// Gives Base a true colour of that name and book, and saves the state with it.
+    KelCmColor paintBase(const wchar_t* name, const wchar_t* book) {
+        KelCmColor color;
+        color.setRGB(0, 60, 140);
+        EXPECT_EQ(color.setNames(name, book), Vorn::eOk);
+        setColor(L"Base", engine::colorId(m_database, color));
+        EXPECT_EQ(states().saveLayerState(L"Plan", MaskColor), Vorn::eOk);
+        return color;
     }
     std::string m_written;
     const std::filesystem::path m_folder =
@@ -93,6 +104,60 @@ TEST_F(StateFile, BringsTheStateBackAsItWas) {
     EXPECT_TRUE(after.columns.plotStyles.equals(before.columns.plotStyles));
 }
 
+TEST_F(StateFile, HasTheNamesOfColorsBehindTheirValues) {
+    paintBase(L"Signal Blue", L"House \u00dcberzug");
+    ASSERT_EQ(states().exportLayerState(L"Plan", path().c_str()), Vorn::eOk);
+    EXPECT_THAT(read(), HasSubstr("\"layerStateFile\": 2,"));
+    EXPECT_THAT(read(), HasSubstr("\"color\":[0,60,140],\"colorName\":\"Signal Blue\",\"colorBook\":"
+                                  "\"House \xC3\x9C"
+                                  "berzug\",\"linetype\""));
+    EXPECT_THAT(read(), HasSubstr("\"color\":3,\"linetype\"")) << "the other layer";
+    paintBase(L"Slate", nullptr);
+    ASSERT_EQ(states().exportLayerState(L"Plan", path().c_str()), Vorn::eOk);
+    EXPECT_THAT(read(), HasSubstr("\"color\":[0,60,140],\"colorName\":\"Slate\",\"linetype\""));
+    paintBase(nullptr, L"House Paints");
+    ASSERT_EQ(states().exportLayerState(L"Plan", path().c_str()), Vorn::eOk);
+    EXPECT_THAT(read(), HasSubstr("\"color\":[0,60,140],\"colorBook\":\"House Paints\",\"linetype\""));
+}
+
+TEST_F(StateFile, BringsTheNamesOfColorsToAnotherDrawing) {
+    const KelCmColor blue = paintBase(L"Signal Blue", L"House Paints");
+    ASSERT_EQ(states().exportLayerState(L"Plan", path().c_str()), Vorn::eOk);
+    zdr::Drawing other = makeDrawing();
+    KelCmColor amber = blue;
+    amber.setNames(L"Amber", nullptr);
+    other.namedColors.intern(amber); // stands where the other drawing has the blue
+    use(std::move(other));
+    ASSERT_EQ(import(), Vorn::eOk);
+    EXPECT_EQ(drawing().namedColors.color(drawing().states[0].columns.colors[0]), blue);
+    EXPECT_EQ(drawing().states[0].columns.colors[1], 3u);
+}
+
+TEST_F(StateFile, WithOneThingWrongInANameOfAColorIsRefused) {
+    paintBase(L"Signal Blue", L"House Paints");
+    const std::pair<const char*, const char*> slips[] = {
+        {"\"Signal Blue\"", "\"\""},
+        {"\"Signal Blue\"", "\"Signal\\tBlue\""},
+        {"\"Signal Blue\"", "\"Signal\\u0000Blue\""},
+        {"\"Signal Blue\"", "5"},
+        {"\"Signal Blue\"", "null"},
+        {"\"House Paints\"", "\"\""},
+        {"\"House Paints\"", "{}"},
+        {"colorBook", "colorbook"},
+        {"colorBook", "colorName"},
+        {"[0,60,140],\"colorName\":\"Signal Blue\",", "5,"},
+        {"[0,60,140]", "256"},
+    };
+    for (const auto& [piece, other] : slips) {
+        EXPECT_EQ(importWith(piece, other), Vorn::eInvalidInput) << piece << " -> " << other;
+        EXPECT_TRUE(stateNames().empty());
+    }
+    const std::string longest(255, 'x');
+    EXPECT_EQ(importWith("Signal Blue", longest + "x"), Vorn::eInvalidInput);
+    EXPECT_EQ(drawing().namedColors.size(), 1u) << "nothing of them comes into the drawing";
+    EXPECT_EQ(importWith("Signal Blue", longest), Vorn::eOk);
+}
+
 TEST_F(StateFile, BringsViewportDataBack) {
     engine::setFrozenInViewport(m_database, viewport().handle, 1, true);
     states().saveLayerState(L"Plan", MaskAllProperties, viewportId());
@@ -131,7 +196,7 @@ TEST_F(StateFile, AnswersFilesThatCannotBeReadOrWritten) {
 }
 
 TEST_F(StateFile, OfANewerVersionIsRefused) {
-    EXPECT_EQ(importWith("\"layerStateFile\": 1", "\"layerStateFile\": 2, \"unheardOf\": true"), Vorn::eNewerVersion);
+    EXPECT_EQ(importWith("\"layerStateFile\": 1", "\"layerStateFile\": 3, \"unheardOf\": true"), Vorn::eNewerVersion);
 }
 
 TEST_F(StateFile, ThatIsNoStateIsRefused) {

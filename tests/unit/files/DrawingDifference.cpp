@@ -16,9 +16,17 @@ template <class T> std::string shown(const T& value) {
     text << value;
     return text.str();
 }
+std::string shown(const KelCmColor& color) {
+    std::ostringstream text;
+    text << std::hex << color.packed() << ' ' << shown(std::wstring(color.colorName())) << " of "
+         << shown(std::wstring(color.bookName()));
+    return text.str();
+}
 template <class T> std::string shown(const std::optional<T>& value) {
     return value ? shown(*value) : "none";
 }
+
+constexpr ColorId kByLayer = 256;
 
 class Comparison {
   public:
@@ -31,6 +39,9 @@ class Comparison {
             m_difference = what + ": " + shown(a) + " and " + shown(b);
     }
     void name(const std::string& what, NameId a, NameId b) { same(what, m_a.names.text(a), m_b.names.text(b)); }
+    void color(const std::string& what, ColorId a, ColorId b) {
+        same(what, m_a.namedColors.color(a), m_b.namedColors.color(b));
+    }
     void point(const std::string& what, const Point& a, const Point& b) {
         same(what + " x", a.x, b.x);
         same(what + " y", a.y, b.y);
@@ -50,6 +61,9 @@ class Comparison {
     void nameColumn(const std::string& what, const Column<NameId>& a, const Column<NameId>& b) {
         each(what, list(a), list(b), [&](const std::string& value, NameId x, NameId y) { name(value, x, y); });
     }
+    void colorColumn(const std::string& what, const Column<ColorId>& a, const Column<ColorId>& b) {
+        each(what, list(a), list(b), [&](const std::string& value, ColorId x, ColorId y) { color(value, x, y); });
+    }
     void columns(const std::string& what, const LayerColumns& a, const LayerColumns& b);
     void styles();
     void layers();
@@ -67,7 +81,7 @@ class Comparison {
 
 void Comparison::columns(const std::string& what, const LayerColumns& a, const LayerColumns& b) {
     column(what + " flags", a.flags, b.flags);
-    column(what + " colors", a.colors, b.colors);
+    colorColumn(what + " colors", a.colors, b.colors);
     nameColumn(what + " linetypes", a.linetypes, b.linetypes);
     column(what + " line weights", a.lineWeights, b.lineWeights);
     nameColumn(what + " plot styles", a.plotStyles, b.plotStyles);
@@ -149,7 +163,8 @@ void Comparison::geometry(const std::string& what, const Entity& a, const Entity
 void Comparison::entities(const std::string& what, const std::vector<Entity>& a, const std::vector<Entity>& b) {
     each(what, a, b, [&](const std::string& at, const Entity& x, const Entity& y) {
         same(at + " layer", x.layer, y.layer);
-        same(at + " colour", x.color, y.color);
+        same(at + " is coloured by layer", !x.color, !y.color);
+        color(at + " colour", x.color.value_or(kByLayer), y.color.value_or(kByLayer));
         name(at + " linetype", x.linetype, y.linetype);
         same(at + " lineweight", x.lineWeight, y.lineWeight);
         geometry(at, x, y);
@@ -177,7 +192,7 @@ void Comparison::viewport(const std::string& what, const Viewport& a, const View
          [&](const std::string& at, const ViewportOverride& x, const ViewportOverride& y) {
              same(at + " layer", x.layer, y.layer);
              same(at + " mask", x.mask, y.mask);
-             same(at + " colour", x.color, y.color);
+             color(at + " colour", x.color, y.color);
              name(at + " linetype", x.linetype, y.linetype);
              same(at + " lineweight", x.lineWeight, y.lineWeight);
              name(at + " plot style", x.plotStyle, y.plotStyle);

@@ -19,6 +19,15 @@ TEST(OldVersions, theFirstIsReadAsItWasWritten) {
     EXPECT_EQ(difference(drawing, sampleDrawing()), "");
 }
 
+TEST(OldVersions, theSecondIsReadAsItWasWritten) {
+    Drawing drawing;
+    std::wstring reason;
+    const std::wstring path = widePath(TEST_DATA) + L"/version2.zdr";
+    ASSERT_EQ(readDrawingFile(path, drawing, reason), Vorn::eOk) << toUtf8(reason);
+    EXPECT_EQ(difference(drawing, namedColorsDrawing()), "");
+    EXPECT_NE(difference(drawing, sampleDrawing()), "");
+}
+
 TEST(OldVersions, standardsAndTemplatesAreDrawingsUnderOtherNames) {
     for (const wchar_t* name : {L"/version1.zds", L"/version1.zdt"}) {
         KelDbDatabase database(false, true);
@@ -53,5 +62,26 @@ TEST(OldVersions, theFirstLayerStatesFileIsReadAsItWasWritten) {
         EXPECT_EQ(state.columns.flags[i], flags[i]);
         EXPECT_EQ(static_cast<int>(state.columns.colors[i]), colors[i]);
         EXPECT_EQ(state.columns.lineWeights[i], weights[i]);
+    }
+}
+
+TEST(OldVersions, theSecondLayerStatesFileIsReadAsItWasWritten) {
+    KelDbDatabase database(true, true);
+    KelString name;
+    const std::wstring path = widePath(TEST_DATA) + L"/state_version2.las";
+    ASSERT_EQ(database.getLayerStateManager()->importLayerState(path.c_str(), name), Vorn::eOk)
+        << toUtf8(engine::lastFileProblem(database));
+    const Drawing& drawing = engine::drawingOf(database);
+    const LayerState& state = drawing.states.at(0);
+    EXPECT_EQ(state.name, L"Facade");
+    ASSERT_EQ(state.columns.colors.size(), 4u);
+    const wchar_t* names[] = {L"Signal Blue", L"S\x00FC\x00DFholz", L"", L""};
+    const wchar_t* books[] = {L"House Paints", L"", L"House Paints", L""};
+    const std::uint32_t packed[] = {0xC2003C8C, 0xC2804020, 0xC2003C8C, 5};
+    for (std::size_t i = 0; i < 4; ++i) {
+        const KelCmColor color = drawing.namedColors.color(state.columns.colors[i]);
+        EXPECT_STREQ(color.colorName(), names[i]);
+        EXPECT_STREQ(color.bookName(), books[i]);
+        EXPECT_EQ(color.packed(), packed[i]);
     }
 }

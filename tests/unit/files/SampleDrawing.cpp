@@ -124,6 +124,32 @@ Drawing sampleDrawing() {
     return drawing;
 }
 
+std::vector<KelCmColor> sampleNamedColors() {
+    const auto named = [](std::uint32_t packed, const wchar_t* name, const wchar_t* book) {
+        KelCmColor color = KelCmColor::fromPacked(packed);
+        color.setNames(name, book);
+        return color;
+    };
+    return {named(0xC2003C8C, L"Signal Blue", L"House Paints"), named(0xC2C08020, L"Amber", nullptr),
+            named(0xC2C08020, L"Slate", nullptr), named(0xC2C08020, nullptr, L"K\x00FCstenfarben")};
+}
+
+Drawing namedColorsDrawing() {
+    Drawing drawing = sampleDrawing();
+    KelCmColor unused = KelCmColor::fromPacked(kOrange);
+    unused.setNames(L"Unused", L"House Paints");
+    drawing.namedColors.intern(unused);
+    std::vector<ColorId> ids;
+    for (const KelCmColor& color : sampleNamedColors())
+        ids.push_back(drawing.namedColors.intern(color));
+    drawing.columns.colors.set(1, ids[0]);
+    drawing.states[1].columns.colors.set(2, ids[1]);
+    drawing.entities[1].color = ids[2];
+    drawing.layouts[0].entities[0].color = ids[0];
+    drawing.layouts[0].viewports[0].overrides[0].color = ids[3];
+    return drawing;
+}
+
 Drawing plainDrawing() {
     Drawing drawing;
     const NameId continuous = drawing.names.intern(L"Continuous");

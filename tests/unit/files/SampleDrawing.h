@@ -7,5 +7,11 @@
 /// The file in tests/data of the first version holds it too: what is added later belongs into another drawing.
 zdr::Drawing sampleDrawing();
 
+/// The same with named colours on a layer, in a state, on entities and in an override; the first of its table is used
+/// by nothing. The file in tests/data of version 2 holds it.
+zdr::Drawing namedColorsDrawing();
+/// The colours with names in it that are used, in the order of their table.
+std::vector<KelCmColor> sampleNamedColors();
+
 /// The least that a drawing can be: one layer.
 zdr::Drawing plainDrawing();

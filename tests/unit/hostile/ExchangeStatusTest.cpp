@@ -117,7 +117,7 @@ TEST_F(ExchangeStatus, EveryOtherReasonHasAStatusOfItsOwn) {
     EXPECT_EQ(import(m_drawing), Vorn::eInvalidInput);
     shorten(m_drawing, 1);
     EXPECT_EQ(read(m_drawing), Vorn::eFileCutOff);
-    overwrite(m_state, "{\"layerStateFile\": 2}");
+    overwrite(m_state, "{\"layerStateFile\": 3}");
     EXPECT_EQ(import(m_state), Vorn::eNewerVersion);
 }
 

@@ -78,8 +78,8 @@ std::vector<Attack> strangers() {
 
 std::vector<Attack> falseHeaders() {
     return {
-        content("newerVersion", with("File\": 1", "File\": 2, \"unheardOf\": true"),
-                "written by a newer version of this program: its format is 2", Vorn::eNewerVersion),
+        content("newerVersion", with("File\": 1", "File\": 3, \"unheardOf\": true"),
+                "written by a newer version of this program: its format is 3", Vorn::eNewerVersion),
         content("versionZero", with("File\": 1", "File\": 0"), "\"layerStateFile\" that isn't a whole number from 1"),
         content("versionAsText", with("File\": 1", "File\": \"1\""), "\"layerStateFile\" that isn't a whole number"),
         content("unknownField", with("\"savedWith", "\"owner\": 1, \"savedWith"),

@@ -1,6 +1,7 @@
 #include "Difference.h"
 
 #include "engine/DatabaseAccess.h"
+#include "instruments/HostCalls.h"
 
 #include <sstream>
 
@@ -59,6 +60,11 @@ class Comparison {
         if (expected != actual)
             number(std::string(what) + " of " + std::string(owner), expected, actual);
     }
+    void color(const char* what, std::string_view owner, const KelCmColor& expected, zdr::ColorId actual) {
+        if (const KelCmColor found = m_actual.namedColors.color(actual); !(found == expected))
+            note(std::string(what) + " of " + std::string(owner), instruments::describe(expected),
+                 instruments::describe(found));
+    }
     void handle(std::string_view owner, int id, zdr::Handle actual) {
         const auto known = m_handles.try_emplace(id, actual).first;
         value("handle", owner, known->second, actual);
@@ -69,7 +75,7 @@ class Comparison {
 
     void look(std::string_view owner, const Look& expected, const engine::LayerValues& actual) {
         value("flags", owner, expected.flags, std::uint32_t{actual.flags});
-        value("color", owner, expected.color, actual.color);
+        color("color", owner, expected.color, actual.color);
         value("weight", owner, expected.weight, int{actual.lineWeight});
         name("linetype", owner, expected.linetype, actual.linetype);
         name("plot style", owner, expected.plotStyle, actual.plotStyle);
@@ -162,7 +168,7 @@ void Comparison::viewport(const Viewport& expected, const zdr::Viewport& actual)
         const auto& [mask, values] = found->second;
         value("mask of the override", layer.name, mask, own.mask);
         if (mask & MaskColor)
-            value("color of the override", layer.name, values.color, own.color);
+            color("color of the override", layer.name, values.color, own.color);
         if (mask & MaskLinetype)
             name("linetype of the override", layer.name, values.linetype, own.linetype);
         if (mask & MaskLineWeight)

@@ -7,12 +7,15 @@
 namespace model {
 namespace {
 
-engine::LayerValues valuesOf(const Look& look, zdr::NameTable& names) {
-    return {static_cast<std::uint8_t>(look.flags), look.color, names.intern(wide(look.linetype)),
-            static_cast<std::int16_t>(look.weight), names.intern(wide(look.plotStyle))};
+engine::LayerValues valuesOf(const Look& look, zdr::ColumnTables& tables) {
+    zdr::NameTable& names = tables.names;
+    return {static_cast<std::uint8_t>(look.flags), tables.namedColors.intern(look.color),
+            names.intern(wide(look.linetype)), static_cast<std::int16_t>(look.weight),
+            names.intern(wide(look.plotStyle))};
 }
 
-zdr::LayerState engineState(const State& state, zdr::NameTable& names) {
+zdr::LayerState engineState(const State& state, zdr::ColumnTables& tables) {
+    zdr::NameTable& names = tables.names;
     zdr::LayerState result;
     result.name = wide(state.name);
     result.description = wide(state.description);
@@ -23,7 +26,7 @@ zdr::LayerState engineState(const State& state, zdr::NameTable& names) {
     auto set = std::make_shared<zdr::LayerSet>();
     for (const StateLayer& layer : state.layers) {
         set->names.push_back(names.intern(wide(layer.name)));
-        engine::appendValues(result.columns, valuesOf(layer.look, names));
+        engine::appendValues(result.columns, valuesOf(layer.look, tables));
     }
     result.layers = std::move(set);
     return result;
@@ -69,10 +72,10 @@ zdr::Drawing engineDrawing(const Drawing& drawing) {
         result.plotStyles.push_back({names.intern(wide(style)), 0});
     for (const Layer& layer : drawing.layers) {
         result.layers.push_back({names.intern(wide(layer.name)), 0, wide(layer.description), zdr::kNone});
-        engine::appendValues(result.columns, valuesOf(layer.look, names));
+        engine::appendValues(result.columns, valuesOf(layer.look, result));
     }
     for (const State& state : drawing.states)
-        result.states.push_back(engineState(state, names));
+        result.states.push_back(engineState(state, result));
     addLayouts(result);
     result.entities.push_back({.layer = result.layers.size() - 1, .color = {}, .geometry = zdr::Circle{{1, 2}, 3}});
     result.references.push_back({.name = L"site", .path = L"site.zdr", .insertion = {}, .drawing = nullptr});

@@ -14,7 +14,14 @@ namespace {
 constexpr std::uint32_t kNewFlags = zdr::kLayerOn | zdr::kLayerPlot;
 
 Look look(std::uint32_t color = 7, const char* linetype = "Continuous", const char* plotStyle = "Normal") {
-    return {kNewFlags, color, linetype, -3, plotStyle};
+    return {kNewFlags, KelCmColor::fromPacked(color), linetype, -3, plotStyle};
+}
+
+KelCmColor leafGreen() {
+    KelCmColor color;
+    color.setRGB(30, 120, 40);
+    color.setNames(L"Leaf Green", L"House Paints");
+    return color;
 }
 
 constexpr int kBaseId = 1, kDoorsId = 3;
@@ -41,8 +48,10 @@ Drawing Model::site(std::uint32_t variant) {
     const bool first = variant % 2 == 0;
     drawing.layers = {{kBaseId, "Base", "", look(), false},
                       {2, "Trees", "green", look(3, first ? "Wavy" : "Dashed", first ? "Bold" : "Normal"), false}};
-    if (!first)
+    if (!first) {
         drawing.layers.push_back({3, "Pond", "", look(5), false});
+        drawing.layers.back().look.color = leafGreen();
+    }
     if (first) {
         drawing.linetypes.emplace_back("Wavy");
         drawing.plotStyles.emplace_back("Bold");
@@ -51,7 +60,7 @@ Drawing Model::site(std::uint32_t variant) {
     plan.id = 4;
     plan.name = "Plan";
     plan.mask = MaskAllProperties;
-    plan.layers = {{"Trees", {zdr::kLayerOn | zdr::kLayerFrozen, 1, "Dashed", 25, "Fine"}}};
+    plan.layers = {{"Trees", {zdr::kLayerOn | zdr::kLayerFrozen, leafGreen(), "Dashed", 25, "Fine"}}};
     State summer = plan;
     summer.id = 5;
     summer.name = "Summer";

@@ -1,5 +1,7 @@
 #include "Operation.h"
 
+#include "instruments/HostCalls.h"
+
 #include <algorithm>
 #include <istream>
 #include <iterator>
@@ -86,6 +88,10 @@ constexpr std::string_view kLayers[] = {"Base",      "Walls",      "WALLS",     
                                         "site!Base", "site!Trees", "site!Pond", "dashed", "a*b",   "BASE"};
 constexpr std::string_view kApplications[] = {"OLD", "NEW"};
 constexpr std::uint32_t kColors[] = {7, 1, 0, 256, 0xC2102030};
+constexpr std::uint32_t kNamedColor = 0xC2102030;
+/// Color and book; the first stands for a color without names.
+constexpr std::pair<const wchar_t*, const wchar_t*> kColorNames[] = {
+    {L"", L""}, {L"Signal Blue", L"House Paints"}, {L"Slate", L""}};
 constexpr std::string_view kLinetypes[] = {"Continuous", "Dashed", "Wavy", "site!Wavy"};
 constexpr int kWeights[] = {-3, 0, 25, 211};
 constexpr std::string_view kPlotStyles[] = {"Normal", "Fine", "Bold", "site!Bold"};
@@ -108,7 +114,7 @@ std::uint32_t rangeOf(Argument argument) {
     case ViewportName:
         return std::size(kViewports);
     case LookNumber:
-        return 32 * 5 * 4 * 4 * 4;
+        return 32 * 5 * 4 * 4 * 4 * std::size(kColorNames);
     case PropertyNumber:
         return kPlotStyle + 1;
     case ApplicationName:
@@ -163,8 +169,8 @@ std::string remark(Argument argument, std::uint32_t value) {
             out << ' ' << name;
     } else if (argument == LookNumber) {
         const model::Look look = lookOf(value);
-        out << " flags " << look.flags << ", color " << look.color << ", " << look.linetype << ", weight "
-            << look.weight << ", " << look.plotStyle;
+        out << " flags " << look.flags << ", " << instruments::describe(look.color) << ", " << look.linetype
+            << ", weight " << look.weight << ", " << look.plotStyle;
     } else if (argument == PropertyNumber) {
         constexpr const char* names[] = {"off",   "frozen",   "locked", "plot",      "frozen in new viewports",
                                          "color", "linetype", "weight", "plot style"};
@@ -212,10 +218,14 @@ Look lookOf(std::uint32_t argument) {
     };
     Look look;
     look.flags = next(32) ^ 9; // 0 stands for a layer that is on and plotted
-    look.color = kColors[next(std::size(kColors))];
+    look.color = KelCmColor::fromPacked(kColors[next(std::size(kColors))]);
     look.linetype = kLinetypes[next(std::size(kLinetypes))];
     look.weight = kWeights[next(std::size(kWeights))];
     look.plotStyle = kPlotStyles[next(std::size(kPlotStyles))];
+    if (const auto [name, book] = kColorNames[next(std::size(kColorNames))]; *name) {
+        look.color = KelCmColor::fromPacked(kNamedColor);
+        look.color.setNames(name, book);
+    }
     return look;
 }
 

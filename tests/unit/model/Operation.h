@@ -2,6 +2,8 @@
 // a sequence can be printed, kept and replayed.
 #pragma once
 
+#include "KelCmColor.h"
+
 #include <array>
 #include <cstdint>
 #include <iosfwd>
@@ -70,7 +72,7 @@ std::string_view applicationName(std::uint32_t argument);
 /// The properties of a layer that one argument stands for.
 struct Look {
     std::uint32_t flags = 0; ///< zdr::LayerFlag
-    std::uint32_t color = 7; ///< packed
+    KelCmColor color;
     std::string linetype;
     int weight = -3;
     std::string plotStyle;

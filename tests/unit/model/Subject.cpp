@@ -159,7 +159,7 @@ Vorn::ErrorStatus Subject::setLayer(KelDbLayerTableRecord& record, std::uint32_t
         record.setVPDFLT(has(zdr::kLayerNewViewportFrozen));
         break;
     case kColor:
-        record.setColor(KelCmColor::fromPacked(look.color));
+        record.setColor(look.color);
         break;
     case kLinetype:
         record.setLinetypeObjectId(linetypeId(look.linetype));
@@ -273,7 +273,8 @@ std::string Subject::changeViewport(const Operation& operation) {
     if (std::ranges::find(drawing.plotStyles, plotStyle, &zdr::PlotStyle::name) == drawing.plotStyles.end())
         mask &= ~MaskPlotStyle;
     engine::setOverride(m_database, *viewport,
-                        {layer, mask, look.color, linetype, static_cast<std::int16_t>(look.weight), plotStyle});
+                        {layer, mask, engine::colorId(m_database, look.color), linetype,
+                         static_cast<std::int16_t>(look.weight), plotStyle});
     return "";
 }
 

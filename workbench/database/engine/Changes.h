@@ -62,7 +62,7 @@ struct LayerChange {
 /// One layer's row of the columns.
 struct LayerValues {
     std::uint8_t flags = 0;
-    std::uint32_t color = 7;
+    zdr::ColorId color = 7;
     zdr::NameId linetype = zdr::kNoName;
     std::int16_t lineWeight = -3;
     zdr::NameId plotStyle = zdr::kNoName;

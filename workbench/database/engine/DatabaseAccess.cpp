@@ -99,6 +99,10 @@ Vorn::ErrorStatus setCurrentLayer(KelDbDatabase& database, std::size_t layer) {
     return setCurrentLayer(impOf(database), layer);
 }
 
+zdr::ColorId colorId(KelDbDatabase& database, const KelCmColor& color) {
+    return impOf(database).intern(color);
+}
+
 LayerValues layerValues(const KelDbDatabase& database, std::size_t layer) {
     return valuesAt(drawingOf(database).columns, layer);
 }

@@ -42,6 +42,8 @@ KELDB_API Vorn::ErrorStatus addLayer(KelDbDatabase& database, std::wstring_view 
 KELDB_API Vorn::ErrorStatus renameLayer(KelDbDatabase& database, std::size_t layer, std::wstring_view name);
 KELDB_API Vorn::ErrorStatus removeLayer(KelDbDatabase& database, std::size_t layer);
 KELDB_API Vorn::ErrorStatus setCurrentLayer(KelDbDatabase& database, std::size_t layer);
+/// The number of a colour in values that are written here; a named one is entered in the drawing's table.
+KELDB_API zdr::ColorId colorId(KelDbDatabase& database, const KelCmColor& color);
 KELDB_API LayerValues layerValues(const KelDbDatabase& database, std::size_t layer);
 KELDB_API Vorn::ErrorStatus setLayerValues(KelDbDatabase& database, std::size_t layer, const LayerValues& values);
 /// Freezes a layer in one viewport or thaws it there.

@@ -71,10 +71,15 @@ class DatabaseImp : public KelDbImpDatabase {
     void setLayerDescription(std::size_t index, std::wstring description);
     void registerApplication(std::wstring name);
     void setExtendedData(zdr::Handle object, std::wstring application, std::vector<zdr::ExtendedValue> values);
-    /// Not undone: names are only ever added.
+    /// Not undone: names and named colours are only ever added.
     zdr::NameId intern(std::wstring_view name) { return m_drawing.names.intern(name); }
-    /// A copy of another drawing's state whose name ids, which are of the table `from`, became ids of this drawing's.
-    zdr::LayerState translate(const zdr::LayerState& state, const zdr::NameTable& from);
+    zdr::ColorId intern(const KelCmColor& color) { return m_drawing.namedColors.intern(color); }
+    /// The number here of another drawing's colour, or a column of such.
+    template <class Colors> Colors take(const Colors& colors, const zdr::NamedColors& from) {
+        return m_drawing.namedColors.take(colors, from);
+    }
+    /// A copy of another drawing's state whose names and colours, of the tables `from`, became this drawing's.
+    zdr::LayerState translate(const zdr::LayerState& state, const zdr::ColumnTables& from);
     zdr::Handle newHandle() { return m_drawing.nextHandle++; }
     /// Puts a new plot style into the list. Its name must be in the name table and no other style's.
     void insertPlotStyle(std::size_t index, zdr::PlotStyle style);

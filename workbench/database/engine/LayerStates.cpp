@@ -172,7 +172,7 @@ bool updateStateLayer(DatabaseImp& database, std::size_t index, const StateLayer
     LayerValues values = valuesAt(drawing.states[index].columns, row);
     const int frozenInViewport = values.flags & zdr::kLayerViewportFrozen; // records in memory lack this flag
     values.flags = static_cast<std::uint8_t>((update.flags & ~zdr::kLayerViewportFrozen) | frozenInViewport);
-    values.color = update.color;
+    values.color = database.intern(update.color);
     values.lineWeight = update.lineWeight;
     if (update.linetype)
         values.linetype = database.intern(*update.linetype);

@@ -24,7 +24,7 @@ std::vector<zdr::NameId> layersOfState(const DatabaseImp& database, std::size_t 
 struct StateLayerUpdate {
     std::wstring layer;
     std::uint8_t flags = 0;
-    std::uint32_t color = 7;
+    KelCmColor color;
     std::optional<std::wstring> linetype;
     std::int16_t lineWeight = -3;
     std::optional<std::wstring> plotStyle;
@@ -35,10 +35,10 @@ bool updateStateLayer(DatabaseImp& database, std::size_t index, const StateLayer
 /// Copies a state of another drawing. eKeyNotFound when that has no own state of the name, eDuplicateRecordName when
 /// this drawing has a state of the name.
 Vorn::ErrorStatus importState(DatabaseImp& database, std::wstring_view name, const DatabaseImp& source);
-/// Enters a state whose name ids are of the table `from`. The state's own name must be valid and free.
-void enterForeignState(DatabaseImp& database, const zdr::LayerState& state, const zdr::NameTable& from);
-/// A copy of a state whose name ids are of the table `from`, turned into ids of `to`.
-zdr::LayerState translateState(const zdr::LayerState& state, const zdr::NameTable& from, zdr::NameTable& to);
+/// Enters a state whose names and colours are of the tables `from`. The state's own name must be valid and free.
+void enterForeignState(DatabaseImp& database, const zdr::LayerState& state, const zdr::ColumnTables& from);
+/// A copy of a state whose names and colours are of the tables `from`, turned into those of `to`.
+zdr::LayerState translateState(const zdr::LayerState& state, const zdr::ColumnTables& from, zdr::ColumnTables& to);
 
 /// Whether what the viewport (null: the drawing itself) shows matches the state in the properties of its mask.
 bool stateMatches(const DatabaseImp& database, std::size_t index, const zdr::Viewport* viewport);

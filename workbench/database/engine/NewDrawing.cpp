@@ -76,7 +76,7 @@ zdr::Drawing newDrawing() {
     drawing.plotStyles.push_back({normal, 0});
     drawing.layers.push_back({drawing.names.intern(kBaseLayerName), 0, {}, zdr::kNone});
     drawing.columns.flags = zdr::Column<std::uint8_t>({zdr::kLayerOn | zdr::kLayerPlot});
-    drawing.columns.colors = zdr::Column<std::uint32_t>({7});
+    drawing.columns.colors = zdr::Column<zdr::ColorId>({7});
     drawing.columns.linetypes = zdr::Column<zdr::NameId>({continuous});
     drawing.columns.lineWeights = zdr::Column<std::int16_t>({-3});
     drawing.columns.plotStyles = zdr::Column<zdr::NameId>({normal});

@@ -83,6 +83,7 @@ class Attachment {
             return;
         }
         LayerValues values = valuesAt(m_from.columns, index);
+        values.color = m_database.take(values.color, m_from.namedColors);
         values.linetype = styleName(values.linetype);
         values.plotStyle = styleName(values.plotStyle);
         m_fresh.push_back({{name, 0, theirs.description, m_reference, unresolved}, values, {}, {}});
@@ -123,6 +124,7 @@ class Attachment {
     void enterState(zdr::LayerState state) {
         state.name = m_prefix + state.name;
         state.layers = layerSet(state.layers);
+        state.columns.colors = m_database.take(state.columns.colors, m_from.namedColors);
         state.columns.linetypes = styles(state.columns.linetypes);
         state.columns.plotStyles = styles(state.columns.plotStyles);
         state.currentLayer = prefixed(state.currentLayer);

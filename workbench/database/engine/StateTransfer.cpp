@@ -45,21 +45,22 @@ void shareLayerSet(zdr::LayerState& state, const zdr::Drawing& drawing) {
 
 } // namespace
 
-zdr::LayerState translateState(const zdr::LayerState& state, const zdr::NameTable& from, zdr::NameTable& to) {
-    NameTranslation translate(from, to);
+zdr::LayerState translateState(const zdr::LayerState& state, const zdr::ColumnTables& from, zdr::ColumnTables& to) {
+    NameTranslation translate(from.names, to.names);
     auto set = std::make_shared<zdr::LayerSet>();
     set->names.reserve(state.layers->names.size());
     for (const zdr::NameId name : state.layers->names)
         set->names.push_back(translate(name));
     zdr::LayerState copy = state; // shares the columns that hold no names
     copy.layers = std::move(set);
+    copy.columns.colors = to.namedColors.take(state.columns.colors, from.namedColors);
     copy.columns.linetypes = translate(state.columns.linetypes);
     copy.columns.plotStyles = translate(state.columns.plotStyles);
     copy.currentLayer = translate(state.currentLayer);
     return copy;
 }
 
-void enterForeignState(DatabaseImp& database, const zdr::LayerState& state, const zdr::NameTable& from) {
+void enterForeignState(DatabaseImp& database, const zdr::LayerState& state, const zdr::ColumnTables& from) {
     zdr::LayerState copy = database.translate(state, from);
     shareLayerSet(copy, database.drawing());
     database.insertState(std::move(copy));
@@ -74,7 +75,7 @@ Vorn::ErrorStatus importState(DatabaseImp& database, std::wstring_view name, con
         return Vorn::eDependentRecord;
     if (database.findState(name) != zdr::kNone)
         return Vorn::eDuplicateRecordName;
-    enterForeignState(database, state, source.drawing().names);
+    enterForeignState(database, state, source.drawing());
     return Vorn::eOk;
 }
 

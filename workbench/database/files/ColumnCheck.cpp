@@ -33,7 +33,9 @@ void ColumnCheck::check(const LayerColumns& columns, std::size_t layerCount, Col
         checkColumn(flags, layerCount, L"layer flags", place,
                     [](std::uint8_t value) { return (value & ~kDrawingFlags) == 0; });
     // Lambdas, because a pointer to a function would keep the loop from being unrolled.
-    checkColumn(colors, layerCount, L"colours", place, [](std::uint32_t color) { return isColor(color); });
+    checkColumn(
+        colors, layerCount, L"colours", place,
+        [count = static_cast<std::uint32_t>(m_namedColorCount)](ColorId color) { return isColor(color, count); });
     checkColumn(lineWeights, layerCount, L"lineweights", place,
                 [](std::int16_t weight) { return isLineWeight(weight); });
     const auto isStyle = [count = static_cast<std::uint32_t>(m_styleCount)](NameId style) { return style < count; };

@@ -26,9 +26,10 @@ template <class T> std::uint64_t ColumnTail::place(const Column<T>& column, Valu
 }
 
 PlacedColumns ColumnTail::place(const LayerColumns& columns) {
-    const Values styles = m_styles.areNames() ? Values::Plain : Values::Styles;
+    const Values styles = m_numbers.stylesStay() ? Values::Plain : Values::Styles;
+    const Values colorValues = m_numbers.colorsStay() ? Values::Plain : Values::Colors;
     const auto& [flags, colors, linetypes, lineWeights, plotStyles] = columns; // a sixth doesn't compile
-    return {place(flags, Values::Plain), place(colors, Values::Plain), place(linetypes, styles),
+    return {place(flags, Values::Plain), place(colors, colorValues), place(linetypes, styles),
             place(lineWeights, Values::Plain), place(plotStyles, styles)};
 }
 
@@ -36,22 +37,24 @@ void ColumnTail::write(SinkBuffer& out) const {
     constexpr std::array<std::byte, kAlignment> kPadding{};
     for (const Piece& piece : m_pieces) {
         out.add(std::as_bytes(std::span(&piece.count, 1)));
-        if (piece.values == Values::Styles)
-            writeStyles(out, piece.bytes);
-        else
+        if (piece.values == Values::Plain)
             out.add(piece.bytes);
+        else
+            writeNumbers(out, piece);
         const std::uint64_t end = sizeof(piece.count) + piece.bytes.size();
         out.add(std::span(kPadding).first(aligned(end) - end));
     }
 }
 
-void ColumnTail::writeStyles(SinkBuffer& out, std::span<const std::byte> bytes) const {
-    std::array<NameId, 1024> block;
+// The numbers of styles and colours in the file instead of the drawing's own.
+void ColumnTail::writeNumbers(SinkBuffer& out, const Piece& piece) const {
+    std::array<std::uint32_t, 1024> block;
+    std::span<const std::byte> bytes = piece.bytes;
     while (!bytes.empty()) {
         const std::size_t size = std::min(bytes.size(), sizeof(block));
         std::memcpy(block.data(), bytes.data(), size);
-        for (std::size_t i = 0; i < size / sizeof(NameId); ++i)
-            block[i] = m_styles.number(block[i]);
+        for (std::uint32_t& value : std::span(block).first(size / sizeof(std::uint32_t)))
+            value = piece.values == Values::Styles ? m_numbers.style(value) : m_numbers.color(value);
         out.add(std::as_bytes(std::span(block)).first(size));
         bytes = bytes.subspan(size);
     }

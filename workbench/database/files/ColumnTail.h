@@ -3,7 +3,7 @@
 #pragma once
 
 #include "ByteSink.h"
-#include "StyleNumbers.h"
+#include "FileNumbers.h"
 
 #include <map>
 #include <tuple>
@@ -17,8 +17,8 @@ struct PlacedColumns {
 
 class ColumnTail {
   public:
-    /// `styles` must outlive the tail.
-    explicit ColumnTail(const StyleNumbers& styles) : m_styles(styles) {}
+    /// `numbers` must outlive the tail.
+    explicit ColumnTail(const FileNumbers& numbers) : m_numbers(numbers) {}
 
     /// Gives the columns their places. Their values must stay as they are until write().
     PlacedColumns place(const LayerColumns& columns);
@@ -27,7 +27,7 @@ class ColumnTail {
     void write(SinkBuffer& out) const;
 
   private:
-    enum class Values { Plain, Styles };
+    enum class Values { Plain, Styles, Colors };
     /// One column: the number of its values, then the values.
     struct Piece {
         std::span<const std::byte> bytes;
@@ -36,9 +36,9 @@ class ColumnTail {
     };
 
     template <class T> std::uint64_t place(const Column<T>& column, Values values);
-    void writeStyles(SinkBuffer& out, std::span<const std::byte> bytes) const;
+    void writeNumbers(SinkBuffer& out, const Piece& piece) const;
 
-    const StyleNumbers& m_styles;
+    const FileNumbers& m_numbers;
     std::vector<Piece> m_pieces;
     std::map<std::tuple<const void*, std::size_t, Values>, std::uint64_t> m_positions;
     std::uint64_t m_size = 0;

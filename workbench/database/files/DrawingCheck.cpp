@@ -24,13 +24,6 @@ void checkPoint(const Point& point, const Place& place) {
     checkNumber(point.y, place);
 }
 
-void checkLook(std::uint32_t color, std::int16_t lineWeight, const Place& place) {
-    if (!isColor(color))
-        refuse(place, L"has the colour " + std::to_wstring(color) + L", which isn't one");
-    if (!isLineWeight(lineWeight))
-        refuse(place, L"has the lineweight " + std::to_wstring(lineWeight) + L", which isn't one");
-}
-
 /// Names of one kind, which must differ without regard to case.
 class UniqueTexts {
   public:
@@ -77,6 +70,7 @@ class DrawingCheck {
     void checkStates();
     void checkLayer(std::size_t layer, const Place& place);
     void checkStyle(NameId style, const Place& place);
+    void checkLook(ColorId color, std::int16_t lineWeight, const Place& place);
     void checkEntity(const Entity& entity, const Place& place);
     void checkEntities(const std::vector<Entity>& entities, const Place* owner);
     void checkViewport(const Viewport& viewport, const Place& place);
@@ -183,6 +177,13 @@ void DrawingCheck::checkLayer(std::size_t layer, const Place& place) {
 void DrawingCheck::checkStyle(NameId style, const Place& place) {
     if (style >= m_drawing.names.size())
         refuseIndex(place, L"style name", style, m_drawing.names.size());
+}
+
+void DrawingCheck::checkLook(ColorId color, std::int16_t lineWeight, const Place& place) {
+    if (!isColor(color, static_cast<std::uint32_t>(m_drawing.namedColors.size())))
+        refuse(place, L"has the colour " + std::to_wstring(color) + L", which isn't one");
+    if (!isLineWeight(lineWeight))
+        refuse(place, L"has the lineweight " + std::to_wstring(lineWeight) + L", which isn't one");
 }
 
 struct GeometryCheck {

@@ -12,10 +12,11 @@
 
 namespace zdr {
 
-inline constexpr std::uint32_t kColorByLayer = 256;
-/// Whether a packed colour is an index or a true colour.
-constexpr bool isColor(std::uint32_t color) {
-    return static_cast<bool>(static_cast<int>(color <= kColorByLayer) | static_cast<int>(color >> 24 == 0xC2));
+inline constexpr ColorId kColorByLayer = 256;
+/// Whether a colour is an index, a true colour, or one of so many named ones.
+constexpr bool isColor(ColorId color, std::uint32_t namedColors) {
+    return static_cast<bool>(static_cast<int>(color <= kColorByLayer) | static_cast<int>(color >> 24 == 0xC2) |
+                             static_cast<int>(color - kFirstNamedColor < namedColors));
 }
 
 /// Whether a lineweight lies in the range of the known ones.
@@ -37,7 +38,8 @@ enum class ColumnsOf { Drawing, State };
 class ColumnCheck {
   public:
     /// `styleCount`: the numbers of linetypes and plot styles must be below it.
-    explicit ColumnCheck(std::size_t styleCount) : m_styleCount(styleCount) {}
+    ColumnCheck(std::size_t styleCount, std::size_t namedColorCount)
+        : m_styleCount(styleCount), m_namedColorCount(namedColorCount) {}
     /// Throws a Refusal unless all columns have `layerCount` values, each within its range.
     void check(const LayerColumns& columns, std::size_t layerCount, ColumnsOf owner, const Place& place);
 
@@ -46,7 +48,7 @@ class ColumnCheck {
     void checkColumn(const Column<T>& column, std::size_t layerCount, const wchar_t* kind, const Place& place,
                      Valid valid);
 
-    std::size_t m_styleCount;
+    std::size_t m_styleCount, m_namedColorCount;
     std::set<std::tuple<const void*, std::size_t, const wchar_t*>> m_checked; // values, their number, their kind
 };
 

@@ -20,6 +20,7 @@ class DrawingReader {
 
   private:
     void readStyles();
+    void readNamedColors();
     void readLayers();
     LayerColumns columns(const file::LayerColumns& source, const Place& place);
     void readLayerSets();
@@ -42,6 +43,7 @@ Drawing DrawingReader::read() {
     // Style names come first: then their numbers in the file are their numbers in the drawing, and columns are shared.
     m_context.readStyleNames(*m_source.style_names());
     readStyles();
+    readNamedColors();
     readLayers();
     readLayerSets();
     readStates();
@@ -76,6 +78,28 @@ void DrawingReader::readStyles() {
         m_drawing.plotStyles.push_back({name, source->handle()});
     }
     m_drawing.colorDependentPlotStyles = m_source.color_dependent_plot_styles();
+}
+
+// All are different, so that their places in the file are their places in the drawing, and columns are shared.
+void DrawingReader::readNamedColors() {
+    if (!m_source.named_colors())
+        return;
+    for (const file::NamedColor* source : *m_source.named_colors()) {
+        const Place place{L"named colour", m_drawing.namedColors.size()};
+        KelCmColor color = KelCmColor::fromPacked(source->value());
+        if (color.isByPCI())
+            refuse(place, L"has the value " + std::to_wstring(source->value()) + L", which isn't a true colour");
+        const std::wstring name = m_context.text(source->name(), place), book = m_context.text(source->book(), place);
+        for (const std::wstring& text : {name, book})
+            if (engine::checkColorName(text) != Vorn::eOk)
+                refuse(place, L"has a name that is too long or holds a control character");
+        if (name.empty() && book.empty())
+            refuse(place, L"has neither a name nor a book");
+        if (color.setNames(name.c_str(), book.c_str()) != Vorn::eOk)
+            throw std::bad_alloc();
+        if (const ColorId known = m_drawing.namedColors.intern(color); namedColorIndex(known) != place.index)
+            refuse(place, L"is the same as named colour " + std::to_wstring(namedColorIndex(known) + 1));
+    }
 }
 
 void DrawingReader::readLayers() {
@@ -244,7 +268,8 @@ void DrawingReader::giveHandles() {
 void DrawingReader::check() {
     checkDrawing(m_drawing);
     // Translating a column has checked it against the file's style names; its ids are of the whole name table now.
-    ColumnCheck check(m_context.stylesAreNames() ? m_context.styleCount() : m_drawing.names.size());
+    ColumnCheck check(m_context.stylesAreNames() ? m_context.styleCount() : m_drawing.names.size(),
+                      m_drawing.namedColors.size());
     check.check(m_drawing.columns, m_drawing.layers.size(), ColumnsOf::Drawing, {L"the table of layers"});
     for (std::size_t i = 0; i < m_drawing.states.size(); ++i) {
         const LayerState& state = m_drawing.states[i];

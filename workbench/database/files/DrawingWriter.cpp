@@ -10,7 +10,7 @@ namespace {
 const Drawing& checked(const Drawing& drawing) {
     try {
         checkDrawing(drawing);
-        ColumnCheck check(drawing.names.size());
+        ColumnCheck check(drawing.names.size(), drawing.namedColors.size());
         check.check(drawing.columns, drawing.layers.size(), ColumnsOf::Drawing, {L"the table of layers"});
         for (std::size_t i = 0; i < drawing.states.size(); ++i) {
             const LayerState& state = drawing.states[i];
@@ -48,8 +48,8 @@ class BuiltTable {
 } // namespace
 
 DrawingWriter::DrawingWriter(const Drawing& drawing)
-    : m_drawing(checked(drawing)), m_styles(drawing), m_tail(m_styles) {
-    TableWriter(m_drawing, m_styles, m_builder).write();
+    : m_drawing(checked(drawing)), m_numbers(drawing), m_tail(m_numbers) {
+    TableWriter(m_drawing, m_numbers, m_builder).write();
     layOut();
 }
 

@@ -22,7 +22,7 @@ class DrawingWriter {
     void layOut();
 
     const Drawing& m_drawing;
-    StyleNumbers m_styles;
+    FileNumbers m_numbers;
     ColumnTail m_tail;
     flatbuffers::FlatBufferBuilder m_builder;
 };

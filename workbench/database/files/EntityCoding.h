@@ -6,7 +6,7 @@
 
 namespace zdr {
 
-class StyleNumbers;
+class FileNumbers;
 
 using EntityTables = flatbuffers::Vector<flatbuffers::Offset<file::Entity>>;
 
@@ -18,8 +18,8 @@ Layout readLayout(const file::Layout& source, const Place& place, std::size_t la
 bool hasCurrentViewport(const Drawing& drawing);
 
 flatbuffers::Offset<EntityTables> writeEntities(flatbuffers::FlatBufferBuilder& builder,
-                                                const std::vector<Entity>& entities, const StyleNumbers& styles);
+                                                const std::vector<Entity>& entities, const FileNumbers& numbers);
 flatbuffers::Offset<file::Layout> writeLayout(flatbuffers::FlatBufferBuilder& builder, const Layout& layout,
-                                              const StyleNumbers& styles);
+                                              const FileNumbers& numbers);
 
 } // namespace zdr

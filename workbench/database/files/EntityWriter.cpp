@@ -2,7 +2,7 @@
 #include "EntityCoding.h"
 
 #include "DrawingCheck.h"
-#include "StyleNumbers.h"
+#include "FileNumbers.h"
 #include "TextCoding.h"
 
 namespace zdr {
@@ -48,7 +48,7 @@ struct GeometryWriter {
     }
 };
 
-Offset<file::Viewport> writeViewport(FlatBufferBuilder& builder, const Viewport& viewport, const StyleNumbers& styles) {
+Offset<file::Viewport> writeViewport(FlatBufferBuilder& builder, const Viewport& viewport, const FileNumbers& numbers) {
     std::vector<std::uint32_t> frozen;
     for (std::size_t layer = 0; layer < viewport.frozen.size(); ++layer)
         if (viewport.frozen[layer])
@@ -56,8 +56,8 @@ Offset<file::Viewport> writeViewport(FlatBufferBuilder& builder, const Viewport&
     std::vector<Offset<file::Override>> overrides;
     for (const ViewportOverride& values : viewport.overrides)
         overrides.push_back(file::CreateOverride(builder, static_cast<std::uint32_t>(values.layer), values.mask,
-                                                 values.color, styles.number(values.linetype), values.lineWeight,
-                                                 styles.number(values.plotStyle)));
+                                                 numbers.color(values.color), numbers.style(values.linetype),
+                                                 values.lineWeight, numbers.style(values.plotStyle)));
     const auto frozenVector = builder.CreateVector(frozen);
     const auto overrideVector = builder.CreateVector(overrides);
     const file::Point corner = filePoint(viewport.corner), center = filePoint(viewport.viewCenter);
@@ -68,25 +68,25 @@ Offset<file::Viewport> writeViewport(FlatBufferBuilder& builder, const Viewport&
 } // namespace
 
 Offset<EntityTables> writeEntities(FlatBufferBuilder& builder, const std::vector<Entity>& entities,
-                                   const StyleNumbers& styles) {
+                                   const FileNumbers& numbers) {
     std::vector<Offset<file::Entity>> tables;
     tables.reserve(entities.size());
     for (const Entity& entity : entities) {
         checkSize(builder.GetSize());
         const auto [geometry, type] = std::visit(GeometryWriter{builder}, entity.geometry);
         tables.push_back(file::CreateEntity(builder, static_cast<std::uint32_t>(entity.layer),
-                                            entity.color.value_or(kColorByLayer), styles.numberOrNone(entity.linetype),
-                                            entity.lineWeight, type, geometry));
+                                            numbers.color(entity.color.value_or(kColorByLayer)),
+                                            numbers.styleOrNone(entity.linetype), entity.lineWeight, type, geometry));
     }
     return builder.CreateVector(tables);
 }
 
-Offset<file::Layout> writeLayout(FlatBufferBuilder& builder, const Layout& layout, const StyleNumbers& styles) {
+Offset<file::Layout> writeLayout(FlatBufferBuilder& builder, const Layout& layout, const FileNumbers& numbers) {
     std::vector<Offset<file::Viewport>> viewports;
     for (const Viewport& viewport : layout.viewports)
-        viewports.push_back(writeViewport(builder, viewport, styles));
+        viewports.push_back(writeViewport(builder, viewport, numbers));
     const auto viewportVector = builder.CreateVector(viewports);
-    const auto entities = writeEntities(builder, layout.entities, styles);
+    const auto entities = writeEntities(builder, layout.entities, numbers);
     const auto name = builder.CreateString(toUtf8(layout.name));
     return file::CreateLayout(builder, name, layout.paperWidth, layout.paperHeight, viewportVector, entities);
 }

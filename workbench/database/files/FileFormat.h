@@ -9,8 +9,12 @@
 
 namespace zdr {
 
-/// The version that this program writes, and the newest that it reads. It grows with every change of the schema.
-inline constexpr std::uint32_t kFileVersion = 1;
+/// The versions of the schema. A file bears the lowest one that can hold what is in it, so that older programs read
+/// what they can.
+inline constexpr std::uint32_t kFirstVersion = 1;
+inline constexpr std::uint32_t kNamedColorsVersion = 2;
+/// The newest version that this program reads. It grows with every change of the schema.
+inline constexpr std::uint32_t kFileVersion = kNamedColorsVersion;
 
 /// No drawing file is larger: offsets in it have 31 bits.
 inline constexpr std::uint64_t kLargestFile = FLATBUFFERS_MAX_BUFFER_SIZE - 1;

@@ -33,8 +33,8 @@ std::vector<const LayerState*> ownStates(const Drawing& drawing) {
     return states;
 }
 
-TableWriter::TableWriter(const Drawing& drawing, const StyleNumbers& styles, flatbuffers::FlatBufferBuilder& builder)
-    : m_drawing(drawing), m_styles(styles), m_builder(builder),
+TableWriter::TableWriter(const Drawing& drawing, const FileNumbers& numbers, flatbuffers::FlatBufferBuilder& builder)
+    : m_drawing(drawing), m_numbers(numbers), m_builder(builder),
       m_emptyVector(builder.CreateVector(std::vector<std::uint32_t>()).o) {}
 
 TableWriter::Text TableWriter::text(std::wstring_view text) {
@@ -69,6 +69,19 @@ TableWriter::Vector<file::PlotStyle> TableWriter::plotStyles() {
     std::vector<Offset<file::PlotStyle>> tables;
     for (const PlotStyle& style : m_drawing.plotStyles)
         tables.push_back(file::CreatePlotStyle(m_builder, text(m_drawing.names.text(style.name)), style.handle));
+    return m_builder.CreateVector(tables);
+}
+
+TableWriter::Vector<file::NamedColor> TableWriter::namedColors() {
+    if (m_numbers.namedColors().empty())
+        return {};
+    std::vector<Offset<file::NamedColor>> tables;
+    for (const std::uint32_t place : m_numbers.namedColors()) {
+        const KelCmColor color = m_drawing.namedColors.color(kFirstNamedColor + place);
+        const Text name = optionalText(color.colorName());
+        const Text book = optionalText(color.bookName());
+        tables.push_back(file::CreateNamedColor(m_builder, color.packed(), name, book));
+    }
     return m_builder.CreateVector(tables);
 }
 
@@ -122,7 +135,7 @@ Offset<file::LayerState> TableWriter::state(const LayerState& state) {
 TableWriter::Vector<file::Layout> TableWriter::layouts() {
     std::vector<Offset<file::Layout>> tables;
     for (const Layout& layout : m_drawing.layouts)
-        tables.push_back(writeLayout(m_builder, layout, m_styles));
+        tables.push_back(writeLayout(m_builder, layout, m_numbers));
     return m_builder.CreateVector(tables);
 }
 
@@ -167,7 +180,7 @@ Offset<file::LayerColumns> TableWriter::columns() {
 
 void TableWriter::write() {
     constexpr std::uint32_t kUnknownLength = 1; // anything but 0, which the builder would leave out
-    const auto styleNames = names(m_styles.names());
+    const auto styleNames = names(m_numbers.styleNames());
     const auto linetypeTables = linetypes();
     const auto plotStyleTables = plotStyles();
     const auto layerTables = layers();
@@ -176,18 +189,20 @@ void TableWriter::write() {
     const auto stateTables = states();
     // No state has an empty name, but the file still tells an empty last restored name from none.
     const Text lastRestored = m_drawing.lastRestored ? text(*m_drawing.lastRestored) : Text(0);
-    const auto entities = writeEntities(m_builder, m_drawing.entities, m_styles);
+    const auto entities = writeEntities(m_builder, m_drawing.entities, m_numbers);
     const auto layoutTables = layouts();
     const auto referenceTables = references();
     const auto applicationNames = applications();
     const auto dataTables = extendedData();
+    const auto colorTables = namedColors();
+    const std::uint32_t version = m_numbers.namedColors().empty() ? kFirstVersion : kNamedColorsVersion;
     const std::int32_t activeLayout = fileIndex(m_drawing.activeLayout.value_or(kNone));
     const Handle currentViewport = hasCurrentViewport(m_drawing) ? *m_drawing.currentViewport : 0;
     const auto root = file::CreateDrawing(
-        m_builder, kFileVersion, m_drawing.nextHandle, styleNames, linetypeTables, plotStyleTables,
+        m_builder, version, m_drawing.nextHandle, styleNames, linetypeTables, plotStyleTables,
         m_drawing.colorDependentPlotStyles, layerTables, ownColumns, static_cast<std::uint32_t>(m_drawing.currentLayer),
         setTables, stateTables, lastRestored, entities, layoutTables, activeLayout, currentViewport, referenceTables,
-        applicationNames, dataTables, m_drawing.defaultLineWeight, kUnknownLength);
+        applicationNames, dataTables, m_drawing.defaultLineWeight, kUnknownLength, colorTables);
     file::FinishDrawingBuffer(m_builder, root);
 }
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "FileFormat.h"
-#include "StyleNumbers.h"
+#include "FileNumbers.h"
 
 #include <map>
 #include <memory>
@@ -15,7 +15,7 @@ std::vector<const LayerState*> ownStates(const Drawing& drawing);
 class TableWriter {
   public:
     /// Writes to `builder`; all three must outlive the writer.
-    TableWriter(const Drawing& drawing, const StyleNumbers& styles, flatbuffers::FlatBufferBuilder& builder);
+    TableWriter(const Drawing& drawing, const FileNumbers& numbers, flatbuffers::FlatBufferBuilder& builder);
     /// Writes all tables. Until the file is laid out, columns lead to an empty vector and the length isn't the file's.
     void write();
 
@@ -28,6 +28,7 @@ class TableWriter {
     Vector<flatbuffers::String> names(const std::vector<NameId>& names);
     Vector<file::Linetype> linetypes();
     Vector<file::PlotStyle> plotStyles();
+    Vector<file::NamedColor> namedColors();
     Vector<file::Layer> layers();
     Vector<file::LayerSet> layerSets();
     Vector<file::LayerState> states();
@@ -39,7 +40,7 @@ class TableWriter {
     flatbuffers::Offset<file::LayerColumns> columns();
 
     const Drawing& m_drawing;
-    const StyleNumbers& m_styles;
+    const FileNumbers& m_numbers;
     flatbuffers::FlatBufferBuilder& m_builder;
     std::uint32_t m_emptyVector;
     std::map<const LayerSet*, std::uint32_t> m_setNumbers;

@@ -4,6 +4,7 @@
 
 #include "LayerColumns.h"
 #include "NameTable.h"
+#include "NamedColors.h"
 
 #include <memory>
 #include <optional>
@@ -83,9 +84,9 @@ struct Text {
 /// Something drawn. Its colour, linetype and lineweight are the layer's unless it carries its own.
 struct Entity {
     std::size_t layer = 0;
-    std::optional<std::uint32_t> color; ///< packed; none: by layer
-    NameId linetype = kNoName;          ///< kNoName: by layer
-    std::int16_t lineWeight = -1;       ///< -1: by layer
+    std::optional<ColorId> color; ///< none: by layer
+    NameId linetype = kNoName;    ///< kNoName: by layer
+    std::int16_t lineWeight = -1; ///< -1: by layer
     std::variant<Line, Polyline, Circle, Arc, Text> geometry;
 };
 
@@ -93,7 +94,7 @@ struct Entity {
 struct ViewportOverride {
     std::size_t layer = 0;
     std::uint32_t mask = 0; ///< which of the overridable properties it overrides
-    std::uint32_t color = 0;
+    ColorId color = 0;
     NameId linetype = kNoName;
     std::int16_t lineWeight = 0;
     NameId plotStyle = kNoName;
@@ -149,8 +150,13 @@ struct MendedName {
     std::wstring was, now;
 };
 
-struct Drawing {
+/// What the numbers in columns stand for. Both tables only grow, so that what undo brings back still means the same.
+struct ColumnTables {
     NameTable names;
+    NamedColors namedColors;
+};
+
+struct Drawing : ColumnTables {
     Handle nextHandle = 1;
     std::vector<Linetype> linetypes;
     std::vector<PlotStyle> plotStyles;

@@ -4,6 +4,7 @@
 
 #include "Column.h"
 #include "NameTable.h"
+#include "NamedColors.h"
 
 #include <cstdint>
 #include <memory>
@@ -38,7 +39,7 @@ struct LayerSet {
 
 struct LayerColumns {
     Column<std::uint8_t> flags;
-    Column<std::uint32_t> colors;     ///< KelCmColor::packed()
+    Column<ColorId> colors;           ///< named ones in the drawing's table
     Column<NameId> linetypes;         ///< names in the drawing's name table
     Column<std::int16_t> lineWeights; ///< hundredths of a millimetre, -1 to -3
     Column<NameId> plotStyles;        ///< names in the drawing's name table

@@ -80,9 +80,11 @@ bool KelDbLayerTableRecord::isPlottable() const {
 
 KelCmColor KelDbLayerTableRecord::color() const {
     HostCall call("record.color", objectId());
-    return call.answer(KelCmColor::fromPacked(read(
-        *this, 7u, [](const MemoryLayer& layer) { return layer.color; },
-        [](const zdr::Drawing& drawing, std::size_t index) { return drawing.columns.colors[index]; })));
+    return call.answer(read(
+        *this, KelCmColor(), [](const MemoryLayer& layer) { return layer.color; },
+        [](const zdr::Drawing& drawing, std::size_t index) {
+            return drawing.namedColors.color(drawing.columns.colors[index]);
+        }));
 }
 
 KelDbObjectId KelDbLayerTableRecord::linetypeObjectId() const {

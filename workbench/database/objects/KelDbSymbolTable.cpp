@@ -94,8 +94,9 @@ Vorn::ErrorStatus KelDbLayerTable::add(KelDbObjectId& id, KelDbLayerTableRecord*
     if (!values)
         return call.answer(Vorn::eInvalidInput);
     engine::DatabaseImp& database = *table->database;
-    engine::LayerValues row{values->flags, values->color, database.intern(engine::nameOf(values->linetype)),
-                            values->lineWeight, database.intern(values->plotStyle)};
+    engine::LayerValues row{values->flags, database.intern(values->color),
+                            database.intern(engine::nameOf(values->linetype)), values->lineWeight,
+                            database.intern(values->plotStyle)};
     const Vorn::ErrorStatus status = engine::addLayer(database, values->name, values->description, row);
     if (status != Vorn::eOk)
         return call.answer(status);

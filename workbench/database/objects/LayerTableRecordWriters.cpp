@@ -84,9 +84,9 @@ Vorn::ErrorStatus KelDbLayerTableRecord::setIsPlottable(bool plot) {
 void KelDbLayerTableRecord::setColor(const KelCmColor& color) {
     HostCall call("record.setColor", objectId(), color);
     if (MemoryLayer* layer = engine::memoryLayer(*this))
-        layer->color = color.packed();
+        layer->color = color;
     else
-        writeRow(*this, [&](engine::LayerValues& values) { values.color = color.packed(); });
+        writeRow(*this, [&](engine::LayerValues& values) { values.color = state()->stub->database->intern(color); });
 }
 
 // A linetype of another drawing, or none, changes nothing.

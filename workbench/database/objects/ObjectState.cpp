@@ -95,7 +95,7 @@ MemoryLayer copyToMemory(const KelDbStub& layer) {
     return {drawing.names.text(drawing.layers[layer.index].name),
             drawing.layers[layer.index].description,
             values.flags,
-            values.color,
+            drawing.namedColors.color(values.color),
             id(linetype == zdr::kNone ? nullptr : database.objects().linetype(linetype)),
             values.lineWeight,
             drawing.names.text(values.plotStyle),

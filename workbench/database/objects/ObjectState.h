@@ -13,7 +13,7 @@ struct MemoryLayer {
     std::wstring name;
     std::wstring description;
     std::uint8_t flags = zdr::kLayerOn | zdr::kLayerPlot;
-    std::uint32_t color = 7;
+    KelCmColor color;
     KelDbObjectId linetype;
     std::int16_t lineWeight = -3;
     std::wstring plotStyle;

@@ -15,9 +15,10 @@ Vorn::ErrorStatus readStateFile(DatabaseImp& database, const std::wstring& path,
 /// is the answer for names that no text can hold. The database's file problem says why.
 Vorn::ErrorStatus writeStateFile(DatabaseImp& database, std::size_t index, const std::wstring& path);
 
-/// The text of a state, and the state of a text, whose names are entered in `names`. `cause` says why there is none, as
-/// the end of a sentence that begins with the file.
-std::string stateText(const zdr::LayerState& state, const zdr::NameTable& names);
-Vorn::ErrorStatus parseState(std::string_view text, zdr::NameTable& names, zdr::LayerState& state, std::wstring& cause);
+/// The text of a state, and the state of a text, whose names and named colours are entered in `tables`. `cause` says
+/// why there is none, as the end of a sentence that begins with the file.
+std::string stateText(const zdr::LayerState& state, const zdr::ColumnTables& tables);
+Vorn::ErrorStatus parseState(std::string_view text, zdr::ColumnTables& tables, zdr::LayerState& state,
+                             std::wstring& cause);
 
 } // namespace engine

@@ -7,7 +7,10 @@
 namespace engine::statefile {
 
 inline constexpr const char* kVersionKey = "layerStateFile";
-inline constexpr int kVersion = 1;
+/// A file bears the lowest version that can hold what is in it, so that older programs read what they can.
+inline constexpr int kFirstVersion = 1;
+inline constexpr int kNamedColorsVersion = 2;
+inline constexpr int kVersion = kNamedColorsVersion; ///< the newest that is read
 inline constexpr const char* kNameKey = "name";
 inline constexpr const char* kDescriptionKey = "description";
 inline constexpr const char* kRestoresKey = "restores";
@@ -19,6 +22,8 @@ inline constexpr const char* kLayersKey = "layers";
 
 // Of the properties that aren't flags.
 inline constexpr const char* kColorKey = wordOf(MaskColor); ///< an index, or red, green and blue in an array
+inline constexpr const char* kColorNameKey = "colorName";   ///< this one and the next only where the colour has them
+inline constexpr const char* kColorBookKey = "colorBook";
 inline constexpr const char* kLinetypeKey = wordOf(MaskLinetype);
 inline constexpr const char* kLineWeightKey = wordOf(MaskLineWeight);
 inline constexpr const char* kPlotStyleKey = wordOf(MaskPlotStyle);

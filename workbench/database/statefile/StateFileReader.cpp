@@ -101,7 +101,7 @@ bool isHeaderKey(std::string_view key) {
 }
 
 bool isLayerKey(std::string_view key) {
-    return key == kNameKey ||
+    return key == kNameKey || key == kColorNameKey || key == kColorBookKey ||
            std::ranges::any_of(kLayerProperties, [key](const LayerProperty& property) { return key == property.word; });
 }
 
@@ -128,12 +128,12 @@ LayerStateMask readMask(const Json& file) {
     return mask;
 }
 
-std::uint32_t readColor(const Json& row, const Place& place) {
+KelCmColor readPlainColor(const Json& row, const Place& place) {
     const Json& value = member(row, kColorKey, place);
     KelCmColor color;
     if (const auto index = wholeNumber(value, 0, 256)) {
         color.setColorIndex(static_cast<unsigned short>(*index));
-        return color.packed();
+        return color;
     }
     std::vector<std::uint8_t> channels;
     if (value.is_array())
@@ -143,22 +143,43 @@ std::uint32_t readColor(const Json& row, const Place& place) {
     if (channels.size() != 3 || value.size() != 3)
         refuseValue(place, kColorKey, L"is neither a number from 0 to 256 nor a list of three from 0 to 255");
     color.setRGB(channels[0], channels[1], channels[2]);
-    return color.packed();
+    return color;
 }
 
-LayerValues readLayer(const Json& row, bool withViewport, const Place& place, zdr::NameTable& names) {
+/// The name of a true colour, or of its book; empty where the file has none.
+std::wstring colorText(const Json& row, const char* key, const KelCmColor& color, const Place& place) {
+    if (!row.contains(key))
+        return {};
+    std::wstring name = text(row, key, place);
+    if (color.isByPCI())
+        refuseStateFile(place.text() + L" has a \"" + *zdr::fromUtf8(key) + L"\" for a colour of the palette");
+    if (name.empty() || checkColorName(name) != Vorn::eOk)
+        refuseValue(place, key, L"is empty, too long, or holds a control character");
+    return name;
+}
+
+KelCmColor readColor(const Json& row, const Place& place) {
+    KelCmColor color = readPlainColor(row, place);
+    const std::wstring name = colorText(row, kColorNameKey, color, place);
+    const std::wstring book = colorText(row, kColorBookKey, color, place);
+    if (!color.isByPCI() && color.setNames(name.c_str(), book.c_str()) != Vorn::eOk)
+        throw std::bad_alloc();
+    return color;
+}
+
+LayerValues readLayer(const Json& row, bool withViewport, const Place& place, zdr::ColumnTables& tables) {
     LayerValues values;
     for (const LayerProperty& property : kLayerProperties)
         if (property.flag && truth(row, property.word, place))
             values.flags = static_cast<std::uint8_t>(values.flags | property.flag);
     if (!withViewport && (values.flags & zdr::kLayerViewportFrozen))
         refuseStateFile(place.text() + L" is frozen in a viewport, but the state was saved without one");
-    values.color = readColor(row, place);
-    values.linetype = drawingName(row, kLinetypeKey, true, place, names);
+    values.color = tables.namedColors.intern(readColor(row, place));
+    values.linetype = drawingName(row, kLinetypeKey, true, place, tables.names);
     values.lineWeight = static_cast<std::int16_t>(number(row, kLineWeightKey, kLineWeightDefault, kWidestLine, place));
     if (!engine::isLineWeight(values.lineWeight))
         refuseValue(place, kLineWeightKey, L"isn't a lineweight: " + std::to_wstring(values.lineWeight));
-    values.plotStyle = drawingName(row, kPlotStyleKey, true, place, names);
+    values.plotStyle = drawingName(row, kPlotStyleKey, true, place, tables.names);
     return values;
 }
 
@@ -173,7 +194,8 @@ void requireDifferent(const std::vector<zdr::NameId>& layers, const zdr::NameTab
     }
 }
 
-void readLayers(const Json& rows, zdr::NameTable& names, zdr::LayerState& state) {
+void readLayers(const Json& rows, zdr::ColumnTables& tables, zdr::LayerState& state) {
+    zdr::NameTable& names = tables.names;
     if (!rows.is_array())
         refuseValue(kHeader, kLayersKey, L"isn't a list");
     auto set = std::make_shared<zdr::LayerSet>();
@@ -182,7 +204,7 @@ void readLayers(const Json& rows, zdr::NameTable& names, zdr::LayerState& state)
         requireKnownKeys(row, place, isLayerKey);
         set->names.push_back(drawingName(row, kNameKey, false, place, names));
         place.name = names.text(set->names.back());
-        appendValues(state.columns, readLayer(row, state.hasViewportData, place, names));
+        appendValues(state.columns, readLayer(row, state.hasViewportData, place, tables));
     }
     requireDifferent(set->names, names);
     state.layers = std::move(set);
@@ -199,16 +221,16 @@ void requireVersion(const Json& file) {
                                                     std::to_wstring(kVersion)};
 }
 
-void readState(const Json& file, zdr::NameTable& names, zdr::LayerState& state) {
+void readState(const Json& file, zdr::ColumnTables& tables, zdr::LayerState& state) {
     requireVersion(file);
     requireKnownKeys(file, kHeader, isHeaderKey);
     state.name = text(file, kNameKey, kHeader);
     state.description = text(file, kDescriptionKey, kHeader);
     state.mask = readMask(file);
     state.hasViewportData = truth(file, kViewportKey, kHeader);
-    readLayers(member(file, kLayersKey, kHeader), names, state);
+    readLayers(member(file, kLayersKey, kHeader), tables, state);
     if (file.contains(kCurrentLayerKey)) {
-        state.currentLayer = names.find(text(file, kCurrentLayerKey, kHeader));
+        state.currentLayer = tables.names.find(text(file, kCurrentLayerKey, kHeader));
         if (std::ranges::find(state.layers->names, state.currentLayer) == state.layers->names.end())
             refuseValue(kHeader, kCurrentLayerKey, L"is none of its layers");
     }
@@ -237,23 +259,23 @@ zdr::Refusal nameRefusal(Vorn::ErrorStatus status, const std::wstring& name) {
 
 /// Reads a file and enters its state, or throws the Refusal.
 void importFile(DatabaseImp& database, const std::wstring& path, std::wstring& name) {
-    zdr::NameTable names;
+    zdr::ColumnTables tables;
     zdr::LayerState state;
-    readState(parseText(readAll(path)), names, state);
+    readState(parseText(readAll(path)), tables, state);
     name = state.name;
     if (database.findState(name) != zdr::kNone)
         throw nameRefusal(Vorn::eDuplicateRecordName, name);
     if (const Vorn::ErrorStatus valid = checkName(name); valid != Vorn::eOk)
         throw nameRefusal(valid, name);
-    enterForeignState(database, state, names);
+    enterForeignState(database, state, tables);
 }
 
 } // namespace
 
-Vorn::ErrorStatus parseState(std::string_view text, zdr::NameTable& names, zdr::LayerState& state,
+Vorn::ErrorStatus parseState(std::string_view text, zdr::ColumnTables& tables, zdr::LayerState& state,
                              std::wstring& cause) {
     try {
-        readState(parseText(text), names, state);
+        readState(parseText(text), tables, state);
         return Vorn::eOk;
     } catch (const zdr::Refusal& refusal) {
         cause = refusal.cause;

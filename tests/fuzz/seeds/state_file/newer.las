@@ -1,5 +1,5 @@
 {
-  "layerStateFile": 2,
+  "layerStateFile": 3,
   "name": "New",
   "description": "",
   "restores": ["on"],

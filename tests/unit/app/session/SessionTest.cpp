@@ -47,7 +47,7 @@ void failWithoutWord() {
 std::string drawingOfNewerVersion() {
     flatbuffers::FlatBufferBuilder builder;
     const auto start = builder.StartTable();
-    builder.AddElement<std::uint32_t>(zdr::file::Drawing::VT_VERSION, 2, 0);
+    builder.AddElement<std::uint32_t>(zdr::file::Drawing::VT_VERSION, 3, 0);
     builder.Finish(flatbuffers::Offset<zdr::file::Drawing>(builder.EndTable(start)), zdr::file::DrawingIdentifier());
     return {reinterpret_cast<const char*>(builder.GetBufferPointer()), builder.GetSize()};
 }
