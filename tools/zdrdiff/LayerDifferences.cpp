@@ -28,11 +28,17 @@ constexpr FlagWords flagTable[] = {
 static_assert(static_cast<int>(std::size(flagTable)) == std::popcount(zdr::kDrawingFlags),
               "each flag of a drawing has its words");
 
-std::wstring colorText(std::uint32_t packed) {
-    const KelCmColor color = KelCmColor::fromPacked(packed);
+// Value and names, since two colours of one name may look different.
+std::wstring colorText(const KelCmColor& color) {
     if (color.isByPCI())
         return std::to_wstring(color.colorIndex());
-    return std::to_wstring(color.red()) + L"," + std::to_wstring(color.green()) + L"," + std::to_wstring(color.blue());
+    std::wstring text =
+        std::to_wstring(color.red()) + L"," + std::to_wstring(color.green()) + L"," + std::to_wstring(color.blue());
+    if (color.hasColorName())
+        text.append(L" ").append(color.colorName());
+    if (color.hasBookName())
+        text.append(L" (").append(color.bookName()).append(L")");
+    return text;
 }
 
 std::wstring lineWeightText(int weight) {
@@ -55,7 +61,7 @@ std::vector<std::pair<std::wstring, std::wstring>> propertiesOf(const zdr::Drawi
     const zdr::LayerColumns& columns = drawing.columns;
     for (const FlagWords& row : flagTable)
         found.emplace_back(row.property, columns.flags[layer] & row.flag ? row.set : row.clear);
-    found.emplace_back(L"color", colorText(columns.colors[layer]));
+    found.emplace_back(L"color", colorText(drawing.namedColors.color(columns.colors[layer])));
     found.emplace_back(L"linetype", drawing.names.text(columns.linetypes[layer]));
     found.emplace_back(L"lineweight", lineWeightText(columns.lineWeights[layer]));
     found.emplace_back(L"plot style", drawing.names.text(columns.plotStyles[layer]));

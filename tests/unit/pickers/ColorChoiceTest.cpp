@@ -111,6 +111,20 @@ TEST(ColorChoice, beginsOnTheTabThatShowsTheColor) {
     EXPECT_EQ(ColorChoice(indexed(5)).firstTab(colorParts(kOrvUiColorTrueColor, false)), ColorTab::trueColor);
 }
 
+TEST(ColorChoice, keepsTheNamesOfAColorUntilAnotherIsChosen) {
+    KelCmColor named = trueColor(0, 60, 140);
+    named.setNames(L"Signal Blue", L"House Paints");
+    ColorChoice choice(named);
+    EXPECT_EQ(choice.color(), named);
+    EXPECT_EQ(choice.describe(), L"Signal Blue (House Paints)");
+    EXPECT_EQ(choice.rgb(), (std::array<int, 3>{0, 60, 140}));
+    EXPECT_EQ(choice.firstTab(colorParts(kAll, false)), ColorTab::trueColor);
+    choice.chooseRgb(0, 60, 140);
+    EXPECT_EQ(choice.color(), trueColor(0, 60, 140));
+    named.setNames(nullptr, L"House Paints");
+    EXPECT_EQ(ColorChoice(named).describe(), L"True color 0,60,140 (House Paints)");
+}
+
 TEST(ColorChoice, isDescribedForPeople) {
     EXPECT_EQ(ColorChoice(indexed(1)).describe(), L"Red (255,0,0)");
     EXPECT_EQ(ColorChoice(indexed(8)).describe(), L"Color 8 (128,128,128)");

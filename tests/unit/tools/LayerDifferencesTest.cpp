@@ -2,6 +2,8 @@
 
 #include "LayerDifferences.h"
 
+#include "KelCmColor.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -49,6 +51,30 @@ TEST(LayerDifferences, EachPropertyIsToldInWords) {
                                                              FieldsAre(L"Base", L"linetype", L"Continuous", L"Dashed"),
                                                              FieldsAre(L"Base", L"lineweight", L"default", L"1.05 mm"),
                                                              FieldsAre(L"Base", L"plot style", L"Normal", L"Grey")));
+}
+
+TEST(LayerDifferences, ColorsDifferInTheirNamesToo) {
+    const auto painted = [](const wchar_t* name, const wchar_t* book) {
+        zdr::Drawing drawing = drawingWith({L"Base"});
+        KelCmColor color;
+        color.setRGB(0, 60, 140);
+        color.setNames(name, book);
+        drawing.columns.colors.set(0, drawing.namedColors.intern(color));
+        return drawing;
+    };
+    EXPECT_THAT(
+        layerDifferences(painted(L"Signal Blue", L"House Paints"), painted(L"Signal Blue", nullptr)),
+        ElementsAre(FieldsAre(L"Base", L"color", L"0,60,140 Signal Blue (House Paints)", L"0,60,140 Signal Blue")));
+    EXPECT_THAT(layerDifferences(painted(nullptr, L"House Paints"), painted(nullptr, nullptr)),
+                ElementsAre(FieldsAre(L"Base", L"color", L"0,60,140 (House Paints)", L"0,60,140")));
+    zdr::Drawing further = painted(L"Signal Blue", nullptr);
+    KelCmColor first = further.namedColors.color(further.columns.colors[0]);
+    zdr::Drawing other = drawingWith({L"Base"});
+    first.setNames(L"Amber", nullptr);
+    other.namedColors.intern(first);
+    first.setNames(L"Signal Blue", nullptr);
+    other.columns.colors.set(0, other.namedColors.intern(first));
+    EXPECT_THAT(layerDifferences(further, other), IsEmpty()) << "at another place of the table";
 }
 
 TEST(LayerDifferences, LayersAreMatchedByNameWhateverTheirOrderAndCase) {

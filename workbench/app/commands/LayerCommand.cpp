@@ -255,8 +255,9 @@ std::wstring describe(const zdr::Drawing& drawing, std::size_t layer) {
     text += flags & zdr::kLayerLocked ? L", locked" : L"";
     text += flags & zdr::kLayerPlot ? L"" : L", not plotted";
     text += flags & zdr::kLayerNewViewportFrozen ? L", frozen in new viewports" : L"";
-    text += L", " + colorText(columns.colors[layer]) + L", " + drawing.names.text(columns.linetypes[layer]) + L", " +
-            lineWeightText(columns.lineWeights[layer]);
+    const KelCmColor color = drawing.namedColors.color(columns.colors[layer]);
+    text += std::wstring(L", ") + color.colorNameForDisplay() + L", " + drawing.names.text(columns.linetypes[layer]) +
+            L", " + lineWeightText(columns.lineWeights[layer]);
     if (!drawing.layers[layer].description.empty())
         text += L" - " + drawing.layers[layer].description;
     return text + (layer == drawing.currentLayer ? L" (current)\n" : L"\n");

@@ -24,8 +24,8 @@ const std::vector<double>* patternOf(const zdr::Drawing& drawing, zdr::NameId li
 }
 
 // A layer's own colour can't be by layer or by block, though a file may say so.
-std::uint32_t plainColor(std::uint32_t packed) {
-    return packed == kByBlock || packed == kByLayer ? kForeground : packed;
+std::uint32_t plainColor(const zdr::Drawing& drawing, zdr::ColorId color) {
+    return color == kByBlock || color == kByLayer ? kForeground : drawing.namedColors.packed(color);
 }
 
 int plainWeight(const zdr::Drawing& drawing, int weight) {
@@ -37,7 +37,7 @@ LayerLook ownLook(const zdr::Drawing& drawing, std::size_t layer) {
     LayerLook look;
     const unsigned flags = columns.flags[layer];
     look.visible = (flags & zdr::kLayerOn) && !(flags & zdr::kLayerFrozen);
-    look.color = plainColor(columns.colors[layer]);
+    look.color = plainColor(drawing, columns.colors[layer]);
     look.pattern = patternOf(drawing, columns.linetypes[layer]);
     look.lineWeight = plainWeight(drawing, columns.lineWeights[layer]);
     return look;
@@ -45,7 +45,7 @@ LayerLook ownLook(const zdr::Drawing& drawing, std::size_t layer) {
 
 void apply(const zdr::Drawing& drawing, const zdr::ViewportOverride& own, LayerLook& look) {
     if (own.mask & MaskColor)
-        look.color = plainColor(own.color);
+        look.color = plainColor(drawing, own.color);
     if (own.mask & MaskLinetype)
         look.pattern = patternOf(drawing, own.linetype);
     if (own.mask & MaskLineWeight)
@@ -96,7 +96,7 @@ std::vector<LayerLook> referencedLooks(const zdr::Drawing& drawing, const std::v
 LayerLook entityLook(const zdr::Drawing& drawing, const zdr::Entity& entity, const LayerLook& layer) {
     LayerLook look = layer;
     if (entity.color && *entity.color != kByLayer)
-        look.color = plainColor(*entity.color);
+        look.color = plainColor(drawing, *entity.color);
     if (entity.linetype != zdr::kNoName)
         look.pattern = patternOf(drawing, entity.linetype);
     if (entity.lineWeight != engine::kLineWeightByLayer)

@@ -19,7 +19,7 @@ std::wstring spaceOf(const zdr::Drawing& drawing) {
 StatusFacts statusOf(const zdr::Drawing& drawing, const std::wstring& message) {
     StatusFacts facts;
     facts.layer = drawing.names.text(drawing.layers[drawing.currentLayer].name);
-    facts.layerColor = drawing.columns.colors[drawing.currentLayer];
+    facts.layerColor = drawing.namedColors.packed(drawing.columns.colors[drawing.currentLayer]);
     facts.space = spaceOf(drawing);
     facts.message = message;
     return facts;

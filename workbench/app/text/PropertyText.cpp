@@ -113,10 +113,6 @@ zdr::NameId findPlotStyle(const zdr::Drawing& drawing, const std::wstring& name)
     return findStyle(drawing, drawing.plotStyles, name);
 }
 
-std::wstring colorText(std::uint32_t packed) {
-    return KelCmColor::fromPacked(packed).colorNameForDisplay();
-}
-
 std::wstring lineWeightText(int weight) {
     if (weight < 0)
         return kDefaultWord;

@@ -23,7 +23,6 @@ std::optional<double> parseNumber(const std::wstring& text);
 zdr::NameId findLinetype(const zdr::Drawing& drawing, const std::wstring& name);
 zdr::NameId findPlotStyle(const zdr::Drawing& drawing, const std::wstring& name);
 
-std::wstring colorText(std::uint32_t packed);
 /// "0.25 mm", or "default".
 std::wstring lineWeightText(int weight);
 

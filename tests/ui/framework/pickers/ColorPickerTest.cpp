@@ -83,6 +83,23 @@ TEST_F(ColorPicker, beginsOnThePaletteWithTheColorMarked) {
     EXPECT_EQ(color, indexed(30));
 }
 
+TEST_F(ColorPicker, aNamedColorIsShownByItsNameAndKeptWhenNothingElseIsChosen) {
+    KelCmColor named = trueColor(0, 60, 140);
+    named.setNames(L"Signal Blue", L"House Paints");
+    ui::Script script;
+    script.waitForControl(IDC_COLOR_RED)
+        .look("what it shows",
+              [](const ui::View& view) {
+                  EXPECT_EQ(view.text(IDC_COLOR_CURRENT_TEXT), L"Signal Blue (House Paints)");
+                  EXPECT_EQ(view.text(IDC_COLOR_NEW_TEXT), L"Signal Blue (House Paints)");
+                  EXPECT_EQ(view.text(IDC_COLOR_BLUE), L"140");
+              })
+        .press(VK_RETURN);
+    pick(script, named);
+    EXPECT_EQ(answered, kColorChosen);
+    EXPECT_EQ(color, named);
+}
+
 TEST_F(ColorPicker, aClickAndOkChoose) {
     pick(clickCell(4, 0).click(IDOK), indexed(1));
     EXPECT_EQ(answered, kColorChosen);

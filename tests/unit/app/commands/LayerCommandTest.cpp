@@ -174,6 +174,18 @@ TEST_F(LayerCommandTest, ListsLayersWithTheirProperties) {
     EXPECT_THAT(run(L"LAYER ?"), HasSubstr(L"Base: on, White, Continuous, default (current)\n"));
 }
 
+TEST_F(LayerCommandTest, ListsANamedColourByItsName) {
+    session.change([](KelDbDatabase& database) {
+        KelCmColor color;
+        color.setRGB(0, 60, 140);
+        color.setNames(L"Signal Blue", L"House Paints");
+        engine::LayerValues values = engine::layerValues(database, 1);
+        values.color = engine::colorId(database, color);
+        EXPECT_EQ(engine::setLayerValues(database, 1, values), Vorn::eOk);
+    });
+    EXPECT_EQ(run(L"LAYER LIST Walls"), L"Walls: on, Signal Blue (House Paints), Continuous, default\n");
+}
+
 TEST_F(LayerCommandTest, ListsNoMoreThanCanBeRead) {
     std::wstring names;
     for (int i = 0; i < 300; ++i)

@@ -105,6 +105,24 @@ TEST(LayerLook, AnEntitysOwnPropertiesWin) {
     EXPECT_EQ(look.lineWeight, 13);
 }
 
+TEST(LayerLook, ANamedColourLooksLikeItsValue) {
+    zdr::Drawing drawing = handmade::emptyDrawing();
+    KelCmColor color;
+    color.setRGB(0, 60, 140);
+    color.setNames(L"Signal Blue", L"House Paints");
+    const zdr::ColorId named = drawing.namedColors.intern(color);
+    handmade::addLayer(drawing, L"A", {kShown, named});
+    handmade::addLayer(drawing, L"B");
+    zdr::Viewport viewport = viewportThatFreezes({});
+    viewport.overrides.push_back({1, MaskColor, named, zdr::kNoName, 0, zdr::kNoName});
+    const auto looks = layerLooks(drawing, &viewport);
+    EXPECT_EQ(looks[0].color, 0xC2003C8Cu);
+    EXPECT_EQ(looks[1].color, 0xC2003C8Cu);
+    zdr::Entity entity;
+    entity.color = named;
+    EXPECT_EQ(entityLook(drawing, entity, layerLooks(drawing, nullptr)[1]).color, 0xC2003C8Cu);
+}
+
 TEST(LayerLook, WhatAReferenceShowsFollowsTheDrawingsOwnRecords) {
     auto shown = std::make_shared<zdr::Drawing>(handmade::emptyDrawing());
     handmade::addLayer(*shown, L"Fence", {kShown, 1});

@@ -24,6 +24,15 @@ TEST(StatusFacts, TellLayerAndSpace) {
     EXPECT_EQ(statusOf(drawing, L"").space, L"A3, viewport 2");
 }
 
+TEST(StatusFacts, TellWhatANamedColourLooksLike) {
+    zdr::Drawing drawing = handmade::emptyDrawing();
+    KelCmColor color;
+    color.setRGB(0, 60, 140);
+    color.setNames(L"Signal Blue", nullptr);
+    handmade::addLayer(drawing, L"Walls", {zdr::kLayerOn, drawing.namedColors.intern(color)});
+    EXPECT_EQ(statusOf(drawing, L"").layerColor, 0xC2003C8Cu);
+}
+
 TEST(StatusFacts, ShowTheLastLineThatSaysSomething) {
     EXPECT_EQ(lastLine(L"one\ntwo \r\n\n"), L"two");
     EXPECT_EQ(lastLine(L"one"), L"one");

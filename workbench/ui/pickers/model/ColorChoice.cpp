@@ -75,7 +75,7 @@ std::wstring ColorChoice::describe() const {
     const auto index = markedIndex();
     std::wstring name = m_color.colorNameForDisplay();
     if (!m_color.isByPCI())
-        return L"True color " + name;
+        return m_color.hasColorName() ? name : L"True color " + name;
     if (!index)
         return name;
     const auto [red, green, blue] = rgb();

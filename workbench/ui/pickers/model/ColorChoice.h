@@ -47,7 +47,8 @@ class ColorChoice {
     bool isAllowed(const ColorParts& parts) const;
     /// The tab to begin with: the one that can show the colour, if it is offered.
     ColorTab firstTab(const ColorParts& parts) const;
-    /// For people: "Color 30 (255,127,0)", "Red (255,0,0)", "ByLayer", or "True color 1,2,3".
+    /// For people: "Color 30 (255,127,0)", "Red (255,0,0)", "ByLayer", "True color 1,2,3", or a named colour's own
+    /// name.
     std::wstring describe() const;
 
   private:
