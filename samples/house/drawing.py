@@ -6,6 +6,7 @@ origin. Lengths are millimetres, angles degrees.
 import fnmatch
 import json
 import math
+from typing import NamedTuple, Optional
 
 ON, FROZEN, LOCKED, PLOT, NEW_VIEWPORTS_FROZEN, VIEWPORT_FROZEN = 1, 2, 4, 8, 16, 32
 FLAGS = {"on": ON, "frozen": FROZEN, "locked": LOCKED, "plot": PLOT, "newvp": NEW_VIEWPORTS_FROZEN,
@@ -18,6 +19,13 @@ MASK = {"on": 1, "frozen": 2, "locked": 4, "plot": 8, "newvp": 16, "color": 32, 
 def rgb(red, green, blue):
     """A true colour in the form of the colour columns."""
     return 0xC2000000 | red << 16 | green << 8 | blue
+
+
+class NamedColor(NamedTuple):
+    """A true colour with a name, in a book of colours or on its own."""
+    value: int
+    name: str
+    book: Optional[str] = None
 
 
 def number(value):
@@ -103,6 +111,7 @@ class Drawing:
         self.layers = [{"name": row[0], "handle": self.next_handle(), "description": row[6]} for row in layers]
         self.layer_sets = [list(self.rows)]
         self.states, self.entities, self.layouts, self.references = [], [], [], []
+        self.named_colors = []
         self.last_restored = None
         self.model = Place(self, self.entities)
 
@@ -113,9 +122,17 @@ class Drawing:
     def layer_index(self, name):
         return self.layer_sets[0].index(name)
 
+    def color(self, color):
+        """A colour as the columns keep it: a named one by its place in the drawing's table."""
+        if not isinstance(color, NamedColor):
+            return color
+        if color not in self.named_colors:
+            self.named_colors.append(color)
+        return 0x40000000 + self.named_colors.index(color)
+
     def columns(self, rows):
         style = self.style_names.index
-        return {"flags": [row["flags"] for row in rows], "colors": [row["color"] for row in rows],
+        return {"flags": [row["flags"] for row in rows], "colors": [self.color(row["color"]) for row in rows],
                 "linetypes": [style(row["linetype"]) for row in rows],
                 "line_weights": [row["weight"] for row in rows], "plot_styles": [style(row["style"]) for row in rows]}
 
@@ -155,12 +172,14 @@ class Drawing:
 
     def text(self):
         """The whole drawing as JSON."""
+        columns = self.columns(self.rows.values())
+        colors = [{key: value for key, value in color._asdict().items() if value} for color in self.named_colors]
         parts = {
-            "version": 1, "style_names": self.style_names, "linetypes": self.linetypes,
-            "plot_styles": self.plot_styles, "layers": self.layers, "columns": self.columns(self.rows.values()),
+            "version": 2 if self.named_colors else 1, "style_names": self.style_names, "linetypes": self.linetypes,
+            "plot_styles": self.plot_styles, "layers": self.layers, "columns": columns,
             "current_layer": 0, "layer_sets": [{"names": names} for names in self.layer_sets], "states": self.states,
             "last_restored": self.last_restored, "entities": self.entities, "layouts": self.layouts,
-            "references": self.references,
+            "references": self.references, "named_colors": colors or None,
             # The counter that the next object's handle is taken from.
             "next_handle": self.handle + 1,
         }

@@ -1,5 +1,5 @@
 """The house's linetypes, plot styles and layers, named by discipline as building offices do."""
-from drawing import FROZEN, LOCKED, NEW_VIEWPORTS_FROZEN, ON, PLOT, rgb
+from drawing import FROZEN, LOCKED, NEW_VIEWPORTS_FROZEN, ON, PLOT, NamedColor, rgb
 
 # Name, description, pattern in millimetres on paper: dashes positive, gaps negative.
 LINETYPES = [
@@ -13,6 +13,9 @@ LINETYPES = [
 ]
 
 PLOT_STYLES = ["Normal", "Black", "Screened 50", "Screened 25", "Presentation", "Heavy outline"]
+
+SANDSTONE = NamedColor(rgb(168, 156, 140), "Sandstone", "Garden Colors")
+POND_BLUE = NamedColor(rgb(70, 130, 180), "Pond Blue", "Garden Colors")
 
 SHOWN = ON | PLOT
 OFF = PLOT
@@ -71,11 +74,11 @@ LAYERS = [
     ("M-HTNG-RETN", 140, "Dashed", 25, "Normal", FREEZE, "Heating, return"),
     ("M-EXHS-DUCT", 94, "Continuous", 25, "Normal", FREEZE, "Exhaust air"),
     ("M-ANNO-TEXT", 20, "Continuous", 18, "Normal", FREEZE, "Heating notes"),
-    ("L-HARD-PATT", rgb(168, 156, 140), "Continuous", 13, "Screened 25", SHOWN, "Terrace paving"),
+    ("L-HARD-PATT", SANDSTONE, "Continuous", 13, "Screened 25", SHOWN, "Terrace paving"),
     ("L-HARD-EDGE", rgb(140, 126, 108), "Continuous", 35, "Normal", SHOWN, "Terrace and path edges"),
     ("L-PLNT-BEDS", rgb(92, 140, 74), "Continuous", 25, "Normal", SHOWN, "Planting beds"),
     ("L-PLNT-SHRB", rgb(64, 120, 58), "Continuous", 18, "Normal", SHOWN, "Shrubs"),
-    ("L-WATR", rgb(70, 130, 180), "Continuous", 25, "Normal", SHOWN, "Pond"),
+    ("L-WATR", POND_BLUE, "Continuous", 25, "Normal", SHOWN, "Pond"),
     ("G-ANNO-DIMS", 3, "Continuous", 18, "Black", SHOWN, "Dimensions"),
     ("G-ANNO-TEXT", 7, "Continuous", 25, "Black", SHOWN, "Titles of drawings"),
     ("G-ANNO-NOTE", 7, "Continuous", 18, "Black", FREEZE, "General notes"),

@@ -1,9 +1,10 @@
 """The house's layer states: what each plan shows of the one model."""
-from drawing import rgb
+from drawing import NamedColor, rgb
 
 HIDE = {"on": False}
 SHOW = {"on": True, "frozen": False}
 PALE = rgb(190, 190, 190)
+WALNUT = NamedColor(rgb(120, 84, 52), "Walnut")
 # The building as a quiet background of a plan of services.
 BACKGROUND = [("*", HIDE), ("Base", SHOW), ("A-WALL*", SHOW | {"color": PALE, "weight": 25, "style": "Screened 50"}),
               ("A-WALL-PATT", HIDE), ("A-WALL-DEMO", HIDE), ("A-DOOR", SHOW | {"color": PALE, "weight": 13}),
@@ -23,7 +24,7 @@ def add_states(drawing):
           [("G-ANNO-DIMS", HIDE), ("S-*", HIDE), ("A-WALL-PATT", SHOW | {"color": rgb(120, 110, 100)}),
            ("A-WALL*", {"color": rgb(60, 56, 52), "style": "Presentation"}), ("A-WALL-DEMO", HIDE),
            ("A-F*", {"style": "Presentation"}), ("A-FLOR-BORD", SHOW | {"color": rgb(222, 202, 170)}),
-           ("A-FURN*", {"color": rgb(150, 110, 70)}), ("A-CASE", {"color": rgb(120, 84, 52)}),
+           ("A-FURN*", {"color": rgb(150, 110, 70)}), ("A-CASE", {"color": WALNUT}),
            ("A-GLAZ*", {"color": rgb(90, 150, 190)}), ("A-GLAZ-IDEN", HIDE), ("L-*", SHOW | {"style": "Presentation"}),
            ("P-FIXT", {"color": rgb(110, 150, 160)}), ("A-AREA-IDEN", {"color": rgb(90, 90, 90)})])
     state("Plumbing plan", "Water, waste and rain pipes over a pale building",

@@ -82,6 +82,15 @@ TEST_F(HouseStatesTest, OneIsTheDrawingAsItStandsAndWasRestoredLast) {
         EXPECT_EQ(differences(state) == 0, state.name == *s_house.lastRestored);
 }
 
+TEST_F(HouseStatesTest, ThePresentationHasAColorOfItsOwnName) {
+    const auto& presentation = state(L"Presentation");
+    const auto row = std::ranges::find(presentation.layers->names, s_house.names.find(L"A-CASE")) -
+                     presentation.layers->names.begin();
+    const KelCmColor color = s_house.namedColors.color(presentation.columns.colors[static_cast<std::size_t>(row)]);
+    EXPECT_STREQ(color.colorNameForDisplay(), L"Walnut");
+    EXPECT_FALSE(color.hasBookName());
+}
+
 TEST_F(HouseStatesTest, TwoWereSavedWithAViewport) {
     const auto saved = std::ranges::count(s_house.states, true, &zdr::LayerState::hasViewportData);
     EXPECT_EQ(saved, 2);

@@ -68,6 +68,14 @@ TEST_F(HouseTest, UsesTheLineweightsOfPlans) {
     EXPECT_THAT(std::set<int>(weights.begin(), weights.end()), IsSupersetOf({13, 18, 25, 35, 50, 70}));
 }
 
+TEST_F(HouseTest, NamesTheColorsOfTheGarden) {
+    std::set<std::wstring> names;
+    for (const auto id : s_house.columns.colors.values())
+        if (const KelCmColor color = s_house.namedColors.color(id); color.hasColorName())
+            names.insert(color.colorNameForDisplay());
+    EXPECT_EQ(names, (std::set<std::wstring>{L"Pond Blue (Garden Colors)", L"Sandstone (Garden Colors)"}));
+}
+
 TEST_F(HouseTest, UsesLinetypesThatItHasWithPatterns) {
     std::set<std::wstring> dashed;
     std::set<zdr::NameId> known;
