@@ -91,7 +91,7 @@ TEST_P(DamagedNamedColors, areRefusedWithTheReason) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, DamagedNamedColors, testing::ValuesIn(damages()),
-                         [](const testing::TestParamInfo<Damage>& info) { return std::string(info.param.name); });
+                         [](const testing::TestParamInfo<Damage>& each) { return std::string(each.param.name); });
 
 } // namespace
 
