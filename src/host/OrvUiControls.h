@@ -12,7 +12,8 @@ class KELUI_API COrvUiListCtrl : public CListCtrl {
     COrvUiListCtrl();
     ~COrvUiListCtrl() override;
 
-    /// Hit test in client coordinates: `row` and `column` receive the cell, with a negative row when there is none.
+    /// Hit test at a point of the screen, which is turned into client coordinates: `row` and `column` receive the cell,
+    /// with a negative row when there is none.
     /// @return 0 when a tip may show for the cell
     int GetItemAtPoint(CPoint& point, int& row, int& column);
     /// Non-zero if a tip is to show for the cell under the pointer; `rect` is the cell's rectangle in client
@@ -32,6 +33,7 @@ class KELUI_API COrvUiListCtrl : public CListCtrl {
     DECLARE_MESSAGE_MAP()
 
   private:
+    bool CellAt(CPoint point, int& row, int& column) const;
     bool CellRect(int row, int column, CRect& rect) const;
     bool IsCutOff(int row, int column, const CRect& cell) const;
 

@@ -18,17 +18,21 @@ COrvUiListCtrl::COrvUiListCtrl() : m_notified(nullptr) {}
 COrvUiListCtrl::~COrvUiListCtrl() {}
 
 int COrvUiListCtrl::GetItemAtPoint(CPoint& point, int& row, int& column) {
+    ScreenToClient(&point);
+    return !CellAt(point, row, column);
+}
+
+bool COrvUiListCtrl::CellAt(CPoint point, int& row, int& column) const {
     LVHITTESTINFO hit = {};
     hit.pt = point;
     row = ListView_SubItemHitTest(GetSafeHwnd(), &hit);
     column = row < 0 ? -1 : hit.iSubItem;
-    return row < 0 || column < 0;
+    return row >= 0 && column >= 0;
 }
 
 int COrvUiListCtrl::OnGetTipRect(CRect& rect) {
     CPoint point;
     GetCursorPos(&point);
-    ScreenToClient(&point);
     int row = -1;
     int column = -1;
     if (GetItemAtPoint(point, row, column) != 0 || !CellRect(row, column, rect))
@@ -44,7 +48,7 @@ void COrvUiListCtrl::SetOrvUiParent(CWnd* parent) {
 bool COrvUiListCtrl::TipAtPoint(CPoint point, CRect& rect, CString& text) {
     int row = -1;
     int column = -1;
-    if (GetItemAtPoint(point, row, column) != 0 || !CellRect(row, column, rect) || !OnGetTipRect(rect))
+    if (!CellAt(point, row, column) || !CellRect(row, column, rect) || !OnGetTipRect(rect))
         return false;
     text = GetItemText(row, column);
     return !text.IsEmpty();

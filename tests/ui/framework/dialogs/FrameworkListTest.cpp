@@ -33,6 +33,10 @@ class FrameworkList : public DialogFixture {
             return point;
         });
     }
+    CPoint onScreen(CPoint point) {
+        ClientToScreen(list.GetSafeHwnd(), &point);
+        return point;
+    }
     bool offersTip() {
         CRect rect;
         return list.OnGetTipRect(rect) != 0;
@@ -43,11 +47,12 @@ TEST_F(FrameworkList, theHitTestTellsTheCell) {
     dialog.run(look("the cells", [&] {
         int row = -5;
         int column = -5;
-        CPoint point = middleOf(1, 1);
+        CPoint point = onScreen(middleOf(1, 1));
         EXPECT_EQ(list.GetItemAtPoint(point, row, column), 0);
+        EXPECT_EQ(point, middleOf(1, 1)) << "in client coordinates now";
         EXPECT_EQ(row, 1);
         EXPECT_EQ(column, 1);
-        point = middleOf(0, 0);
+        point = onScreen(middleOf(0, 0));
         EXPECT_EQ(list.GetItemAtPoint(point, row, column), 0);
         EXPECT_EQ(row, 0);
         EXPECT_EQ(column, 0);
@@ -59,7 +64,7 @@ TEST_F(FrameworkList, beyondTheLastRowAndColumnThereIsNoCellAndNoTip) {
         for (const CPoint& where : {CPoint(20, 100), CPoint(200, middleOf(0, 0).y), CPoint(-5, -5)}) {
             int row = 5;
             int column = 5;
-            CPoint point = where;
+            CPoint point = onScreen(where);
             EXPECT_NE(list.GetItemAtPoint(point, row, column), 0);
             EXPECT_LT(row, 0);
             EXPECT_LT(column, 0);
