@@ -22,7 +22,13 @@ WS_TABSTOP = 0x10000
 MANAGER = "IDD_LSTATE_RES"
 # The controls whose name doesn't start with the name of one dialog: in whose templates they stand. The module itself
 # makes the ones that stand in none.
-STANDS_IN = {"IDC_LSTATE_INPLACE_EDIT": (), "IDC_LSTATE_KEEP_THIS": ("IDD_LSTATE_DEL",)}
+STANDS_IN = {
+    "IDC_LSTATE_INPLACE_EDIT": (),
+    "IDC_LSTATE_KEEP_THIS": ("IDD_LSTATE_DEL",),
+    "IDC_LAYER_GRID": ("IDD_EDIT_LAYER_STATE", "IDD_ADD_LAYERS"),
+    "IDC_ADD_LAYERS": ("IDD_EDIT_LAYER_STATE",),
+    "IDC_REMOVE_LAYERS": ("IDD_EDIT_LAYER_STATE",),
+}
 # The system's own ids, which any template may hold, like ID_HELP of resource.h.
 SYSTEM_IDS = {"IDOK": 1, "IDCANCEL": 2, "IDHELP": 9}
 # Enter, Escape and F1 are their keys.

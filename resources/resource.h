@@ -7,6 +7,8 @@
 #pragma once
 
 // Dialog templates.
+#define IDD_EDIT_LAYER_STATE 162
+#define IDD_ADD_LAYERS 163
 #define IDD_LSTATE_SAVE 200
 #define IDD_LSTATE_RES 201
 #define IDD_LSTATE_DEL 202
@@ -52,6 +54,11 @@
 #define IDC_LSTATE_RES_CURRENT 1039
 #define IDC_LSTATE_RES_EXPAND 1325
 
+// Controls of IDD_EDIT_LAYER_STATE, the edit dialog; the list stands in IDD_ADD_LAYERS too, the dialog that adds layers.
+#define IDC_LAYER_GRID 16214
+#define IDC_ADD_LAYERS 16069
+#define IDC_REMOVE_LAYERS 16100
+
 // The box that opens over a cell of the list of states; the list makes it.
 #define IDC_LSTATE_INPLACE_EDIT 1973
 
@@ -87,6 +94,23 @@
 #define IDS_LSTATE_NOT_SAVED 102
 #define IDS_LSTATE_CONFIRM_DELETE 122
 #define IDS_LSTATE_CONFIRM_UPDATE 133
+
+// The grid of a state's layers: headings, which are the tips of the columns too; tips of its buttons; the plot style of a
+// layer that follows its colour, with one %d for the colour's number; and why a layer can't be made the current one.
+#define IDS_LSTATE_COLUMN_COLOR 166
+#define IDS_LSTATE_COLUMN_FREEZE 167
+#define IDS_LSTATE_COLUMN_LINETYPE 168
+#define IDS_LSTATE_COLUMN_LINEWEIGHT 169
+#define IDS_LSTATE_COLUMN_LOCK 172
+#define IDS_LSTATE_COLUMN_NEWVPFREEZE 173
+#define IDS_LSTATE_COLUMN_PLOT 174
+#define IDS_LSTATE_COLUMN_PLOTSTYLE 175
+#define IDS_LSTATE_COLUMN_ON 176
+#define IDS_LSTATE_REMOVE_LAYERS_TIP 178
+#define IDS_LSTATE_ADD_LAYERS_TIP 179
+#define IDS_LSTATE_COLOR_STYLE 180
+#define IDS_LSTATE_FROZEN_NOT_CURRENT 184
+#define IDS_LSTATE_DEPENDENT_NOT_CURRENT 187
 
 // Texts of the expand button, which name what a click does.
 #define IDS_LSTATE_EXPAND 119

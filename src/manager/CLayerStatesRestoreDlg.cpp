@@ -23,6 +23,7 @@ ON_NOTIFY(LVN_ITEMCHANGED, IDC_LSTATE_RES_LIST, &CLayerStatesRestoreDlg::OnListC
 ON_BN_CLICKED(IDC_LSTATE_RES_RESTORE, &CLayerStatesRestoreDlg::OnRestore)
 ON_BN_CLICKED(IDC_LSTATE_RES_NEW, &CLayerStatesRestoreDlg::OnNew)
 ON_BN_CLICKED(IDC_LSTATE_RES_UPDATE, &CLayerStatesRestoreDlg::OnUpdate)
+ON_BN_CLICKED(IDC_LSTATE_RES_EDIT, &CLayerStatesRestoreDlg::OnEdit)
 ON_BN_CLICKED(IDC_LSTATE_RES_RENAME, &CLayerStatesRestoreDlg::OnRename)
 ON_BN_CLICKED(IDC_LSTATE_RES_DELETE, &CLayerStatesRestoreDlg::OnDelete)
 ON_BN_CLICKED(IDC_LSTATE_RES_CLOSE, &CLayerStatesRestoreDlg::OnClose)

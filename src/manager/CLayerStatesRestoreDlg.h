@@ -33,6 +33,7 @@ class CLayerStatesRestoreDlg : public CKelUiDialog {
     afx_msg void OnRestore();
     afx_msg void OnNew();
     afx_msg void OnUpdate();
+    afx_msg void OnEdit();
     afx_msg void OnRename();
     afx_msg void OnDelete();
     afx_msg void OnClose();

@@ -1,6 +1,7 @@
-// The manager's actions on states: new, update, rename, delete. Each goes to the host at once.
+// The manager's actions on states: new, update, edit, rename, delete. Each goes to the host at once.
 #include "CLayerStatesRestoreDlg.h"
 
+#include "CEditLayerStateDlg.h"
 #include "CLayerStatesDeleteDlg.h"
 #include "CLayerStatesSaveDlg.h"
 #include "CResourceScope.h"
@@ -66,6 +67,22 @@ void CLayerStatesRestoreDlg::showComparison(KelDbLayerStateManager& states, int 
                                             const KelDbObjectId& viewport) {
     const bool same = states.compareLayerStateToDb(name, viewport);
     m_stateList.SetItemText(row, sameColumn, loadResourceString(same ? IDS_LSTATE_YES : IDS_LSTATE_NO));
+}
+
+void CLayerStatesRestoreDlg::OnEdit() {
+    if (m_stateList.m_labelEditActive || m_stateList.GetItemCount() == 0 || m_stateList.GetSelectedCount() != 1)
+        return;
+    const int row = m_stateList.FirstSelectedRow();
+    if (row < 0)
+        return;
+    const CString name = m_stateList.StateName(row);
+    CEditLayerStateDlg dialog(this);
+    dialog.m_stateName = name;
+    if (dialog.DoModal() != IDOK)
+        return;
+    const KelDbObjectId viewport = keledGetCurViewportObjectId();
+    if (KelDbLayerStateManager* states = workingStates())
+        showComparison(*states, row, name, viewport);
 }
 
 void CLayerStatesRestoreDlg::OnRename() {

@@ -1,0 +1,41 @@
+// Bringing layers into the edited state, and taking them out.
+#include "CAddLayerFromZDRDlg.h"
+#include "CEditLayerStateDlg.h"
+#include "KelDbDatabase.h"
+#include "LayerRecords.h"
+#include "StateReading.h"
+
+void CEditLayerStateDlg::OnAddLayers() {
+    const KelArray<KelString> names = namesWithRows(m_layers);
+    CAddLayerFromZDRDlg dialog(this);
+    dialog.m_database = m_database;
+    dialog.m_sortKey = 0;
+    dialog.m_existingNames = names;
+    if (dialog.DoModal() != IDOK)
+        return;
+    const KelArray<KelDbObjectId> ids = dialog.m_selectedIds;
+    if (ids.isEmpty() || !m_database)
+        return;
+    for (const KelDbObjectId& id : ids) {
+        bool outOfMemory = false;
+        std::unique_ptr<CLayerRcd> record = readAddedLayer(*m_database, id, outOfMemory);
+        if (outOfMemory)
+            break;
+        if (!record)
+            continue;
+        m_layers.AddTail(record.get());
+        record.release();
+    }
+    rebuildRows();
+}
+
+void CEditLayerStateDlg::OnRemoveLayers() {
+    // The next painting measures what is left.
+    zeroWidths(m_columnWidths);
+    for (int row = firstSelectedRow(); row >= 0; row = m_layerGrid.GetNextItem(row - 1, LVNI_SELECTED)) {
+        if (CLayerRcd* record = recordOf(row))
+            record->markRemoved();
+        if (!m_layerGrid.DeleteItem(row))
+            return;
+    }
+}

@@ -1,0 +1,58 @@
+#include "StateImages.h"
+
+#include "CResourceScope.h"
+#include "StateImageNumbers.h"
+#include "resource.h"
+
+CImageList g_stateImages;
+
+namespace {
+
+/// The images as they are drawn for one scaling of the display.
+struct ImageSet {
+    int side; ///< in pixels
+    UINT images;
+    UINT masks;
+};
+
+constexpr ImageSet kSets[] = {
+    {16, IDB_LSTATE_GRID_IMAGES, IDB_LSTATE_GRID_MASK},
+    {24, IDB_LSTATE_GRID_IMAGES_24, IDB_LSTATE_GRID_MASK_24},
+    {32, IDB_LSTATE_GRID_IMAGES_32, IDB_LSTATE_GRID_MASK_32},
+};
+
+/// The largest set that isn't larger than the display's scaling asks for.
+const ImageSet& setForDisplay() {
+    const int wanted = ::MulDiv(kSets[0].side, static_cast<int>(::GetDpiForSystem()), USER_DEFAULT_SCREEN_DPI);
+    const ImageSet* chosen = kSets;
+    for (const ImageSet& set : kSets)
+        if (set.side <= wanted)
+            chosen = &set;
+    return *chosen;
+}
+
+bool loaded = false;
+
+} // namespace
+
+void loadStateImages() {
+    if (loaded)
+        return;
+    const CResourceScope scope;
+    const ImageSet& set = setForDisplay();
+    g_stateImages.Create(set.side, set.side, ILC_COLOR32 | ILC_MASK, 0, 1);
+    CBitmap images;
+    CBitmap masks;
+    if (images.LoadBitmap(set.images) && masks.LoadBitmap(set.masks))
+        g_stateImages.Add(&images, &masks);
+    // The grid draws nothing with an overlay; the number is kept for others that share the list.
+    constexpr int kOverlayImage = 14;
+    constexpr int kOverlayNumber = 40;
+    g_stateImages.SetOverlayImage(kOverlayImage, kOverlayNumber);
+    loaded = true;
+}
+
+int stateImageIndex(int kind, int value, bool) {
+    loadStateImages();
+    return stateImageNumber(kind, value);
+}
