@@ -54,7 +54,7 @@
 #define IDC_LSTATE_RES_CURRENT 1039
 #define IDC_LSTATE_RES_EXPAND 1325
 
-// Controls of IDD_EDIT_LAYER_STATE, the edit dialog; the list stands in IDD_ADD_LAYERS too, the dialog that adds layers.
+// Controls of IDD_EDIT_LAYER_STATE, the edit dialog. The list is in IDD_ADD_LAYERS too, which adds layers to a state.
 #define IDC_LAYER_GRID 16214
 #define IDC_ADD_LAYERS 16069
 #define IDC_REMOVE_LAYERS 16100
@@ -95,8 +95,8 @@
 #define IDS_LSTATE_CONFIRM_DELETE 122
 #define IDS_LSTATE_CONFIRM_UPDATE 133
 
-// The grid of a state's layers: headings, which are the tips of the columns too; tips of its buttons; the plot style of a
-// layer that follows its colour, with one %d for the colour's number; and why a layer can't be made the current one.
+// The grid of a state's layers: headings, which are the tips of the columns too; tips of its buttons; the plot style of
+// a layer that follows its colour, with one %d for the colour's number; and why a layer can't be made the current one.
 #define IDS_LSTATE_COLUMN_COLOR 166
 #define IDS_LSTATE_COLUMN_FREEZE 167
 #define IDS_LSTATE_COLUMN_LINETYPE 168

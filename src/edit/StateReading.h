@@ -18,4 +18,4 @@ bool readStateLayers(KelDbDatabase* database, const wchar_t* stateName, CObList&
 
 /// The record of one of the drawing's layers that enters the state. Empty when the layer can't be opened.
 /// @param outOfMemory becomes true when there was no memory for the record
-std::unique_ptr<CLayerRcd> readAddedLayer(KelDbDatabase& database, KelDbObjectId layer, bool& outOfMemory);
+std::unique_ptr<CLayerRcd> readAddedLayer(KelDbDatabase& database, KelDbObjectId id, bool& outOfMemory);
