@@ -1,29 +1,31 @@
-// The edit dialog by real input: it opens from the manager, and OK writes the state.
+#include "EditTest.h"
 
-#include "ManagerTest.h"
+#include "engine/DatabaseAccess.h"
 
-namespace {
-
-using testing::ElementsAre;
 using ui::Script;
 using ui::View;
 
-class Edit : public ManagerTest {};
-
-TEST_F(Edit, ShowsTheStatesLayersLastFirst) {
-    open(house());
-    manage(Script()
-               .click(IDC_LSTATE_RES_EDIT)
-               .waitForControl(IDC_LAYER_GRID)
-               .look("the rows",
-                     [](const View& view) {
-                         std::vector<std::wstring> names;
-                         for (int row = 0; row < view.rowCount(IDC_LAYER_GRID); ++row)
-                             names.push_back(view.cell(IDC_LAYER_GRID, row, 0));
-                         EXPECT_THAT(names, ElementsAre(L"Pipes", L"Doors", L"Walls", L"Base"));
-                     })
-               .press(VK_ESCAPE)
-               .press(VK_ESCAPE));
+bool EditTest::edit(const std::wstring& state, const Script& script) {
+    return manage(Script()
+                      .clickCellOf(IDC_LSTATE_RES_LIST, state)
+                      .then(countFromHere())
+                      .click(IDC_LSTATE_RES_EDIT)
+                      .waitForControl(grid)
+                      .then(script)
+                      .click(IDC_LSTATE_RES_CLOSE));
 }
 
-} // namespace
+Script EditTest::countFromHere() {
+    return Script().look("the trace is emptied", [](const View&) { instruments::clearTrace(); });
+}
+
+std::vector<std::wstring> EditTest::rows(const View& view) {
+    return view.column(grid, 0);
+}
+
+std::optional<zdr::LayerState> EditTest::stored(const std::wstring& name) const {
+    for (const zdr::LayerState& state : engine::drawingOf(database()).states)
+        if (state.name == name)
+            return state;
+    return std::nullopt;
+}
