@@ -34,6 +34,9 @@ class CEditLayerStateDlg : public CKelUiDialog {
     int m_sortKey;
     /// A click on a cell of several selected rows is under way: none of them loses its selection.
     bool m_keepSelection;
+    /// The release that ends such a click is being handled. Wine's list gives up the selection only after it has told
+    /// of the click, where that of Windows does so before.
+    bool m_keepAtRelease = false;
     /// The selected rows as they were when the button was last pressed.
     std::vector<int> m_selectedRows;
     /// The width in pixels that each column's content needs, as far as it has been drawn.

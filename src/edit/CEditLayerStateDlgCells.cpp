@@ -15,6 +15,8 @@
 #include "PropertyValues.h"
 #include "resource.h"
 
+#include <utility>
+
 namespace {
 
 constexpr UINT kSelectedAndFocused = LVIS_SELECTED | LVIS_FOCUSED;
@@ -54,10 +56,14 @@ BOOL CEditLayerStateDlg::PreTranslateMessage(MSG* message) {
     case WM_MBUTTONUP:
         if (onGrid && message->message == WM_LBUTTONDOWN)
             noteSelection(*message);
-        if (onGrid && message->message == WM_LBUTTONUP)
-            m_keepSelection = false;
         if (m_cellTip.m_hWnd)
             m_cellTip.RelayEvent(message);
+        if (onGrid && message->message == WM_LBUTTONUP) {
+            m_keepAtRelease = std::exchange(m_keepSelection, false);
+            const BOOL handled = CKelUiDialog::PreTranslateMessage(message);
+            m_keepAtRelease = false;
+            return handled;
+        }
         break;
     }
     return CKelUiDialog::PreTranslateMessage(message);
@@ -98,7 +104,7 @@ void CEditLayerStateDlg::noteSelection(const MSG& press) {
 void CEditLayerStateDlg::OnGridItemChanging(NMHDR* header, LRESULT* result) {
     const auto* change = reinterpret_cast<const NMLISTVIEW*>(header);
     const bool loses = (change->uOldState & LVIS_SELECTED) != 0 && (change->uNewState & LVIS_SELECTED) == 0;
-    *result = m_keepSelection && (change->uChanged & LVIF_STATE) != 0 && loses;
+    *result = (m_keepSelection || m_keepAtRelease) && (change->uChanged & LVIF_STATE) != 0 && loses;
 }
 
 CPoint CEditLayerStateDlg::messagePoint() const {

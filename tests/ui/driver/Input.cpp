@@ -99,6 +99,12 @@ void waitOutDoubleClick(POINT point) {
         Sleep(5);
 }
 
+void noteClick() {
+    g_clicked = true;
+    g_lastClick = g_target;
+    g_lastClickTime = GetTickCount();
+}
+
 } // namespace
 
 bool pointerRestsAt(POINT point) {
@@ -132,9 +138,7 @@ void click(int times, unsigned held) {
     }
     batch.holdAll(held, false);
     batch.send();
-    g_clicked = true;
-    g_lastClick = g_target;
-    g_lastClickTime = GetTickCount();
+    noteClick();
 }
 
 void click(OtherButton button) {
@@ -145,11 +149,14 @@ void click(OtherButton button) {
     batch.send();
 }
 
-void pressButton() {
+void pressButton(unsigned held) {
     waitOutDoubleClick(g_target);
     Batch batch;
+    batch.holdAll(held, true);
     batch.button(MOUSEEVENTF_LEFTDOWN);
+    batch.holdAll(held, false);
     batch.send();
+    noteClick();
 }
 
 void releaseButton() {

@@ -26,8 +26,9 @@ void click(int times = 1, unsigned held = holdNothing);
 enum class OtherButton { right, middle };
 /// Presses and releases another button than the left one where the pointer rests.
 void click(OtherButton button);
-/// Presses the left button where the pointer rests and leaves it down; a release is to follow.
-void pressButton();
+/// Presses the left button where the pointer rests and leaves it down; a release is to follow. The keys are only held
+/// for the press.
+void pressButton(unsigned held = holdNothing);
 void releaseButton();
 /// Turns the wheel where the pointer rests; WHEEL_DELTA is one step away from the user.
 void turnWheel(int delta);

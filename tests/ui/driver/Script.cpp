@@ -33,7 +33,8 @@ Obstacle clickWhenEnabled(HWND control, const std::string& name) {
     return std::nullopt;
 }
 
-Obstacle clickCellTimes(const View& view, int list, int row, int column, int times, unsigned held) {
+/// Does something with the mouse once it rests on the middle of that cell.
+Obstacle actAtCell(const View& view, int list, int row, int column, const std::function<void()>& act) {
     const std::optional<RECT> cell = view.cellRect(list, row, column);
     if (!cell)
         return "there is no such cell";
@@ -41,8 +42,12 @@ Obstacle clickCellTimes(const View& view, int list, int row, int column, int tim
         return "the row isn't in view";
     if (!pointerRestsAt(middleOf(*cell)))
         return pointerUnderWay;
-    ui::click(times, held);
+    act();
     return std::nullopt;
+}
+
+Obstacle clickCellTimes(const View& view, int list, int row, int column, int times, unsigned held) {
+    return actAtCell(view, list, row, column, [=] { ui::click(times, held); });
 }
 
 Obstacle clickSpaceTimes(const View& view, int list, int times) {
@@ -127,6 +132,20 @@ Script& Script::clickCellOf(int list, std::wstring text, unsigned held, Where wh
         std::chrono::seconds(5), where);
 }
 
+Script& Script::pressCell(int list, int row, int column, unsigned held, Where where) {
+    return step(
+        "press the button over " + cellName(row, column),
+        [=](const View& view) { return actAtCell(view, list, row, column, [held] { pressButton(held); }); },
+        std::chrono::seconds(5), where);
+}
+
+Script& Script::releaseOverCell(int list, int row, int column, Where where) {
+    return step(
+        "release the button over " + cellName(row, column),
+        [=](const View& view) { return actAtCell(view, list, row, column, [] { releaseButton(); }); },
+        std::chrono::seconds(5), where);
+}
+
 Script& Script::clickHeading(int list, int column, Where where) {
     return clickPoint(
         "the heading of column " + std::to_string(column),
@@ -144,6 +163,14 @@ Script& Script::clickPoint(std::string what, std::function<std::optional<POINT>(
     return step(
         "click " + std::move(what),
         [point = std::move(point)](const View& view) { return actAt(point(view), [] { ui::click(); }); },
+        std::chrono::seconds(5), where);
+}
+
+Script& Script::doubleClickPoint(std::string what, std::function<std::optional<POINT>(const View&)> point,
+                                 Where where) {
+    return step(
+        "double click " + std::move(what),
+        [point = std::move(point)](const View& view) { return actAt(point(view), [] { ui::click(2); }); },
         std::chrono::seconds(5), where);
 }
 

@@ -41,11 +41,18 @@ class Script {
     Script& doubleClickCell(int list, int row, int column, unsigned held = holdNothing, Where where = Where::current());
     /// Clicks the first cell of the row with that text.
     Script& clickCellOf(int list, std::wstring text, unsigned held = holdNothing, Where where = Where::current());
+    /// Presses the button over a cell and leaves it down. The keys are only held for the press.
+    Script& pressCell(int list, int row, int column, unsigned held = holdNothing, Where where = Where::current());
+    /// Moves the pointer over a cell, and releases the button there.
+    Script& releaseOverCell(int list, int row, int column, Where where = Where::current());
     Script& clickHeading(int list, int column, Where where = Where::current());
     Script& clickHeading(int list, int column, OtherButton button, Where where = Where::current());
     /// Clicks a point of the screen, once there is one.
     Script& clickPoint(std::string what, std::function<std::optional<POINT>(const View&)> point,
                        Where where = Where::current());
+    /// Double clicks a point of the screen, once there is one.
+    Script& doubleClickPoint(std::string what, std::function<std::optional<POINT>(const View&)> point,
+                             Where where = Where::current());
     /// Turns the wheel over a point of the screen, once there is one; WHEEL_DELTA is one step away from the user.
     Script& turnWheel(std::string what, std::function<std::optional<POINT>(const View&)> point, int delta,
                       Where where = Where::current());
