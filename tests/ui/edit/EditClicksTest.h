@@ -60,6 +60,11 @@ class EditClicksTest : public EditTest {
     /// The rows whose cell of that column holds that text.
     std::vector<int> rowsShowing(int column, const std::wstring& text) const;
 
+    /// The calls since the trace was last cleared, but for the cheap reads of drawing rows and what a moving pointer
+    /// asks for.
+    static Calls callsBesideDrawing();
+    /// The colours of a cell as it stands on the screen, without its last line, into which the next row's images reach.
+    static std::vector<COLORREF> cellPixels(const ui::View& view, int row, int column);
     /// A message with that text and the exclamation icon, whose only button is OK, is shown over the dialog; then it is
     /// answered.
     static ui::Script refusalIsShown(unsigned int textId);
