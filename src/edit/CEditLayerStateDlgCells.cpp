@@ -81,7 +81,9 @@ void CEditLayerStateDlg::selectAllRows() {
     m_layerGrid.SetFocus();
     deselectAllRows();
     m_layerGrid.SetFocus();
-    m_layerGrid.SetItemState(-1, kSelectedAndFocused, kSelectedAndFocused);
+    // Row by row, since a list refuses to give the focus to all rows at once.
+    for (int row = 0; row < m_layerGrid.GetItemCount(); ++row)
+        m_layerGrid.SetItemState(row, kSelectedAndFocused, kSelectedAndFocused);
 }
 
 void CEditLayerStateDlg::noteSelection(const MSG& press) {

@@ -26,10 +26,27 @@ std::ptrdiff_t buttonsOf(const View& view) {
     });
 }
 
+/// The colours of a part of the grid, which is given in coordinates of the screen.
+std::vector<COLORREF> pixelsOf(const View& view, const RECT& part) {
+    const RECT area = view.rect(grid);
+    const std::vector<COLORREF> all = view.pixels(grid);
+    std::vector<COLORREF> found;
+    for (LONG y = part.top - area.top; y < part.bottom - area.top; ++y)
+        for (LONG x = part.left - area.left; x < part.right - area.left; ++x)
+            found.push_back(all[static_cast<std::size_t>(y * (area.right - area.left) + x)]);
+    return found;
+}
+
 } // namespace
 
 CLayerRcd& OpenEditDialog::recordAt(int row) const {
     return *reinterpret_cast<CLayerRcd*>(m_layerGrid.GetItemData(row));
+}
+
+BOOL OpenEditDialog::OnNotify(WPARAM control, LPARAM header, LRESULT* result) {
+    if (const auto* key = reinterpret_cast<const NMLVKEYDOWN*>(header); key->hdr.code == LVN_KEYDOWN)
+        keysOfGrid.push_back(key->wVKey);
+    return CEditLayerStateDlg::OnNotify(control, header, result);
 }
 
 void EditClicksTest::SetUp() {
@@ -59,14 +76,14 @@ std::size_t EditClicksTest::indexOfRow(int row) {
     return static_cast<std::size_t>(kLastRow - row);
 }
 
-bool EditClicksTest::run(Script script) {
+bool EditClicksTest::run(Script script, const wchar_t* state) {
     Script whole;
     whole.waitForControl(grid).then(script).ifStillOpen().press(VK_ESCAPE);
-    return ui::perform(std::move(whole), [this] {
+    return ui::perform(std::move(whole), [=, this] {
         const CResourceScope resources;
         OpenEditDialog dialog(nullptr);
         m_dialog = &dialog;
-        dialog.m_stateName = L"State";
+        dialog.m_stateName = state;
         dialog.DoModal();
         m_dialog = nullptr;
     });
@@ -124,14 +141,17 @@ Calls EditClicksTest::callsBesideDrawing() {
 }
 
 std::vector<COLORREF> EditClicksTest::cellPixels(const View& view, int row, int column) {
-    const RECT area = view.rect(grid);
-    const RECT cell = view.cellRect(grid, row, column).value_or(RECT{});
-    const std::vector<COLORREF> all = view.pixels(grid);
-    std::vector<COLORREF> found;
-    for (LONG y = cell.top - area.top; y < cell.bottom - 1 - area.top; ++y)
-        for (LONG x = cell.left - area.left; x < cell.right - area.left; ++x)
-            found.push_back(all[static_cast<std::size_t>(y * (area.right - area.left) + x)]);
-    return found;
+    RECT cell = view.cellRect(grid, row, column).value_or(RECT{});
+    --cell.bottom;
+    return pixelsOf(view, cell);
+}
+
+std::vector<COLORREF> EditClicksTest::markPixels(const View& view, int row) {
+    constexpr int kSide = 16;
+    RECT place = {LVIR_BOUNDS, 0, 0, 0};
+    SendMessageW(view.control(grid), LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
+    MapWindowPoints(view.control(grid), nullptr, reinterpret_cast<POINT*>(&place), 2);
+    return pixelsOf(view, {place.left, place.top, place.left + kSide, place.bottom - 1});
 }
 
 Script EditClicksTest::refusalIsShown(unsigned int textId) {

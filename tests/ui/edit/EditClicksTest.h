@@ -25,6 +25,12 @@ class OpenEditDialog : public CEditLayerStateDlg {
     using CEditLayerStateDlg::m_sortKey;
 
     CLayerRcd& recordAt(int row) const;
+
+    /// The codes of the keys that the grid has got.
+    std::vector<WORD> keysOfGrid;
+
+  protected:
+    BOOL OnNotify(WPARAM control, LPARAM header, LRESULT* result) override;
 };
 
 class EditClicksTest : public EditTest {
@@ -40,9 +46,9 @@ class EditClicksTest : public EditTest {
     /// The index of a row's layer in the columns of the drawing and its state.
     static std::size_t indexOfRow(int row);
 
-    /// Opens the dialog on the state "State" and runs the script in it. A script that leaves the dialog open is
+    /// Opens the dialog on a state and runs the script in it. A script that leaves the dialog open is
     /// followed by Escape.
-    bool run(ui::Script script);
+    bool run(ui::Script script, const wchar_t* state = L"State");
     /// Runs `see` in the open dialog.
     static ui::Script look(std::string what, std::function<void()> see);
     /// Selects rows by clicks on their names, the first one alone and the others with Control held, or none by a click
@@ -65,6 +71,8 @@ class EditClicksTest : public EditTest {
     static Calls callsBesideDrawing();
     /// The colours of a cell as it stands on the screen, without its last line, into which the next row's images reach.
     static std::vector<COLORREF> cellPixels(const ui::View& view, int row, int column);
+    /// The colours of a row's mark, in front of its name, as it stands on the screen.
+    static std::vector<COLORREF> markPixels(const ui::View& view, int row);
     /// A message with that text and the exclamation icon, whose only button is OK, is shown over the dialog; then it is
     /// answered.
     static ui::Script refusalIsShown(unsigned int textId);
