@@ -3,6 +3,8 @@
 #include "EditClicksTest.h"
 
 #include <algorithm>
+#include <clocale>
+#include <string>
 
 namespace {
 
@@ -54,7 +56,13 @@ class GridSort : public EditClicksTest {
             base.m_plotStyleName = L"Gray";
         });
     }
-    Names m_seen;
+    Names namesOfRecords() const {
+        Names names;
+        for (int row = 0; row < 4; ++row)
+            names.push_back(record(row).m_name.GetString());
+        return names;
+    }
+    const Names kInOrder = {L"\u00C4pfel", L"apple", L"Box", L"Zebra"};
 };
 
 struct Order {
@@ -135,6 +143,39 @@ TEST_F(GridSort, GoesByTheRecordsAndNotByTheTexts) {
              })
             .clickHeading(grid, lockGridColumn)
             .look("the locked one is last", [](const View& view) { EXPECT_EQ(rows(view).back(), L"Dark"); }));
+}
+
+/// The order of letters that the host sets at its start: the user's. Tests run in the one that goes by code.
+class UsersLetters {
+  public:
+    UsersLetters() : m_before(std::setlocale(LC_COLLATE, nullptr)) {
+        EXPECT_NE(std::setlocale(LC_COLLATE, "English_United States.1252"), nullptr);
+    }
+    ~UsersLetters() { std::setlocale(LC_COLLATE, m_before.c_str()); }
+    UsersLetters(const UsersLetters&) = delete;
+    UsersLetters& operator=(const UsersLetters&) = delete;
+
+  private:
+    std::string m_before;
+};
+
+TEST_F(GridSort, OrdersTextsAsTheUsersAlphabetDoes) {
+    const UsersLetters letters;
+    openFour();
+    run(look("names",
+             [this] {
+                 constexpr const wchar_t* kNames[] = {L"Zebra", L"apple", L"\u00C4pfel", L"Box"};
+                 for (int row = 0; row < 4; ++row)
+                     record(row).m_name = record(row).m_linetypeName = record(row).m_plotStyleName = kNames[row];
+             })
+            .clickHeading(grid, nameGridColumn)
+            .then(look("by name", [this] { EXPECT_EQ(namesOfRecords(), kInOrder); }))
+            .clickHeading(grid, linetypeGridColumn)
+            .clickHeading(grid, linetypeGridColumn)
+            .then(look("by linetype, down",
+                       [this] { EXPECT_EQ(namesOfRecords(), Names(kInOrder.rbegin(), kInOrder.rend())); }))
+            .clickHeading(grid, plotStyleGridColumn)
+            .then(look("by plot style", [this] { EXPECT_EQ(namesOfRecords(), kInOrder); })));
 }
 
 TEST_F(GridSort, AsksTheHostForNothing) {

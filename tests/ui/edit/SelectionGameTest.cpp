@@ -45,6 +45,7 @@ const Click clicks[] = {
     {"a cell beside the one selected row", {4}, {6, kLock}, holdNothing, false, {6}, {6}},
     {"a cell of one of several", {2, 5, 7}, {5, kLock}, holdNothing, true, {2, 5, 7}, {2, 5, 7}},
     {"a cell of the first of several", {2, 5, 7}, {2, kLock}, holdNothing, true, {2, 5, 7}, {2, 5, 7}},
+    {"a cell of the first row of all", {0, 3}, {0, kLock}, holdNothing, true, {0, 3}, {0, 3}},
     {"a cell of the last of several", {2, 5, 7}, {7, kLock}, holdNothing, true, {2, 5, 7}, {2, 5, 7}},
     {"a cell outside several", {2, 5, 7}, {9, kLock}, holdNothing, false, {9}, {9}},
     {"a name outside several", {2, 5, 7}, {9, kName}, holdNothing, false, {9}, {}},

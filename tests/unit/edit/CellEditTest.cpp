@@ -101,6 +101,7 @@ TEST(CurrentLayer, IsNeitherFrozenNorAReferences) {
 TEST(KeptSelection, IsForAPressOnACellOfOneOfSeveralSelectedRows) {
     EXPECT_TRUE(keepsSelection({2, 5, 7}, 5, 1));
     EXPECT_TRUE(keepsSelection({2, 5}, 2, 9));
+    EXPECT_TRUE(keepsSelection({0, 5}, 0, 1));
     EXPECT_FALSE(keepsSelection({2, 5, 7}, 5, 0)) << "on the name";
     EXPECT_FALSE(keepsSelection({2, 5, 7}, 4, 1)) << "outside";
     EXPECT_FALSE(keepsSelection({2, 5, 7}, -1, 1)) << "on no row";

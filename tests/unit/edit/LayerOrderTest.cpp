@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 namespace {
 
 /// The sign of the order of two records that a column tells apart as the first one being smaller.
@@ -41,15 +43,39 @@ TEST_P(LayerOrder, IsReversedByANegativeKey) {
     EXPECT_LT(compareLayerRows(&m_greater, &m_less, -GetParam()), 0);
 }
 
+/// Gives a record the value that another one has in the column of a key.
+void copyColumn(const CLayerRcd& from, CLayerRcd& to, int key) {
+    switch (key) {
+    case 1:
+        to.m_name = from.m_name;
+        return;
+    case 5:
+        to.m_color = from.m_color;
+        return;
+    case 6:
+        to.m_linetypeName = from.m_linetypeName;
+        return;
+    case 7:
+        to.m_lineWeight = from.m_lineWeight;
+        return;
+    case 8:
+        to.m_plotStyleName = from.m_plotStyleName;
+        return;
+    default:
+        const std::map<int, bool CLayerRcd::*> flags = {{2, &CLayerRcd::m_isOff},
+                                                        {3, &CLayerRcd::m_isFrozen},
+                                                        {4, &CLayerRcd::m_isLocked},
+                                                        {9, &CLayerRcd::m_isPlottable},
+                                                        {10, &CLayerRcd::m_isNewVpFrozen}};
+        to.*flags.at(key) = from.*flags.at(key);
+    }
+}
+
 TEST_P(LayerOrder, LooksAtNothingButItsColumn) {
-    // Every property but the column's own is the other way round.
-    const CLayerRcd same;
-    EXPECT_EQ(compareLayerRows(&same, &same, GetParam()), 0);
-    CLayerRcd mixed;
-    mixed.m_name = GetParam() == 1 ? L"a" : L"z";
-    CLayerRcd other;
-    other.m_name = GetParam() == 1 ? L"a" : L"b";
-    EXPECT_EQ(compareLayerRows(&mixed, &other, GetParam()), 0);
+    // All other values differ.
+    copyColumn(m_less, m_greater, GetParam());
+    EXPECT_EQ(compareLayerRows(&m_less, &m_greater, GetParam()), 0);
+    EXPECT_EQ(compareLayerRows(&m_less, &m_greater, -GetParam()), 0);
 }
 
 TEST(LayerOrderTest, IsNoOrderWithoutARecordOrAColumn) {
