@@ -149,6 +149,21 @@ TEST_F(Dividers, DrawTheWholeGridAgainAndMakeNoOtherCall) {
             })));
 }
 
+TEST_F(Dividers, DrawTheWholeGridAgainAlsoWhereTheWidthIsNotKnown) {
+    open(tenRows());
+    run(Script()
+            .waitUntil("the grid is drawn", [](const View&) { return !ui::callsOf("keledGetVar").empty(); })
+            .then(look("nothing is known",
+                       [this] {
+                           dialog().m_columnWidths.clear();
+                           instruments::clearTrace();
+                       }))
+            .then(doubleClickDivider(linetypeGridColumn))
+            .waitUntil("all rows", [this](const View&) {
+                return ui::callsOf("keledGetVar").size() >= 10 && dialog().m_columnWidths.size() == 10;
+            }));
+}
+
 TEST_F(Dividers, LeaveTheWidthToTheListWhereNothingHasBeenDrawn) {
     // With no row there is nothing to draw. The list makes the column as wide as its own texts, here the heading.
     open(tenRows());

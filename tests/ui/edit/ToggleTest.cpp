@@ -316,6 +316,54 @@ TEST_F(Toggle, ADoubleClickOnACellCountsAsOneClick) {
     })));
 }
 
+TEST_F(Toggle, AnotherButtonEditsNothing) {
+    open(tenRows());
+    run(Script()
+            .then(select({2, 4}))
+            .step("click with the right button",
+                  [](const View& view) -> ui::Obstacle {
+                      const std::optional<RECT> cell = view.cellRect(grid, 4, lockGridColumn);
+                      if (!cell || !ui::pointerRestsAt(ui::middleOf(*cell)))
+                          return "the pointer isn't there";
+                      ui::click(ui::OtherButton::right);
+                      return std::nullopt;
+                  })
+            .then(look("nothing", [this] {
+                EXPECT_THAT(markedRows(), IsEmpty());
+                EXPECT_THAT(dialog().m_selectedRows, ElementsAre(2)) << "as it was at the left button's last press";
+            })));
+}
+
+TEST_F(Toggle, AClickGoesByTheColumnUnderThePointerAlsoInAGridThatIsScrolledSideways) {
+    open(tenRows());
+    run(Script()
+            .look("scrolled by more than a column",
+                  [this](const View& view) {
+                      dialog().m_layerGrid.SetColumnWidth(nameGridColumn, 500);
+                      SendMessageW(view.control(grid), LVM_SCROLL, 300, 0);
+                  })
+            .clickCell(grid, kRow, lockGridColumn)
+            .clickCell(grid, 5, newVpFreezeGridColumn)
+            .then(look("two cells", [this] {
+                EXPECT_THAT(rowsWith(&CLayerRcd::m_isLocked), ElementsAre(kRow));
+                EXPECT_THAT(rowsWith(&CLayerRcd::m_isNewVpFrozen), ElementsAre(5));
+                EXPECT_THAT(markedRows(), ElementsAre(kRow, 5));
+            })));
+}
+
+TEST_F(Toggle, AClickBesideTheLastColumnEditsNothing) {
+    open(tenRows());
+    run(Script()
+            .clickPoint("beside the last column",
+                        [](const View& view) -> std::optional<POINT> {
+                            const std::optional<RECT> last = view.cellRect(grid, kRow, newVpFreezeGridColumn);
+                            if (!last || last->right + 10 >= view.rect(grid).right)
+                                return std::nullopt;
+                            return POINT{last->right + 8, (last->top + last->bottom) / 2};
+                        })
+            .then(look("nothing", [this] { EXPECT_THAT(markedRows(), IsEmpty()); })));
+}
+
 TEST_F(Toggle, AClickTakesBackThatTheRowWasRemoved) {
     open(tenRows());
     run(look("as if removed, with its row still there", [this] { record(2).m_isRemoved = true; })
