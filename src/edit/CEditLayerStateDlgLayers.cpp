@@ -3,6 +3,7 @@
 #include "CEditLayerStateDlg.h"
 #include "KelDbDatabase.h"
 #include "LayerRecords.h"
+#include "ListRedrawLock.h"
 #include "StateReading.h"
 
 void CEditLayerStateDlg::OnAddLayers() {
@@ -30,6 +31,7 @@ void CEditLayerStateDlg::OnAddLayers() {
 }
 
 void CEditLayerStateDlg::OnRemoveLayers() {
+    const ListRedrawLock quiet(m_layerGrid);
     // The next painting measures what is left.
     zeroWidths(m_columnWidths);
     for (int row = firstSelectedRow(); row >= 0; row = m_layerGrid.GetNextItem(row - 1, LVNI_SELECTED)) {
