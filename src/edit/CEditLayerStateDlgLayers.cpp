@@ -12,7 +12,10 @@ void CEditLayerStateDlg::OnAddLayers() {
     dialog.m_database = m_database;
     dialog.m_sortKey = 0;
     dialog.m_existingNames = names;
-    if (dialog.DoModal() != IDOK)
+    const INT_PTR answer = dialog.DoModal();
+    // The box that tells of nothing to add isn't the dialog's own: when it goes, none of our windows is the active one.
+    SetActiveWindow();
+    if (answer != IDOK)
         return;
     const KelArray<KelDbObjectId> ids = dialog.m_selectedIds;
     if (ids.isEmpty() || !m_database)
