@@ -13,6 +13,11 @@ using ui::View;
 bool EditTest::edit(const std::wstring& state, const Script& script) {
     return manage(Script()
                       .clickCellOf(IDC_LSTATE_RES_LIST, state)
+                      .waitUntil("it is selected",
+                                 [state](const View& view) {
+                                     return view.selectedRows(IDC_LSTATE_RES_LIST) ==
+                                            std::vector{view.rowOf(IDC_LSTATE_RES_LIST, state)};
+                                 })
                       .then(countFromHere())
                       .click(IDC_LSTATE_RES_EDIT)
                       .waitForControl(grid)
