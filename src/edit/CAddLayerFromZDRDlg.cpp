@@ -8,6 +8,7 @@
 #include "KelDbPointers.h"
 #include "LayerOrder.h"
 #include "LayerRecords.h"
+#include "ListRedrawLock.h"
 #include "resource.h"
 
 #include <algorithm>
@@ -111,6 +112,7 @@ bool CAddLayerFromZDRDlg::isInState(const wchar_t* name) const {
 }
 
 void CAddLayerFromZDRDlg::fillRows() {
+    const ListRedrawLock quiet(m_layerGrid);
     m_layerGrid.DeleteAllItems();
     forEachRecord(m_layers, [this](CLayerRcd& record) {
         const int row = m_layerGrid.InsertItem(0, record.m_name);

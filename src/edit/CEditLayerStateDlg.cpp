@@ -7,6 +7,7 @@
 #include "GridColumns.h"
 #include "LayerOrder.h"
 #include "LayerRecords.h"
+#include "ListRedrawLock.h"
 #include "StateCommit.h"
 #include "StateImages.h"
 #include "StateReading.h"
@@ -108,6 +109,7 @@ void CEditLayerStateDlg::setButtonIcon(int button, UINT icon) {
 }
 
 void CEditLayerStateDlg::rebuildRows() {
+    const ListRedrawLock quiet(m_layerGrid);
     m_layerGrid.DeleteAllItems();
     // At the top each time, so the rows stand in the reverse of the list's order.
     forEachRecord(m_layers, [this](CLayerRcd& record) {

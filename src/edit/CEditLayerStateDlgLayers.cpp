@@ -3,6 +3,7 @@
 #include "CEditLayerStateDlg.h"
 #include "KelDbDatabase.h"
 #include "LayerRecords.h"
+#include "ListRedrawLock.h"
 #include "StateReading.h"
 
 void CEditLayerStateDlg::OnAddLayers() {
@@ -11,7 +12,10 @@ void CEditLayerStateDlg::OnAddLayers() {
     dialog.m_database = m_database;
     dialog.m_sortKey = 0;
     dialog.m_existingNames = names;
-    if (dialog.DoModal() != IDOK)
+    const INT_PTR answer = dialog.DoModal();
+    // The box that tells of nothing to add isn't the dialog's own: when it goes, none of our windows is the active one.
+    SetActiveWindow();
+    if (answer != IDOK)
         return;
     const KelArray<KelDbObjectId> ids = dialog.m_selectedIds;
     if (ids.isEmpty() || !m_database)
@@ -30,6 +34,7 @@ void CEditLayerStateDlg::OnAddLayers() {
 }
 
 void CEditLayerStateDlg::OnRemoveLayers() {
+    const ListRedrawLock quiet(m_layerGrid);
     // The next painting measures what is left.
     zeroWidths(m_columnWidths);
     for (int row = firstSelectedRow(); row >= 0; row = m_layerGrid.GetNextItem(row - 1, LVNI_SELECTED)) {

@@ -7,7 +7,7 @@
 namespace {
 
 /// Sets the record's values on a layer in memory, which carries them to the host.
-void fill(KelDbLayerTableRecord& layer, const CLayerRcd& record, bool namedPlotStyles) {
+void fill(KelDbLayerTableRecord& layer, const CLayerRcd& record, const KelDbDatabase& database) {
     static_cast<void>(layer.setName(record.m_name));
     static_cast<void>(layer.setIsFrozen(record.m_isFrozen));
     layer.setIsOff(record.m_isOff);
@@ -17,7 +17,7 @@ void fill(KelDbLayerTableRecord& layer, const CLayerRcd& record, bool namedPlotS
     layer.setColor(record.m_color);
     layer.setLinetypeObjectId(record.m_linetypeId);
     static_cast<void>(layer.setLineWeight(record.m_lineWeight));
-    if (namedPlotStyles) {
+    if (!database.plotStyleMode()) {
         static_cast<void>(layer.setPlotStyleName(record.m_plotStyleName.GetString()));
         static_cast<void>(layer.setPlotStyleName(record.m_plotStyleId));
     }
@@ -53,7 +53,7 @@ void commitChanges(KelDbDatabase& database, const wchar_t* stateName, CObList& l
         if (!record.m_isModified)
             return;
         const auto layer = std::make_unique<KelDbLayerTableRecord>();
-        fill(*layer, record, !database.plotStyleMode());
+        fill(*layer, record, database);
         static_cast<void>(impStates->updateLayerStateLayer(stateName, layer.get(), record.m_isCurrent));
     });
 }

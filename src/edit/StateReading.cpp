@@ -57,13 +57,15 @@ void readPlotStyle(KelDbDatabase& database, const KelDbLayerTableRecord& layer, 
 }
 
 /// Null when there is no memory for the record.
+/// @param name by which the state knows the layer; the record's when the layer's own can't be had
 std::unique_ptr<CLayerRcd> readStateLayer(KelDbDatabase& database, const KelDbLayerTableRecord& layer,
-                                          KelDbObjectId current) {
+                                          const wchar_t* name, KelDbObjectId current) {
     std::unique_ptr<CLayerRcd> record = newLayerRecord();
     if (!record)
         return nullptr;
     record->m_isCurrent = layer.objectId() == current;
     record->m_isDependent = layer.isDependent();
+    record->m_name = name;
     readName(layer, *record);
     record->m_isFrozen = layer.isFrozen();
     record->m_isOff = layer.isOff();
@@ -84,7 +86,7 @@ void readLayers(KelDbDatabase& database, const KelArray<KelString>& names, CObLi
         openLayer(database, name.kwszPtr(), layer);
         if (layer.openStatus() != Vorn::eOk)
             continue;
-        std::unique_ptr<CLayerRcd> record = readStateLayer(database, *layer.object(), current);
+        std::unique_ptr<CLayerRcd> record = readStateLayer(database, *layer.object(), name.kwszPtr(), current);
         if (!record)
             return; // what has been read so far stands
         layers.AddTail(record.get());

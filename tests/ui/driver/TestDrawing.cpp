@@ -10,13 +10,21 @@
 namespace ui {
 
 namespace {
+// Styles and the viewport have the handles in between.
 constexpr zdr::Handle firstStyleHandle = 0xE0;
+constexpr zdr::Handle behindStyles = 0x100;
 } // namespace
 
 TestDrawing::TestDrawing() {
     m_drawing.linetypes.push_back({m_drawing.names.intern(L"Continuous"), firstStyleHandle, L"", {}});
     m_drawing.plotStyles.push_back({m_drawing.names.intern(L"Normal"), firstStyleHandle + 8});
     layer(L"Base");
+}
+
+zdr::Handle TestDrawing::newHandle() {
+    if (m_drawing.nextHandle == firstStyleHandle)
+        m_drawing.nextHandle = behindStyles;
+    return m_drawing.nextHandle++;
 }
 
 TestDrawing& TestDrawing::layer(const std::wstring& name, std::uint32_t color) {

@@ -36,7 +36,7 @@ class TestDrawing {
     static constexpr zdr::Handle viewportHandle = 0xF0;
 
   private:
-    zdr::Handle newHandle() { return m_drawing.nextHandle++; }
+    zdr::Handle newHandle();
     void refreshLayerSet();
 
     zdr::Drawing m_drawing;

@@ -1,13 +1,23 @@
 #include "EditTest.h"
 
+#include "DrawingDifference.h"
 #include "engine/DatabaseAccess.h"
 
+#include <algorithm>
+#include <iterator>
+
+using ui::Obstacle;
 using ui::Script;
 using ui::View;
 
 bool EditTest::edit(const std::wstring& state, const Script& script) {
     return manage(Script()
                       .clickCellOf(IDC_LSTATE_RES_LIST, state)
+                      .waitUntil("it is selected",
+                                 [state](const View& view) {
+                                     return view.selectedRows(IDC_LSTATE_RES_LIST) ==
+                                            std::vector{view.rowOf(IDC_LSTATE_RES_LIST, state)};
+                                 })
                       .then(countFromHere())
                       .click(IDC_LSTATE_RES_EDIT)
                       .waitForControl(grid)
@@ -23,9 +33,49 @@ std::vector<std::wstring> EditTest::rows(const View& view) {
     return view.column(grid, 0);
 }
 
+Script EditTest::dragDivider(int column, int by) {
+    const auto target = std::make_shared<POINT>(); // fixed before the drag: the divider moves along with the pointer
+    const auto rests = [](POINT point) {
+        return ui::pointerRestsAt(point) ? Obstacle() : Obstacle("the pointer is on its way");
+    };
+    return Script()
+        .step("point at the divider",
+              [=](const View& view) -> Obstacle {
+                  const std::optional<RECT> heading = view.headingRect(grid, column);
+                  if (!heading)
+                      return "the list has no such heading";
+                  *target = {heading->right - 1, (heading->top + heading->bottom) / 2};
+                  return rests(*target);
+              })
+        .look("press",
+              [=](const View&) {
+                  ui::pressButton();
+                  target->x += by;
+              })
+        .step("drag", [=](const View&) { return rests(*target); })
+        .look("release", [](const View&) { ui::releaseButton(); });
+}
+
 std::optional<zdr::LayerState> EditTest::stored(const std::wstring& name) const {
     for (const zdr::LayerState& state : engine::drawingOf(database()).states)
         if (state.name == name)
             return state;
     return std::nullopt;
+}
+
+std::string EditTest::differenceFrom(const zdr::Drawing& before) const {
+    zdr::Drawing now = engine::drawingOf(database());
+    now.nextHandle = before.nextHandle;
+    return difference(before, now);
+}
+
+Calls withoutPainting(const Calls& calls) {
+    constexpr const char* kPainting[] = {
+        "tilemode() = true",          "tilemode() = false", "keledGetRGB(", "keldbGetReservedString(7, true)",
+        "keledGetVar(\"LWDEFAULT\")", "SetUseTips(0)",      "SetUseTips(1)"};
+    Calls others;
+    std::ranges::copy_if(calls, std::back_inserter(others), [&](const std::string& line) {
+        return std::ranges::none_of(kPainting, [&line](const char* start) { return line.starts_with(start); });
+    });
+    return others;
 }

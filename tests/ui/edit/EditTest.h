@@ -8,6 +8,8 @@
 /// The list of layers, of both dialogs.
 inline constexpr int grid = IDC_LAYER_GRID;
 
+inline constexpr const wchar_t* editDialogName = L"KelLayerApps:LayerStatesEdit";
+
 class EditTest : public ManagerTest {
   protected:
     /// Opens the manager and from there the edit dialog on that state, runs the script in it, which has to end the
@@ -20,6 +22,14 @@ class EditTest : public ManagerTest {
     static ui::Script countFromHere();
     /// The names of the layers that have rows, from the top.
     static std::vector<std::wstring> rows(const ui::View& view);
+    /// Drags the right border of a heading by that many pixels to the right.
+    static ui::Script dragDivider(int column, int by);
     /// A state of the drawing as it is kept there now; none when there is none of that name.
     std::optional<zdr::LayerState> stored(const std::wstring& name) const;
+
+    /// What of the drawing isn't as in that copy of it; empty when all is. The next handle may be another one.
+    std::string differenceFrom(const zdr::Drawing& before) const;
 };
+
+/// The calls without those that painting makes, and without those that the pointer makes where it rests.
+Calls withoutPainting(const Calls& calls);

@@ -199,6 +199,21 @@ TEST_F(StateRestore, AnswersAMissingLinetypeAndDoesTheRest) {
     EXPECT_EQ(restore(L"Plan", MaskColor), Vorn::eOk); // nothing is missing for colours
 }
 
+TEST_F(StateRestore, MissesNoStyleThatTheLayerHasAlready) {
+    // A layer whose reference isn't there names styles that only the reference would bring.
+    zdr::Drawing source = drawing();
+    source.columns.linetypes.set(1, source.names.intern(L"site!Wavy"));
+    source.columns.plotStyles.set(1, source.names.intern(L"site!Bold"));
+    use(std::move(source));
+    ASSERT_EQ(states().saveLayerState(L"Plan", MaskAllProperties), Vorn::eOk);
+    setColor(L"Walls", 3);
+    EXPECT_EQ(restore(L"Plan"), Vorn::eOk);
+    EXPECT_EQ(values(L"Walls").linetype, nameId(L"site!Wavy"));
+    change(L"Walls", [this](engine::LayerValues& walls) { walls.linetype = nameId(L"Continuous"); });
+    EXPECT_EQ(restore(L"Plan"), Vorn::eStyleMissing);
+    EXPECT_EQ(values(L"Walls").linetype, nameId(L"Continuous"));
+}
+
 TEST_F(StateRestore, AnswersAMissingPlotStyle) {
     zdr::Drawing source = makeDrawing({{.name = L"Walls", .plotStyle = L"Bold"}});
     source.plotStyles.push_back({source.names.find(L"Bold"), source.nextHandle++});

@@ -144,6 +144,56 @@ TEST_F(StateReading, PassesOverALayerThatTheDrawingLacks) {
     EXPECT_THAT(names(), ElementsAre(L"Base", L"Walls"));
 }
 
+TEST_F(StateReading, TakesTheStatesNameOfALayerThatDoesntTellItsOwn) {
+    instruments::failCall("record.getName", 3); // after the one of Base and of its linetype
+    EXPECT_TRUE(read());
+    EXPECT_THAT(names(), ElementsAre(L"Base", L"Walls", L"Doors"));
+}
+
+TEST_F(StateReading, KeepsTheLinetypesIdWhereItsNameCantBeHad) {
+    instruments::failCall("openObject", 2); // the linetype of Walls
+    EXPECT_TRUE(read());
+    EXPECT_TRUE(record(L"Walls").m_linetypeName.IsEmpty());
+    EXPECT_FALSE(record(L"Walls").m_linetypeId.isNull());
+    EXPECT_EQ(record(L"Doors").m_linetypeName, L"Continuous");
+}
+
+TEST_F(StateReading, ShowsTheDrawingsLinetypeWhereTheStatesIsMissing) {
+    zdr::Drawing other = drawing();
+    other.states[0].columns.linetypes.set(2, other.names.intern(L"Nowhere"));
+    use(std::move(other));
+    EXPECT_TRUE(read());
+    EXPECT_EQ(record(L"Doors").m_linetypeName, L"Continuous");
+    expectDrawingAsBefore();
+}
+
+TEST_F(StateReading, MarksTheLayerThatTheRestoreMadeCurrent) {
+    ASSERT_EQ(engine::setCurrentLayer(m_database, layer(L"Walls")), Vorn::eOk);
+    EXPECT_TRUE(read()); // the state was saved with Base
+    EXPECT_TRUE(record(L"Base").m_isCurrent);
+    EXPECT_FALSE(record(L"Walls").m_isCurrent);
+    EXPECT_EQ(drawing().currentLayer, layer(L"Walls"));
+}
+
+TEST_F(StateReading, MarksNoLayerOfAReferenceAsTheCurrentOne) {
+    zdr::Drawing other = drawing();
+    zdr::Reference site;
+    site.name = L"site";
+    site.drawing = std::make_shared<const zdr::Drawing>(makeDrawing({{L"Trees"}}));
+    other.references.push_back(std::move(site));
+    use(std::move(other));
+    ASSERT_EQ(states().saveLayerState(L"All", MaskAllProperties), Vorn::eOk);
+    zdr::Drawing changed = drawing();
+    changed.states.back().currentLayer = changed.names.find(L"site!Trees");
+    ASSERT_NE(changed.states.back().currentLayer, zdr::kNoName);
+    use(std::move(changed));
+    EXPECT_TRUE(read(L"All"));
+    EXPECT_TRUE(record(L"site!Trees").m_isDependent);
+    EXPECT_FALSE(record(L"site!Trees").m_isCurrent);
+    EXPECT_TRUE(record(L"Base").m_isCurrent);
+    EXPECT_FALSE(record(L"Base").m_isDependent);
+}
+
 TEST_F(StateReading, OfNoDrawingReadsNothing) {
     EXPECT_FALSE(readStateLayers(nullptr, L"Plan", m_layers));
     EXPECT_TRUE(m_layers.IsEmpty());

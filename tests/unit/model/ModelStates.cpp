@@ -206,16 +206,17 @@ struct Restore {
     std::uint32_t overridden; ///< properties of the viewport's overrides
     bool styleMissing = false, unresolved = false;
 
-    bool available(const std::vector<std::string>& styles, const std::string& style) {
+    /// `own` is the style that a layer has already: it doesn't miss that one.
+    bool available(const std::vector<std::string>& styles, const std::string& style, std::string_view own) {
         const bool there = style.empty() || has(styles, style);
-        styleMissing |= !there;
+        styleMissing |= !there && !same(style, own);
         return there;
     }
     /// Writes the properties of the mask; answers the ones that it could write.
-    std::uint32_t write(Look& look, const Look& held, std::uint32_t mask) {
-        if ((mask & MaskLinetype) && !available(drawing.linetypes, held.linetype))
+    std::uint32_t write(Look& look, const Look& held, std::uint32_t mask, const Look& own = {}) {
+        if ((mask & MaskLinetype) && !available(drawing.linetypes, held.linetype, own.linetype))
             mask &= ~MaskLinetype;
-        if ((mask & MaskPlotStyle) && !available(drawing.plotStyles, held.plotStyle))
+        if ((mask & MaskPlotStyle) && !available(drawing.plotStyles, held.plotStyle, own.plotStyle))
             mask &= ~MaskPlotStyle;
         look.flags = (look.flags & ~(mask & kOwnFlags)) | (held.flags & mask & kOwnFlags);
         look.color = mask & MaskColor ? held.color : look.color;
@@ -226,7 +227,7 @@ struct Restore {
     }
     void writeLayer(Layer& layer, const Look& held, bool resolved) {
         Look look = layer.look;
-        write(look, held, direct);
+        write(look, held, direct, layer.look);
         if (resolved)
             layer.look = look;
         else

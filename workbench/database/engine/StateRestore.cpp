@@ -62,7 +62,8 @@ class Restore {
         return property.bit == MaskLinetype ? m_linetypes : m_plotStyles;
     }
 
-    // Where the drawing lacks the state's style, the layer keeps the one it had.
+    // Where the drawing lacks the state's style, the layer keeps the one it had. Nothing is missing to a layer that has
+    // the state's already, as one can whose reference isn't there.
     template <class Property> void copyColumn(Property property, zdr::LayerColumns& columns) {
         const auto& from = m_state.columns.*property.column;
         auto& to = columns.*property.column;
@@ -74,8 +75,9 @@ class Restore {
                 for (std::size_t i = 0; i < run.count; ++i) {
                     if (hasStyle(property, from[run.state + i]))
                         continue;
-                    m_styleMissing = true;
-                    to.set(run.drawing + i, (m_before.*property.column)[run.drawing + i]);
+                    const zdr::NameId own = (m_before.*property.column)[run.drawing + i];
+                    m_styleMissing |= own != from[run.state + i];
+                    to.set(run.drawing + i, own);
                 }
         }
     }
