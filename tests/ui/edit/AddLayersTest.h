@@ -16,7 +16,8 @@ class AddLayersTest : public EditTest {
     static ui::Script openDialog();
     /// Opens the dialog on the plan, does the steps in it, which have to end it, looks at the edit dialog, and leaves
     /// that by Escape.
-    bool add(const ui::Script& steps, std::function<void(const ui::View&)> see = [](const ui::View&) {});
+    bool add(
+        const ui::Script& steps, std::function<void(const ui::View&)> see = [](const ui::View&) {});
 
     /// What the calls so far were, but for those of painting.
     static Calls callsSoFar() { return withoutPainting(instruments::trace()); }
