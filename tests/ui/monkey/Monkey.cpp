@@ -14,6 +14,10 @@ constexpr int kMostInDialog = 40;
 constexpr int kHelpButton = 9; // IDHELP
 constexpr int kMfcHelpButton = 0xE146;
 
+/// What opens the dialog that edits a state, and from there the one that adds layers. Random clicks alone hardly get
+/// that far.
+constexpr std::array kOpeners{IDC_LSTATE_RES_EDIT, IDC_ADD_LAYERS};
+
 struct Key {
     WORD key;
     unsigned held;
@@ -121,6 +125,15 @@ bool Monkey::openNewState() {
     return true;
 }
 
+void Monkey::openSomeDialog(HWND window) {
+    const int button = kOpeners[below(kOpeners.size())];
+    const HWND control = GetDlgItem(window, button);
+    if (!control || !IsWindowEnabled(control))
+        return;
+    note("press " + std::to_string(button) + " of " + ui::narrow(ui::textOf(window)));
+    PostMessageW(window, WM_COMMAND, static_cast<WPARAM>(button), reinterpret_cast<LPARAM>(control));
+}
+
 void Monkey::actOnMain(HWND window) {
     switch (below(10)) {
     case 0:
@@ -145,7 +158,10 @@ void Monkey::actOnDialog(HWND window) {
         leave(nullptr);
         return;
     }
-    switch (below(11)) {
+    switch (below(12)) {
+    case 11:
+        openSomeDialog(window);
+        break;
     case 0: {
         const std::wstring word = m_nonsense.word();
         note("type " + ui::narrow(word));

@@ -30,6 +30,7 @@ class Monkey {
     void typeLine();
     void pressSomeKey();
     void useMouse(HWND window);
+    void openSomeDialog(HWND window);
     void clickSomeControl(HWND window, bool (*isMeant)(HWND));
     void note(const std::string& what);
     std::size_t below(std::size_t bound) { return std::uniform_int_distribution<std::size_t>(0, bound - 1)(m_random); }
