@@ -125,6 +125,11 @@
 #define IDB_LSTATE_GRID_IMAGES_32 325
 #define IDB_LSTATE_GRID_MASK_32 326
 
+// The images of the grid's narrow headings, side by side; numbered likewise.
+#define IDB_LSTATE_GRID_HEADINGS 308
+#define IDB_LSTATE_GRID_HEADINGS_24 318
+#define IDB_LSTATE_GRID_HEADINGS_32 328
+
 // The faces of the grid's buttons, in 16, 24 and 32 pixels.
 #define IDI_LSTATE_ADD_LAYERS 300
 #define IDI_LSTATE_REMOVE_LAYERS 301

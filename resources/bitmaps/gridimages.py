@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Draws the images of the layer grid and the icons of its two buttons, beside this file.
+"""Draws the images of the layer grid, those of its headings and the icons of its two buttons, beside this file.
 
 Each is drawn on a square of 16 units, at 16, 24 and 32 pixels, so that it is sharp at 100, 150 and 200 %. The light
 comes from the upper left. Two images of one property differ in shape, not only in colour. With --check nothing is
@@ -194,6 +194,18 @@ def row_mark(to):
     to.body(sheet_at(to, 8, 5), PAPER, METAL[0])
 
 
+def palette(to):
+    for left, top, sides in ((2, 2, RED), (8, 2, GREEN), (2, 8, LIT), (8, 8, ICE)):
+        to.body(to.rect(left, top, left + 6, top + 6), sides, METAL[1])
+
+
+def greyed(to):
+    """Takes the colours away, and leaves how light or dark each place is."""
+    for row in to.rows:
+        for x, (red, green, blue, alpha) in enumerate(row):
+            row[x] = (*[0.3 * red + 0.59 * green + 0.11 * blue] * 3, alpha)
+
+
 call = functools.partial
 # What stands at which number of the strip, as steps of its drawing; the third image of a property is for layers that
 # differ in it.
@@ -218,6 +230,15 @@ IMAGES = {
     14: [corner_mark],  # lies over others
     23: [question],  # a value that nobody knows
 }
+# Over the columns that are as narrow as an image, in their order: what the column is about, without the colours of a value.
+HEADINGS = [
+    [call(lamp, glass=GLASS, shines=True), greyed],
+    [flake, greyed],
+    [call(padlock, sides=GOLD, closed=True), greyed],
+    [palette],
+    [printer, greyed],
+    [call(new_viewport, weather=flake), greyed],
+]
 ICONS = {
     "addlayers.ico": [stack, call(badge, sides=GREEN, plus=True)],
     "removelayers.ico": [stack, call(badge, sides=RED, plus=False)],
@@ -231,10 +252,18 @@ def drawn(size, steps):
     return to
 
 
+def side_by_side(pictures):
+    """The rows of a strip of pictures."""
+    return [[pixel for row in rows for pixel in row] for rows in zip(*(picture.rows for picture in pictures))]
+
+
 def strip(size):
-    """The rows of all images, side by side."""
-    pictures = [drawn(size, IMAGES.get(number, [])) for number in range(max(IMAGES) + 1)]
-    return [[pixel for picture in pictures for pixel in picture.rows[y]] for y in range(size)]
+    """The rows of all images, each at its number."""
+    return side_by_side([drawn(size, IMAGES.get(number, [])) for number in range(max(IMAGES) + 1)])
+
+
+def headings(size):
+    return side_by_side([drawn(size, steps) for steps in HEADINGS])
 
 
 def main():
@@ -243,6 +272,7 @@ def main():
         rows = strip(size)
         files[f"gridimages{size}.bmp"] = drawing.colour_bitmap(rows)
         files[f"gridmask{size}.bmp"] = drawing.mask_bitmap(rows)
+        files[f"gridheadings{size}.bmp"] = drawing.colour_bitmap(headings(size))
     drawing.main(files)
 
 

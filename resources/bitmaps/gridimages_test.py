@@ -9,12 +9,14 @@ import gridimages
 PROPERTIES = [(9, 2, 18), (6, 0, 22), (8, 5, 19), (36, 35, 37), (13, 12, 20), (25, 26)]
 
 
+def grey(pixel):
+    """How light a pixel is on white."""
+    red, green, blue, alpha = pixel
+    return 255 + (0.3 * red + 0.59 * green + 0.11 * blue - 255) * alpha / 255
+
+
 def greys(size, number):
     """The image as it stands on white for somebody who sees no colours."""
-    def grey(pixel):
-        red, green, blue, alpha = pixel
-        return 255 + (0.3 * red + 0.59 * green + 0.11 * blue - 255) * alpha / 255
-
     return [grey(pixel) for row in gridimages.drawn(size, gridimages.IMAGES[number]).rows for pixel in row]
 
 
@@ -38,6 +40,20 @@ class GridImagesTest(unittest.TestCase):
             for number in range(38):
                 image = [pixel for row in rows for pixel in row[number * size : (number + 1) * size]]
                 self.assertEqual(any(pixel[3] for pixel in image), number in gridimages.IMAGES, number)
+
+    def test_each_narrow_heading_has_an_image_of_its_own(self):
+        for size in gridimages.SIZES:
+            rows = gridimages.headings(size)
+            self.assertEqual([len(row) for row in rows], [6 * size] * size)
+            images = [[pixel for row in rows for pixel in row[i * size : (i + 1) * size]] for i in range(6)]
+            for one, other in itertools.combinations(images, 2):
+                self.assertGreater(clearly_different([grey(pixel) for pixel in one], [grey(pixel) for pixel in other]), 0.1)
+
+    def test_only_the_heading_of_the_colours_is_coloured(self):
+        pictures = [gridimages.drawn(16, steps) for steps in gridimages.HEADINGS]
+        coloured = [any(max(pixel[:3]) - min(pixel[:3]) > 50 for row in picture.rows for pixel in row)
+                    for picture in pictures]
+        self.assertEqual(coloured, [False, False, False, True, False, False])
 
     def test_the_mask_is_white_where_the_image_is_clear(self):
         picture = drawing.Picture(2)

@@ -73,6 +73,7 @@ BOOL CEditLayerStateDlg::OnInitDialog() {
     loadStateImages();
     m_layerGrid.SetImageList(&g_stateImages, LVSIL_SMALL);
     insertColumns();
+    setHeadingImages();
     setButtonIcon(IDC_REMOVE_LAYERS, IDI_LSTATE_REMOVE_LAYERS);
     setButtonIcon(IDC_ADD_LAYERS, IDI_LSTATE_ADD_LAYERS);
     EnableToolTips(TRUE);
@@ -94,6 +95,23 @@ void CEditLayerStateDlg::insertColumns() {
     for (const GridColumnShape& column : kGridColumns) {
         m_layerGrid.InsertColumn(index, loadResourceString(column.headingId), LVCFMT_LEFT, scaled(column.width), index);
         ++index;
+    }
+}
+
+void CEditLayerStateDlg::setHeadingImages() {
+    CHeaderCtrl* headings = m_layerGrid.GetHeaderCtrl();
+    if (!headings || !loadHeadingImages(m_headingImages))
+        return; // the texts alone, then
+    headings->SetImageList(&m_headingImages);
+    constexpr int kMargin = 4; // what is left and right of an image in the middle of a narrow column
+    headings->SendMessage(HDM_SETBITMAPMARGIN, static_cast<WPARAM>(scaled(kMargin)));
+    for (int column = 0; column < gridColumnCount; ++column) {
+        HDITEM item = {};
+        item.mask = HDI_FORMAT | HDI_IMAGE;
+        item.fmt = HDF_LEFT | HDF_STRING | HDF_IMAGE;
+        item.iImage = kGridColumns[column].headingImage;
+        if (item.iImage >= 0)
+            headings->SetItem(column, &item);
     }
 }
 

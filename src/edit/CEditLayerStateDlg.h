@@ -44,6 +44,8 @@ class CEditLayerStateDlg : public CKelUiDialog {
     /// Shows the text of a cell that is cut off.
     CToolTipCtrl m_cellTip;
     CPoint m_lastMousePos;
+    /// The heading row shows them for as long as it lives.
+    CImageList m_headingImages;
 
   public:
     INT_PTR OnToolHitTest(CPoint point, TOOLINFO* tool) const override;
@@ -75,6 +77,7 @@ class CEditLayerStateDlg : public CKelUiDialog {
     /// Empties the grid and makes a row for each record that isn't removed.
     void rebuildRows();
     void insertColumns();
+    void setHeadingImages();
     void setButtonIcon(int button, UINT icon);
     CLayerRcd* recordOf(int row) const;
 

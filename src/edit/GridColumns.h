@@ -40,18 +40,19 @@ inline constexpr int columnKind[] = {nameKind,     onKind,         freezeKind,  
                                      linetypeKind, lineWeightKind, plotStyleKind, plotKind, newVpFreezeKind};
 static_assert(std::size(columnKind) == gridColumnCount);
 
-/// A column as it is inserted: its heading, which is its tip too, and its width in pixels of a display at 96 dots an
-/// inch.
+/// A column as it is inserted.
 struct GridColumnShape {
-    unsigned int headingId;
-    int width;
+    unsigned int headingId; ///< its heading's text, which is its tip too
+    int width;              ///< in pixels of a display at 96 dots an inch
+    /// What its heading shows before the text, which has no room in so narrow a column; -1 for none.
+    int headingImage;
 };
 
 inline constexpr GridColumnShape kGridColumns[] = {
-    {IDS_LSTATE_COLUMN_NAME, 150},       {IDS_LSTATE_COLUMN_ON, 24},        {IDS_LSTATE_COLUMN_FREEZE, 24},
-    {IDS_LSTATE_COLUMN_LOCK, 24},        {IDS_LSTATE_COLUMN_COLOR, 24},     {IDS_LSTATE_COLUMN_LINETYPE, 60},
-    {IDS_LSTATE_COLUMN_LINEWEIGHT, 60},  {IDS_LSTATE_COLUMN_PLOTSTYLE, 60}, {IDS_LSTATE_COLUMN_PLOT, 24},
-    {IDS_LSTATE_COLUMN_NEWVPFREEZE, 24},
+    {IDS_LSTATE_COLUMN_NAME, 150, -1},      {IDS_LSTATE_COLUMN_ON, 24, 0},         {IDS_LSTATE_COLUMN_FREEZE, 24, 1},
+    {IDS_LSTATE_COLUMN_LOCK, 24, 2},        {IDS_LSTATE_COLUMN_COLOR, 24, 3},      {IDS_LSTATE_COLUMN_LINETYPE, 60, -1},
+    {IDS_LSTATE_COLUMN_LINEWEIGHT, 60, -1}, {IDS_LSTATE_COLUMN_PLOTSTYLE, 60, -1}, {IDS_LSTATE_COLUMN_PLOT, 24, 4},
+    {IDS_LSTATE_COLUMN_NEWVPFREEZE, 24, 5},
 };
 static_assert(std::size(kGridColumns) == gridColumnCount);
 

@@ -13,12 +13,13 @@ struct ImageSet {
     int side; ///< in pixels
     UINT images;
     UINT masks;
+    UINT headings;
 };
 
 constexpr ImageSet kSets[] = {
-    {16, IDB_LSTATE_GRID_IMAGES, IDB_LSTATE_GRID_MASK},
-    {24, IDB_LSTATE_GRID_IMAGES_24, IDB_LSTATE_GRID_MASK_24},
-    {32, IDB_LSTATE_GRID_IMAGES_32, IDB_LSTATE_GRID_MASK_32},
+    {16, IDB_LSTATE_GRID_IMAGES, IDB_LSTATE_GRID_MASK, IDB_LSTATE_GRID_HEADINGS},
+    {24, IDB_LSTATE_GRID_IMAGES_24, IDB_LSTATE_GRID_MASK_24, IDB_LSTATE_GRID_HEADINGS_24},
+    {32, IDB_LSTATE_GRID_IMAGES_32, IDB_LSTATE_GRID_MASK_32, IDB_LSTATE_GRID_HEADINGS_32},
 };
 
 /// The largest set that isn't larger than the display's scaling asks for.
@@ -50,6 +51,14 @@ void loadStateImages() {
     constexpr int kOverlayNumber = 40;
     g_stateImages.SetOverlayImage(kOverlayImage, kOverlayNumber);
     loaded = true;
+}
+
+bool loadHeadingImages(CImageList& list) {
+    const CResourceScope scope;
+    const ImageSet& set = setForDisplay();
+    CBitmap images;
+    return images.LoadBitmap(set.headings) && list.Create(set.side, set.side, ILC_COLOR32, 0, 1) &&
+           list.Add(&images, nullptr) >= 0;
 }
 
 int stateImageIndex(int kind, int value, bool) {

@@ -9,6 +9,11 @@ void loadStateImages();
 /// loaded, and there until the process ends.
 extern CImageList g_stateImages;
 
+/// Makes a list of the images of the narrow columns' headings, by GridColumnShape::headingImage, as large as those of
+/// the grid.
+/// @return false when the system has no room for it; the list may then be there, but holds no image
+bool loadHeadingImages(CImageList& list);
+
 /// The image of a property's value, loaded if need be; see stateImageNumber.
 /// @param tileMode whether the model tab is active; makes no difference, on purpose
 int stateImageIndex(int kind, int value, bool tileMode);
