@@ -35,6 +35,11 @@ bool isButton(const Control& control) {
     return control.kind == L"Button" && buttonType(control) != BS_OWNERDRAW;
 }
 
+/// Whether a button shows an icon; its text is its name for screen readers and its mnemonic then.
+bool showsIcon(const Control& control) {
+    return isButton(control) && (control.style & BS_ICON) != 0;
+}
+
 bool isFrame(const Control& control) {
     return control.kind == L"Button" && buttonType(control) == BS_GROUPBOX;
 }
@@ -99,12 +104,34 @@ int roomBesideText(const Control& control) {
 }
 
 bool isCut(const Control& control) {
-    if (control.text.empty() || !(isLabel(control) || isButton(control)) || shortensItself(control))
+    if (control.text.empty() || !(isLabel(control) || isButton(control)) || shortensItself(control) ||
+        showsIcon(control))
         return false;
     const int width = control.rect.right - control.rect.left;
     const int height = control.rect.bottom - control.rect.top;
     const SIZE text = textSize(control, width);
     return text.cx + roomBesideText(control) > width || text.cy > height;
+}
+
+/// The size of an icon's picture; zero for none.
+SIZE iconSize(HICON icon) {
+    ICONINFO info{};
+    if (!icon || !GetIconInfo(icon, &info))
+        return {};
+    BITMAP mask{};
+    GetObjectW(info.hbmMask, sizeof mask, &mask);
+    DeleteObject(info.hbmColor);
+    DeleteObject(info.hbmMask);
+    return {mask.bmWidth, info.hbmColor ? mask.bmHeight : mask.bmHeight / 2}; // black and white have one bitmap
+}
+
+bool isIconCut(const Control& control) {
+    if (!showsIcon(control))
+        return false;
+    const SIZE icon = iconSize(reinterpret_cast<HICON>(SendMessageW(control.window, BM_GETIMAGE, IMAGE_ICON, 0)));
+    const int edges = MulDiv(2 * 3, static_cast<int>(GetDpiForWindow(control.window)), designDpi);
+    return icon.cx + edges > control.rect.right - control.rect.left ||
+           icon.cy + edges > control.rect.bottom - control.rect.top;
 }
 
 bool isInside(const Control& control, const RECT& client) {
@@ -140,6 +167,8 @@ std::vector<std::string> layoutProblems(HWND dialog) {
     for (const Control& control : controls) {
         if (isCut(control))
             problems.push_back("the text is cut off: " + nameOf(control));
+        if (isIconCut(control))
+            problems.push_back("the icon is cut off: " + nameOf(control));
         if (!isInside(control, client))
             problems.push_back("it lies out of the dialog: " + nameOf(control));
         if (!hasFontOfScaling(control))

@@ -63,6 +63,22 @@ TEST_F(Layout, aWordWiderThanItsLabelIsCutOffUnlessTheLabelBreaksIt) {
     EXPECT_THAT(problems(), ElementsAre(StartsWith("the text is cut off")));
 }
 
+TEST_F(Layout, aButtonWithAnIconHasToHaveRoomForThatAndNotForItsText) {
+    const HWND button = put(L"Button", L"Add layers", 10, 10, 28, 28, BS_ICON);
+    const auto icon = [this](int side) {
+        return CreateIcon(nullptr, px(side), px(side), 1, 1, std::vector<BYTE>(4096).data(),
+                          std::vector<BYTE>(4096).data());
+    };
+    const HICON small = icon(20), large = icon(24);
+    EXPECT_THAT(problems(), IsEmpty());
+    SendMessageW(button, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(small));
+    EXPECT_THAT(problems(), IsEmpty());
+    SendMessageW(button, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(large));
+    EXPECT_THAT(problems(), ElementsAre(StartsWith("the icon is cut off")));
+    DestroyIcon(small);
+    DestroyIcon(large);
+}
+
 TEST_F(Layout, controlsOverEachOtherOrOutsideAreFound) {
     put(L"Button", L"One", 10, 10, 75, 23);
     put(L"Button", L"Two", 80, 10, 75, 23);
