@@ -2,8 +2,9 @@
 """Draws the images of the layer grid, those of its headings and the icons of its two buttons, beside this file.
 
 Each is drawn on a square of 16 units, at 16, 24 and 32 pixels, so that it is sharp at 100, 150 and 200 %. The light
-comes from the upper left. Two images of one property differ in shape, not only in colour. With --check nothing is
-written; the files must then be what would be.
+comes from the upper left. The first line of pixels is clear: in the grid it lies in the row above, whose next painting
+would take it away. Two images of one property differ in shape, not only in colour. With --check nothing is written; the
+files must then be what would be.
 """
 import functools
 import math
@@ -70,7 +71,7 @@ class Sketch(drawing.Picture):
 
     def centre(self, units):
         """Where the middle of a straight line has to lie to be sharp."""
-        return self.edge(units) - (0.5 if self.line() % 2 else 0)
+        return self.edge(units) + (0.5 if self.line() % 2 else 0)
 
     def away(self, middle, units, degrees):
         """The place that lies so far from a point, clockwise from above it."""
@@ -89,22 +90,23 @@ def lamp(to, glass, shines):
     to.body(to.rect(6, 10, 10, 15, 1), METAL)
     to.body(together(bulb, neck), glass)
     if shines:
-        for turned in (-118, -75, -32, 32, 75, 118):
-            to.fill(to.star(to.at(8, 6.5), 1, 5.6, 7.6, 1.4 * to.unit, turned), SUN[1])
+        for last, turns in ((6.4, (-42, 42)), (7.6, (-118, -80, 80, 118))):
+            for turned in turns:
+                to.fill(to.star(to.at(8, 6.5), 1, 5.5, last, 1.4 * to.unit, turned), SUN[1])
 
 
 def sun(to, middle=(8, 8), size=1.0):
     middle = tuple(to.centre(way) for way in middle)
     face = disc(middle, 3.4 * size * to.unit)
-    to.fill(to.star(middle, 8, 4.4 * size, 6.8 * size, to.line()), SUN[1])
+    to.fill(to.star(middle, 8, 4.4 * size, 6.6 * size, to.line()), SUN[1])
     to.body(face, SUN, SUN[1])
 
 
 def flake(to, middle=(8, 8), size=1.0, sides=ICE):
     middle = tuple(to.centre(way) for way in middle)
     # What lies askew is drawn a little wider, or it would look paler than what is straight.
-    arms = [to.star(middle, 2, 0, 7 * size, to.line())]
-    arms += [to.star(middle, 2, 0, 7 * size, 1.2 * to.line(), turned) for turned in (60, 120)]
+    arms = [to.star(middle, 2, 0, 6.6 * size, to.line())]
+    arms += [to.star(middle, 2, 0, 6.6 * size, 1.2 * to.line(), turned) for turned in (60, 120)]
     if size * to.unit >= 1:  # otherwise they would run into each other
         for arm in range(0, 360, 60):
             fork = to.away(middle, 4 * size, arm)
@@ -142,8 +144,8 @@ def viewport(to):
 
 def new_viewport(to, weather):
     viewport(to)
-    to.cut(disc(to.at(11, 11), 5.6 * to.unit))
-    weather(to, (11, 11), 0.74)
+    to.cut(disc(to.at(10.8, 10.8), 5.6 * to.unit))
+    weather(to, (10.4, 10.4), 0.74)
 
 
 def mixed(to):

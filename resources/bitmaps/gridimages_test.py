@@ -55,6 +55,12 @@ class GridImagesTest(unittest.TestCase):
                     for picture in pictures]
         self.assertEqual(coloured, [False, False, False, True, False, False])
 
+    def test_the_first_line_of_pixels_is_clear_since_it_lies_in_the_row_above(self):
+        for size in gridimages.SIZES:
+            for number, steps in gridimages.IMAGES.items():
+                with self.subTest(size=size, number=number):
+                    self.assertFalse([pixel for pixel in gridimages.drawn(size, steps).rows[0] if not drawing.is_clear(pixel)])
+
     def test_the_mask_is_white_where_the_image_is_clear(self):
         picture = drawing.Picture(2)
         picture.rows = [[(9, 9, 9, 1), drawing.CLEAR], [drawing.CLEAR, (9, 9, 9, 255)]]
