@@ -193,6 +193,7 @@ std::vector<Function>& table() {
         FUNCTION(GetDIBits, 0, ERROR_NOT_ENOUGH_MEMORY),
         FUNCTION(SelectObject, nullptr, ERROR_INVALID_HANDLE),
         FUNCTION(GdiAlphaBlend, FALSE, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(ImageList_Create, nullptr, ERROR_NOT_ENOUGH_MEMORY),
         FUNCTION(SaveDC, 0, ERROR_NOT_ENOUGH_MEMORY),
         FUNCTION(OpenThemeData, nullptr, ERROR_NOT_ENOUGH_MEMORY),
         FUNCTION(DrawThemeBackground, E_OUTOFMEMORY, 0),
