@@ -44,8 +44,20 @@ int shownLineWeight(int lineWeight) {
     return lineWeight == kDefault ? defaultLineWeight() : std::max(lineWeight, 0);
 }
 
+// In a column that is too narrow for its insets a rectangle's right edge lies left of its left one, and the system
+// would draw between the two.
+bool hasRoom(const CRect& rect) {
+    return rect.left < rect.right;
+}
+
 void drawText(CDC& dc, const CString& text, CRect rect) {
-    dc.DrawText(text, &rect, kTextFormat);
+    if (hasRoom(rect))
+        dc.DrawText(text, &rect, kTextFormat);
+}
+
+void fill(CDC& dc, const CRect& rect, int color) {
+    if (hasRoom(rect))
+        ::FillRect(dc.m_hDC, &rect, ::GetSysColorBrush(color));
 }
 
 } // namespace
@@ -78,7 +90,9 @@ void CEditLayerStateDlg::OnDrawItem(int control, LPDRAWITEMSTRUCT item) {
     const int saved = dc.SaveDC();
     CRect bounds;
     m_layerGrid.GetItemRect(row, &bounds, LVIR_BOUNDS);
-    ::FillRect(item->hDC, &bounds, ::GetSysColorBrush(COLOR_WINDOW));
+    // The item's rectangle may reach out of the row, where nobody would clear what is drawn.
+    ::IntersectClipRect(item->hDC, bounds.left, bounds.top, bounds.right, bounds.bottom);
+    fill(dc, bounds, COLOR_WINDOW);
     // The list hands a selected row over in the colours of the selection, which only the name is to show.
     dc.SetTextColor(::GetSysColor(COLOR_WINDOWTEXT));
     dc.SetBkColor(::GetSysColor(COLOR_WINDOW));
@@ -105,7 +119,7 @@ void CEditLayerStateDlg::drawName(CDC& dc, const DRAWITEMSTRUCT& item) {
     // The selection shows in the name alone.
     const bool selected =
         (item.itemState & ODS_SELECTED) != 0 && (item.itemAction & (ODA_DRAWENTIRE | ODA_SELECT)) != 0;
-    ::FillRect(dc.m_hDC, &name, ::GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+    fill(dc, name, selected ? COLOR_HIGHLIGHT : COLOR_WINDOW);
     if (selected) {
         dc.SetTextColor(::GetSysColor(COLOR_HIGHLIGHTTEXT));
         dc.SetBkColor(::GetSysColor(COLOR_HIGHLIGHT));
@@ -145,8 +159,12 @@ int CEditLayerStateDlg::drawColor(const Cell& cell) {
         const int saved = memory.SaveDC();
         memory.SelectObject(&swatch);
         const int side = scaled(kSwatchSide);
-        cell.dc.StretchBlt(cell.x + scaled(kSwatchInset), cell.y + scaled(kSwatchInset), side, side, &memory, 0, 0,
-                           kSwatchSide, kSwatchSide, SRCCOPY);
+        const CPoint corner(cell.x + scaled(kSwatchInset), cell.y + scaled(kSwatchInset));
+        cell.dc.StretchBlt(corner.x, corner.y, side, side, &memory, 0, 0, kSwatchSide, kSwatchSide, SRCCOPY);
+        // The colour once more without the border, which is as thick on each side then, at a scaling of 150 % too.
+        const int border = side / kSwatchSide;
+        cell.dc.StretchBlt(corner.x + border, corner.y + border, side - 2 * border, side - 2 * border, &memory, 1, 1,
+                           kSwatchSide - 2, kSwatchSide - 2, SRCCOPY);
         memory.RestoreDC(saved);
     }
     const CString name = cell.record.m_color.colorNameForDisplay();
@@ -167,7 +185,7 @@ int CEditLayerStateDlg::drawLineWeight(const Cell& cell) {
     box.DeflateRect(1, 1);
     const BarPlace place = placeBar(scaled(barThickness(shownLineWeight(cell.record.m_lineWeight))), box.Height());
     const CRect bar(box.left, box.top + place.top, box.right, box.top + place.bottom);
-    ::FillRect(cell.dc.m_hDC, &bar, ::GetSysColorBrush(COLOR_WINDOWTEXT));
+    fill(cell.dc, bar, COLOR_WINDOWTEXT);
     drawText(cell.dc, label, text);
     return textWidth(cell.dc, label) + text.left - cell.x + scaled(kRoomAroundText);
 }
