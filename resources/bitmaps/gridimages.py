@@ -107,7 +107,7 @@ def flake(to, middle=(8, 8), size=1.0, sides=ICE):
     # What lies askew is drawn a little wider, or it would look paler than what is straight.
     arms = [to.star(middle, 2, 0, 6.6 * size, to.line())]
     arms += [to.star(middle, 2, 0, 6.6 * size, 1.2 * to.line(), turned) for turned in (60, 120)]
-    if size * to.unit >= 1:  # otherwise they would run into each other
+    if size * to.unit >= 0.85:  # otherwise they would run into each other
         for arm in range(0, 360, 60):
             fork = to.away(middle, 4 * size, arm)
             arms += [to.star(fork, 1, 0, 2.6 * size, 0.8 * to.line(), arm + turned) for turned in (-50, 50)]
@@ -264,8 +264,17 @@ def strip(size):
     return side_by_side([drawn(size, IMAGES.get(number, [])) for number in range(max(IMAGES) + 1)])
 
 
+def heading(size, steps):
+    """Smaller than the picture, whose edge is clear: a row of headings is lower than the images of the grid."""
+    edge = size // 16
+    picture = drawing.Picture(size)
+    for row, inner in zip(picture.rows[edge:], drawn(size - 2 * edge, steps).rows):
+        row[edge:-edge] = inner
+    return picture
+
+
 def headings(size):
-    return side_by_side([drawn(size, steps) for steps in HEADINGS])
+    return side_by_side([heading(size, steps) for steps in HEADINGS])
 
 
 def main():

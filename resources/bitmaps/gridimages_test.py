@@ -49,6 +49,14 @@ class GridImagesTest(unittest.TestCase):
             for one, other in itertools.combinations(images, 2):
                 self.assertGreater(clearly_different([grey(pixel) for pixel in one], [grey(pixel) for pixel in other]), 0.1)
 
+    def test_the_edge_of_a_headings_image_is_clear_so_that_a_low_heading_cuts_nothing_off(self):
+        for size, edge in ((16, 1), (24, 1), (32, 2)):
+            for steps in gridimages.HEADINGS:
+                rows = gridimages.heading(size, steps).rows
+                self.assertEqual(len(rows), size)
+                for row in rows[:edge] + rows[-edge:]:
+                    self.assertEqual(row, [drawing.CLEAR] * size)
+
     def test_only_the_heading_of_the_colours_is_coloured(self):
         pictures = [gridimages.drawn(16, steps) for steps in gridimages.HEADINGS]
         coloured = [any(max(pixel[:3]) - min(pixel[:3]) > 50 for row in picture.rows for pixel in row)

@@ -66,13 +66,12 @@ int imageSide() {
     return dpi() >= 192 ? 32 : dpi() >= 144 ? 24 : 16;
 }
 
-/// The strip of images for this display, with its transparency.
+/// A strip of images for this display, with its transparency.
 class Strip {
   public:
-    Strip() {
-        const UINT id = dpi() >= 192   ? IDB_LSTATE_GRID_IMAGES_32
-                        : dpi() >= 144 ? IDB_LSTATE_GRID_IMAGES_24
-                                       : IDB_LSTATE_GRID_IMAGES;
+    /// `id` is that of the strip at 100 %.
+    explicit Strip(UINT id) : m_edge(id == IDB_LSTATE_GRID_HEADINGS ? imageSide() / 16 : 0) {
+        id += dpi() >= 192 ? 20 : dpi() >= 144 ? 10 : 0;
         const auto bitmap = static_cast<HBITMAP>(LoadImageW(
             GetModuleHandleW(L"KelLayerAppsRes.dll"), MAKEINTRESOURCEW(id), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION));
         BITMAP info{};
@@ -98,7 +97,7 @@ class Strip {
     }
     /// Whether the pixels show the image over the window's colour, but for rounding.
     bool isShown(int number, const Pixels& pixels) const {
-        for (int y = 1; y < imageSide(); ++y)
+        for (int y = std::max(1, m_edge); y < imageSide() - m_edge; ++y)
             for (int x = 0; x < imageSide(); ++x) {
                 const COLORREF seen = pixels.at(pixels.place.left + x, pixels.place.top + y);
                 const RGBQUAD& quad = m_canvas->quad(number * imageSide() + x, y);
@@ -116,6 +115,7 @@ class Strip {
 
   private:
     std::unique_ptr<Canvas> m_canvas;
+    int m_edge; // clear lines above and below, which a heading may have no room for
     int m_count = 0;
 };
 
@@ -240,8 +240,8 @@ Pixels GridDrawing::text(const View& view, const RECT& place, const std::wstring
     return {place, canvas.colors()};
 }
 
-int GridDrawing::imageAt(const View& view, int x, int y) {
-    const Strip strip;
+int GridDrawing::imageAt(const View& view, int x, int y, UINT stripId) {
+    const Strip strip(stripId);
     const Pixels seen = pixels(view, {x, y, x + imageSide(), y + imageSide()});
     for (int number = 0; number < strip.count(); ++number)
         if (!strip.isEmpty(number) && strip.isShown(number, seen))

@@ -63,9 +63,9 @@ class GridDrawing : public EditTest {
                        int textColor = COLOR_WINDOWTEXT, int groundColor = COLOR_WINDOW, UINT format = kFormat);
     static constexpr UINT kFormat = 0x8824; ///< as all texts of the grid are drawn
 
-    /// The number of the image, among those of the strip, that stands with its upper left corner there; -1 for none.
+    /// The number of the image, among those of a strip, that stands with its upper left corner there; -1 for none.
     /// The first line is left out: it lies in the row above.
-    static int imageAt(const ui::View& view, int x, int y);
+    static int imageAt(const ui::View& view, int x, int y, UINT stripId = IDB_LSTATE_GRID_IMAGES);
     /// The images of a row, by column.
     static std::vector<int> images(const ui::View& view, const wchar_t* layer);
 };
