@@ -8,7 +8,7 @@
 #include "KelDbPointers.h"
 #include "LayerOrder.h"
 #include "LayerRecords.h"
-#include "ListRedrawLock.h"
+#include "LayerRows.h"
 #include "resource.h"
 
 #include <algorithm>
@@ -58,7 +58,8 @@ BOOL CAddLayerFromZDRDlg::OnInitDialog() {
         readLayers(*table.object());
     else
         EndDialog(IDOK);
-    fillRows();
+    fillRows(m_layerGrid, m_layers,
+             [this](int row, const CLayerRcd& record) { m_layerGrid.SetItemText(row, 1, record.m_description); });
     if (m_layerGrid.GetItemCount() == 0) {
         EndDialog(IDOK);
         static_cast<void>(showTaskDialog(kNothingToAddKey, nullptr, 1));
@@ -109,16 +110,6 @@ void CAddLayerFromZDRDlg::readLayers(const KelDbLayerTable& table) {
 bool CAddLayerFromZDRDlg::isInState(const wchar_t* name) const {
     return std::any_of(m_existingNames.begin(), m_existingNames.end(),
                        [name](const KelString& existing) { return existing.compare(name) == 0; });
-}
-
-void CAddLayerFromZDRDlg::fillRows() {
-    const ListRedrawLock quiet(m_layerGrid);
-    m_layerGrid.DeleteAllItems();
-    forEachRecord(m_layers, [this](CLayerRcd& record) {
-        const int row = m_layerGrid.InsertItem(0, record.m_name);
-        m_layerGrid.SetItemText(row, 1, record.m_description);
-        m_layerGrid.SetItemData(row, reinterpret_cast<DWORD_PTR>(&record));
-    });
 }
 
 void CAddLayerFromZDRDlg::OnHeadingClick(NMHDR* header, LRESULT* result) {

@@ -7,7 +7,7 @@
 #include "GridColumns.h"
 #include "LayerOrder.h"
 #include "LayerRecords.h"
-#include "ListRedrawLock.h"
+#include "LayerRows.h"
 #include "StateCommit.h"
 #include "StateImages.h"
 #include "StateReading.h"
@@ -109,14 +109,7 @@ void CEditLayerStateDlg::setButtonIcon(int button, UINT icon) {
 }
 
 void CEditLayerStateDlg::rebuildRows() {
-    const ListRedrawLock quiet(m_layerGrid);
-    m_layerGrid.DeleteAllItems();
-    // At the top each time, so the rows stand in the reverse of the list's order.
-    forEachRecord(m_layers, [this](CLayerRcd& record) {
-        if (record.m_isRemoved)
-            return;
-        const int row = m_layerGrid.InsertItem(0, record.m_name);
-        m_layerGrid.SetItemData(row, reinterpret_cast<DWORD_PTR>(&record));
+    fillRows(m_layerGrid, m_layers, [this](int row, const CLayerRcd& record) {
         for (int column = 0; column < gridColumnCount; ++column)
             if (const auto flag = flagOfKind(columnKind[column]))
                 m_layerGrid.SetItemText(row, column, flagText(record.*flag));

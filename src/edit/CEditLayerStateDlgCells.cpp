@@ -81,9 +81,9 @@ void CEditLayerStateDlg::selectAllRows() {
     m_layerGrid.SetFocus();
     deselectAllRows();
     m_layerGrid.SetFocus();
-    // Row by row, since a list refuses to give the focus to all rows at once.
-    for (int row = 0; row < m_layerGrid.GetItemCount(); ++row)
-        m_layerGrid.SetItemState(row, kSelectedAndFocused, kSelectedAndFocused);
+    m_layerGrid.SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
+    // The focus can't be given to all rows at once; row by row it would come to rest on the last one.
+    m_layerGrid.SetItemState(m_layerGrid.GetItemCount() - 1, LVIS_FOCUSED, LVIS_FOCUSED);
 }
 
 void CEditLayerStateDlg::noteSelection(const MSG& press) {
