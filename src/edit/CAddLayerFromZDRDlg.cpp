@@ -11,8 +11,9 @@
 #include "LayerRows.h"
 #include "resource.h"
 
-#include <algorithm>
 #include <memory>
+#include <string_view>
+#include <unordered_set>
 
 namespace {
 
@@ -87,13 +88,17 @@ void CAddLayerFromZDRDlg::readLayers(const KelDbLayerTable& table) {
         return;
     }
     const std::unique_ptr<KelDbLayerTableIterator> iterator(found);
+    // Equal names are those that KelString finds equal: the same characters.
+    std::unordered_set<std::wstring_view> inState;
+    for (const KelString& existing : m_existingNames)
+        inState.insert(existing.kwszPtr());
     for (; !iterator->done(); iterator->step(true, true)) {
         KelDbObjectId id;
         if (iterator->getRecordId(id) != Vorn::eOk)
             continue;
         const KelDbObjectPointer<KelDbLayerTableRecord> layer(id, KelDb::kForRead);
         const wchar_t* name = nullptr;
-        if (layer.openStatus() != Vorn::eOk || layer->getName(name) != Vorn::eOk || isInState(name))
+        if (layer.openStatus() != Vorn::eOk || layer->getName(name) != Vorn::eOk || inState.contains(name))
             continue;
         std::unique_ptr<CLayerRcd> record = newLayerRecord();
         if (!record)
@@ -105,11 +110,6 @@ void CAddLayerFromZDRDlg::readLayers(const KelDbLayerTable& table) {
         m_layers.AddTail(record.get());
         record.release();
     }
-}
-
-bool CAddLayerFromZDRDlg::isInState(const wchar_t* name) const {
-    return std::any_of(m_existingNames.begin(), m_existingNames.end(),
-                       [name](const KelString& existing) { return existing.compare(name) == 0; });
 }
 
 void CAddLayerFromZDRDlg::OnHeadingClick(NMHDR* header, LRESULT* result) {

@@ -49,5 +49,4 @@ class CAddLayerFromZDRDlg : public CKelUiDialog {
   private:
     void insertColumns();
     void readLayers(const KelDbLayerTable& table);
-    bool isInState(const wchar_t* name) const;
 };

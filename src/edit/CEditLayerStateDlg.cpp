@@ -72,6 +72,8 @@ BOOL CEditLayerStateDlg::OnInitDialog() {
     populateLayers(); // an empty state is shown as an empty grid
     loadStateImages();
     m_layerGrid.SetImageList(&g_stateImages, LVSIL_SMALL);
+    CClientDC dc(&m_layerGrid);
+    m_gridImages.paint(g_stateImages, dc);
     insertColumns();
     setButtonIcon(IDC_REMOVE_LAYERS, IDI_LSTATE_REMOVE_LAYERS);
     setButtonIcon(IDC_ADD_LAYERS, IDI_LSTATE_ADD_LAYERS);

@@ -4,6 +4,7 @@
 #include "CLayerStateList.h"
 #include "ColumnWidths.h"
 #include "OrvUiDialog.h"
+#include "StateImages.h"
 
 #include <afxcoll.h>
 
@@ -44,6 +45,7 @@ class CEditLayerStateDlg : public CKelUiDialog {
     /// Shows the text of a cell that is cut off.
     CToolTipCtrl m_cellTip;
     CPoint m_lastMousePos;
+    PaintedImages m_gridImages;
 
   public:
     INT_PTR OnToolHitTest(CPoint point, TOOLINFO* tool) const override;
@@ -83,6 +85,7 @@ class CEditLayerStateDlg : public CKelUiDialog {
     void selectAllRows();
     void deselectAllRows();
     int firstSelectedRow() const;
+    std::vector<int> selectedRows() const;
     CPoint messagePoint() const;
     void editCell(int row, int column);
     /// Calls `change` with the row and the record, first of `first` and then of each row that is changed with it.

@@ -73,6 +73,13 @@ int CEditLayerStateDlg::firstSelectedRow() const {
     return m_layerGrid.GetNextItem(-1, LVNI_SELECTED);
 }
 
+std::vector<int> CEditLayerStateDlg::selectedRows() const {
+    std::vector<int> rows;
+    for (int row = firstSelectedRow(); row >= 0; row = m_layerGrid.GetNextItem(row, LVNI_SELECTED))
+        rows.push_back(row);
+    return rows;
+}
+
 void CEditLayerStateDlg::deselectAllRows() {
     m_layerGrid.SetItemState(-1, 0, kSelectedAndFocused);
 }
@@ -88,9 +95,7 @@ void CEditLayerStateDlg::selectAllRows() {
 
 void CEditLayerStateDlg::noteSelection(const MSG& press) {
     m_keepSelection = false;
-    m_selectedRows.clear();
-    for (int row = firstSelectedRow(); row >= 0; row = m_layerGrid.GetNextItem(row, LVNI_SELECTED))
-        m_selectedRows.push_back(row);
+    m_selectedRows = selectedRows();
     if (m_selectedRows.size() < 2)
         return;
     LVHITTESTINFO hit = {};
