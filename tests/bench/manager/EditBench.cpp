@@ -120,7 +120,9 @@ void expectNames(int direction) {
 /// Draws as many rows as a high dialog shows at once.
 void drawPage(double& ms) {
     constexpr int kRows = 40;
+    static RECT place; // which the dialog keeps for the next time
     theApp.act([] {
+        GetWindowRect(GetActiveWindow(), &place);
         RECT screen{};
         SystemParametersInfoW(SPI_GETWORKAREA, 0, &screen, 0);
         SetWindowPos(GetActiveWindow(), nullptr, 0, 0, screen.right, screen.bottom, SWP_NOZORDER);
@@ -136,6 +138,10 @@ void drawPage(double& ms) {
         InvalidateRect(grid(), &first, TRUE);
     });
     theApp.measure(ms, [] { return true; });
+    theApp.act([] {
+        SetWindowPos(GetActiveWindow(), nullptr, place.left, place.top, place.right - place.left,
+                     place.bottom - place.top, SWP_NOZORDER);
+    });
 }
 
 /// Takes every second layer out of all states.
