@@ -8,11 +8,12 @@
 #include "KelDbPointers.h"
 #include "LayerOrder.h"
 #include "LayerRecords.h"
-#include "ListRedrawLock.h"
+#include "LayerRows.h"
 #include "resource.h"
 
-#include <algorithm>
 #include <memory>
+#include <string_view>
+#include <unordered_set>
 
 namespace {
 
@@ -58,7 +59,8 @@ BOOL CAddLayerFromZDRDlg::OnInitDialog() {
         readLayers(*table.object());
     else
         EndDialog(IDOK);
-    fillRows();
+    fillRows(m_layerGrid, m_layers,
+             [this](int row, const CLayerRcd& record) { m_layerGrid.SetItemText(row, 1, record.m_description); });
     if (m_layerGrid.GetItemCount() == 0) {
         EndDialog(IDOK);
         static_cast<void>(showTaskDialog(kNothingToAddKey, nullptr, 1));
@@ -86,13 +88,17 @@ void CAddLayerFromZDRDlg::readLayers(const KelDbLayerTable& table) {
         return;
     }
     const std::unique_ptr<KelDbLayerTableIterator> iterator(found);
+    // Equal names are those that KelString finds equal: the same characters.
+    std::unordered_set<std::wstring_view> inState;
+    for (const KelString& existing : m_existingNames)
+        inState.insert(existing.kwszPtr());
     for (; !iterator->done(); iterator->step(true, true)) {
         KelDbObjectId id;
         if (iterator->getRecordId(id) != Vorn::eOk)
             continue;
         const KelDbObjectPointer<KelDbLayerTableRecord> layer(id, KelDb::kForRead);
         const wchar_t* name = nullptr;
-        if (layer.openStatus() != Vorn::eOk || layer->getName(name) != Vorn::eOk || isInState(name))
+        if (layer.openStatus() != Vorn::eOk || layer->getName(name) != Vorn::eOk || inState.contains(name))
             continue;
         std::unique_ptr<CLayerRcd> record = newLayerRecord();
         if (!record)
@@ -104,21 +110,6 @@ void CAddLayerFromZDRDlg::readLayers(const KelDbLayerTable& table) {
         m_layers.AddTail(record.get());
         record.release();
     }
-}
-
-bool CAddLayerFromZDRDlg::isInState(const wchar_t* name) const {
-    return std::any_of(m_existingNames.begin(), m_existingNames.end(),
-                       [name](const KelString& existing) { return existing.compare(name) == 0; });
-}
-
-void CAddLayerFromZDRDlg::fillRows() {
-    const ListRedrawLock quiet(m_layerGrid);
-    m_layerGrid.DeleteAllItems();
-    forEachRecord(m_layers, [this](CLayerRcd& record) {
-        const int row = m_layerGrid.InsertItem(0, record.m_name);
-        m_layerGrid.SetItemText(row, 1, record.m_description);
-        m_layerGrid.SetItemData(row, reinterpret_cast<DWORD_PTR>(&record));
-    });
 }
 
 void CAddLayerFromZDRDlg::OnHeadingClick(NMHDR* header, LRESULT* result) {

@@ -49,6 +49,4 @@ class CAddLayerFromZDRDlg : public CKelUiDialog {
   private:
     void insertColumns();
     void readLayers(const KelDbLayerTable& table);
-    void fillRows();
-    bool isInState(const wchar_t* name) const;
 };

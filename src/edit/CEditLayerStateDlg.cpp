@@ -7,7 +7,7 @@
 #include "GridColumns.h"
 #include "LayerOrder.h"
 #include "LayerRecords.h"
-#include "ListRedrawLock.h"
+#include "LayerRows.h"
 #include "StateCommit.h"
 #include "StateImages.h"
 #include "StateReading.h"
@@ -72,6 +72,8 @@ BOOL CEditLayerStateDlg::OnInitDialog() {
     populateLayers(); // an empty state is shown as an empty grid
     loadStateImages();
     m_layerGrid.SetImageList(&g_stateImages, LVSIL_SMALL);
+    CClientDC dc(&m_layerGrid);
+    m_gridImages.paint(g_stateImages, dc);
     insertColumns();
     setHeadingImages();
     setButtonIcon(IDC_REMOVE_LAYERS, IDI_LSTATE_REMOVE_LAYERS);
@@ -127,14 +129,7 @@ void CEditLayerStateDlg::setButtonIcon(int button, UINT icon) {
 }
 
 void CEditLayerStateDlg::rebuildRows() {
-    const ListRedrawLock quiet(m_layerGrid);
-    m_layerGrid.DeleteAllItems();
-    // At the top each time, so the rows stand in the reverse of the list's order.
-    forEachRecord(m_layers, [this](CLayerRcd& record) {
-        if (record.m_isRemoved)
-            return;
-        const int row = m_layerGrid.InsertItem(0, record.m_name);
-        m_layerGrid.SetItemData(row, reinterpret_cast<DWORD_PTR>(&record));
+    fillRows(m_layerGrid, m_layers, [this](int row, const CLayerRcd& record) {
         for (int column = 0; column < gridColumnCount; ++column)
             if (const auto flag = flagOfKind(columnKind[column]))
                 m_layerGrid.SetItemText(row, column, flagText(record.*flag));

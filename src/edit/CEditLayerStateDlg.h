@@ -4,6 +4,7 @@
 #include "CLayerStateList.h"
 #include "ColumnWidths.h"
 #include "OrvUiDialog.h"
+#include "StateImages.h"
 
 #include <afxcoll.h>
 
@@ -46,6 +47,7 @@ class CEditLayerStateDlg : public CKelUiDialog {
     CPoint m_lastMousePos;
     /// The heading row shows them for as long as it lives.
     CImageList m_headingImages;
+    PaintedImages m_gridImages;
 
   public:
     INT_PTR OnToolHitTest(CPoint point, TOOLINFO* tool) const override;
@@ -86,6 +88,7 @@ class CEditLayerStateDlg : public CKelUiDialog {
     void selectAllRows();
     void deselectAllRows();
     int firstSelectedRow() const;
+    std::vector<int> selectedRows() const;
     CPoint messagePoint() const;
     void editCell(int row, int column);
     /// Calls `change` with the row and the record, first of `first` and then of each row that is changed with it.

@@ -73,6 +73,13 @@ int CEditLayerStateDlg::firstSelectedRow() const {
     return m_layerGrid.GetNextItem(-1, LVNI_SELECTED);
 }
 
+std::vector<int> CEditLayerStateDlg::selectedRows() const {
+    std::vector<int> rows;
+    for (int row = firstSelectedRow(); row >= 0; row = m_layerGrid.GetNextItem(row, LVNI_SELECTED))
+        rows.push_back(row);
+    return rows;
+}
+
 void CEditLayerStateDlg::deselectAllRows() {
     m_layerGrid.SetItemState(-1, 0, kSelectedAndFocused);
 }
@@ -81,16 +88,14 @@ void CEditLayerStateDlg::selectAllRows() {
     m_layerGrid.SetFocus();
     deselectAllRows();
     m_layerGrid.SetFocus();
-    // Row by row, since a list refuses to give the focus to all rows at once.
-    for (int row = 0; row < m_layerGrid.GetItemCount(); ++row)
-        m_layerGrid.SetItemState(row, kSelectedAndFocused, kSelectedAndFocused);
+    m_layerGrid.SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
+    // The focus can't be given to all rows at once; row by row it would come to rest on the last one.
+    m_layerGrid.SetItemState(m_layerGrid.GetItemCount() - 1, LVIS_FOCUSED, LVIS_FOCUSED);
 }
 
 void CEditLayerStateDlg::noteSelection(const MSG& press) {
     m_keepSelection = false;
-    m_selectedRows.clear();
-    for (int row = firstSelectedRow(); row >= 0; row = m_layerGrid.GetNextItem(row, LVNI_SELECTED))
-        m_selectedRows.push_back(row);
+    m_selectedRows = selectedRows();
     if (m_selectedRows.size() < 2)
         return;
     LVHITTESTINFO hit = {};

@@ -111,8 +111,7 @@ void CEditLayerStateDlg::OnDrawItem(int control, LPDRAWITEMSTRUCT item) {
 void CEditLayerStateDlg::drawName(CDC& dc, const DRAWITEMSTRUCT& item) {
     const int row = static_cast<int>(item.itemID);
     const CRect place = item.rcItem;
-    g_stateImages.Draw(&dc, recordOf(row)->m_isCurrent ? kCurrentRowMarkImage : kRowMarkImage, place.TopLeft(),
-                       ILD_TRANSPARENT);
+    m_gridImages.draw(dc, recordOf(row)->m_isCurrent ? kCurrentRowMarkImage : kRowMarkImage, place.TopLeft());
     const CRect name(place.left + scaled(kImageSide), place.top + scaled(kNameInset),
                      place.left + m_layerGrid.GetColumnWidth(nameGridColumn) - scaled(kNameInset), place.bottom);
     const int saved = dc.SaveDC();
@@ -144,7 +143,7 @@ int CEditLayerStateDlg::drawCell(const Cell& cell) {
     default: {
         const int kind = columnKind[cell.column];
         const int image = stateImageIndex(kind, cell.record.*flagOfKind(kind), m_database->tilemode());
-        g_stateImages.Draw(&cell.dc, image, CPoint(cell.x, cell.y), ILD_TRANSPARENT);
+        m_gridImages.draw(cell.dc, image, CPoint(cell.x, cell.y));
         return scaled(kImageSide);
     }
     }

@@ -6,6 +6,8 @@
 #include "ListRedrawLock.h"
 #include "StateReading.h"
 
+#include <algorithm>
+
 void CEditLayerStateDlg::OnAddLayers() {
     const KelArray<KelString> names = namesWithRows(m_layers);
     CAddLayerFromZDRDlg dialog(this);
@@ -34,13 +36,23 @@ void CEditLayerStateDlg::OnAddLayers() {
 }
 
 void CEditLayerStateDlg::OnRemoveLayers() {
-    const ListRedrawLock quiet(m_layerGrid);
     // The next painting measures what is left.
     zeroWidths(m_columnWidths);
-    for (int row = firstSelectedRow(); row >= 0; row = m_layerGrid.GetNextItem(row - 1, LVNI_SELECTED)) {
-        if (CLayerRcd* record = recordOf(row))
+    const std::vector<int> rows = selectedRows();
+    const int focused = m_layerGrid.GetNextItem(-1, LVNI_FOCUSED);
+    const auto before = std::lower_bound(rows.begin(), rows.end(), focused) - rows.begin();
+    const ListRedrawLock quiet(m_layerGrid);
+    // With the selection and the focus on them, each row that goes would have the list tell of both and scroll.
+    deselectAllRows();
+    // From the last one up: a list moves all rows behind the one that it gives up.
+    for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
+        if (CLayerRcd* record = recordOf(*row))
             record->markRemoved();
-        if (!m_layerGrid.DeleteItem(row))
+        if (!m_layerGrid.DeleteItem(*row))
             return;
     }
+    // The focus stays with its row, or goes to the next one that is left.
+    const int left = m_layerGrid.GetItemCount();
+    if (focused >= 0 && left > 0)
+        m_layerGrid.SetItemState(std::min(focused - static_cast<int>(before), left - 1), LVIS_FOCUSED, LVIS_FOCUSED);
 }

@@ -2,24 +2,10 @@
 #pragma once
 
 #include "CLayerRcd.h"
+#include "GridColumn.h"
 #include "resource.h"
 
 #include <iterator>
-
-/// The columns by number.
-enum GridColumn : int {
-    nameGridColumn,
-    onGridColumn,
-    freezeGridColumn,
-    lockGridColumn,
-    colorGridColumn,
-    linetypeGridColumn,
-    lineWeightGridColumn,
-    plotStyleGridColumn,
-    plotGridColumn,
-    newVpFreezeGridColumn,
-    gridColumnCount
-};
 
 /// What kind of property a column shows. The numbers are those by which the images are chosen; 9 isn't used.
 enum ColumnKind : int {

@@ -65,3 +65,27 @@ int stateImageIndex(int kind, int value, bool) {
     loadStateImages();
     return stateImageNumber(kind, value);
 }
+
+void PaintedImages::paint(CImageList& images, CDC& dc) {
+    m_images = &images;
+    IMAGEINFO first = {};
+    if (!images.GetImageInfo(0, &first))
+        return;
+    m_side = first.rcImage.bottom - first.rcImage.top;
+    m_ground = ::GetSysColor(COLOR_WINDOW);
+    const int count = images.GetImageCount();
+    if (!m_memory.CreateCompatibleDC(&dc) || !m_strip.CreateCompatibleBitmap(&dc, count * m_side, m_side))
+        return;
+    m_memory.SelectObject(&m_strip);
+    const CRect all(0, 0, count * m_side, m_side);
+    ::FillRect(m_memory.m_hDC, &all, ::GetSysColorBrush(COLOR_WINDOW));
+    for (int image = 0; image < count; ++image)
+        images.Draw(&m_memory, image, CPoint(image * m_side, 0), ILD_TRANSPARENT);
+}
+
+void PaintedImages::draw(CDC& dc, int image, CPoint place) {
+    if (m_strip.GetSafeHandle() && m_ground == ::GetSysColor(COLOR_WINDOW))
+        dc.BitBlt(place.x, place.y, m_side, m_side, &m_memory, image * m_side, 0, SRCCOPY);
+    else if (m_images)
+        m_images->Draw(&dc, image, place, ILD_TRANSPARENT);
+}

@@ -3,6 +3,7 @@
 #include "Input.h"
 
 #include <algorithm>
+#include <cstdio>
 
 namespace tour {
 
@@ -136,6 +137,10 @@ std::wstring windowText(HWND window) {
     const LRESULT length = SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
     text.resize(static_cast<std::size_t>(std::max<LRESULT>(length, 0)));
     return text;
+}
+
+void say(const std::wstring& what) {
+    std::printf("    %s\n", narrow(what).c_str());
 }
 
 std::string narrow(const std::wstring& text) {

@@ -51,6 +51,8 @@ void clickControl(DrivenProgram& program, HWND dialog, int control);
 void typeInto(DrivenProgram& program, HWND control, const std::wstring& text);
 /// A window's text, also one of another process.
 std::wstring windowText(HWND window);
+/// Tells on the console what is done in a dialog.
+void say(const std::wstring& what);
 /// The text in UTF-8, for a console.
 std::string narrow(const std::wstring& text);
 

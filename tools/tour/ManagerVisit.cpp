@@ -5,7 +5,6 @@
 #include "resource.h"
 
 #include <algorithm>
-#include <cstdio>
 
 namespace tour {
 
@@ -104,6 +103,14 @@ void ManagerVisit::pick(const std::wstring& name) {
     m_pictures.take(L"picked");
 }
 
+EditVisit ManagerVisit::edit() {
+    say(L"Edit: " + selectedName());
+    clickControl(m_program, m_manager, IDC_LSTATE_RES_EDIT);
+    const HWND dialog =
+        m_program.waitForWindow("the edit dialog", [](HWND window) { return GetDlgItem(window, IDC_LAYER_GRID); });
+    return EditVisit(m_program, dialog, m_pictures);
+}
+
 void ManagerVisit::restore() {
     say(L"Restore: " + selectedName());
     clickControl(m_program, m_manager, IDC_LSTATE_RES_RESTORE);
@@ -138,10 +145,6 @@ void ManagerVisit::waitForSelectedRow(const std::wstring& name, const std::wstri
         const int row = m_list.selectedRow();
         return row >= 0 && m_list.text(row, nameColumn) == name && m_list.text(row, descriptionColumn) == description;
     });
-}
-
-void ManagerVisit::say(const std::wstring& what) const {
-    std::printf("    %s\n", narrow(what).c_str());
 }
 
 } // namespace tour

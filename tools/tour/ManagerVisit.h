@@ -2,6 +2,7 @@
 #pragma once
 
 #include "DrivenProgram.h"
+#include "EditVisit.h"
 #include "Pictures.h"
 #include "RemoteList.h"
 
@@ -27,6 +28,8 @@ class ManagerVisit {
     /// Deletes the selected state and says yes to the question.
     void deleteSelected();
     void pick(const std::wstring& name);
+    /// Opens the edit dialog on the selected state.
+    EditVisit edit();
     /// Restores the selected state, and waits until the manager is gone.
     void restore();
 
@@ -38,8 +41,6 @@ class ManagerVisit {
     void clickCell(const std::wstring& name, int column);
     /// Waits until the list has a row of that name, with that description, selected.
     void waitForSelectedRow(const std::wstring& name, const std::wstring& description);
-    /// Tells on the console what is done.
-    void say(const std::wstring& what) const;
 
     DrivenProgram& m_program;
     HWND m_manager;

@@ -59,10 +59,21 @@ void Tour::workWithStates() {
     visit.describe(L"To come back to");
     visit.sortByName();
     visit.deleteSelected();
+    editState(visit);
     visit.pick(m_options.state);
     visit.restore();
     m_program.waitUntil("the main window takes input again", [this] { return IsWindowEnabled(m_main); });
     m_pictures.take(L"restored");
+}
+
+void Tour::editState(ManagerVisit& manager) {
+    manager.pick(m_options.edit);
+    EditVisit visit = manager.edit();
+    visit.turnOff({L"S-BEAM", L"S-COLS", L"S-JOIS"});
+    visit.colorFromPalette(L"S-SLAB");
+    visit.makeCurrent(L"S-FNDN");
+    visit.addLayer(L"E-COMM-DATA");
+    visit.pressOk();
 }
 
 void Tour::save() {

@@ -1,5 +1,5 @@
 // The tour: a scripted person opens a drawing in the Workbench, makes a layer state and works with it in the manager,
-// restores another one, and saves the drawing under another name, with pictures on the way.
+// edits another one, restores a third one, and saves the drawing under another name, with pictures on the way.
 #pragma once
 
 #include "DrivenProgram.h"
@@ -7,6 +7,8 @@
 #include "TourOptions.h"
 
 namespace tour {
+
+class ManagerVisit;
 
 class Tour {
   public:
@@ -18,6 +20,8 @@ class Tour {
     void openDrawing();
     /// Opens the manager, and ends in it with the restore.
     void workWithStates();
+    /// Changes a state layer by layer, and leaves the drawing as it is.
+    void editState(ManagerVisit& manager);
     void save();
     void quit();
     /// Types a line into the command line and sends it off.

@@ -13,8 +13,8 @@ struct Row {
 };
 constexpr Row rows[] = {
     {L"--workbench", &Options::workbench, true}, {L"--drawing", &Options::drawing, true},
-    {L"--state", &Options::state, false},        {L"--saveas", &Options::saveAs, true},
-    {L"--shots", &Options::shots, true},
+    {L"--edit", &Options::edit, false},          {L"--state", &Options::state, false},
+    {L"--saveas", &Options::saveAs, true},       {L"--shots", &Options::shots, true},
 };
 
 std::wstring fullPath(const std::wstring& path) {

@@ -10,6 +10,7 @@ namespace tour {
 struct Options {
     std::wstring workbench; ///< the program
     std::wstring drawing;   ///< the path of the drawing that is opened
+    std::wstring edit;      ///< the name of the state that is edited
     std::wstring state;     ///< the name of the state that is restored
     std::wstring saveAs;    ///< the path under which the drawing is saved
     std::wstring shots;     ///< folder of the pictures

@@ -55,10 +55,27 @@ std::wstring lineWeightText(int weight) {
     }
 }
 
+/// Layers of a drawing, or of a state in it, with their properties.
+struct Layers {
+    const zdr::Drawing& drawing; ///< whose names and colours they are
+    const zdr::LayerColumns& columns;
+    std::vector<zdr::NameId> names;
+
+    const std::wstring& name(std::size_t layer) const { return drawing.names.text(names[layer]); }
+};
+
+Layers layersOf(const zdr::Drawing& drawing) {
+    Layers layers{drawing, drawing.columns, {}};
+    for (const zdr::Layer& layer : drawing.layers)
+        layers.names.push_back(layer.name);
+    return layers;
+}
+
 // The names of a layer's properties and their values as texts, in the order of the rows of the table.
-std::vector<std::pair<std::wstring, std::wstring>> propertiesOf(const zdr::Drawing& drawing, std::size_t layer) {
+std::vector<std::pair<std::wstring, std::wstring>> propertiesOf(const Layers& layers, std::size_t layer) {
     std::vector<std::pair<std::wstring, std::wstring>> found;
-    const zdr::LayerColumns& columns = drawing.columns;
+    const zdr::Drawing& drawing = layers.drawing;
+    const zdr::LayerColumns& columns = layers.columns;
     for (const FlagWords& row : flagTable)
         found.emplace_back(row.property, columns.flags[layer] & row.flag ? row.set : row.clear);
     found.emplace_back(L"color", colorText(drawing.namedColors.color(columns.colors[layer])));
@@ -68,24 +85,18 @@ std::vector<std::pair<std::wstring, std::wstring>> propertiesOf(const zdr::Drawi
     return found;
 }
 
-std::map<std::wstring, std::size_t> layersByName(const zdr::Drawing& drawing) {
+std::map<std::wstring, std::size_t> layersByName(const Layers& layers) {
     std::map<std::wstring, std::size_t> found;
-    for (std::size_t i = 0; i < drawing.layers.size(); ++i)
-        found.emplace(zdr::foldCase(drawing.names.text(drawing.layers[i].name)), i);
+    for (std::size_t i = 0; i < layers.names.size(); ++i)
+        found.emplace(zdr::foldCase(layers.name(i)), i);
     return found;
 }
 
-std::wstring padded(const std::wstring& text, std::size_t width) {
-    return text + std::wstring(width > text.size() ? width - text.size() : 0, L' ');
-}
-
-} // namespace
-
-std::vector<Difference> layerDifferences(const zdr::Drawing& before, const zdr::Drawing& after) {
+std::vector<Difference> differences(const Layers& before, const Layers& after) {
     std::vector<Difference> found;
     std::map<std::wstring, std::size_t> others = layersByName(after);
-    for (std::size_t i = 0; i < before.layers.size(); ++i) {
-        const std::wstring& name = before.names.text(before.layers[i].name);
+    for (std::size_t i = 0; i < before.names.size(); ++i) {
+        const std::wstring& name = before.name(i);
         const auto other = others.find(zdr::foldCase(name));
         if (other == others.end()) {
             found.push_back({name, L"presence", L"there", L"gone"});
@@ -98,9 +109,42 @@ std::vector<Difference> layerDifferences(const zdr::Drawing& before, const zdr::
                 found.push_back({name, was[row].first, was[row].second, is[row].second});
     }
     const std::map<std::wstring, std::size_t> known = layersByName(before);
-    for (const zdr::Layer& layer : after.layers)
-        if (!known.contains(zdr::foldCase(after.names.text(layer.name))))
-            found.push_back({after.names.text(layer.name), L"presence", L"not there", L"new"});
+    for (std::size_t i = 0; i < after.names.size(); ++i)
+        if (!known.contains(zdr::foldCase(after.name(i))))
+            found.push_back({after.name(i), L"presence", L"not there", L"new"});
+    return found;
+}
+
+const zdr::LayerState* stateOf(const zdr::Drawing& drawing, const std::wstring& name) {
+    const auto found = std::ranges::find(drawing.states, name, &zdr::LayerState::name);
+    return found == drawing.states.end() ? nullptr : &*found;
+}
+
+std::wstring padded(const std::wstring& text, std::size_t width) {
+    return text + std::wstring(width > text.size() ? width - text.size() : 0, L' ');
+}
+
+} // namespace
+
+std::vector<Difference> layerDifferences(const zdr::Drawing& before, const zdr::Drawing& after) {
+    return differences(layersOf(before), layersOf(after));
+}
+
+std::vector<Difference> stateDifferences(const zdr::Drawing& before, const zdr::Drawing& after,
+                                         const std::wstring& state) {
+    const zdr::LayerState* was = stateOf(before, state);
+    const zdr::LayerState* is = stateOf(after, state);
+    if (!was || !is)
+        return {};
+    std::vector<Difference> found =
+        differences({before, was->columns, was->layers->names}, {after, is->columns, is->layers->names});
+    const auto currentLayer = [](const zdr::Drawing& drawing, const zdr::LayerState& its) {
+        return its.currentLayer == zdr::kNoName ? std::wstring(L"none") : drawing.names.text(its.currentLayer);
+    };
+    const std::wstring wasCurrent = currentLayer(before, *was);
+    const std::wstring isCurrent = currentLayer(after, *is);
+    if (zdr::foldCase(wasCurrent) != zdr::foldCase(isCurrent))
+        found.push_back({state, L"current layer", wasCurrent, isCurrent});
     return found;
 }
 

@@ -1,5 +1,5 @@
-// zdrdiff: prints which layers differ between two drawings, and how.
-//   zdrdiff before.zdr after.zdr
+// zdrdiff: prints which layers differ between two drawings, or between the states of a name in them, and how.
+//   zdrdiff before.zdr after.zdr [state]
 // Exit code 0 when they were compared, 2 when one can't be read.
 
 #include "LayerDifferences.h"
@@ -40,8 +40,8 @@ bool read(const char* name, KelDbDatabase& database) {
 }
 
 int compare(int count, char** words) {
-    if (count != 3) {
-        std::fputs("usage: zdrdiff before.zdr after.zdr\n", stderr);
+    if (count != 3 && count != 4) {
+        std::fputs("usage: zdrdiff before.zdr after.zdr [state]\n", stderr);
         return 2;
     }
     KelDbDatabase beforeFile(false, true), afterFile(false, true);
@@ -49,7 +49,10 @@ int compare(int count, char** words) {
         return 2;
     const zdr::Drawing& before = engine::drawingOf(beforeFile);
     const zdr::Drawing& after = engine::drawingOf(afterFile);
-    print(stdout, zdrdiff::differenceTable(zdrdiff::layerDifferences(before, after), before.layers.size()));
+    const std::vector<zdrdiff::Difference> differences =
+        count == 3 ? zdrdiff::layerDifferences(before, after)
+                   : zdrdiff::stateDifferences(before, after, std::filesystem::path(words[3]).wstring());
+    print(stdout, zdrdiff::differenceTable(differences, before.layers.size()));
     return 0;
 }
 

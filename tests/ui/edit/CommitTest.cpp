@@ -256,6 +256,25 @@ TEST_F(EditCommit, RemovingKeepsTheOrderOfSortedRows) {
                       .press(VK_ESCAPE));
 }
 
+TEST_F(EditCommit, RemovingRowsLeavesTheFocusOnTheNextOneThatIsLeft) {
+    open(house());
+    edit(
+        Script()
+            .clickCell(grid, 2, 0)
+            .clickCell(grid, 1, 0, ui::holdControl)
+            .click(IDC_REMOVE_LAYERS)
+            .look("what is left",
+                  [](const View& view) {
+                      EXPECT_THAT(rows(view), ElementsAre(L"Pipes", L"Base"));
+                      EXPECT_EQ(view.focusedRow(grid), 1);
+                      EXPECT_THAT(view.selectedRows(grid), IsEmpty());
+                  })
+            .clickCell(grid, 1, 0)
+            .click(IDC_REMOVE_LAYERS)
+            .look("the row that is left is the last one", [](const View& view) { EXPECT_EQ(view.focusedRow(grid), 0); })
+            .press(VK_ESCAPE));
+}
+
 TEST_F(EditCommit, RemovesAllSelectedRowsAndNoOther) {
     open(house());
     edit(Script()

@@ -91,6 +91,30 @@ TEST(LayerDifferences, LayersThatOnlyOneDrawingHasAreTold) {
                             FieldsAre(L"New", L"presence", L"not there", L"new")));
 }
 
+TEST(LayerDifferences, StatesAreComparedByWhatTheyHold) {
+    const auto withState = [](const std::vector<std::wstring>& layers, std::uint32_t color) {
+        zdr::Drawing drawing = drawingWith(layers);
+        zdr::LayerState& state = drawing.states.emplace_back();
+        state.name = L"Plan";
+        auto set = std::make_shared<zdr::LayerSet>();
+        for (const zdr::Layer& layer : drawing.layers)
+            set->names.push_back(layer.name);
+        state.layers = set;
+        state.columns = drawing.columns;
+        state.columns.colors.set(0, color);
+        state.currentLayer = drawing.layers.back().name;
+        return drawing;
+    };
+    const zdr::Drawing before = withState({L"Base"}, 7);
+    const zdr::Drawing after = withState({L"Base", L"Walls"}, 3);
+    EXPECT_THAT(zdrdiff::stateDifferences(before, before, L"Plan"), IsEmpty());
+    EXPECT_THAT(zdrdiff::stateDifferences(before, after, L"Another plan"), IsEmpty());
+    EXPECT_THAT(zdrdiff::stateDifferences(before, after, L"Plan"),
+                ElementsAre(FieldsAre(L"Base", L"color", L"7", L"3"),
+                            FieldsAre(L"Walls", L"presence", L"not there", L"new"),
+                            FieldsAre(L"Plan", L"current layer", L"Base", L"Walls")));
+}
+
 TEST(LayerDifferences, TheTableNamesALayerOnceAndCountsLayers) {
     EXPECT_EQ(differenceTable({{L"Base", L"freeze", L"thawed", L"frozen"},
                                {L"Base", L"color", L"7", L"3"},

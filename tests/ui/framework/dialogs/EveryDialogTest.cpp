@@ -117,6 +117,11 @@ class EveryModuleDialog : public ui::HostTest {
             .click(IDC_LSTATE_RES_DELETE)
             .waitForControl(IDC_LSTATE_DEL_PROMPT);
     }
+    /// Opens the edit dialog on the first state over the manager.
+    static ui::Script editFirst() {
+        ui::Script script;
+        return script.clickCell(IDC_LSTATE_RES_LIST, 0, 0).click(IDC_LSTATE_RES_EDIT).waitForControl(IDC_REMOVE_LAYERS);
+    }
     /// Leaves the dialog in front, and the manager behind it.
     void manage(ui::Script script) {
         script.press(VK_ESCAPE).waitForControl(IDC_LSTATE_RES_LIST).press(VK_ESCAPE);
@@ -176,6 +181,29 @@ TEST_F(EveryModuleDialog, deleteConfirmationHasATipForEachControl) {
     ui::Script script = deleteTwo();
     manage(script.look("the tips",
                        [](const ui::View& view) { expectTipsOfAll(view, L"KelLayerApps:LayerStatesDelete"); }));
+}
+
+// The buttons beside the grid and its columns have tips of the dialog's own.
+TEST_F(EveryModuleDialog, editDialogHasAControlForEachOfItsTips) {
+    const auto tips = framework::readTips(framework::kTipFile, L"KelLayerApps:LayerStatesEdit", framework::kTipPrefix);
+    EXPECT_THAT(tips, testing::UnorderedElementsAre(testing::Key(IDOK), testing::Key(IDCANCEL), testing::Key(ID_HELP)));
+    ui::Script script = editFirst();
+    manage(script.look("its controls", [&tips](const ui::View& view) {
+        for (const auto& [control, text] : tips)
+            EXPECT_TRUE(view.has(control)) << control << ": " << ui::narrow(text);
+    }));
+}
+
+TEST_F(EveryModuleDialog, addLayersHasATipForEachControl) {
+    ui::Script script = editFirst();
+    manage(
+        script.clickCell(IDC_LAYER_GRID, 0, 0)
+            .click(IDC_REMOVE_LAYERS)
+            .click(IDC_ADD_LAYERS)
+            .waitUntil("the dialog is there", [](const ui::View& view) { return !view.has(IDC_REMOVE_LAYERS); })
+            .look("the tips", [](const ui::View& view) { expectTipsOfAll(view, L"KelLayerApps:LayerStatesAddLayers"); })
+            .press(VK_ESCAPE)
+            .waitForControl(IDC_REMOVE_LAYERS));
 }
 
 /// One dialog template of one language.
