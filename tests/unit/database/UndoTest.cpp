@@ -265,6 +265,68 @@ TEST_F(Undo, ReadingIsNoChange) {
     EXPECT_EQ(engine::changeCount(m_database), before);
 }
 
+TEST_F(Undo, HasNoStepOfAGroupThatLeavesTheDrawingAsItWas) {
+    states().saveLayerState(L"Plan", MaskAllProperties);
+    step([this] { setColor(L"Walls", 3); });
+    const std::uint64_t before = engine::lastingChangeCount(m_database);
+    step([this] {
+        // What reading a state by way of the layers does.
+        states().saveLayerState(L"Throwaway", MaskAllProperties);
+        const LayerStateMask all = MaskAllProperties;
+        EXPECT_EQ(impStates().restoreLayerState(L"Plan", {}, 0, &all, false), Vorn::eOk);
+        EXPECT_EQ(impStates().restoreLayerState(L"Throwaway", {}, 0, &all, false), Vorn::eOk);
+        EXPECT_EQ(states().deleteLayerState(L"Throwaway"), Vorn::eOk);
+    });
+    EXPECT_EQ(engine::lastingChangeCount(m_database), before);
+    EXPECT_EQ(values(L"Walls").color, 3u);
+    EXPECT_TRUE(engine::undo(m_database));
+    EXPECT_EQ(values(L"Walls").color, 7u) << "the step before it is the one that is undone";
+}
+
+TEST_F(Undo, KeepsWhatCanBeDoneAgainOverAGroupThatLeavesTheDrawingAsItWas) {
+    step([this] { setColor(L"Walls", 3); });
+    EXPECT_TRUE(engine::undo(m_database));
+    step([this] {
+        setColor(L"Walls", 4);
+        EXPECT_FALSE(engine::canRedo(m_database));
+        setColor(L"Walls", 7);
+    });
+    EXPECT_TRUE(engine::redo(m_database));
+    EXPECT_EQ(values(L"Walls").color, 3u);
+}
+
+TEST_F(Undo, ForgetsWhatCouldBeDoneAgainAfterAGroupThatChangesSomething) {
+    step([this] { setColor(L"Walls", 3); });
+    EXPECT_TRUE(engine::undo(m_database));
+    const std::uint64_t before = engine::lastingChangeCount(m_database);
+    step([this] { setColor(L"Walls", 4); });
+    EXPECT_FALSE(engine::canRedo(m_database));
+    EXPECT_GT(engine::lastingChangeCount(m_database), before);
+}
+
+TEST_F(Undo, TellsEachKindOfChangeThatStays) {
+    states().saveLayerState(L"Plan", MaskOn);
+    step([this] { setColor(L"Walls", 3); });
+    KelArray<KelString> walls(0, 8);
+    walls.append(L"Walls");
+    const std::vector<std::pair<const char*, std::function<void()>>> changes = {
+        {"a state's mask", [this] { states().setLayerStateMask(L"Plan", MaskColor); }},
+        {"its description", [this] { states().setLayerStateDescription(L"Plan", L"All of it"); }},
+        {"its name", [this] { states().renameLayerState(L"Plan", L"Plan B"); }},
+        {"its layers", [&] { states().removeLayerStateLayers(L"Plan B", walls); }},
+        {"its values", [this] { states().saveLayerState(L"Plan B", MaskColor); }},
+        {"the current layer", [this] { engine::setCurrentLayer(m_database, layer(L"Doors")); }},
+        {"a viewport", [this] { engine::setFrozenInViewport(m_database, viewport().handle, layer(L"Walls"), true); }},
+        {"a layer's flag", [this] { setFlag(L"Walls", zdr::kLayerLocked, true); }},
+        {"a state that goes", [this] { states().deleteLayerState(L"Plan B"); }},
+    };
+    for (const auto& [what, change] : changes) {
+        const std::uint64_t before = engine::lastingChangeCount(m_database);
+        step(change);
+        EXPECT_GT(engine::lastingChangeCount(m_database), before) << what;
+    }
+}
+
 TEST_F(Undo, SharesColumnsInsteadOfCopyingThem) {
     states().saveLayerState(L"Plan", MaskAllProperties);
     const void* columns = drawing().columns.colors.values().data();

@@ -68,9 +68,14 @@ std::string Model::apply(const Operation& operation) {
     else
         answer = applyToDrawing(operation);
     if (m_changed) {
+        if (m_depth > 0 && !m_undone.empty())
+            m_undoneBefore = std::move(m_undone);
         m_undone.clear();
         if (!m_open)
             m_open = std::move(before);
+        m_openHasMore = m_openHasMore || operation.kind == Kind::DescribeLayer || operation.kind == Kind::AddLayer ||
+                        operation.kind == Kind::RenameLayer || operation.kind == Kind::EraseLayer ||
+                        operation.kind == Kind::RegisterApplication || operation.kind == Kind::SetData;
     }
     return answer;
 }
@@ -204,7 +209,7 @@ std::string Model::applyToDrawing(const Operation& operation) {
         return "";
     case Kind::End:
         if (m_depth > 0 && --m_depth == 0)
-            closeStep();
+            closeGroup();
         return "";
     case Kind::Undo:
         return truth(undo());
@@ -279,7 +284,19 @@ bool Model::redo() {
     return true;
 }
 
+// A group that leaves the drawing as it found it is no step, unless it changed more than what layers and states look
+// like.
+void Model::closeGroup() {
+    if (m_open && *m_open == m_now && !m_openHasMore) {
+        m_open.reset();
+        m_undone = std::move(m_undoneBefore);
+    }
+    m_undoneBefore.clear();
+    closeStep();
+}
+
 void Model::closeStep() {
+    m_openHasMore = false;
     if (!m_open)
         return;
     m_done.push_back(std::move(*m_open));
@@ -291,7 +308,9 @@ void Model::closeStep() {
 void Model::forgetSteps() {
     m_done.clear();
     m_undone.clear();
+    m_undoneBefore.clear();
     m_open.reset();
+    m_openHasMore = false;
 }
 
 // What comes from the reference isn't in the drawing's file, and reading that file doesn't read the reference's.

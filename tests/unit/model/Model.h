@@ -19,11 +19,13 @@ struct Layer {
     std::string description;
     Look look;
     bool dependent = false; ///< of the reference
+    friend bool operator==(const Layer&, const Layer&) = default;
 };
 
 struct StateLayer {
     std::string name;
     Look look; ///< its flags also hold zdr::kLayerViewportFrozen
+    friend bool operator==(const StateLayer&, const StateLayer&) = default;
 };
 
 struct State {
@@ -35,16 +37,19 @@ struct State {
     bool dependent = false;
     std::optional<std::string> current;
     std::vector<StateLayer> layers;
+    friend bool operator==(const State&, const State&) = default;
 };
 
 /// What one viewport shows of layers instead of their own, by the layers' ids.
 struct Override {
     std::uint32_t mask = 0;
     Look look;
+    friend bool operator==(const Override&, const Override&) = default;
 };
 struct Viewport {
     std::set<int> frozen;
     std::map<int, Override> overrides;
+    friend bool operator==(const Viewport&, const Viewport&) = default;
 };
 
 inline constexpr std::size_t kViewportCount = 4; ///< on Layout1: numbers 2, 3 and one that is off; one on Layout2
@@ -62,6 +67,7 @@ struct Drawing {
     std::vector<std::string> applications;
     std::map<std::pair<int, std::string>, int> data; ///< by layer and application
     bool resolved = false;                           ///< the reference "site"
+    friend bool operator==(const Drawing&, const Drawing&) = default;
 };
 
 /// Equal without regard to case, for the plain letters that the names here are made of.
@@ -118,6 +124,7 @@ class Model {
 
     bool undo();
     bool redo();
+    void closeGroup();
     void closeStep();
     void forgetSteps();
 
@@ -133,6 +140,8 @@ class Model {
     bool m_changed = false; ///< by the operation under way
     std::optional<Drawing> m_open;
     std::deque<Drawing> m_done, m_undone;
+    std::deque<Drawing> m_undoneBefore; ///< before the open group
+    bool m_openHasMore = false;         ///< the open step changed what comparing drawings doesn't settle
     int m_depth = 0;
     int m_nextId = 1000;
     std::vector<State> m_shelf;

@@ -66,7 +66,7 @@ class UndoGroup {
 
 Session::Session(SessionWindow& window) : m_window(window) {
     runtime::openDocument(std::make_unique<KelDbDatabase>(true, false), {});
-    m_savedCount = engine::changeCount(database());
+    m_savedCount = engine::lastingChangeCount(database());
 }
 
 Session::~Session() {
@@ -87,7 +87,7 @@ std::wstring Session::name() const {
 }
 
 bool Session::isModified() const {
-    return engine::changeCount(database()) != m_savedCount;
+    return engine::lastingChangeCount(database()) != m_savedCount;
 }
 
 void Session::replaceDrawing(zdr::Drawing drawing, std::wstring path, const zdr::FileStamp& stamp) {
@@ -99,7 +99,7 @@ void Session::replaceDrawing(zdr::Drawing drawing, std::wstring path, const zdr:
         runtime::closeDocument(*former);
     m_path = std::move(path);
     m_stamp = stamp;
-    m_savedCount = engine::changeCount(this->database());
+    m_savedCount = engine::lastingChangeCount(this->database());
 }
 
 void Session::newDrawing() {
@@ -166,7 +166,7 @@ bool Session::write(const std::wstring& path, zdr::FileStamp stamp) {
     }
     m_path = path;
     m_stamp = stamp;
-    m_savedCount = engine::changeCount(database());
+    m_savedCount = engine::lastingChangeCount(database());
     runtime::currentDocument()->setPath(path);
     m_window.drawingReplaced();
     m_window.print(L"Saved " + path + L".\n");
@@ -228,7 +228,7 @@ template <class Change> bool Session::changeView(Change change) {
     if (change(database()) != Vorn::eOk)
         return false;
     if (!wasModified)
-        m_savedCount = engine::changeCount(database());
+        m_savedCount = engine::lastingChangeCount(database());
     m_window.drawingChanged();
     return true;
 }

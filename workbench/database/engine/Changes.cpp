@@ -3,6 +3,8 @@
 #include "ObjectDirectory.h"
 
 #include <algorithm>
+#include <tuple>
+#include <unordered_set>
 #include <utility>
 
 namespace engine {
@@ -113,7 +115,67 @@ auto extendedDataOf(std::vector<zdr::ExtendedData>& all, zdr::Handle object) {
     return std::pair(first, behind);
 }
 
+template <class T> bool sameValues(const zdr::Column<T>& a, const zdr::Column<T>& b) {
+    return std::ranges::equal(a.values(), b.values());
+}
+
+bool sameColumns(const zdr::LayerColumns& a, const zdr::LayerColumns& b) {
+    bool same = true;
+    zdr::forEachColumn([&same](const auto& one, const auto& other) { same = same && sameValues(one, other); }, a, b);
+    return same;
+}
+
+bool sameState(const zdr::LayerState& a, const zdr::LayerState& b) {
+    return a.name == b.name && a.description == b.description && a.mask == b.mask &&
+           (a.layers == b.layers || a.layers->names == b.layers->names) && sameColumns(a.columns, b.columns) &&
+           a.currentLayer == b.currentLayer && a.hasViewportData == b.hasViewportData;
+}
+
+/// Layers beyond the end of a list aren't frozen.
+bool sameFrozen(const std::vector<bool>& a, const std::vector<bool>& b) {
+    const auto& [shorter, longer] = a.size() < b.size() ? std::tie(a, b) : std::tie(b, a);
+    const auto rest = longer.begin() + static_cast<Offset>(shorter.size());
+    return std::equal(shorter.begin(), shorter.end(), longer.begin()) &&
+           std::find(rest, longer.end(), true) == longer.end();
+}
+
+/// Whether the part of the drawing that a change holds the other side of is as that side has it.
+struct SameSides {
+    const zdr::Drawing& drawing;
+    const ObjectDirectory& objects;
+
+    bool operator()(const ColumnsChange& side) const { return sameColumns(side.columns, drawing.columns); }
+    bool operator()(const StateChange& side) const {
+        const KelDbStub* stub = objects.find(side.handle);
+        const bool present = stub && !stub->erased;
+        return present == side.state.has_value() && (!present || sameState(*side.state, drawing.states[stub->index]));
+    }
+    bool operator()(const SettingsChange& side) const {
+        return side.currentLayer == drawing.currentLayer && side.lastRestored == drawing.lastRestored &&
+               side.activeLayout == drawing.activeLayout && side.currentViewport == drawing.currentViewport;
+    }
+    bool operator()(const ViewportChange& side) const {
+        const zdr::Viewport* viewport = findViewport(drawing, side.handle);
+        return viewport && sameFrozen(viewport->frozen, side.frozen) && viewport->overrides == side.overrides;
+    }
+    bool operator()(const LayerChange&) const { return false; }
+    bool operator()(const LayerListChange&) const { return false; }
+    bool operator()(const ExtendedDataChange&) const { return false; }
+    bool operator()(const ApplicationsChange&) const { return false; }
+    bool operator()(const PlotStyleChange&) const { return false; }
+};
+
 } // namespace
+
+bool areUndone(const std::vector<Change>& changes, const zdr::Drawing& drawing, const ObjectDirectory& objects) {
+    // The first change of a state holds what it was before the others.
+    std::unordered_set<zdr::Handle> seen;
+    const SameSides same{drawing, objects};
+    return std::ranges::all_of(changes, [&](const Change& change) {
+        const auto* state = std::get_if<StateChange>(&change);
+        return (state && !seen.insert(state->handle).second) || std::visit(same, change);
+    });
+}
 
 zdr::Viewport* findViewport(zdr::Drawing& drawing, zdr::Handle handle) {
     for (zdr::Layout& layout : drawing.layouts)

@@ -102,6 +102,10 @@ struct ApplicationsChange {
 using Change = std::variant<ColumnsChange, StateChange, SettingsChange, ViewportChange, LayerChange, LayerListChange,
                             ExtendedDataChange, ApplicationsChange, PlotStyleChange>;
 
+/// Whether the drawing is as it was before these changes, which were made to it one after the other. Layers and plot
+/// styles that were put in or taken out count as changes even if the opposite came after that.
+bool areUndone(const std::vector<Change>& changes, const zdr::Drawing& drawing, const ObjectDirectory& objects);
+
 /// The viewport of a handle; null when there is none.
 zdr::Viewport* findViewport(zdr::Drawing& drawing, zdr::Handle handle);
 KELDB_API const zdr::Viewport* findViewport(const zdr::Drawing& drawing, zdr::Handle handle);

@@ -27,6 +27,10 @@ std::uint64_t changeCount(const KelDbDatabase& database) {
     return impOf(database).changes();
 }
 
+std::uint64_t lastingChangeCount(const KelDbDatabase& database) {
+    return impOf(database).lastingChanges();
+}
+
 KelDbObjectId objectId(const KelDbDatabase& database, zdr::Handle handle) {
     KelDbStub* stub = impOf(database).objects().find(handle);
     return stub && !stub->erased ? KelDbObjectId(stub) : KelDbObjectId();
@@ -137,11 +141,11 @@ void setOverride(KelDbDatabase& database, zdr::Handle viewport, const zdr::Viewp
 }
 
 void beginUndoGroup(KelDbDatabase& database) {
-    impOf(database).history().beginGroup();
+    impOf(database).beginUndoGroup();
 }
 
 void endUndoGroup(KelDbDatabase& database) {
-    impOf(database).history().endGroup();
+    impOf(database).endUndoGroup();
 }
 
 bool undo(KelDbDatabase& database) {

@@ -17,6 +17,9 @@ KELDB_API void replaceDrawing(KelDbDatabase& database, zdr::Drawing drawing);
 KELDB_API zdr::Drawing makeNewDrawing();
 /// Grows with every change of the database, undo included, so that a view knows when to draw again.
 KELDB_API std::uint64_t changeCount(const KelDbDatabase& database);
+/// The same without the changes of undo groups that left the drawing as it was: what tells whether there is something
+/// to save.
+KELDB_API std::uint64_t lastingChangeCount(const KelDbDatabase& database);
 /// The id of a handle; null when no object has it.
 KELDB_API KelDbObjectId objectId(const KelDbDatabase& database, zdr::Handle handle);
 KELDB_API KelDbObjectId layerId(const KelDbDatabase& database, std::size_t index);

@@ -131,6 +131,17 @@ void DatabaseImp::dropMendedStates(std::wstring_view prefix) {
                   [prefix](const zdr::MendedName& name) { return name.now.starts_with(prefix); });
 }
 
+void DatabaseImp::beginUndoGroup() {
+    if (!m_history.inGroup())
+        m_changesBefore = m_lookups.changes();
+    m_history.beginGroup();
+}
+
+void DatabaseImp::endUndoGroup() {
+    if (m_history.endGroup(m_drawing, m_objects))
+        m_undoneChanges += m_lookups.changes() - m_changesBefore;
+}
+
 bool DatabaseImp::undo() {
     const std::optional<Parts> parts = m_history.undoable();
     if (!parts)

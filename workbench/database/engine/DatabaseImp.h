@@ -96,8 +96,12 @@ class DatabaseImp : public KelDbImpDatabase {
     void setReferenceDrawing(std::size_t reference, std::shared_ptr<const zdr::Drawing> drawing);
     UndoHistory& history() { return m_history; }
     const UndoHistory& history() const { return m_history; }
+    void beginUndoGroup();
+    void endUndoGroup();
     bool undo();
     bool redo();
+    /// Grows with every change, but for the changes of groups that left the drawing as it was.
+    std::uint64_t lastingChanges() const { return m_lookups.changes() - m_undoneChanges; }
 
     /// Whether the dictionary of states has been asked for or isn't empty.
     bool hasStateDictionary() const;
@@ -119,6 +123,8 @@ class DatabaseImp : public KelDbImpDatabase {
     ObjectDirectory m_objects;
     mutable Lookups m_lookups{m_drawing};
     UndoHistory m_history;
+    std::uint64_t m_changesBefore = 0; ///< the open group
+    std::uint64_t m_undoneChanges = 0; ///< made by groups that left the drawing as it was
     std::shared_ptr<const void> m_identity;
     bool m_stateDictionaryMade = false;
 };

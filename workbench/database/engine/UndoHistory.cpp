@@ -30,9 +30,24 @@ void UndoHistory::beginGroup() {
         close();
 }
 
-void UndoHistory::endGroup() {
-    if (m_depth > 0 && --m_depth == 0)
+bool UndoHistory::endGroup(const zdr::Drawing& drawing, const ObjectDirectory& objects) {
+    if (m_depth == 0 || --m_depth > 0)
+        return false;
+    const bool unchanged = !m_open.changes.empty() && areUndone(m_open.changes, drawing, objects);
+    if (unchanged) {
+        m_open = {};
+        m_undone = std::move(m_undoneBefore);
+    } else {
         close();
+    }
+    m_undoneBefore.clear();
+    return unchanged;
+}
+
+void UndoHistory::forgetUndone() {
+    if (inGroup() && !m_undone.empty())
+        m_undoneBefore = std::move(m_undone);
+    m_undone.clear();
 }
 
 void UndoHistory::close() {
@@ -100,12 +115,13 @@ void UndoHistory::divide(std::deque<Step>& from, std::deque<Step>& to, Way way, 
 void UndoHistory::clear() {
     m_done.clear();
     m_undone.clear();
+    m_undoneBefore.clear();
     m_open = {};
 }
 
 void UndoHistory::add(Change change) {
     m_open.changes.push_back(std::move(change));
-    m_undone.clear();
+    forgetUndone();
 }
 
 void UndoHistory::performLast(zdr::Drawing& drawing, ObjectDirectory& objects) {
@@ -115,7 +131,7 @@ void UndoHistory::performLast(zdr::Drawing& drawing, ObjectDirectory& objects) {
         m_open.changes.pop_back();
         throw;
     }
-    m_undone.clear();
+    forgetUndone();
 }
 
 void UndoHistory::beforeColumns(const zdr::Drawing& drawing) {

@@ -1,5 +1,7 @@
 // The steps that can be undone and done again. A step is all that changed between the outermost start of a group and
-// its end; what changes outside any group is gathered into one step that ends where the next group begins.
+// its end; what changes outside any group is gathered into one step that ends where the next group begins. A group that
+// ends with the drawing as it was at its start is no step: there is nothing to undo, and what could be done again
+// before it still can.
 #pragma once
 
 #include "Changes.h"
@@ -16,7 +18,8 @@ inline constexpr std::size_t kMaxUndoSteps = 200;
 class UndoHistory {
   public:
     void beginGroup();
-    void endGroup();
+    /// @return whether this ended the outermost group, and it left the drawing as it was
+    bool endGroup(const zdr::Drawing& drawing, const ObjectDirectory& objects);
     bool inGroup() const { return m_depth > 0; }
     bool canUndo() const { return !m_done.empty() || !m_open.changes.empty(); }
     bool canRedo() const { return !m_undone.empty() && m_open.changes.empty(); }
@@ -48,6 +51,7 @@ class UndoHistory {
         std::unordered_set<zdr::Handle> objects; // states and viewports that are in `changes` already
     };
     void add(Change change);
+    void forgetUndone();
     void performLast(zdr::Drawing& drawing, ObjectDirectory& objects);
     void close();
     enum class Way { Back, Forth };
@@ -55,6 +59,8 @@ class UndoHistory {
     void divide(std::deque<Step>& from, std::deque<Step>& to, Way way, std::size_t done) noexcept;
 
     std::deque<Step> m_done, m_undone;
+    /// What could be done again before the open group, for as long as it isn't known whether that changes anything.
+    std::deque<Step> m_undoneBefore;
     Step m_open;
     int m_depth = 0;
 };

@@ -115,6 +115,31 @@ TEST_F(LayerStatesTest, ARestoreChangesTheDrawingAndUndoTakesItBack) {
     runWith(script);
 }
 
+TEST_F(LayerStatesTest, ACancelledEditIsNoChange) {
+    Script script;
+    script.then(command(L"OPEN " + path("states.zdr")))
+        .then(said(L"states.zdr"))
+        .then(command(L"LAYER COLOR 3 Red"))
+        .then(command(L"UNDO"))
+        .then(command(L"SAVE"))
+        .then(command(L"LAYERSTATE"))
+        .waitForControl(IDC_LSTATE_RES_EDIT)
+        .clickCell(IDC_LSTATE_RES_LIST, 0, 0)
+        .click(IDC_LSTATE_RES_EDIT)
+        .waitForControl(IDC_LAYER_GRID)
+        .press(VK_ESCAPE)
+        .waitForControl(IDC_LSTATE_RES_CLOSE)
+        .click(IDC_LSTATE_RES_CLOSE)
+        .then(said(L"Command: LAYERSTATE"))
+        .look("the title shows no change",
+              [](const View& view) { EXPECT_EQ(view.title(), L"states.zdr - Kel Workbench"); })
+        .then(command(L"REDO"))
+        .then(said(L"The change is made again."))
+        .then(command(L"QUIT"))
+        .then(answerBox(L"Save the changes to states.zdr?", IDNO));
+    runWith(script);
+}
+
 TEST_F(LayerStatesTest, TheKeyAndTheMenuRunTheCommandToo) {
     Script script;
     script.press('L', ui::holdControl)
