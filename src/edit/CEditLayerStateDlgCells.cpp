@@ -164,6 +164,7 @@ template <class Change> void CEditLayerStateDlg::changeRows(int first, Change ch
     changeRow(first);
     for (const int row : m_selectedRows)
         changeRow(row);
+    m_layerGrid.tellFocusedRowChanged();
 }
 
 void CEditLayerStateDlg::toggle(int first, int column) {
@@ -222,6 +223,7 @@ void CEditLayerStateDlg::pickPlotStyle(CLayerRcd& first) {
                     setPlotStyle(*record, id, name.get());
                     record->markModified();
                 }
+            m_layerGrid.tellFocusedRowChanged();
         }
     }
     Invalidate();
@@ -246,6 +248,7 @@ void CEditLayerStateDlg::OnGridDoubleClick(NMHDR*, LRESULT* result) {
     case CurrentLayerChange::allowed:
         makeCurrent(m_layers, *record);
         m_layerGrid.Invalidate();
+        m_layerGrid.tellFocusedRowChanged();
     }
 }
 

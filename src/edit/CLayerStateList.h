@@ -1,6 +1,7 @@
 // The grid in which a state is edited.
 #pragma once
 
+#include "GridAccessible.h"
 #include "OrvUiControls.h"
 
 /// The dialog draws its rows and answers its notifications. Row numbers say nothing about the order of the records,
@@ -10,4 +11,14 @@ class CLayerStateList : public COrvUiListCtrl {
     ~CLayerStateList() override;
     /// A tip shows wherever there is a cell.
     int OnGetTipRect(CRect& rect) override;
+    /// Tells assistive programs that the row with the focus says something else now; they read out no other one.
+    void tellFocusedRowChanged();
+
+  protected:
+    DECLARE_MESSAGE_MAP()
+    afx_msg LRESULT OnAskedForObject(WPARAM asked, LPARAM object);
+    afx_msg void OnDestroy();
+
+  private:
+    GridAccessibility m_accessibility;
 };

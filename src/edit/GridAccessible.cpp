@@ -1,0 +1,80 @@
+#include "GridAccessible.h"
+
+#include "CLayerStateList.h"
+#include "CResourceScope.h"
+#include "RowDescription.h"
+
+#include <new>
+#include <objbase.h>
+#include <utility>
+
+namespace {
+
+/// Hands over what `text` answers. What it throws must not reach the system.
+template <class Text> HRESULT tell(BSTR* told, Text text) {
+    if (!told)
+        return E_POINTER;
+    *told = nullptr;
+    try {
+        const CString answer = text();
+        *told = ::SysAllocStringLen(answer, static_cast<UINT>(answer.GetLength()));
+    } catch (const std::bad_alloc&) {
+        return E_OUTOFMEMORY;
+    } catch (CMemoryException* exception) {
+        exception->Delete();
+    }
+    return *told ? S_OK : E_OUTOFMEMORY;
+}
+
+/// The record of a row by the number that assistive programs give it, counted from 1; null for the list itself and for
+/// what isn't a row.
+const CLayerRcd* recordOf(const CLayerStateList* grid, const VARIANT& child) {
+    const bool isRow = grid && child.vt == VT_I4 && child.lVal >= 1 && child.lVal <= grid->GetItemCount();
+    return isRow ? reinterpret_cast<const CLayerRcd*>(grid->GetItemData(child.lVal - 1)) : nullptr;
+}
+
+} // namespace
+
+GridAccessible* GridAccessible::make(const CLayerStateList& grid) {
+    void* standard = nullptr;
+    if (FAILED(::CreateStdAccessibleObject(grid.m_hWnd, OBJID_CLIENT, __uuidof(IAccessible), &standard)))
+        return nullptr;
+    auto* const taken = static_cast<IAccessible*>(standard);
+    GridAccessible* const object = new (std::nothrow) GridAccessible(grid, taken);
+    if (!object)
+        taken->Release();
+    return object;
+}
+
+void GridAccessible::disconnect() {
+    m_grid = nullptr;
+    StandardAccessible::disconnect();
+}
+
+HRESULT GridAccessible::get_accName(VARIANT child, BSTR* name) {
+    const CLayerRcd* const record = recordOf(m_grid, child);
+    return record ? tell(name, [record] { return record->m_name; }) : StandardAccessible::get_accName(child, name);
+}
+
+HRESULT GridAccessible::get_accDescription(VARIANT child, BSTR* description) {
+    const CLayerRcd* const record = recordOf(m_grid, child);
+    return record ? tell(description, [record] { return rowDescription(*record, loadResourceString); })
+                  : StandardAccessible::get_accDescription(child, description);
+}
+
+LRESULT GridAccessibility::answer(const CLayerStateList& grid, WPARAM asked) {
+    if (!m_inCom)
+        m_inCom = SUCCEEDED(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
+    if (!m_object)
+        m_object = GridAccessible::make(grid);
+    return m_object ? ::LresultFromObject(__uuidof(IAccessible), asked, m_object) : E_OUTOFMEMORY;
+}
+
+void GridAccessibility::end() {
+    if (GridAccessible* const object = std::exchange(m_object, nullptr)) {
+        object->disconnect();
+        object->Release();
+    }
+    if (std::exchange(m_inCom, false))
+        ::CoUninitialize();
+}

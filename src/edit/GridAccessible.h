@@ -1,0 +1,41 @@
+// What assistive programs, such as screen readers, are told about the grid in which a state is edited.
+#pragma once
+
+#include "StandardAccessible.h"
+
+class CLayerStateList;
+
+/// Names a row by its layer and describes it by its cells in words. Everything else, such as which rows are selected,
+/// is what the system answers for any list.
+class GridAccessible final : public StandardAccessible {
+  public:
+    /// @return an object with one reference, which is the caller's; null when the system has none for the grid
+    static GridAccessible* make(const CLayerStateList& grid);
+
+    void disconnect() override;
+    HRESULT STDMETHODCALLTYPE get_accName(VARIANT child, BSTR* name) override;
+    HRESULT STDMETHODCALLTYPE get_accDescription(VARIANT child, BSTR* description) override;
+
+  private:
+    GridAccessible(const CLayerStateList& grid, IAccessible* standard) : StandardAccessible(standard), m_grid(&grid) {}
+
+    const CLayerStateList* m_grid;
+};
+
+/// A grid's object, made when it is first asked for. It takes part in COM from then on, on the grid's thread.
+class GridAccessibility {
+  public:
+    GridAccessibility() = default;
+    ~GridAccessibility() { end(); }
+    GridAccessibility(const GridAccessibility&) = delete;
+    GridAccessibility& operator=(const GridAccessibility&) = delete;
+
+    /// @return what WM_GETOBJECT is answered, below 0 for a failure
+    LRESULT answer(const CLayerStateList& grid, WPARAM asked);
+    /// To be called while the window ends. Whoever still holds the object is told from then on that it is gone.
+    void end();
+
+  private:
+    GridAccessible* m_object = nullptr;
+    bool m_inCom = false;
+};
