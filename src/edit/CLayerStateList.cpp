@@ -2,7 +2,6 @@
 
 BEGIN_MESSAGE_MAP(CLayerStateList, COrvUiListCtrl)
 ON_MESSAGE(WM_GETOBJECT, &CLayerStateList::OnAskedForObject)
-ON_WM_DESTROY()
 END_MESSAGE_MAP()
 
 CLayerStateList::~CLayerStateList() = default;
@@ -22,11 +21,6 @@ LRESULT CLayerStateList::OnAskedForObject(WPARAM asked, LPARAM object) {
         return Default();
     const LRESULT answer = m_accessibility.answer(*this, asked);
     return answer > 0 ? answer : Default();
-}
-
-void CLayerStateList::OnDestroy() {
-    m_accessibility.end();
-    COrvUiListCtrl::OnDestroy();
 }
 
 void CLayerStateList::tellFocusedRowChanged() {

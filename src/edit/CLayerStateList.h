@@ -17,7 +17,6 @@ class CLayerStateList : public COrvUiListCtrl {
   protected:
     DECLARE_MESSAGE_MAP()
     afx_msg LRESULT OnAskedForObject(WPARAM asked, LPARAM object);
-    afx_msg void OnDestroy();
 
   private:
     GridAccessibility m_accessibility;

@@ -36,14 +36,11 @@ const CLayerRcd* recordOf(const CLayerStateList* grid, const VARIANT& child) {
 } // namespace
 
 GridAccessible* GridAccessible::make(const CLayerStateList& grid) {
-    void* standard = nullptr;
-    if (FAILED(::CreateStdAccessibleObject(grid.m_hWnd, OBJID_CLIENT, __uuidof(IAccessible), &standard)))
+    void* made = nullptr;
+    if (FAILED(::CreateStdAccessibleObject(grid.m_hWnd, OBJID_CLIENT, __uuidof(IAccessible), &made)))
         return nullptr;
-    auto* const taken = static_cast<IAccessible*>(standard);
-    GridAccessible* const object = new (std::nothrow) GridAccessible(grid, taken);
-    if (!object)
-        taken->Release();
-    return object;
+    AccessibleHolder standard(static_cast<IAccessible*>(made));
+    return new (std::nothrow) GridAccessible(grid, std::move(standard));
 }
 
 void GridAccessible::disconnect() {
@@ -70,11 +67,11 @@ LRESULT GridAccessibility::answer(const CLayerStateList& grid, WPARAM asked) {
     return m_object ? ::LresultFromObject(__uuidof(IAccessible), asked, m_object) : E_OUTOFMEMORY;
 }
 
-void GridAccessibility::end() {
-    if (GridAccessible* const object = std::exchange(m_object, nullptr)) {
-        object->disconnect();
-        object->Release();
+GridAccessibility::~GridAccessibility() {
+    if (m_object) {
+        m_object->disconnect();
+        m_object->Release();
     }
-    if (std::exchange(m_inCom, false))
+    if (m_inCom)
         ::CoUninitialize();
 }

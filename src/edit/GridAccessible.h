@@ -17,7 +17,8 @@ class GridAccessible final : public StandardAccessible {
     HRESULT STDMETHODCALLTYPE get_accDescription(VARIANT child, BSTR* description) override;
 
   private:
-    GridAccessible(const CLayerStateList& grid, IAccessible* standard) : StandardAccessible(standard), m_grid(&grid) {}
+    GridAccessible(const CLayerStateList& grid, AccessibleHolder standard)
+        : StandardAccessible(std::move(standard)), m_grid(&grid) {}
 
     const CLayerStateList* m_grid;
 };
@@ -26,14 +27,13 @@ class GridAccessible final : public StandardAccessible {
 class GridAccessibility {
   public:
     GridAccessibility() = default;
-    ~GridAccessibility() { end(); }
+    /// Whoever still holds the object is told from now on that the grid is gone.
+    ~GridAccessibility();
     GridAccessibility(const GridAccessibility&) = delete;
     GridAccessibility& operator=(const GridAccessibility&) = delete;
 
     /// @return what WM_GETOBJECT is answered, below 0 for a failure
     LRESULT answer(const CLayerStateList& grid, WPARAM asked);
-    /// To be called while the window ends. Whoever still holds the object is told from then on that it is gone.
-    void end();
 
   private:
     GridAccessible* m_object = nullptr;

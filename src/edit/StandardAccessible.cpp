@@ -2,16 +2,8 @@
 
 #include <objbase.h>
 
-#include <utility>
-
-StandardAccessible::~StandardAccessible() {
-    if (m_standard)
-        m_standard->Release();
-}
-
 void StandardAccessible::disconnect() {
-    if (IAccessible* const standard = std::exchange(m_standard, nullptr))
-        standard->Release();
+    m_standard.reset();
     ::CoDisconnectObject(this, 0);
 }
 
@@ -20,11 +12,9 @@ HRESULT StandardAccessible::ask(Question question, Arguments&... arguments) {
     if (!m_standard)
         return CO_E_OBJNOTCONNECTED;
     // An action may end the window, and with it this object's own reference.
-    IAccessible* const standard = m_standard;
-    standard->AddRef();
-    const HRESULT answer = (standard->*question)(arguments...);
-    standard->Release();
-    return answer;
+    m_standard->AddRef();
+    const AccessibleHolder standard(m_standard.get());
+    return (standard.get()->*question)(arguments...);
 }
 
 HRESULT StandardAccessible::QueryInterface(REFIID id, void** object) {

@@ -4,6 +4,15 @@
 
 #include <oleacc.h>
 
+#include <memory>
+#include <utility>
+
+/// Gives an interface's reference back.
+struct ReleasesInterface {
+    void operator()(IUnknown* object) const { object->Release(); }
+};
+using AccessibleHolder = std::unique_ptr<IAccessible, ReleasesInterface>;
+
 /// Hands every question on to the system's object for the window's client area. Whoever asks holds references and may
 /// keep them longer than the window lives; after disconnect() each question is answered by CO_E_OBJNOTCONNECTED.
 class StandardAccessible : public IAccessible {
@@ -49,13 +58,13 @@ class StandardAccessible : public IAccessible {
 
   protected:
     /// With one reference, which is the maker's.
-    /// @param standard the system's object, of which it takes over a reference
-    explicit StandardAccessible(IAccessible* standard) : m_standard(standard) {}
-    virtual ~StandardAccessible();
+    /// @param standard the system's object
+    explicit StandardAccessible(AccessibleHolder standard) : m_standard(std::move(standard)) {}
+    virtual ~StandardAccessible() = default;
 
   private:
     template <class Question, class... Arguments> HRESULT ask(Question question, Arguments&... arguments);
 
-    IAccessible* m_standard;
+    AccessibleHolder m_standard;
     LONG m_references = 1;
 };
