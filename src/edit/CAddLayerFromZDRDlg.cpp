@@ -119,6 +119,7 @@ void CAddLayerFromZDRDlg::fillRows() {
         m_layerGrid.SetItemText(row, 1, record.m_description);
         m_layerGrid.SetItemData(row, reinterpret_cast<DWORD_PTR>(&record));
     });
+    m_layerGrid.SetItemState(0, LVIS_FOCUSED, LVIS_FOCUSED); // shows where the keyboard begins
 }
 
 void CAddLayerFromZDRDlg::OnHeadingClick(NMHDR* header, LRESULT* result) {

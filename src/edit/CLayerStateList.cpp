@@ -2,6 +2,9 @@
 
 BEGIN_MESSAGE_MAP(CLayerStateList, COrvUiListCtrl)
 ON_MESSAGE(WM_GETOBJECT, &CLayerStateList::OnAskedForObject)
+ON_WM_SETFOCUS()
+ON_WM_KILLFOCUS()
+ON_WM_NCPAINT()
 END_MESSAGE_MAP()
 
 CLayerStateList::~CLayerStateList() = default;
@@ -27,4 +30,32 @@ void CLayerStateList::tellFocusedRowChanged() {
     const int row = GetNextItem(-1, LVNI_FOCUSED);
     if (row >= 0)
         ::NotifyWinEvent(EVENT_OBJECT_DESCRIPTIONCHANGE, m_hWnd, OBJID_CLIENT, row + 1);
+}
+
+void CLayerStateList::OnSetFocus(CWnd* former) {
+    COrvUiListCtrl::OnSetFocus(former);
+    showFocus(true);
+}
+
+void CLayerStateList::OnKillFocus(CWnd* next) {
+    COrvUiListCtrl::OnKillFocus(next);
+    showFocus(false);
+}
+
+void CLayerStateList::showFocus(bool focused) {
+    constexpr WPARAM kWholeFrame = 1;
+    m_focused = focused;
+    SendMessage(WM_NCPAINT, kWholeFrame); // the frame alone: the rows look the same
+}
+
+// The rows show the selection and no focus, and there may be none at all, so the border tells where the keyboard is.
+void CLayerStateList::OnNcPaint() {
+    Default();
+    if (!m_focused)
+        return;
+    CRect border;
+    GetWindowRect(&border);
+    border.OffsetRect(-border.left, -border.top);
+    CWindowDC dc(this);
+    ::FrameRect(dc.m_hDC, &border, ::GetSysColorBrush(COLOR_HIGHLIGHT));
 }

@@ -17,7 +17,13 @@ class CLayerStateList : public COrvUiListCtrl {
   protected:
     DECLARE_MESSAGE_MAP()
     afx_msg LRESULT OnAskedForObject(WPARAM asked, LPARAM object);
+    afx_msg void OnSetFocus(CWnd* former);
+    afx_msg void OnKillFocus(CWnd* next);
+    afx_msg void OnNcPaint();
 
   private:
+    void showFocus(bool focused);
+
+    bool m_focused = false;
     GridAccessibility m_accessibility;
 };
