@@ -5,6 +5,7 @@ ON_MESSAGE(WM_GETOBJECT, &CLayerStateList::OnAskedForObject)
 ON_WM_SETFOCUS()
 ON_WM_KILLFOCUS()
 ON_WM_NCPAINT()
+ON_WM_DESTROY()
 END_MESSAGE_MAP()
 
 CLayerStateList::~CLayerStateList() = default;
@@ -22,8 +23,15 @@ LRESULT CLayerStateList::OnAskedForObject(WPARAM asked, LPARAM object) {
     // The system hands over the number of the object with or without its sign.
     if (static_cast<LONG>(object) != OBJID_CLIENT)
         return Default();
-    const LRESULT answer = m_accessibility.answer(*this, asked);
+    if (!m_accessibility)
+        m_accessibility = std::make_unique<GridAccessibility>(*this);
+    const LRESULT answer = m_accessibility->answer(asked);
     return answer > 0 ? answer : Default();
+}
+
+void CLayerStateList::OnDestroy() {
+    m_accessibility.reset();
+    COrvUiListCtrl::OnDestroy();
 }
 
 void CLayerStateList::tellFocusedRowChanged() {

@@ -4,6 +4,8 @@
 #include "GridAccessible.h"
 #include "OrvUiControls.h"
 
+#include <memory>
+
 /// The dialog draws its rows and answers its notifications. Row numbers say nothing about the order of the records,
 /// which the rows refer to by their item data.
 class CLayerStateList : public COrvUiListCtrl {
@@ -20,10 +22,12 @@ class CLayerStateList : public COrvUiListCtrl {
     afx_msg void OnSetFocus(CWnd* former);
     afx_msg void OnKillFocus(CWnd* next);
     afx_msg void OnNcPaint();
+    afx_msg void OnDestroy();
 
   private:
     void showFocus(bool focused);
 
     bool m_focused = false;
-    GridAccessibility m_accessibility;
+    /// Made when it is first asked for; it ends with the window.
+    std::unique_ptr<GridAccessibility> m_accessibility;
 };

@@ -59,13 +59,8 @@ HRESULT GridAccessible::get_accDescription(VARIANT child, BSTR* description) {
                   : StandardAccessible::get_accDescription(child, description);
 }
 
-LRESULT GridAccessibility::answer(const CLayerStateList& grid, WPARAM asked) {
-    if (!m_inCom)
-        m_inCom = SUCCEEDED(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
-    if (!m_object)
-        m_object = GridAccessible::make(grid);
-    return m_object ? ::LresultFromObject(__uuidof(IAccessible), asked, m_object) : E_OUTOFMEMORY;
-}
+GridAccessibility::GridAccessibility(const CLayerStateList& grid)
+    : m_inCom(SUCCEEDED(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))), m_object(GridAccessible::make(grid)) {}
 
 GridAccessibility::~GridAccessibility() {
     if (m_object) {
@@ -74,4 +69,8 @@ GridAccessibility::~GridAccessibility() {
     }
     if (m_inCom)
         ::CoUninitialize();
+}
+
+LRESULT GridAccessibility::answer(WPARAM asked) const {
+    return m_object ? ::LresultFromObject(__uuidof(IAccessible), asked, m_object) : E_OUTOFMEMORY;
 }

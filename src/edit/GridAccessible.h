@@ -23,19 +23,19 @@ class GridAccessible final : public StandardAccessible {
     const CLayerStateList* m_grid;
 };
 
-/// A grid's object, made when it is first asked for. It takes part in COM from then on, on the grid's thread.
+/// A grid's object, with the grid's thread taking part in COM for as long.
 class GridAccessibility {
   public:
-    GridAccessibility() = default;
+    explicit GridAccessibility(const CLayerStateList& grid);
     /// Whoever still holds the object is told from now on that the grid is gone.
     ~GridAccessibility();
     GridAccessibility(const GridAccessibility&) = delete;
     GridAccessibility& operator=(const GridAccessibility&) = delete;
 
     /// @return what WM_GETOBJECT is answered, below 0 for a failure
-    LRESULT answer(const CLayerStateList& grid, WPARAM asked);
+    LRESULT answer(WPARAM asked) const;
 
   private:
-    GridAccessible* m_object = nullptr;
-    bool m_inCom = false;
+    bool m_inCom;
+    GridAccessible* m_object;
 };

@@ -209,6 +209,20 @@ TEST_F(CellTipTraffic, HiddenTheDialogHasNoTipsOfItsOwnAndShownItHas) {
     });
 }
 
+TEST_F(CellTipTraffic, TheListOffersATipWhereverThereIsACell) {
+    NotesTraffic dialog;
+    over(dialog, 1, nameGridColumn, [&dialog] {
+        for (const auto& [point, offered] : {std::pair{dialog.middleOf(1, nameGridColumn), 1},
+                                             {dialog.middleOf(1, onGridColumn), 1},
+                                             {dialog.middleOf(3, nameGridColumn) + CSize(0, 40), 0}}) {
+            SetCursorPos(point.x, point.y);
+            CRect rect;
+            EXPECT_EQ(dialog.m_layerGrid.OnGetTipRect(rect), offered);
+            EXPECT_EQ(rect.IsRectEmpty(), offered == 0) << "the cell";
+        }
+    });
+}
+
 TEST_F(CellTipTraffic, WithoutATipWindowTheMovesAndPressesDoNothing) {
     NotesTraffic dialog;
     over(dialog, 1, nameGridColumn, [&dialog] {

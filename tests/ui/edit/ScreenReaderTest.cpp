@@ -1,10 +1,10 @@
 // What a screen reader is told about the grid.
 
-#include "EditTest.h"
 #include "ScreenReader.h"
 
 #include "GridColumns.h"
 #include "ImportFaults.h"
+#include "OwnDialog.h"
 #include "engine/DatabaseAccess.h"
 
 #include <atomic>
@@ -127,6 +127,15 @@ TEST_F(ScreenReader, HearsTheNewValueAfterAnEditAndIsToldOfTheFocusedRow) {
                        EXPECT_THAT(descriptionOf(*object, 2), StartsWith(L"On: on; "));
                        changes.rows.clear();
                    })
+             .clickCell(grid, 1, plotStyleGridColumn)
+             .waitUntil("the styles are shown", [](const View& view) { return !view.has(grid); })
+             .press(VK_RETURN)
+             .waitUntil("it is told", [&](const View&) { return !changes.rows.empty(); })
+             .look("what it hears",
+                   [&](const View&) {
+                       EXPECT_THAT(changes.rows, ElementsAre(2));
+                       changes.rows.clear();
+                   })
              .doubleClickCell(grid, 1, nameGridColumn)
              .waitUntil("it is told", [&](const View&) { return !changes.rows.empty(); })
              .look("what it hears",
@@ -235,6 +244,19 @@ TEST_F(ScreenReader, IsToldThatTheGridIsGoneAndHoldsItsObjectAlone) {
         EXPECT_THAT(allElseOf(*object, child(row)), Each(StartsWith("800401fd")));
     }
     EXPECT_EQ(object.release()->Release(), 0u) << "the last one, which ends it";
+}
+
+class ScreenReaderOfOwnDialog : public OwnDialogTest {
+  protected:
+    const ComScope m_com;
+};
+
+TEST_F(ScreenReaderOfOwnDialog, IsToldThatTheGridIsGoneAsSoonAsItsWindowIs) {
+    OwnDialog dialog;
+    Holder<IAccessible> object;
+    look(dialog, [&] { object = asked(dialog.m_layerGrid.m_hWnd); });
+    ASSERT_TRUE(object);
+    EXPECT_EQ(say(*object, &IAccessible::get_accName, child(CHILDID_SELF)), (Said{CO_E_OBJNOTCONNECTED, L""}));
 }
 
 TEST_F(ScreenReaderElsewhere, IsToldThatTheGridIsGone) {
