@@ -112,6 +112,17 @@
 #define IDS_LSTATE_FROZEN_NOT_CURRENT 184
 #define IDS_LSTATE_DEPENDENT_NOT_CURRENT 187
 
+// What a screen reader says of the grid's rows, where the cells show images.
+#define IDS_LSTATE_WORD_ON 401
+#define IDS_LSTATE_WORD_OFF 402
+#define IDS_LSTATE_WORD_FROZEN 403
+#define IDS_LSTATE_WORD_THAWED 404
+#define IDS_LSTATE_WORD_LOCKED 405
+#define IDS_LSTATE_WORD_UNLOCKED 406
+#define IDS_LSTATE_WORD_PLOTTED 407
+#define IDS_LSTATE_WORD_NOT_PLOTTED 408
+#define IDS_LSTATE_WORD_CURRENT_LAYER 409
+
 // Texts of the expand button, which name what a click does.
 #define IDS_LSTATE_EXPAND 119
 #define IDS_LSTATE_CONTRACT 131

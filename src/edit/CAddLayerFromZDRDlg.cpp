@@ -61,6 +61,7 @@ BOOL CAddLayerFromZDRDlg::OnInitDialog() {
         EndDialog(IDOK);
     fillRows(m_layerGrid, m_layers,
              [this](int row, const CLayerRcd& record) { m_layerGrid.SetItemText(row, 1, record.m_description); });
+    m_layerGrid.SetItemState(0, LVIS_FOCUSED, LVIS_FOCUSED); // shows where the keyboard begins
     if (m_layerGrid.GetItemCount() == 0) {
         EndDialog(IDOK);
         static_cast<void>(showTaskDialog(kNothingToAddKey, nullptr, 1));

@@ -169,6 +169,7 @@ template <class Change> void CEditLayerStateDlg::changeRows(int first, Change ch
     changeRow(first);
     for (const int row : m_selectedRows)
         changeRow(row);
+    m_layerGrid.tellFocusedRowChanged();
 }
 
 void CEditLayerStateDlg::toggle(int first, int column) {
@@ -227,6 +228,7 @@ void CEditLayerStateDlg::pickPlotStyle(CLayerRcd& first) {
                     setPlotStyle(*record, id, name.get());
                     record->markModified();
                 }
+            m_layerGrid.tellFocusedRowChanged();
         }
     }
     Invalidate();
@@ -251,6 +253,7 @@ void CEditLayerStateDlg::OnGridDoubleClick(NMHDR*, LRESULT* result) {
     case CurrentLayerChange::allowed:
         makeCurrent(m_layers, *record);
         m_layerGrid.Invalidate();
+        m_layerGrid.tellFocusedRowChanged();
     }
 }
 

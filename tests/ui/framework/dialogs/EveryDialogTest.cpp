@@ -13,6 +13,8 @@
 
 #include <objbase.h>
 
+#include <set>
+
 using testing::IsEmpty;
 using testing::UnorderedElementsAreArray;
 
@@ -82,13 +84,15 @@ TEST_F(EveryPicker, ofPlotStyles) {
     walkThrough([&] { EXPECT_FALSE(keledPlotstyleDialog(L"Normal", false, name)); });
 }
 
-/// Expects that the dialog in front has a tip for each control that Tab stops at, and a control for each tip.
-void expectTipsOfAll(const ui::View& view, const std::wstring& dialog) {
+/// Expects that the dialog in front has a tip for each control that Tab stops at, but for those that the dialog itself
+/// has tips for, and a control for each tip.
+void expectTipsOfAll(const ui::View& view, const std::wstring& dialog, const std::set<int>& itsOwn = {}) {
     const auto tips = framework::readTips(framework::kTipFile, dialog, framework::kTipPrefix);
     for (const auto& [control, text] : tips)
         EXPECT_TRUE(view.has(control)) << control << ": " << ui::narrow(text);
     for (const HWND control : keyboard::tabStops(view.window(), true))
-        EXPECT_TRUE(tips.contains(GetDlgCtrlID(control))) << keyboard::describe(control);
+        EXPECT_NE(tips.contains(GetDlgCtrlID(control)), itsOwn.contains(GetDlgCtrlID(control)))
+            << keyboard::describe(control);
 }
 
 class EveryModuleDialog : public ui::HostTest {
@@ -102,7 +106,8 @@ class EveryModuleDialog : public ui::HostTest {
         open(ui::TestDrawing()
                  .layer(L"Walls")
                  .state(L"Ground floor", MaskAllProperties)
-                 .state(L"Upper floor", MaskAllProperties));
+                 .state(L"Upper floor", MaskAllProperties)
+                 .layer(L"Roof"));
     }
     /// Opens the manager with the new layer state dialog over it.
     static ui::Script newState() {
@@ -117,14 +122,22 @@ class EveryModuleDialog : public ui::HostTest {
             .click(IDC_LSTATE_RES_DELETE)
             .waitForControl(IDC_LSTATE_DEL_PROMPT);
     }
-    /// Opens the edit dialog on the first state over the manager.
+    /// Opens the edit dialog over the manager.
     static ui::Script editFirst() {
         ui::Script script;
         return script.clickCell(IDC_LSTATE_RES_LIST, 0, 0).click(IDC_LSTATE_RES_EDIT).waitForControl(IDC_REMOVE_LAYERS);
     }
-    /// Leaves the dialog in front, and the manager behind it.
-    void manage(ui::Script script) {
-        script.press(VK_ESCAPE).waitForControl(IDC_LSTATE_RES_LIST).press(VK_ESCAPE);
+    /// Opens the dialog that adds layers, over the edit dialog.
+    static ui::Script addLayers() {
+        return editFirst().click(IDC_ADD_LAYERS).waitUntil("the layers to add are shown", [](const ui::View& view) {
+            return view.has(IDC_LAYER_GRID) && !view.has(IDC_ADD_LAYERS);
+        });
+    }
+    /// Leaves the dialog in front, and those behind it up to the manager.
+    void manage(ui::Script script, int dialogsInFront = 1) {
+        for (int i = 0; i < dialogsInFront; ++i)
+            script.press(VK_ESCAPE);
+        script.waitForControl(IDC_LSTATE_RES_LIST).press(VK_ESCAPE);
         ui::perform(script, [this] { runCommand(L"LAYERSTATE"); });
     }
 };
@@ -183,27 +196,30 @@ TEST_F(EveryModuleDialog, deleteConfirmationHasATipForEachControl) {
                        [](const ui::View& view) { expectTipsOfAll(view, L"KelLayerApps:LayerStatesDelete"); }));
 }
 
-// The buttons beside the grid and its columns have tips of the dialog's own.
-TEST_F(EveryModuleDialog, editDialogHasAControlForEachOfItsTips) {
-    const auto tips = framework::readTips(framework::kTipFile, L"KelLayerApps:LayerStatesEdit", framework::kTipPrefix);
-    EXPECT_THAT(tips, testing::UnorderedElementsAre(testing::Key(IDOK), testing::Key(IDCANCEL), testing::Key(ID_HELP)));
+TEST_F(EveryModuleDialog, editLayerState) {
     ui::Script script = editFirst();
-    manage(script.look("its controls", [&tips](const ui::View& view) {
-        for (const auto& [control, text] : tips)
-            EXPECT_TRUE(view.has(control)) << control << ": " << ui::narrow(text);
+    expectAllReached(script, walked);
+    manage(script);
+    EXPECT_THAT(walked.stops, testing::SizeIs(6));
+}
+
+TEST_F(EveryModuleDialog, editLayerStateHasATipForEachControlThatHasNoneOfItsOwn) {
+    manage(editFirst().look("the tips", [](const ui::View& view) {
+        expectTipsOfAll(view, L"KelLayerApps:LayerStatesEdit", {IDC_LAYER_GRID, IDC_ADD_LAYERS, IDC_REMOVE_LAYERS});
     }));
 }
 
-TEST_F(EveryModuleDialog, addLayersHasATipForEachControl) {
-    ui::Script script = editFirst();
-    manage(
-        script.clickCell(IDC_LAYER_GRID, 0, 0)
-            .click(IDC_REMOVE_LAYERS)
-            .click(IDC_ADD_LAYERS)
-            .waitUntil("the dialog is there", [](const ui::View& view) { return !view.has(IDC_REMOVE_LAYERS); })
-            .look("the tips", [](const ui::View& view) { expectTipsOfAll(view, L"KelLayerApps:LayerStatesAddLayers"); })
-            .press(VK_ESCAPE)
-            .waitForControl(IDC_REMOVE_LAYERS));
+TEST_F(EveryModuleDialog, layersToAdd) {
+    ui::Script script = addLayers();
+    expectAllReached(script, walked);
+    manage(script, 2);
+    EXPECT_THAT(walked.stops, testing::SizeIs(4));
+}
+
+TEST_F(EveryModuleDialog, layersToAddHaveATipForEachControl) {
+    manage(addLayers().look("the tips",
+                            [](const ui::View& view) { expectTipsOfAll(view, L"KelLayerApps:LayerStatesAddLayers"); }),
+           2);
 }
 
 /// One dialog template of one language.

@@ -165,8 +165,8 @@ class Walker {
         if (m_presses <= static_cast<int>(m_walk.stops.size()))
             return;
         m_walk.visited.push_back(focus);
-        m_focused[focus] = pixelsOf(focus);
-        m_unfocused[m_last] = pixelsOf(m_last);
+        m_focused[focus] = pixelsWithFrameOf(focus);
+        m_unfocused[m_last] = pixelsWithFrameOf(m_last);
     }
     ui::Obstacle finish() {
         if (m_walk.visited.size() > m_walk.stops.size())

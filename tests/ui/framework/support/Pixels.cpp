@@ -1,23 +1,22 @@
 #include "Pixels.h"
 
-Pixels pixelsOf(HWND window) {
-    UpdateWindow(window);
-    RECT client = {};
-    GetClientRect(window, &client);
-    Pixels pixels = {client.right, client.bottom, {}};
-    pixels.values.resize(static_cast<std::size_t>(client.right) * client.bottom);
+namespace {
+
+/// The first pixels of a context of the window, which is given back.
+Pixels copyOf(HWND window, HDC source, LONG width, LONG height) {
+    Pixels pixels = {width, height, {}};
+    pixels.values.resize(static_cast<std::size_t>(width) * height);
     BITMAPINFO info = {};
     info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = client.right;
-    info.bmiHeader.biHeight = -client.bottom;
+    info.bmiHeader.biWidth = width;
+    info.bmiHeader.biHeight = -height;
     info.bmiHeader.biPlanes = 1;
     info.bmiHeader.biBitCount = 32;
-    const HDC source = GetDC(window);
     const HDC target = CreateCompatibleDC(source);
     void* bits = nullptr;
     const HBITMAP bitmap = CreateDIBSection(source, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
     const HGDIOBJ previous = SelectObject(target, bitmap);
-    BitBlt(target, 0, 0, client.right, client.bottom, source, 0, 0, SRCCOPY);
+    BitBlt(target, 0, 0, width, height, source, 0, 0, SRCCOPY);
     GdiFlush();
     for (std::size_t i = 0; i < pixels.values.size(); ++i)
         pixels.values[i] = static_cast<const unsigned*>(bits)[i] & 0xFFFFFF;
@@ -26,4 +25,20 @@ Pixels pixelsOf(HWND window) {
     DeleteDC(target);
     ReleaseDC(window, source);
     return pixels;
+}
+
+} // namespace
+
+Pixels pixelsOf(HWND window) {
+    UpdateWindow(window);
+    RECT client = {};
+    GetClientRect(window, &client);
+    return copyOf(window, GetDC(window), client.right, client.bottom);
+}
+
+Pixels pixelsWithFrameOf(HWND window) {
+    UpdateWindow(window);
+    RECT whole = {};
+    GetWindowRect(window, &whole);
+    return copyOf(window, GetWindowDC(window), whole.right - whole.left, whole.bottom - whole.top);
 }

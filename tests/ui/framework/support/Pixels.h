@@ -5,7 +5,7 @@
 
 #include <vector>
 
-/// The pixels of a window's client area, from the top left on, each 0x00RRGGBB.
+/// The pixels of a window, or of its client area, from the top left on, each 0x00RRGGBB.
 struct Pixels {
     int width = 0;
     int height = 0;
@@ -18,3 +18,5 @@ struct Pixels {
 
 /// What the window shows once it has painted what it has to.
 Pixels pixelsOf(HWND window);
+/// The same with its border.
+Pixels pixelsWithFrameOf(HWND window);
