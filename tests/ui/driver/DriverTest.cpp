@@ -164,6 +164,32 @@ TEST_F(DriverTest, TwoClicksOnOnePlaceAreNoDoubleClickAndADoubleClickIsOne) {
                                       "command 2"));
 }
 
+TEST_F(DriverTest, TheButtonIsPressedOverOneCellWithAKeyHeldAndReleasedOverAnother) {
+    ui::perform(Script()
+                    .clickCell(IDC_SAMPLE_LIST, 2, 0)
+                    .pressCell(IDC_SAMPLE_LIST, 0, 0, ui::holdControl)
+                    .look("pressed but not yet released",
+                          [](const View& view) {
+                              EXPECT_THAT(view.selectedRows(IDC_SAMPLE_LIST), ElementsAre(0, 2));
+                              EXPECT_THAT(g_events, ElementsAre("click on row 2"));
+                              EXPECT_LT(GetKeyState(VK_LBUTTON), 0);
+                              EXPECT_GE(GetKeyState(VK_CONTROL), 0);
+                          })
+                    .releaseOverCell(IDC_SAMPLE_LIST, 0, 1)
+                    .press(VK_ESCAPE),
+                runSample);
+    EXPECT_THAT(g_events, ElementsAre("click on row 2", "click on row 0", "command 2"));
+}
+
+TEST_F(DriverTest, APointIsDoubleClicked) {
+    const auto secondRow = [](const View& view) -> std::optional<POINT> {
+        const std::optional<RECT> cell = view.cellRect(IDC_SAMPLE_LIST, 1, 0);
+        return cell ? std::optional(ui::middleOf(*cell)) : std::nullopt;
+    };
+    ui::perform(Script().doubleClickPoint("the second row", secondRow).press(VK_ESCAPE), runSample);
+    EXPECT_THAT(g_events, ElementsAre("click on row 1", "double click on row 1", "command 2"));
+}
+
 TEST_F(DriverTest, AMessageBoxIsReadAndAnswered) {
     ui::perform(Script()
                     .click(IDC_SAMPLE_ASK)

@@ -18,10 +18,10 @@ class CurrentLayer : public EditClicksTest {
     Script expectCurrent(int row) {
         return look("the current layer",
                     [=, this] { EXPECT_THAT(rowsWith(&CLayerRcd::m_isCurrent), ElementsAre(row)); })
-            .waitUntil("the marks show it", [row](const View& view) { return rowsMarkedOnScreen(view) == row; });
+            .waitUntil("the marks show it", [row](const View& view) { return rowMarkedOnScreen(view) == row; });
     }
     /// The only row whose mark looks unlike the others'; -1 when there is no single one.
-    static int rowsMarkedOnScreen(const View& view) {
+    static int rowMarkedOnScreen(const View& view) {
         std::vector<std::vector<COLORREF>> marks;
         for (int row = 0; row < view.rowCount(grid); ++row)
             marks.push_back(markPixels(view, row));

@@ -46,7 +46,14 @@ CLayerRcd& OpenEditDialog::recordAt(int row) const {
 BOOL OpenEditDialog::OnNotify(WPARAM control, LPARAM header, LRESULT* result) {
     if (const auto* key = reinterpret_cast<const NMLVKEYDOWN*>(header); key->hdr.code == LVN_KEYDOWN)
         keysOfGrid.push_back(key->wVKey);
+    notifications.push_back(reinterpret_cast<const NMHDR*>(header)->code);
     return CEditLayerStateDlg::OnNotify(control, header, result);
+}
+
+LRESULT OpenEditDialog::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    paints += message == WM_PAINT;
+    drawnRows += message == WM_DRAWITEM && wParam == IDC_LAYER_GRID;
+    return CEditLayerStateDlg::WindowProc(message, wParam, lParam);
 }
 
 void EditClicksTest::SetUp() {
@@ -126,6 +133,21 @@ std::vector<int> EditClicksTest::rowsWith(bool CLayerRcd::*flag) const {
 
 std::vector<int> EditClicksTest::rowsShowing(int column, const std::wstring& text) const {
     return rowsOf([&](int row) { return m_dialog->m_layerGrid.GetItemText(row, column) == text.c_str(); });
+}
+
+Script EditClicksTest::countPaintsFromRest() {
+    // A step is only done while nothing waits to be painted.
+    return look("the dialog is drawn", [this] { dialog().paints = dialog().drawnRows = 0; });
+}
+
+Script EditClicksTest::wholeDialogIsDrawn() {
+    return Script().waitUntil("the dialog and its grid are drawn again", [this](const View& view) {
+        return dialog().paints > 0 && dialog().drawnRows >= view.rowCount(grid);
+    });
+}
+
+Script EditClicksTest::dialogIsNotDrawn() {
+    return look("not drawn again", [this] { EXPECT_EQ(dialog().paints, 0); });
 }
 
 Calls EditClicksTest::callsBesideDrawing() {

@@ -28,9 +28,15 @@ class OpenEditDialog : public CEditLayerStateDlg {
 
     /// The codes of the keys that the grid has got.
     std::vector<WORD> keysOfGrid;
+    /// The codes of the notifications since this was last emptied.
+    std::vector<UINT> notifications;
+    /// How often the dialog itself, and how often a row of its grid has been drawn since this was last set to 0.
+    int paints = 0;
+    int drawnRows = 0;
 
   protected:
     BOOL OnNotify(WPARAM control, LPARAM header, LRESULT* result) override;
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 };
 
 class EditClicksTest : public EditTest {
@@ -66,6 +72,11 @@ class EditClicksTest : public EditTest {
     /// The rows whose cell of that column holds that text.
     std::vector<int> rowsShowing(int column, const std::wstring& text) const;
 
+    /// Waits until nothing more is drawn, and counts paints from there.
+    ui::Script countPaintsFromRest();
+    /// Waits until the dialog and all rows of its grid have been drawn again.
+    ui::Script wholeDialogIsDrawn();
+    ui::Script dialogIsNotDrawn();
     /// The calls since the trace was last cleared, but for the cheap reads of drawing rows and what a moving pointer
     /// asks for.
     static Calls callsBesideDrawing();

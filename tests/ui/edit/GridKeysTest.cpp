@@ -5,9 +5,7 @@
 namespace {
 
 using testing::ElementsAre;
-using testing::Gt;
 using testing::IsEmpty;
-using testing::SizeIs;
 using ui::Script;
 using ui::View;
 
@@ -136,32 +134,27 @@ TEST_F(Dividers, GoByWhatIsNotedOfTheColumnAlone) {
             .then(waitForWidth(linetypeGridColumn, [] { return 234; })));
 }
 
-TEST_F(Dividers, DrawTheWholeGridAgainAndMakeNoOtherCall) {
+TEST_F(Dividers, DrawTheWholeDialogAgainAndMakeNoOtherCall) {
     open(tenRows());
     run(Script()
-            .waitUntil("the grid is drawn", [](const View&) { return !ui::callsOf("keledGetVar").empty(); })
+            .then(countPaintsFromRest())
             .then(countFromHere())
             .then(doubleClickDivider(linetypeGridColumn))
-            .waitUntil("all rows", [](const View&) { return ui::callsOf("keledGetVar").size() >= 10; })
+            .then(wholeDialogIsDrawn())
             .then(look("the calls", [this] {
                 EXPECT_THAT(callsBesideDrawing(), IsEmpty());
                 EXPECT_EQ(dialog().m_sortKey, 0) << "it is no click on the heading";
             })));
 }
 
-TEST_F(Dividers, DrawTheWholeGridAgainAlsoWhereTheWidthIsNotKnown) {
+TEST_F(Dividers, DrawTheWholeDialogAgainAlsoWhereTheWidthIsNotKnown) {
     open(tenRows());
     run(Script()
-            .waitUntil("the grid is drawn", [](const View&) { return !ui::callsOf("keledGetVar").empty(); })
-            .then(look("nothing is known",
-                       [this] {
-                           dialog().m_columnWidths.clear();
-                           instruments::clearTrace();
-                       }))
+            .then(countPaintsFromRest())
+            .then(look("nothing is known", [this] { dialog().m_columnWidths.clear(); }))
             .then(doubleClickDivider(linetypeGridColumn))
-            .waitUntil("all rows", [this](const View&) {
-                return ui::callsOf("keledGetVar").size() >= 10 && dialog().m_columnWidths.size() == 10;
-            }));
+            .then(wholeDialogIsDrawn())
+            .then(look("all is known", [this] { EXPECT_EQ(dialog().m_columnWidths.size(), 10u); })));
 }
 
 TEST_F(Dividers, LeaveTheWidthToTheListWhereNothingHasBeenDrawn) {

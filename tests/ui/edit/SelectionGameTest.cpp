@@ -153,6 +153,38 @@ TEST_F(SelectionGame, APressOnOneOfSeveralGivesTheGridTheFocusAndOnlyThatRowItsF
             .releaseOverCell(grid, 5, kLock));
 }
 
+TEST_F(SelectionGame, APressOnOneOfSeveralFocusesTheGridBeforeARowChanges) {
+    open(tenRows());
+    run(Script()
+            .then(select({2, 5, 7}))
+            .press(VK_TAB)
+            .then(look("elsewhere", [this] { dialog().notifications.clear(); }))
+            .pressCell(grid, 5, kName)
+            .then(look("the order",
+                       [this] {
+                           std::erase_if(dialog().notifications, [](UINT code) {
+                               return code != static_cast<UINT>(NM_SETFOCUS) && code != LVN_ITEMCHANGING;
+                           });
+                           ASSERT_THAT(dialog().notifications, testing::Contains(LVN_ITEMCHANGING));
+                           EXPECT_EQ(dialog().notifications.front(), static_cast<UINT>(NM_SETFOCUS));
+                       }))
+            .releaseOverCell(grid, 5, kName));
+}
+
+TEST_F(SelectionGame, AClickThatIsToldWithoutARowEndsTheVetoAndEditsNothing) {
+    // On Windows the list tells of the click in the midst of the press, and the release isn't seen.
+    open(tenRows());
+    run(Script().then(select({2, 5})).then(look("such a click", [this] {
+        dialog().m_keepSelection = true;
+        NMITEMACTIVATE click = {};
+        click.hdr = {dialog().m_layerGrid.m_hWnd, IDC_LAYER_GRID, static_cast<UINT>(NM_CLICK)};
+        click.iItem = -1;
+        dialog().SendMessage(WM_NOTIFY, IDC_LAYER_GRID, reinterpret_cast<LPARAM>(&click));
+        EXPECT_FALSE(dialog().m_keepSelection);
+        EXPECT_THAT(markedRows(), IsEmpty());
+    })));
+}
+
 TEST_F(SelectionGame, TheSelectionCanBeGivenUpAgainAfterAClickThatHasKeptIt) {
     open(tenRows());
     run(Script()
