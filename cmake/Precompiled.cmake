@@ -31,11 +31,9 @@ set(kel_precompiled_windows
     <commdlg.h>
     <shellapi.h>)
 
-if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
-    # Clang finds the precompiled file beside the header. What CMake says instead has whole paths in a form that the compiler
-    # cache can't make relative to the clone.
-    set(CMAKE_CXX_COMPILE_OPTIONS_USE_PCH -include <PCH_HEADER>)
-endif()
+# The compiler finds the precompiled file beside the header. What CMake says to Clang instead has whole paths in a form that the
+# compiler cache can't make relative to the clone.
+set(CMAKE_CXX_COMPILE_OPTIONS_USE_PCH -include <PCH_HEADER>)
 
 # kel_precompile(name header... [LINK library...]): an object library whose precompiled headers others reuse.
 function(kel_precompile name)

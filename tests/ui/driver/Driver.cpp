@@ -86,7 +86,7 @@ class Performance {
         if (!m_abandoned && !m_steps.empty() && !m_steps.front().optional) {
             m_failed = true;
             const Step& step = m_steps.front();
-            ADD_FAILURE_AT(step.where.file_name(), static_cast<int>(step.where.line()))
+            ADD_FAILURE_AT(step.where.file, step.where.line)
                 << "The dialog had ended before this step: " << step.what << "\n"
                 << m_obstacle;
         }
@@ -157,8 +157,7 @@ class Performance {
     void tell(const Step& step, const std::string& what) {
         m_failed = true;
         const std::wstring shot = screenshotOfTest();
-        ADD_FAILURE_AT(step.where.file_name(), static_cast<int>(step.where.line()))
-            << what << "\nScreenshot: " << narrow(shot);
+        ADD_FAILURE_AT(step.where.file, step.where.line) << what << "\nScreenshot: " << narrow(shot);
     }
 
     // Closes what is open, window by window: by the close button first, and when a window refuses that, by ending the

@@ -9,14 +9,19 @@
 #include <deque>
 #include <functional>
 #include <optional>
-#include <source_location>
 #include <string>
 
 namespace ui {
 
 /// Why a step can't be done yet; none when it is done.
 using Obstacle = std::optional<std::string>;
-using Where = std::source_location;
+
+/// The line of a test that a step was written in. Clang 14 can't compile the library's std::source_location.
+struct Where {
+    static Where current(const char* file = __builtin_FILE(), int line = __builtin_LINE()) { return {file, line}; }
+    const char* file;
+    int line;
+};
 
 struct Step {
     std::string what;

@@ -112,7 +112,7 @@ TEST_F(Picking, APlotStyleGoesToAllRowsWithItsNameAndId) {
             .clickCell(grid, 5, plotStyleGridColumn)
             .then(pickTheNext())
             .then(look("the style of the others",
-                       [this] {
+                       [] {
                            EXPECT_EQ(lineOf("keledPlotstyleDialog"),
                                      "keledPlotstyleDialog(\"Fine\", false) = true, chosen=\"Normal\"");
                        }))

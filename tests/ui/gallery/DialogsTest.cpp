@@ -56,7 +56,7 @@ TEST_F(Dialogs, theNamesThatAreRefused) {
         {"name-characters", &CKelStandardTaskDialog::ShowInvalidNameUnsupportedCharacters},
     };
     for (const auto& [name, refuse] : refusals)
-        show(name, [&] {
+        show(name, [&, refuse = refuse] {
             refuse(moduleText(IDS_LSTATE_KIND).c_str(), moduleText(IDS_LSTATE_NAME_ADVICE).c_str(), &window());
         });
 }

@@ -65,7 +65,7 @@ class DrawingViewTest : public WorkbenchTest {
     /// Double-clicks a point of the sheet, in millimetres.
     Script doubleClickPaper(zdr::Point paper) {
         Script script;
-        script.step("double click the sheet", [this, paper](const View& view) -> ui::Obstacle {
+        script.step("double click the sheet", [paper](const View& view) -> ui::Obstacle {
             auto* shown =
                 static_cast<workbench::DrawingView*>(CWnd::FromHandlePermanent(view.control(IDC_DRAWING_VIEW)));
             const zdr::Point pixel = shown->view().toScreen(paper);

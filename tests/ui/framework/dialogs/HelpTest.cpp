@@ -210,7 +210,7 @@ class HelpingDialog : public UnhelpfulDialog {
 };
 
 BEGIN_MESSAGE_MAP(HelpingDialog, UnhelpfulDialog)
-ON_COMMAND(kHelpCommand, onHelpCommand)
+ON_COMMAND(kHelpCommand, &HelpingDialog::onHelpCommand)
 END_MESSAGE_MAP()
 
 TEST_F(Help, theCommonHandlerAsksTheDialogForItsOwnHelp) {
@@ -229,7 +229,7 @@ class StandardHelpingDialog : public UnhelpfulDialog {
 };
 
 BEGIN_MESSAGE_MAP(StandardHelpingDialog, UnhelpfulDialog)
-ON_COMMAND(IDHELP, onHelpCommand)
+ON_COMMAND(IDHELP, &StandardHelpingDialog::onHelpCommand)
 END_MESSAGE_MAP()
 
 template <class Dialog> void expectHelpByF1() {

@@ -29,10 +29,10 @@ TEST_F(FrameworkSweep, ofATaskDialog) {
 
 TEST_F(FrameworkSweep, ofThePromptsForNames) {
     using Prompt = unsigned int (*)(const wchar_t*, const wchar_t*, CWnd*);
-    constexpr Prompt kPrompts[] = {&CKelStandardTaskDialog::ShowDuplicateNameReplaceCancelDialog,
-                                   &CKelStandardTaskDialog::ShowInvalidNameEmptyNameDialog,
-                                   &CKelStandardTaskDialog::ShowInvalidNameTooLongDialog,
-                                   &CKelStandardTaskDialog::ShowInvalidNameUnsupportedCharacters};
+    const Prompt kPrompts[] = {&CKelStandardTaskDialog::ShowDuplicateNameReplaceCancelDialog,
+                               &CKelStandardTaskDialog::ShowInvalidNameEmptyNameDialog,
+                               &CKelStandardTaskDialog::ShowInvalidNameTooLongDialog,
+                               &CKelStandardTaskDialog::ShowInvalidNameUnsupportedCharacters};
     for (const Prompt prompt : kPrompts) {
         const bool asks = prompt == kPrompts[0];
         const unsigned int done = asks ? unsigned{kTaskDialogFirstCommand} : unsigned{IDCLOSE};

@@ -114,7 +114,7 @@ TEST_F(Scaling, columnsAndTipsGrowWithTheScaling) {
 }
 
 TEST_F(Scaling, aDialogClosedOnAnotherScalingIsAsLargeForTheEye) {
-    const auto opened = [this](DWORD dpi) {
+    const auto opened = [](DWORD dpi) {
         writeNumber(kept(L"\\Placement"), L"Left", 60);
         writeNumber(kept(L"\\Placement"), L"Top", 50);
         writeNumber(kept(L"\\Placement"), L"Width", 640);
