@@ -12,6 +12,7 @@
 #define IDD_LSTATE_SAVE 200
 #define IDD_LSTATE_RES 201
 #define IDD_LSTATE_DEL 202
+#define IDD_LSTATE_IMPORT 203
 
 // Controls of IDD_LSTATE_SAVE, the new layer state dialog.
 #define IDC_LSTATE_SAVE_NAME 1024
@@ -54,6 +55,9 @@
 #define IDC_LSTATE_RES_CURRENT 1039
 #define IDC_LSTATE_RES_EXPAND 1325
 
+// Controls of IDD_LSTATE_IMPORT, the import selection.
+#define IDC_LSTATE_IMPORT_LIST 1022
+
 // Controls of IDD_EDIT_LAYER_STATE, the edit dialog. The list is in IDD_ADD_LAYERS too, which adds layers to a state.
 #define IDC_LAYER_GRID 16214
 #define IDC_ADD_LAYERS 16069
@@ -94,6 +98,23 @@
 #define IDS_LSTATE_NOT_SAVED 102
 #define IDS_LSTATE_CONFIRM_DELETE 122
 #define IDS_LSTATE_CONFIRM_UPDATE 133
+
+// Import and export: the titles of the file dialogs, what has failed, and why a drawing can't be read: with one %s for
+// its path, and with a second one for the host's reason.
+#define IDS_LSTATE_EXPORT_FAILED 104
+#define IDS_LSTATE_NOT_IMPORTED 105
+#define IDS_LSTATE_IMPORT_TITLE 106
+#define IDS_LSTATE_EXPORT_TITLE 107
+#define IDS_LSTATE_DRAWING_UNOPENED 155
+#define IDS_LSTATE_DRAWING_UNREADABLE 156
+
+// What has come from older stores: the title; the first sentence, with one %s for the product's name, where the add-on
+// with the snapshots is loaded and where it isn't; and the counts, with one %d each.
+#define IDS_LSTATE_MIGRATED_TITLE 159
+#define IDS_LSTATE_MIGRATED 160
+#define IDS_LSTATE_MIGRATED_LEGACY 161
+#define IDS_LSTATE_MIGRATED_WITHOUT_ADDON 182
+#define IDS_LSTATE_MIGRATED_SNAPSHOTS 183
 
 // The grid of a state's layers: headings, which are the tips of the columns too; tips of its buttons; the plot style of
 // a layer that follows its colour, with one %d for the colour's number; and why a layer can't be made the current one.

@@ -6,9 +6,11 @@
 #include "CLayerStateListCtrl.h"
 #include "DialogControls.h"
 #include "KelArray.h"
+#include "KelDbObject.h"
 #include "LayerStateMask.h"
 #include "OrvUiDialog.h"
 
+#include <memory>
 #include <optional>
 
 /// The manager's dialog. It holds no pending changes: each action goes to the host when its button is pressed. It ends
@@ -36,6 +38,8 @@ class CLayerStatesRestoreDlg : public CKelUiDialog {
     afx_msg void OnEdit();
     afx_msg void OnRename();
     afx_msg void OnDelete();
+    afx_msg void OnImport();
+    afx_msg void OnExport();
     afx_msg void OnClose();
     afx_msg void OnHideXrefs();
     afx_msg void OnLayerNotFound();
@@ -73,10 +77,37 @@ class CLayerStatesRestoreDlg : public CKelUiDialog {
     bool restoreByDoubleClick(const MSG& message);
     void reopenRefusedRename();
 
-    int restoreOrImport();
+    /// The frame of both: one transaction around the host's part, and the display after it.
+    /// @param restore  not 0 restores the selected state, and the other arguments aren't looked at; 0 imports
+    /// @param name     the state to take from `source`; receives the name of what has come, where that is new
+    /// @param fileName a layer states file to import, where there is no `source`
+    /// @return 0 when nothing could be begun, or when what has come couldn't be entered; otherwise 1, also when the
+    /// host
+    ///         has refused
+    int restoreOrImport(int restore, CString& name, const wchar_t* fileName, KelDbDatabase* source);
+    /// Takes the topmost selected row's state as the one to restore. False without a selected row.
+    bool takeSelectedState();
     void restoreSelected(KelDbLayerStateManager& states);
     void collectRegenLayers();
     void reportRestoreFailure(unsigned int status);
+
+    void importFromFile(const wchar_t* path);
+    void importFromDrawing(const wchar_t* path);
+    /// Whether the drawing of that file has states. The user is told why not, but for a drawing that can't have any.
+    bool checkDrawingForStates(const wchar_t* path);
+    /// Imports the states of those names, and stops at the first failure.
+    bool importStates(const wchar_t* path, const KelArray<KelString>& names);
+    /// The host's import, again and again while the user has the state of the same name replaced.
+    void importState(KelDbLayerStateManager& states, const wchar_t* name, const wchar_t* fileName,
+                     KelDbDatabase* source);
+    /// The state that has no row in the list yet; 0 when there is none.
+    int findNewState(CString& name, LayerStateMask& mask);
+    /// A copy of that state's record, in memory; null when there is no such state.
+    std::unique_ptr<KelDbXrecord> newStateRecord(CString& name);
+    void tellNotImported();
+    /// Fills the list anew and selects the state of that name, if there is one.
+    /// @param ask whether the user is asked if it is to be restored
+    void afterImport(const wchar_t* name, const wchar_t* path, bool ask);
 
     /// Asks whether the state is to be overwritten.
     bool confirmUpdate(const wchar_t* name);

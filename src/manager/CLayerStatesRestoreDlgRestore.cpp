@@ -1,10 +1,11 @@
-// Restoring the selected state: the name, the properties and flags, the transaction, what is regenerated, and what the
-// user is told when the host refuses.
+// The frame that restore and import share, and restoring the selected state: the name, the properties and flags, the
+// transaction, what is regenerated, and what the user is told when the host refuses.
 #include "CLayerStatesRestoreDlg.h"
 
 #include "CResourceScope.h"
 #include "DocumentTransaction.h"
 #include "HostPrompts.h"
+#include "ImportedStates.h"
 #include "KelDbPointers.h"
 #include "KelEditor.h"
 #include "LayerPublishing.h"
@@ -21,7 +22,8 @@ constexpr const wchar_t* kCannotRestoreKey = L"KelLayerApps.CannotRestoreLayerSt
 } // namespace
 
 void CLayerStatesRestoreDlg::OnRestore() {
-    if (!restoreOrImport())
+    CString unused;
+    if (!restoreOrImport(1, unused, nullptr, nullptr))
         return;
     // restoreOrImport() has published already; doing it again is kept on purpose.
     publishLayers();
@@ -29,24 +31,42 @@ void CLayerStatesRestoreDlg::OnRestore() {
     EndDialog(IDOK);
 }
 
-int CLayerStatesRestoreDlg::restoreOrImport() {
-    if (m_stateList.m_labelEditActive)
+int CLayerStatesRestoreDlg::restoreOrImport(int restore, CString& name, const wchar_t* fileName,
+                                            KelDbDatabase* source) {
+    if (m_stateList.m_labelEditActive || (restore && !takeSelectedState()))
         return 0;
-    const int row = m_stateList.FirstSelectedRow();
-    if (row < 0)
-        return 0;
-    m_stateName = m_stateList.StateName(row);
-    m_restoreStarted = 1;
+    CString newName;
+    std::unique_ptr<KelDbXrecord> newRecord;
     {
         DocumentTransaction transaction;
         if (!transaction.isStarted())
             return 0;
-        if (KelDbLayerStateManager* states = workingStates())
-            restoreSelected(*states);
+        if (KelDbLayerStateManager* states = workingStates()) {
+            if (restore) {
+                restoreSelected(*states);
+            } else {
+                importState(*states, name, fileName, source);
+                newRecord = newStateRecord(newName);
+            }
+        }
+    }
+    if (newRecord) {
+        // Read within the transaction, and entered again under the same name after its end; nothing is published then.
+        name = newName;
+        return enterStateRecord(newName, std::move(newRecord));
     }
     publishLayers();
-    // Also after a refused restore, of which the user has been told already where that is reported.
+    // Also after a refused restore or import, of which the user has been told already where that is reported.
     return 1;
+}
+
+bool CLayerStatesRestoreDlg::takeSelectedState() {
+    const int row = m_stateList.FirstSelectedRow();
+    if (row < 0)
+        return false;
+    m_stateName = m_stateList.StateName(row);
+    m_restoreStarted = 1;
+    return true;
 }
 
 void CLayerStatesRestoreDlg::restoreSelected(KelDbLayerStateManager& states) {

@@ -5,6 +5,7 @@
 #include "CLayerStatesSaveDlg.h"
 #include "CResourceScope.h"
 #include "KelEditor.h"
+#include "MigrateLayerStates.h"
 #include "WorkingDatabase.h"
 
 namespace {
@@ -23,6 +24,7 @@ template <class Run> void runUnderScope(Run run) {
 
 void runManager(CWnd* parent, bool fromExport) {
     runUnderScope([&] {
+        migrateLayerStates();
         CLayerStatesRestoreDlg dialog(parent, fromExport);
         dialog.DoModal();
     });

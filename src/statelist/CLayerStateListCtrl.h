@@ -48,6 +48,8 @@ class CLayerStateListCtrl : public CCustomListCtrl {
     int m_trackedRow;
     /// A rename was refused and is to be opened again.
     int m_labelEditRetry;
+    /// A click may open the editor of a cell.
+    int m_cellEditEnabled;
 
   protected:
     DECLARE_MESSAGE_MAP()
@@ -69,8 +71,6 @@ class CLayerStateListCtrl : public CCustomListCtrl {
     /// @return non-zero if the state now bears the name
     int CheckRename(const CString& newName);
 
-    /// A click may open the editor of a cell.
-    int m_cellEditEnabled;
     /// The state's name at the moment the rename began.
     CString m_oldStateName;
     /// The column of the last click on a heading, -1 before the first.

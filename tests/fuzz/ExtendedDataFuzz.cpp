@@ -4,6 +4,7 @@
 // The input is the extended data alone: blocks of the object's handle (a byte), the application (a byte for the length,
 // then UTF-8), the number of values (a byte), and the values: code (two bytes, the low one first), what it has (a byte:
 // 1 a number, 2 a text, 3 both), the number (four bytes) and the text (as the application).
+#include "FuzzInput.h"
 #include "FuzzRules.h"
 #include "KelDbPointers.h"
 #include "engine/DatabaseAccess.h"
@@ -18,35 +19,6 @@ namespace file = zdr::file;
 using flatbuffers::Offset;
 
 namespace {
-
-/// Reads the input from its front; answers zeros past its end.
-class Input {
-  public:
-    Input(const unsigned char* data, std::size_t size) : m_rest(data, size) {}
-    bool isEmpty() const { return m_rest.empty(); }
-    std::uint32_t number(int bytes) {
-        std::uint32_t value = 0;
-        for (int i = 0; i < bytes; ++i)
-            value |= static_cast<std::uint32_t>(byte()) << (8 * i);
-        return value;
-    }
-    std::string text() {
-        const std::size_t length = std::min<std::size_t>(byte(), m_rest.size());
-        std::string text(reinterpret_cast<const char*>(m_rest.data()), length);
-        m_rest = m_rest.subspan(length);
-        return text;
-    }
-
-  private:
-    unsigned char byte() {
-        if (m_rest.empty())
-            return 0;
-        const unsigned char first = m_rest.front();
-        m_rest = m_rest.subspan(1);
-        return first;
-    }
-    std::span<const unsigned char> m_rest;
-};
 
 Offset<file::ExtendedData> block(flatbuffers::FlatBufferBuilder& builder, Input& input) {
     const std::uint64_t object = input.number(1);

@@ -217,6 +217,14 @@ std::vector<std::string> ledger() {
     return lines;
 }
 
+std::vector<const void*> keysOf(std::string_view what) {
+    std::vector<const void*> keys;
+    for (const auto& [key, entry] : theWatch().entries)
+        if (entry.what == what)
+            keys.push_back(key);
+    return keys;
+}
+
 void HostCall::begin(const char* operation, std::string line) {
     m_operation = operation;
     m_index = static_cast<std::ptrdiff_t>(theWatch().lines.size());

@@ -81,6 +81,8 @@ KELDB_API void entrust(const void* key, std::string what);
 KELDB_API bool giveBack(const void* key);
 /// What is still open or not given back, a line each.
 KELDB_API std::vector<std::string> ledger();
+/// The keys of the entries of that kind, for a test that gives back what the code under test keeps on purpose.
+KELDB_API std::vector<const void*> keysOf(std::string_view what);
 
 /// One call across the boundary. A host operation makes one at its start, asks whether it is to fail, and hands its
 /// answer through answer().

@@ -1,0 +1,32 @@
+// What an import has brought, as far as the host tells it.
+#pragma once
+
+#include "KelDbDatabase.h"
+
+#include <afx.h>
+
+#include <functional>
+#include <memory>
+
+/// Finds the first of the drawing's states, in the host's order, that has no row in the list, which is still the one
+/// from before the import. States of references count too, also where the list leaves them out.
+/// @param hasRow whether a row bears that name, without regard to case
+/// @param name   receives its name
+/// @param mask   receives its mask; as it was when that can't be read
+/// @return 0 when there is none
+int findStateWithoutRow(KelDbLayerStateManager& states, const std::function<bool(const wchar_t*)>& hasRow,
+                        CString& name, LayerStateMask& mask);
+
+/// Modes of copyStateRecord.
+inline constexpr int kCloneRecord = 0;
+inline constexpr int kEnterRecord = 1;
+
+/// kCloneRecord: a copy of the record of the state of that name, in memory; the caller's to delete or to enter.
+/// kEnterRecord: enters `record` under that name in the place of what is there; the drawing owns it then, and the
+/// answer only says that it worked. Nothing uses that.
+/// @return null on a failure, and for any other mode
+KelDbXrecord* copyStateRecord(int mode, const wchar_t* name, KelDbXrecord* record);
+
+/// Enters the record under the name, which takes it over.
+/// @return whether that worked; otherwise the record is deleted
+bool enterStateRecord(const wchar_t* name, std::unique_ptr<KelDbXrecord> record);
