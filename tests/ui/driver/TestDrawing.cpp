@@ -3,6 +3,7 @@
 #include "TestDrawing.h"
 
 #include "engine/Changes.h"
+#include "files/DrawingFile.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -11,6 +12,7 @@ namespace ui {
 
 namespace {
 constexpr zdr::Handle firstStyleHandle = 0xE0;
+constexpr zdr::Handle firstFreeHandle = 0x100;
 } // namespace
 
 TestDrawing::TestDrawing() {
@@ -26,6 +28,12 @@ TestDrawing& TestDrawing::layer(const std::wstring& name, std::uint32_t color) {
                                              -3, m_drawing.plotStyles.front().name});
     refreshLayerSet();
     return *this;
+}
+
+zdr::Handle TestDrawing::newHandle() {
+    if (m_drawing.nextHandle == firstStyleHandle)
+        m_drawing.nextHandle = firstFreeHandle;
+    return m_drawing.nextHandle++;
 }
 
 void TestDrawing::refreshLayerSet() {
@@ -92,6 +100,15 @@ TestDrawing& TestDrawing::inViewport() {
     m_drawing.currentViewport = viewportHandle;
     m_drawing.nextHandle = std::max(m_drawing.nextHandle, viewportHandle + 1);
     return *this;
+}
+
+void TestDrawing::save(const std::wstring& path) const {
+    zdr::Drawing saved = m_drawing;
+    saved.nextHandle = std::max(saved.nextHandle, firstFreeHandle);
+    std::wstring reason;
+    zdr::FileStamp stamp;
+    if (zdr::writeDrawingFile(path, saved, reason, stamp, zdr::Overwrite::Always) != Vorn::eOk)
+        throw std::runtime_error("the drawing can't be saved");
 }
 
 std::size_t TestDrawing::indexOf(const std::wstring& name) const {
