@@ -7,7 +7,6 @@
 namespace {
 
 using testing::IsEmpty;
-using testing::SizeIs;
 using ui::Script;
 using ui::TestDrawing;
 using ui::View;
@@ -35,6 +34,13 @@ class ImportDuringRename : public TransferTest {
         Script script;
         return script.waitForText(textWithName(IDS_LSTATE_NAME_TAKEN, L"Two")).press(VK_RETURN);
     }
+    /// With the name of before; Esc leaves it.
+    static Script boxIsOpenAgain() {
+        Script script;
+        return script.waitUntil("the box again", [](const View& view) { return view.labelEditorText(kList) == L"One"; })
+            .press(VK_ESCAPE);
+    }
+    static Script unchanged() { return backInManager({L"One", L"Two"}, L"One"); }
 };
 
 TEST_F(ImportDuringRename, APressOfImportEndsTheRenameFirst) {
@@ -54,38 +60,52 @@ TEST_F(ImportDuringRename, APressOfExportEndsTheRenameFirst) {
               "exportLayerState(\"Ground\", " + instruments::describe(file(L"out.las")) + ") = 0");
 }
 
-TEST_F(ImportDuringRename, Smoke) {
-    manage(typeName(L"Two")
-               .then(countCalls())
-               .click(IDC_LSTATE_RES_IMPORT)
-               .then(refusal())
-               .look("dbg",
-                     [](const View& view) {
-                         printf("DBG %s box %d\n", ui::narrow(view.title()).c_str(),
-                                view.labelEditorText(kList).has_value());
-                         for (auto& l : instruments::trace())
-                             printf("DBG %s\n", l.c_str());
-                         ui::screenshotOfTest();
-                     })
-               .press(VK_ESCAPE)
-               .press(VK_ESCAPE));
+TEST_F(ImportDuringRename, APressWhileTheNameIsRefusedOpensTheBoxAgainAndNothingElse) {
+    for (const int button : {IDC_LSTATE_RES_IMPORT, IDC_LSTATE_RES_EXPORT}) {
+        Script script = typeName(L"Two");
+        script.then(countCalls()).click(button).then(refusal()).then(boxIsOpenAgain());
+        manage(script.then(unchanged()));
+        EXPECT_THAT(ui::callsOf("keledGetFileNavDialog"), IsEmpty());
+    }
 }
-TEST_F(ImportDuringRename, SmokeKey) {
-    manage(typeName(L"Two")
-               .then(countCalls())
-               .pressMnemonicOf(IDC_LSTATE_RES_IMPORT)
-               .waitUntil("something", [](const View& view) { return !view.has(kList); })
-               .look("dbg",
-                     [](const View& view) {
-                         printf("DBG %s box %d\n", ui::narrow(view.title()).c_str(),
-                                view.labelEditorText(kList).has_value());
-                         for (auto& l : instruments::trace())
-                             printf("DBG %s\n", l.c_str());
-                         ui::screenshotOfTest();
-                     })
-               .press(VK_ESCAPE)
-               .press(VK_ESCAPE)
-               .press(VK_ESCAPE));
+
+TEST_F(ImportDuringRename, ImportByItsKeyImportsNothingWhileTheNameIsRefused) {
+    for (const wchar_t* name : {L"three.las", L"other.zdr"}) {
+        Script script = typeName(L"Two");
+        script.then(countCalls())
+            .pressMnemonicOf(IDC_LSTATE_RES_IMPORT)
+            .then(refusal())
+            .waitForControl(ui::kFileNameBox)
+            .then(ui::enterFileName(file(name)));
+        if (std::wstring_view(name).ends_with(L"zdr"))
+            script.waitForControl(IDHELP)
+                .look("the box waits behind the import selection",
+                      [](const View& view) {
+                          const View manager(GetWindow(view.window(), GW_OWNER));
+                          EXPECT_EQ(manager.labelEditorText(kList), std::nullopt);
+                      })
+                .then(takeTicked());
+        script.then(answerMessage(resourceText(IDS_LSTATE_NOT_IMPORTED))).then(boxIsOpenAgain());
+        manage(script.then(unchanged()));
+        EXPECT_THAT(ui::callsOf("startTransaction"), IsEmpty());
+    }
+}
+
+TEST_F(ImportDuringRename, ExportByItsKeyAsksForNoFileWhileTheNameIsRefused) {
+    Script script = typeName(L"Two");
+    script.then(countCalls()).pressMnemonicOf(IDC_LSTATE_RES_EXPORT).then(refusal()).then(boxIsOpenAgain());
+    manage(script.then(unchanged()));
+    EXPECT_THAT(ui::callsOf("keledGetFileNavDialog"), IsEmpty());
+}
+
+TEST_F(ImportDuringRename, ImportByItsKeyEndsAGoodRenameFirst) {
+    Script script = typeName(L"Ground");
+    script.pressMnemonicOf(IDC_LSTATE_RES_IMPORT)
+        .waitForControl(ui::kFileNameBox)
+        .then(ui::enterFileName(file(L"three.las")))
+        .then(leaveTaskDialog(kImported))
+        .then(backInManager({L"Ground", L"Two", L"Three"}, L"Three"));
+    manage(script);
 }
 
 } // namespace
