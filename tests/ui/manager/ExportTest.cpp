@@ -108,7 +108,7 @@ TEST_F(Export, BeginsWithTheStatesName) {
 TEST_F(Export, GivesTheFocusBackToTheManager) {
     Script script = exportTo(L"out.las");
     manage(script.then(untilExported())
-               .waitForControl(kList)
+               .waitForControl(kManagersOwn)
                .look("the focus", [](const View& view) { EXPECT_NE(view.focusedControl(), 0); })
                .then(unchanged()));
 }

@@ -145,7 +145,7 @@ TEST_F(ImportDrawing, EachFailureToReadIsToldAndNotOnlyTheFirst) {
     for (int time = 0; time < 2; ++time)
         script.then(import(L"rubbish.zdr"))
             .then(answerMessage(unreadable(IDS_LSTATE_DRAWING_UNREADABLE, L"rubbish.zdr", Vorn::eNotADrawing)))
-            .waitForControl(kList);
+            .waitForControl(kManagersOwn);
     manage(script.then(backInManager({L"One"}, L"One")));
 }
 

@@ -108,9 +108,9 @@ TEST_F(ImportFile, TheExtensionIsTakenInAnyCase) {
 TEST_F(ImportFile, ALeftFileDialogChangesNothing) {
     Script script = countCalls();
     script.click(IDC_LSTATE_RES_IMPORT)
-        .waitUntil("the file dialog", [](const View& view) { return !view.has(kList) && view.has(IDCANCEL); })
+        .waitUntil("the file dialog", [](const View& view) { return !view.has(kManagersOwn) && view.has(IDCANCEL); })
         .press(VK_ESCAPE)
-        .waitForControl(kList)
+        .waitForControl(kManagersOwn)
         .look("the focus is in the manager", [](const View& view) { EXPECT_NE(view.focusedControl(), 0); })
         .then(backInManager({L"One"}, L"One"));
     manage(script);
@@ -159,7 +159,7 @@ TEST_F(ImportFile, OnlyTheFirstFailureOfARunIsTold) {
     writeBytes(file(L"rubbish.las"), std::vector<std::byte>(40, std::byte{7}));
     manage(import(L"rubbish.las")
                .then(leaveTaskDialog(kCannotRestore))
-               .waitForControl(kList)
+               .waitForControl(kManagersOwn)
                .then(import(L"rubbish.las"))
                .waitUntil("the second import has ended",
                           [](const View&) { return !ui::callsOf("keledUpdateDisplay").empty(); })

@@ -138,7 +138,7 @@ Script TransferTest::answerQuestion(const std::wstring& name, bool replace) {
 
 Script TransferTest::backInManager(std::function<void(const View&)> see) {
     Script script;
-    return script.waitForControl(IDC_LSTATE_RES_LIST)
+    return script.waitForControl(kManagersOwn)
         .look("the manager",
               [see = std::move(see)](const View& view) {
                   EXPECT_TRUE(IsWindowEnabled(view.window()));

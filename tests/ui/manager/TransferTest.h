@@ -62,6 +62,9 @@ class TransferTest : public ActionTest {
     static constexpr const wchar_t* kNameTaken = L"A layer state of this name is in the drawing already.";
     static constexpr const wchar_t* kNoneFound = L"The selected drawing has no layer states.";
 
+    /// A control of the manager's whose id no other window here has. The message of a success has one with the list's.
+    static constexpr int kManagersOwn = IDC_LSTATE_RES_EXPAND;
+
   private:
     TemporaryFolder m_folder;
 };
