@@ -58,6 +58,8 @@ BOOL CLayerStatesImportDlg::OnInitDialog() {
                                  LVS_EX_FULLROWSELECT);
     m_stateList.InsertColumns(kColumns);
     LoadStatesFromFile(); // what can't be read is shown as an empty list
+    // Without a focused row nobody sees that Tab has come to the list.
+    m_stateList.SetItemState(0, LVIS_FOCUSED, LVIS_FOCUSED);
     GetColumnSizes(&m_stateList);
     static _dlgControlTag layout[] = {
         {IDC_LSTATE_IMPORT_LIST, kOrvUiResizeStretch, 100},

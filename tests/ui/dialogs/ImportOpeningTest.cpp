@@ -45,6 +45,7 @@ TEST_F(ImportOpening, ListsTheStatesOfTheFileAndTicksThoseThatTheDrawingLacks) {
                EXPECT_THAT(view.cells(kList, 2), ElementsAre(L"Roof", L"Model", L""));
                EXPECT_THAT(tickedRows(view), ElementsAre(0, 2));
                EXPECT_THAT(view.selectedRows(kList), IsEmpty());
+               EXPECT_EQ(view.focusedRow(kList), 0);
            });
 }
 

@@ -1,9 +1,11 @@
 // Every dialog of the framework and of the module, as it has to be for people who use the keyboard alone and for screen
 // readers.
 
+#include "FileDialogSteps.h"
 #include "HostTest.h"
 #include "KeyboardWalk.h"
 #include "PickerFixture.h"
+#include "TemporaryFolder.h"
 
 #include "OrvUiPickers.h"
 #include "base/ComponentFile.h"
@@ -117,6 +119,15 @@ class EveryModuleDialog : public ui::HostTest {
             .click(IDC_LSTATE_RES_DELETE)
             .waitForControl(IDC_LSTATE_DEL_PROMPT);
     }
+    /// Opens the import selection over the manager.
+    ui::Script importFrom(const std::wstring& path) const {
+        ui::TestDrawing().state(L"Attic", MaskOn).state(L"Cellar", MaskOn).save(path);
+        ui::Script script;
+        return script.click(IDC_LSTATE_RES_IMPORT)
+            .waitForControl(ui::kFileNameBox)
+            .then(ui::enterFileName(path))
+            .waitForControl(IDHELP);
+    }
     /// Leaves the dialog in front, and the manager behind it.
     void manage(ui::Script script) {
         script.press(VK_ESCAPE).waitForControl(IDC_LSTATE_RES_LIST).press(VK_ESCAPE);
@@ -176,6 +187,21 @@ TEST_F(EveryModuleDialog, deleteConfirmationHasATipForEachControl) {
     ui::Script script = deleteTwo();
     manage(script.look("the tips",
                        [](const ui::View& view) { expectTipsOfAll(view, L"KelLayerApps:LayerStatesDelete"); }));
+}
+
+TEST_F(EveryModuleDialog, importSelection) {
+    const TemporaryFolder folder;
+    ui::Script script = importFrom(folder.file(L"other.zdr"));
+    expectAllReached(script, walked);
+    manage(script);
+    EXPECT_THAT(walked.stops, testing::SizeIs(4));
+}
+
+TEST_F(EveryModuleDialog, importSelectionHasATipForEachControl) {
+    const TemporaryFolder folder;
+    ui::Script script = importFrom(folder.file(L"other.zdr"));
+    manage(script.look("the tips",
+                       [](const ui::View& view) { expectTipsOfAll(view, L"KelLayerApps:ImportLayerStates"); }));
 }
 
 /// One dialog template of one language.
