@@ -68,9 +68,8 @@ TEST_F(ImportOpening, HasBoxesGridLinesAndSelectsWholeRows) {
 
 TEST_F(ImportOpening, HasNoIconInItsCaption) {
     // A dialog whose border can be dragged has the system's icon there, but for this style.
-    lookAt(withStates({L"One"}), [](const View& view) {
-        EXPECT_NE(GetWindowLongW(view.window(), GWL_EXSTYLE) & WS_EX_DLGMODALFRAME, 0);
-    });
+    lookAt(withStates({L"One"}),
+           [](const View& view) { EXPECT_NE(GetWindowLongW(view.window(), GWL_EXSTYLE) & WS_EX_DLGMODALFRAME, 0); });
 }
 
 TEST_F(ImportOpening, TheColumnsTakeTheirPartsOfTheListsWidth) {

@@ -91,6 +91,20 @@ TEST_F(ImportDuringRename, ImportByItsKeyImportsNothingWhileTheNameIsRefused) {
     }
 }
 
+TEST_F(ImportDuringRename, ImportInvokedWhileTheBoxIsOpenAgainEndsTheRenameAndImports) {
+    Script script = typeName(L"Two");
+    script.press(VK_RETURN)
+        .then(refusal())
+        .waitUntil("the box again", [](const View& view) { return view.labelEditorText(kList) == L"One"; })
+        .look("it is invoked, as a screen reader does it",
+              [](const View& view) { PostMessageW(view.window(), WM_COMMAND, IDC_LSTATE_RES_IMPORT, 0); })
+        .waitForControl(ui::kFileNameBox)
+        .then(ui::enterFileName(file(L"three.las")))
+        .then(leaveTaskDialog(kImported))
+        .then(backInManager({L"One", L"Two", L"Three"}, L"Three"));
+    manage(script);
+}
+
 TEST_F(ImportDuringRename, ExportByItsKeyAsksForNoFileWhileTheNameIsRefused) {
     Script script = typeName(L"Two");
     script.then(countCalls()).pressMnemonicOf(IDC_LSTATE_RES_EXPORT).then(refusal()).then(boxIsOpenAgain());
