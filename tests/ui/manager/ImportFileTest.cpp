@@ -211,6 +211,12 @@ TEST_F(ImportFile, WithoutAServiceNothingComesAndNothingIsTold) {
     EXPECT_THAT(ui::callsOf("endTransaction"), testing::SizeIs(1));
 }
 
+TEST_F(ImportFile, WithoutAServiceForTheSearchNothingCountsAsNew) {
+    manage(importWithFailing("getLayerStateManager", 2).then(backInManager({L"One", L"Two"}, L"")));
+    EXPECT_THAT(ui::callsOf("layerStatesDictionaryId"), IsEmpty());
+    EXPECT_THAT(ui::callsOf("applyCurZdrLayerTableChanges"), testing::SizeIs(1));
+}
+
 TEST_F(ImportFile, OneStepBackTakesItOutAgain) {
     engine::beginUndoGroup(database()); // as the command line does around each command
     manage(import(L"two.las").then(leaveTaskDialog(kImported)).then(backInManager({L"One", L"Two"}, L"Two")));
