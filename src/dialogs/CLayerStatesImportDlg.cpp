@@ -58,6 +58,8 @@ BOOL CLayerStatesImportDlg::OnInitDialog() {
                                  LVS_EX_FULLROWSELECT);
     m_stateList.InsertColumns(kColumns);
     LoadStatesFromFile(); // what can't be read is shown as an empty list
+    // Without a focused row nobody sees that Tab has come to the list.
+    m_stateList.SetItemState(0, LVIS_FOCUSED, LVIS_FOCUSED);
     GetColumnSizes(&m_stateList);
     static _dlgControlTag layout[] = {
         {IDC_LSTATE_IMPORT_LIST, kOrvUiResizeStretch, 100},
@@ -135,14 +137,18 @@ bool CLayerStatesImportDlg::selectByKey(WPARAM key) {
     const bool control = isHeld(VK_CONTROL);
     if (key != VK_HOME && key != VK_END && !(key == L'A' && control))
         return false;
+    const int rows = m_stateList.GetItemCount();
     if (control) {
         deselectAllRows();
+        if (rows == 0)
+            return true;
+        m_stateList.SetFocus();
         if (key == L'A') {
-            m_stateList.SetFocus();
-            m_stateList.SetItemState(-1, kSelectedAndFocused, kSelectedAndFocused);
-        } else if (m_stateList.GetItemCount() > 0) {
-            m_stateList.SetFocus();
-            selectRow(key == VK_HOME ? 0 : m_stateList.GetItemCount() - 1);
+            // The focus can't be given to all rows at once. Of those that get it in turn, the last keeps it.
+            m_stateList.SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
+            m_stateList.SetItemState(rows - 1, LVIS_FOCUSED, LVIS_FOCUSED);
+        } else {
+            selectRow(key == VK_HOME ? 0 : rows - 1);
         }
         return true;
     }

@@ -167,7 +167,8 @@ bool CLayerStatesRestoreDlg::restoreByDoubleClick(const MSG& message) {
 }
 
 void CLayerStatesRestoreDlg::reopenRefusedRename() {
-    if (!m_stateList.m_labelEditRetry)
+    // The messages of a dialog that the manager has opened come by here too; the box waits for the end of that dialog.
+    if (!m_stateList.m_labelEditRetry || !IsWindowEnabled())
         return;
     m_stateList.m_labelEditRetry = 0;
     // When the press of a button ended the rename, the button has taken the mouse on Wine after the user let go of it.

@@ -29,6 +29,7 @@ KelDbXrecord* cloneRecord(const KelDbObjectId& dictionaryId, const wchar_t* name
     std::unique_ptr<KelDbObject> clone(source->clone());
     if (!clone || !clone->isKindOf(KelDbXrecord::desc()))
         return nullptr;
+    static_cast<void>(clone->close()); // of no effect on an object in memory
     return static_cast<KelDbXrecord*>(clone.release());
 }
 

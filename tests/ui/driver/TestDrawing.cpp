@@ -3,6 +3,7 @@
 #include "TestDrawing.h"
 
 #include "engine/Changes.h"
+#include "files/DrawingFile.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -100,6 +101,15 @@ TestDrawing& TestDrawing::inViewport() {
     m_drawing.currentViewport = viewportHandle;
     m_drawing.nextHandle = std::max(m_drawing.nextHandle, viewportHandle + 1);
     return *this;
+}
+
+void TestDrawing::save(const std::wstring& path) const {
+    zdr::Drawing saved = m_drawing;
+    saved.nextHandle = std::max(saved.nextHandle, behindStyles);
+    std::wstring reason;
+    zdr::FileStamp stamp;
+    if (zdr::writeDrawingFile(path, saved, reason, stamp, zdr::Overwrite::Always) != Vorn::eOk)
+        throw std::runtime_error("the drawing can't be saved");
 }
 
 std::size_t TestDrawing::indexOf(const std::wstring& name) const {

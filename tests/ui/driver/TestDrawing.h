@@ -29,6 +29,8 @@ class TestDrawing {
     /// A sheet with one viewport that is on; the sheet is shown, and the viewport is the current one.
     TestDrawing& inViewport();
 
+    /// Saves it as a file, over one that is there.
+    void save(const std::wstring& path) const;
     /// The index of a layer of that name, which must be there.
     std::size_t indexOf(const std::wstring& name) const;
     const zdr::Drawing& drawing() const { return m_drawing; }

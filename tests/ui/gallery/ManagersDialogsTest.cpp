@@ -2,6 +2,7 @@
 
 #include "GalleryTest.h"
 
+#include "FileDialogSteps.h"
 #include "resources/resource.h"
 
 using gallery::GalleryTest;
@@ -37,6 +38,18 @@ TEST_F(ManagersDialogs, theConfirmationOfADelete) {
         .click(IDC_LSTATE_RES_DELETE)
         .waitForControl(IDC_LSTATE_DEL_PROMPT)
         .then(pictureOfOurs("delete-states"))
+        .press(VK_ESCAPE)
+        .click(IDC_LSTATE_RES_CLOSE);
+    showDialog(std::move(script), [this] { run(L"LAYERSTATE"); });
+}
+
+TEST_F(ManagersDialogs, theImportSelection) {
+    Script script;
+    script.click(IDC_LSTATE_RES_IMPORT)
+        .waitForControl(ui::kFileNameBox)
+        .then(ui::enterFileName(L"site.zdr"))
+        .waitForControl(IDHELP)
+        .then(pictureOfOurs("import-states"))
         .press(VK_ESCAPE)
         .click(IDC_LSTATE_RES_CLOSE);
     showDialog(std::move(script), [this] { run(L"LAYERSTATE"); });

@@ -1,9 +1,11 @@
 // Every dialog of the framework and of the module, as it has to be for people who use the keyboard alone and for screen
 // readers.
 
+#include "FileDialogSteps.h"
 #include "HostTest.h"
 #include "KeyboardWalk.h"
 #include "PickerFixture.h"
+#include "TemporaryFolder.h"
 
 #include "OrvUiPickers.h"
 #include "base/ComponentFile.h"
@@ -133,6 +135,15 @@ class EveryModuleDialog : public ui::HostTest {
             return view.has(IDC_LAYER_GRID) && !view.has(IDC_ADD_LAYERS);
         });
     }
+    /// Opens the import selection over the manager.
+    ui::Script importFrom(const std::wstring& path) const {
+        ui::TestDrawing().state(L"Attic", MaskOn).state(L"Cellar", MaskOn).save(path);
+        ui::Script script;
+        return script.click(IDC_LSTATE_RES_IMPORT)
+            .waitForControl(ui::kFileNameBox)
+            .then(ui::enterFileName(path))
+            .waitForControl(IDHELP);
+    }
     /// Leaves the dialog in front, and those behind it up to the manager.
     void manage(ui::Script script, int dialogsInFront = 1) {
         for (int i = 0; i < dialogsInFront; ++i)
@@ -220,6 +231,21 @@ TEST_F(EveryModuleDialog, layersToAddHaveATipForEachControl) {
     manage(addLayers().look("the tips",
                             [](const ui::View& view) { expectTipsOfAll(view, L"KelLayerApps:LayerStatesAddLayers"); }),
            2);
+}
+
+TEST_F(EveryModuleDialog, importSelection) {
+    const TemporaryFolder folder;
+    ui::Script script = importFrom(folder.file(L"other.zdr"));
+    expectAllReached(script, walked);
+    manage(script);
+    EXPECT_THAT(walked.stops, testing::SizeIs(4));
+}
+
+TEST_F(EveryModuleDialog, importSelectionHasATipForEachControl) {
+    const TemporaryFolder folder;
+    ui::Script script = importFrom(folder.file(L"other.zdr"));
+    manage(script.look("the tips",
+                       [](const ui::View& view) { expectTipsOfAll(view, L"KelLayerApps:ImportLayerStates"); }));
 }
 
 /// One dialog template of one language.

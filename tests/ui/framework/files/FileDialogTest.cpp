@@ -57,7 +57,7 @@ ui::Script answered(ui::Script saving, int answer) {
 
 TEST_F(FileDialog, aChosenFileIsAnsweredAsAChainWithItsPath) {
     const std::wstring path = folder + L"\\plan.las";
-    EXPECT_EQ(ask(0, entered(path)), kResultNormal);
+    EXPECT_EQ(ask(0, ui::enterFileName(path)), kResultNormal);
     ASSERT_NE(chain, nullptr);
     EXPECT_EQ(chain->type, kVariableString);
     EXPECT_EQ(chain->value.string, path);
@@ -122,7 +122,7 @@ TEST_F(FileDialog, withoutExtensionsListsAllFilesAndAddsNone) {
                            return testing::Matches(UnorderedElementsAre(L"plan.las", L"notes.txt"))(listed(view));
                        })
             .look("no kinds", [](const ui::View& view) { EXPECT_THAT(kinds(view), IsEmpty()); })
-            .then(entered(L"fresh"));
+            .then(ui::enterFileName(L"fresh"));
         EXPECT_EQ(ask(1, script), kResultNormal);
         EXPECT_EQ(chosen(), folder + L"\\fresh");
     }
@@ -134,10 +134,10 @@ TEST_F(FileDialog, cancellingAnswersSomethingElseAndNoChain) {
 }
 
 TEST_F(FileDialog, theFolderOfTheLastFileIsKeptUnderTheKey) {
-    ask(0, entered(folder + L"\\plan.las"));
+    ask(0, ui::enterFileName(folder + L"\\plan.las"));
     EXPECT_EQ(keptFolder(key), folder);
     // The name alone is found there.
-    EXPECT_EQ(ask(0, entered(L"plan.las")), kResultNormal);
+    EXPECT_EQ(ask(0, ui::enterFileName(L"plan.las")), kResultNormal);
     EXPECT_EQ(chosen(), folder + L"\\plan.las");
 }
 
@@ -145,16 +145,16 @@ TEST_F(FileDialog, eachKeyKeepsAFolderOfItsOwn) {
     const std::wstring inner = folder + L"\\inner";
     ASSERT_TRUE(CreateDirectoryW(inner.c_str(), nullptr));
     makeFile(L"inner\\plan.las");
-    ask(0, entered(folder + L"\\plan.las"));
+    ask(0, ui::enterFileName(folder + L"\\plan.las"));
     key = L"FrameworkTestsOtherFileDialog";
-    ask(0, entered(inner + L"\\plan.las"));
+    ask(0, ui::enterFileName(inner + L"\\plan.las"));
     EXPECT_EQ(keptFolder(L"FrameworkTestsFileDialog"), folder);
     EXPECT_EQ(keptFolder(L"FrameworkTestsOtherFileDialog"), inner);
 
-    EXPECT_EQ(ask(0, entered(L"plan.las")), kResultNormal);
+    EXPECT_EQ(ask(0, ui::enterFileName(L"plan.las")), kResultNormal);
     EXPECT_EQ(chosen(), inner + L"\\plan.las");
     key = L"FrameworkTestsFileDialog";
-    EXPECT_EQ(ask(0, entered(L"plan.las")), kResultNormal);
+    EXPECT_EQ(ask(0, ui::enterFileName(L"plan.las")), kResultNormal);
     EXPECT_EQ(chosen(), folder + L"\\plan.las");
     DeleteFileW((inner + L"\\plan.las").c_str());
     RemoveDirectoryW(inner.c_str());
@@ -163,7 +163,7 @@ TEST_F(FileDialog, eachKeyKeepsAFolderOfItsOwn) {
 TEST_F(FileDialog, withoutAKeyKeepsNoFolder) {
     for (const wchar_t* none : {static_cast<const wchar_t*>(nullptr), L""}) {
         key = none;
-        EXPECT_EQ(ask(0, entered(folder + L"\\plan.las")), kResultNormal);
+        EXPECT_EQ(ask(0, ui::enterFileName(folder + L"\\plan.las")), kResultNormal);
         EXPECT_EQ(chosen(), folder + L"\\plan.las");
         EXPECT_EQ(keptFolder(L""), std::nullopt);
     }
@@ -180,16 +180,16 @@ TEST_F(FileDialog, savingAddsTheFirstExtensionToANewName) {
         {L"fresh.zdr", L"fresh.zdr"},
     };
     for (const auto& [typed, saved] : rows) {
-        EXPECT_EQ(ask(1, entered(folder + L'\\' + typed)), kResultNormal);
+        EXPECT_EQ(ask(1, ui::enterFileName(folder + L'\\' + typed)), kResultNormal);
         EXPECT_EQ(chosen(), folder + L'\\' + saved);
     }
     extensions = L"zdr;las";
-    EXPECT_EQ(ask(1, entered(folder + L"\\fresh")), kResultNormal);
+    EXPECT_EQ(ask(1, ui::enterFileName(folder + L"\\fresh")), kResultNormal);
     EXPECT_EQ(chosen(), folder + L"\\fresh.zdr");
 }
 
 TEST_F(FileDialog, savingOverAFileIsAskedFirstAndNoStaysInTheDialog) {
-    ui::Script script = answered(entered(folder + L"\\plan.las"), IDNO);
+    ui::Script script = answered(ui::enterFileName(folder + L"\\plan.las"), IDNO);
     untilDialogAgain(script);
     EXPECT_EQ(ask(1, script.press(VK_ESCAPE)), kResultCancel);
     EXPECT_EQ(chain, nullptr);
@@ -197,11 +197,11 @@ TEST_F(FileDialog, savingOverAFileIsAskedFirstAndNoStaysInTheDialog) {
 }
 
 TEST_F(FileDialog, yesToTheQuestionAnswersThePath) {
-    EXPECT_EQ(ask(1, answered(entered(folder + L"\\plan.las"), IDYES)), kResultNormal);
+    EXPECT_EQ(ask(1, answered(ui::enterFileName(folder + L"\\plan.las"), IDYES)), kResultNormal);
     EXPECT_EQ(chosen(), folder + L"\\plan.las");
     EXPECT_TRUE(exists(folder + L"\\plan.las")) << "writing over it is the caller's";
     // The question is about the name with its extension.
-    EXPECT_EQ(ask(1, answered(entered(folder + L"\\plan"), IDYES)), kResultNormal);
+    EXPECT_EQ(ask(1, answered(ui::enterFileName(folder + L"\\plan"), IDYES)), kResultNormal);
     EXPECT_EQ(chosen(), folder + L"\\plan.las");
 }
 
@@ -217,8 +217,8 @@ TEST_F(FileDialog, aNameLongerThanAnyPathIsCut) {
 
 TEST_F(FileDialog, aFileThatIsMissingIsNotOpened) {
     ui::Script script;
-    script.then(entered(folder + L"\\missing.las")).waitUntil("a message", [](const ui::View& view) {
-        return !view.has(kNameBox);
+    script.then(ui::enterFileName(folder + L"\\missing.las")).waitUntil("a message", [](const ui::View& view) {
+        return !view.has(ui::kFileNameBox);
     });
     script.press(VK_RETURN);
     untilDialogAgain(script);
@@ -227,7 +227,7 @@ TEST_F(FileDialog, aFileThatIsMissingIsNotOpened) {
 }
 
 TEST_F(FileDialog, theRootOfADriveIsKeptAsAFolder) {
-    EXPECT_EQ(ask(1, entered(L"C:\\framework-tests.las")), kResultNormal);
+    EXPECT_EQ(ask(1, ui::enterFileName(L"C:\\framework-tests.las")), kResultNormal);
     EXPECT_EQ(keptFolder(key), L"C:\\");
 }
 

@@ -22,26 +22,15 @@ void FileDialog::makeFile(const std::wstring& name) {
     CloseHandle(CreateFileW(m_files.back().c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
 }
 
-ui::Script FileDialog::typed(const std::wstring& name) {
-    ui::Script script;
-    // The dialog is shown before it gives the box the focus.
-    script
-        .waitUntil("the focus is in the name's box",
-                   [](const ui::View& view) { return IsChild(view.control(kNameBox), GetFocus()) != FALSE; })
-        .type(name)
-        .waitUntil("the name is in its box", [name](const ui::View& view) { return view.text(kNameBox) == name; });
-    return script;
-}
-
 void FileDialog::untilDialogAgain(ui::Script& script) {
-    script.waitUntil("the dialog again", [](const ui::View& view) { return view.has(kNameBox); });
+    script.waitUntil("the dialog again", [](const ui::View& view) { return view.has(ui::kFileNameBox); });
 }
 
 int FileDialog::ask(int flags, const ui::Script& script, const wchar_t* name) {
     kelutRelRb(chain);
     chain = nullptr;
     ui::Script whole;
-    whole.waitForControl(kNameBox).then(script);
+    whole.waitForControl(ui::kFileNameBox).then(script);
     int answer = 0;
     ui::perform(whole, [&] { answer = keledGetFileNavDialog(title, name, extensions, key, flags, &chain); });
     return answer;

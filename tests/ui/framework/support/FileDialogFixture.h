@@ -3,12 +3,8 @@
 
 #include "DialogFixture.h"
 
+#include "FileDialogSteps.h"
 #include "OrvUiPickers.h"
-
-#include <dlgs.h>
-
-/// Where the name is typed.
-inline constexpr int kNameBox = cmb13;
 
 class FileDialog : public DialogFixture {
   protected:
@@ -24,10 +20,6 @@ class FileDialog : public DialogFixture {
 
     /// Makes an empty file in the folder, which is deleted at the end of the test.
     void makeFile(const std::wstring& name);
-    /// Types a name into its box, and waits until the box shows it.
-    static ui::Script typed(const std::wstring& name);
-    /// The same, and Enter.
-    static ui::Script entered(const std::wstring& name) { return typed(name).press(VK_RETURN); }
     /// Waits until the dialog is there again, after something that stood in front of it.
     static void untilDialogAgain(ui::Script& script);
     /// Opens the dialog, answers it by the script, and returns what the call answers. First releases the chain of the
