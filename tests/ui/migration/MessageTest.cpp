@@ -100,36 +100,4 @@ TEST_F(MigrationMessage, BeginsWithTheNameOfTheProductThatTheRegistryHas) {
     EXPECT_TRUE(runLayerState(confirm(text).then(closeManager())));
 }
 
-/// The module with its German texts alone: a module that is loaded by its bare name is the one of that name that is in
-/// the process already.
-class GermanMessage : public MigrationTest {
-  protected:
-    void SetUp() override {
-        m_german = LoadLibraryW((ui::programFolder() / L"german" / L"KelLayerAppsRes.dll").c_str());
-        ASSERT_NE(m_german, nullptr);
-        MigrationTest::SetUp();
-    }
-    void TearDown() override {
-        MigrationTest::TearDown();
-        FreeLibrary(m_german);
-    }
-    HMODULE m_german = nullptr;
-};
-
-TEST_F(GermanMessage, SaysHowManyStatesCame) {
-    for (const int count : {1, 2, 12}) {
-        openWithLegacyStates(count);
-        const std::wstring text = L"Kel Workbench hat in dieser Zeichnung Layerstatus eines älteren Layerwerkzeugs "
-                                  L"gefunden und in heutige umgewandelt.\n\nUmgewandelte Layerstatus: " +
-                                  std::to_wstring(count);
-        EXPECT_TRUE(runLayerState(
-            Script()
-                .waitForText(text)
-                .look("the title", [](const View& view) { EXPECT_EQ(view.title(), L"Layerstatus umgewandelt"); })
-                .press(VK_RETURN)
-                .then(closeManager())));
-        releaseKeptChains();
-    }
-}
-
 } // namespace

@@ -56,8 +56,8 @@ class Session {
     /// Tells which layer states got other names when their file was read; of them those alone whose new names begin
     /// with `prefix`.
     void tellMendedNames(std::wstring_view prefix = {});
-    /// Runs a command of a module; what it changes is one step of undo.
-    void runModuleCommand(void (*function)());
+    /// Runs a command of a module, with what was typed behind its name; what it changes is one step of undo.
+    void runModuleCommand(void (*function)(), const std::wstring& arguments);
 
   private:
     struct ReadDrawing {
