@@ -22,7 +22,7 @@ class Session {
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
-    SessionWindow& window() { return m_window; }
+    SessionWindow& window() const { return m_window; }
     KelDbDatabase& database() const;
     const zdr::Drawing& drawing() const;
     /// The drawing's file name without its folder, or a name for one that was never saved.
