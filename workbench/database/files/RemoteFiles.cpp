@@ -1,0 +1,44 @@
+#include "RemoteFiles.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+namespace zdr {
+namespace {
+
+const RemoteFetcher* g_fetcher = nullptr;
+
+bool beginsWith(std::wstring_view text, std::wstring_view lowerCase) {
+    const auto isLetter = [](wchar_t typed, wchar_t wanted) {
+        return typed == wanted || (typed >= L'A' && typed <= L'Z' && typed - L'A' + L'a' == wanted);
+    };
+    return text.size() >= lowerCase.size() &&
+           std::equal(lowerCase.begin(), lowerCase.end(), text.begin(),
+                      [&](wchar_t wanted, wchar_t typed) { return isLetter(typed, wanted); });
+}
+
+} // namespace
+
+void setRemoteFetcher(const RemoteFetcher* fetcher) {
+    g_fetcher = fetcher;
+}
+
+bool isAddress(const std::wstring& text) {
+    return beginsWith(text, L"http://") || beginsWith(text, L"https://");
+}
+
+FileToRead::FileToRead(const wchar_t* pathOrAddress, std::wstring& reason) : m_path(pathOrAddress) {
+    // Without a fetcher an address is a path that leads nowhere.
+    if (!g_fetcher || !isAddress(m_path))
+        return;
+    m_path = g_fetcher->fetch(m_path, reason);
+    m_isHere = m_isTemporary = !m_path.empty();
+}
+
+FileToRead::~FileToRead() {
+    if (m_isTemporary && g_fetcher)
+        g_fetcher->discard(m_path);
+}
+
+} // namespace zdr
