@@ -85,7 +85,7 @@ TEST_F(RemoteFiles, APathIsReadWithoutAskingForIt) {
     EXPECT_EQ(import((m_folder / "plan.las").wstring()), Vorn::eOk);
     EXPECT_EQ(read((m_folder / "house.zdr").wstring()), Vorn::eOk);
     for (const wchar_t* path : {L"", L"http", L"http:/server/a.zdr", L"https:\\\\server\\a.zdr", L"ftp://server/a.zdr",
-                                L"file:///c:/a.zdr", L"\\\\server\\a.zdr", L"xhttp://server/a.zdr"}) {
+                                L"file:///c:/a.zdr", L"\\\\server\\a.zdr", L"xhttp://server/a.zdr", L"http:/"}) {
         EXPECT_NE(import(path), Vorn::eOk) << path;
         EXPECT_NE(read(path), Vorn::eOk) << path;
     }

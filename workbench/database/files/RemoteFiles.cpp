@@ -1,21 +1,16 @@
 #include "RemoteFiles.h"
 
-#include <algorithm>
+#include "model/CaseFolding.h"
+
 #include <string_view>
-#include <utility>
 
 namespace zdr {
 namespace {
 
 const RemoteFetcher* g_fetcher = nullptr;
 
-bool beginsWith(std::wstring_view text, std::wstring_view lowerCase) {
-    const auto isLetter = [](wchar_t typed, wchar_t wanted) {
-        return typed == wanted || (typed >= L'A' && typed <= L'Z' && typed - L'A' + L'a' == wanted);
-    };
-    return text.size() >= lowerCase.size() &&
-           std::equal(lowerCase.begin(), lowerCase.end(), text.begin(),
-                      [&](wchar_t wanted, wchar_t typed) { return isLetter(typed, wanted); });
+bool beginsWith(std::wstring_view text, std::wstring_view scheme) {
+    return equalFolded(text.substr(0, scheme.size()), scheme);
 }
 
 } // namespace

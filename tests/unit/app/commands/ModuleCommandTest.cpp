@@ -56,6 +56,7 @@ TEST_F(ModuleCommandTest, ListsThePathsInTheOrderOfLoading) {
     EXPECT_EQ(run(L"MODULE LIST"), L"C:\\bench\\KelLayerApps.xmod\nC:\\bench\\TrelUiBase.xmod\n");
     window.modules.clear();
     EXPECT_EQ(run(L"MODULE LIST"), L"No module is loaded.\n");
+    EXPECT_EQ(run(L"MODULE LIST x"), L"MODULE LIST takes no arguments: type MODULE LIST alone.\n");
 }
 
 TEST_F(ModuleCommandTest, OffersTheNamesOfLoadedModulesToUnload) {
