@@ -112,6 +112,7 @@ class Drawing:
         self.layer_sets = [list(self.rows)]
         self.states, self.entities, self.layouts, self.references = [], [], [], []
         self.named_colors = []
+        self.applications, self.extended_data = [], []
         self.last_restored = None
         self.model = Place(self, self.entities)
 
@@ -179,7 +180,8 @@ class Drawing:
             "plot_styles": self.plot_styles, "layers": self.layers, "columns": columns,
             "current_layer": 0, "layer_sets": [{"names": names} for names in self.layer_sets], "states": self.states,
             "last_restored": self.last_restored, "entities": self.entities, "layouts": self.layouts,
-            "references": self.references, "named_colors": colors or None,
+            "references": self.references, "applications": self.applications or None,
+            "extended_data": self.extended_data or None, "named_colors": colors or None,
             # The counter that the next object's handle is taken from.
             "next_handle": self.handle + 1,
         }

@@ -46,6 +46,9 @@ KELDB_API void keledRegenLayers(const KelArray<KelDbObjectId>& layers, int pendi
 KELDB_API int keledRegenPending();
 /// Publishes the layer table's changes to the host.
 KELDB_API Vorn::ErrorStatus applyCurZdrLayerTableChanges();
+/// What stands behind the name of the running command on its line, without the blanks around it; empty where nothing
+/// does, and where no line runs. A text that stays the host's, until the command ends.
+KELDB_API const wchar_t* keledCommandArguments();
 /// Repaints.
 KELDB_API void keledUpdateDisplay();
 /// RGB of a palette index, with red in the low byte. Index 0 is the foreground.

@@ -19,10 +19,10 @@ CString expandedString(UINT id) {
 }
 
 CString firstSentence(int snapshotResult) {
+    const CString format =
+        expandedString(snapshotResult == kAddOnAbsent ? IDS_LSTATE_MIGRATED_WITHOUT_ADDON : IDS_LSTATE_MIGRATED);
     CString sentence;
-    sentence.Format(
-        expandedString(snapshotResult == kAddOnAbsent ? IDS_LSTATE_MIGRATED_WITHOUT_ADDON : IDS_LSTATE_MIGRATED),
-        productDisplayName().GetString());
+    sentence.Format(format, productDisplayName().GetString());
     return sentence;
 }
 
@@ -45,9 +45,11 @@ void migrateLayerStates() {
     const int snapshotResult = convertLayerSnapshots(snapshotCount, true);
     if (legacyCount < 1 && snapshotCount < 1)
         return;
-    const CString message = firstSentence(snapshotResult) + countSentences(snapshotResult, legacyCount, snapshotCount);
-    ::MessageBoxW(orvsw_vornMainWnd(), message, loadResourceString(IDS_LSTATE_MIGRATED_TITLE),
-                  MB_OK | MB_ICONINFORMATION);
+    // One after the other, since the host is asked in this order; within one expression it would be the compiler's.
+    CString message = firstSentence(snapshotResult);
+    message += countSentences(snapshotResult, legacyCount, snapshotCount);
+    const CString title = loadResourceString(IDS_LSTATE_MIGRATED_TITLE);
+    ::MessageBoxW(orvsw_vornMainWnd(), message, title, MB_OK | MB_ICONINFORMATION);
 }
 
 bool convertLegacyLayerStates(int& count, bool) {

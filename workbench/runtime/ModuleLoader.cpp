@@ -24,6 +24,15 @@ class SearchFolder {
     SearchFolder& operator=(const SearchFolder&) = delete;
 };
 
+std::filesystem::path fullPath(const std::wstring& path) {
+    return std::filesystem::absolute(path).lexically_normal();
+}
+
+/// Whether the system takes both for the same file; two loads of one would be two modules in one library.
+bool isSame(const std::filesystem::path& a, const std::filesystem::path& b) {
+    return CompareStringOrdinal(a.c_str(), -1, b.c_str(), -1, TRUE) == CSTR_EQUAL;
+}
+
 std::wstring systemText(DWORD error) {
     wchar_t* text = nullptr;
     const DWORD length =
@@ -121,9 +130,9 @@ ModuleLoader::~ModuleLoader() {
 }
 
 std::wstring ModuleLoader::load(const std::wstring& path) {
-    auto module = std::make_unique<Module>(std::filesystem::absolute(path));
+    auto module = std::make_unique<Module>(fullPath(path));
     const bool already = std::any_of(m_modules->begin(), m_modules->end(),
-                                     [&module](const auto& other) { return other->path == module->path; });
+                                     [&module](const auto& other) { return isSame(other->path, module->path); });
     if (already)
         return module->name() + L" is loaded already.";
     if (std::wstring reason = module->bind(); !reason.empty())
@@ -135,9 +144,9 @@ std::wstring ModuleLoader::load(const std::wstring& path) {
 }
 
 bool ModuleLoader::unload(const std::wstring& path) {
-    const std::filesystem::path wanted = std::filesystem::absolute(path);
+    const std::filesystem::path wanted = fullPath(path);
     const auto found = std::find_if(m_modules->begin(), m_modules->end(), [&wanted](const auto& module) {
-        return module->path == wanted && declarationsOf(module.get()).acceptsUnload;
+        return isSame(module->path, wanted) && declarationsOf(module.get()).acceptsUnload;
     });
     if (found == m_modules->end())
         return false;
@@ -152,6 +161,13 @@ void ModuleLoader::unloadAll() {
 
 std::size_t ModuleLoader::count() const {
     return m_modules->size();
+}
+
+std::vector<std::wstring> ModuleLoader::paths() const {
+    std::vector<std::wstring> paths;
+    for (const auto& module : *m_modules)
+        paths.push_back(module->path.wstring());
+    return paths;
 }
 
 } // namespace runtime

@@ -25,6 +25,8 @@ class KELDB_API ModuleLoader {
     /// Sends every module the unload message and frees it.
     void unloadAll();
     std::size_t count() const;
+    /// The full paths of the modules, in the order in which they were loaded.
+    std::vector<std::wstring> paths() const;
 
   private:
     struct Module;

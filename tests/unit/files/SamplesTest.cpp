@@ -33,6 +33,6 @@ TEST_P(Samples, canBeSaved) {
     EXPECT_EQ(drawingBytes(drawing, bytes, reason), Vorn::eOk) << toUtf8(reason);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, Samples, testing::Values("house.zdr", "site.zdr"));
+INSTANTIATE_TEST_SUITE_P(All, Samples, testing::Values("annex.zdr", "house.zdr", "site.zdr"));
 
 } // namespace

@@ -14,7 +14,8 @@ enum class Offer {
     Nothing,
     Commands,
     Drawings,
-    Scripts,
+    Files, ///< of any kind
+    Modules,
     Layouts,
     Viewports,
     Variables,

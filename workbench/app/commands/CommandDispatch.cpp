@@ -52,7 +52,7 @@ void runCommand(Session& session, const CommandText& command) {
     if (const Command* own = findCommand(command.name))
         runOwn(session, *own, command);
     else if (const KelEdCommand* registered = runtime::commandStack().lookup(command.name.c_str()))
-        session.runModuleCommand(registered->function());
+        session.runModuleCommand(registered->function(), command.argument);
     else
         session.window().print(L"Unknown command " + quotation(command.name) + L": HELP lists the commands.\n");
 }

@@ -40,6 +40,8 @@ void unload(Session& session, const CommandText& text);
 void detach(Session& session, const CommandText& text);
 /// @}
 
+/// ModuleCommand.cpp
+std::span<const Option> moduleOptions();
 /// VariableCommand.cpp
 void setVariable(Session& session, const CommandText& text);
 /// HelpCommand.cpp

@@ -32,8 +32,9 @@ constexpr Command kCommands[] = {
     {L"RELOAD", nullptr, L"name|*", L"Reads attached drawings again.", kOne, Offer::References, commands::reload, nullptr},
     {L"UNLOAD", nullptr, L"name|*", L"Leaves attached drawings out until they are reloaded.", kOne, Offer::References, commands::unload, nullptr},
     {L"DETACH", nullptr, L"name|*", L"Takes attached drawings out, with their layers.", kOne, Offer::References, commands::detach, nullptr},
+    {L"MODULE", nullptr, L"option ...", L"Loads modules and unloads them.", kText, Offer::Nothing, nullptr, commands::moduleOptions},
     {L"SETVAR", nullptr, L"[name [value]]", L"Shows a system variable or sets it; without a name, lists them all.", {0, 2}, Offer::Variables, commands::setVariable, nullptr},
-    {L"SCRIPT", nullptr, L"[path]", L"Runs the lines of a text file; without a path, asks for one.", kText, Offer::Scripts, commands::script, nullptr},
+    {L"SCRIPT", nullptr, L"[path]", L"Runs the lines of a text file; without a path, asks for one.", kText, Offer::Files, commands::script, nullptr},
     {L"HELP", L"?", L"[command]", L"Lists the commands, or explains one.", {0, 1}, Offer::Commands, commands::help, nullptr},
     {L"QUIT", L"EXIT", L"", L"Ends the Workbench.", kNone, Offer::Nothing, commands::quit, nullptr},
 };

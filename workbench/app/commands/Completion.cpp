@@ -1,6 +1,7 @@
 #include "Completion.h"
 
 #include "CommandTable.h"
+#include "ModuleNames.h"
 #include "PropertyText.h"
 #include "Session.h"
 #include "SystemRegistry.h"
@@ -91,8 +92,10 @@ Names offered(const Session& session, Offer offer, const std::wstring& typed) {
     case Offer::Commands:
         return commandNames();
     case Offer::Drawings:
-    case Offer::Scripts:
+    case Offer::Files:
         return paths(typed, offer == Offer::Drawings);
+    case Offer::Modules:
+        return moduleNames(session.window().loadedModules());
     case Offer::Layouts:
         return ownNamesOf(drawing.layouts);
     case Offer::Viewports:

@@ -1,5 +1,6 @@
 #include "Session.h"
 
+#include "CommandLineInput.h"
 #include "CommandText.h"
 #include "Documents.h"
 #include "KelEditor.h"
@@ -324,7 +325,8 @@ void Session::rebuild(zdr::Drawing drawing) {
     m_window.drawingChanged();
 }
 
-void Session::runModuleCommand(void (*function)()) {
+void Session::runModuleCommand(void (*function)(), const std::wstring& arguments) {
+    const runtime::CommandArguments given(arguments);
     const UndoGroup group(database());
     function();
 }

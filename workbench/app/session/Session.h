@@ -22,7 +22,7 @@ class Session {
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
-    SessionWindow& window() { return m_window; }
+    SessionWindow& window() const { return m_window; }
     KelDbDatabase& database() const;
     const zdr::Drawing& drawing() const;
     /// The drawing's file name without its folder, or a name for one that was never saved.
@@ -56,8 +56,8 @@ class Session {
     /// Tells which layer states got other names when their file was read; of them those alone whose new names begin
     /// with `prefix`.
     void tellMendedNames(std::wstring_view prefix = {});
-    /// Runs a command of a module; what it changes is one step of undo.
-    void runModuleCommand(void (*function)());
+    /// Runs a command of a module, with what was typed behind its name; what it changes is one step of undo.
+    void runModuleCommand(void (*function)(), const std::wstring& arguments);
 
   private:
     struct ReadDrawing {

@@ -39,6 +39,13 @@ class SessionWindow {
     void tellNothingChosen() { print(L"No file is chosen, and nothing has changed.\n"); }
     /// Runs these lines before all others that wait. False, and nothing is run, when scripts run each other too deep.
     virtual bool runScript(const std::vector<std::wstring>& lines) = 0;
+    /// Loads a module into the program; without a folder in the path, one that lies beside the program.
+    /// @return empty, or in one sentence why it can't be
+    virtual std::wstring loadModule(const std::wstring& path) = 0;
+    /// Unloads the module of one of the paths below; false when it hasn't agreed to be.
+    virtual bool unloadModule(const std::wstring& path) = 0;
+    /// The full paths of the modules that are loaded, in the order in which they were.
+    virtual std::vector<std::wstring> loadedModules() const = 0;
     /// Ends the program; unsaved changes have been dealt with.
     virtual void quit() = 0;
 };

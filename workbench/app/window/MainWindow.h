@@ -4,6 +4,7 @@
 #include "CommandPane.h"
 #include "Display.h"
 #include "DrawingView.h"
+#include "ModuleLoader.h"
 #include "ScriptLines.h"
 #include "Session.h"
 #include "SpaceTabs.h"
@@ -30,6 +31,8 @@ class MainWindow : public CWnd, private SessionWindow, private runtime::DisplayO
     Session& session() { return *m_session; }
     /// Runs these lines one after the other as soon as the window is idle.
     void runLater(const std::vector<std::wstring>& lines);
+    /// The program's modules.
+    runtime::ModuleLoader& modules() { return m_modules; }
     /// Prints a line into the history.
     void tell(const std::wstring& text) { print(text + L"\n"); }
 
@@ -65,6 +68,9 @@ class MainWindow : public CWnd, private SessionWindow, private runtime::DisplayO
     void zoomExtents() override;
     void zoomBy(double factor) override;
     bool runScript(const std::vector<std::wstring>& lines) override;
+    std::wstring loadModule(const std::wstring& path) override;
+    bool unloadModule(const std::wstring& path) override { return m_modules.unload(path); }
+    std::vector<std::wstring> loadedModules() const override { return m_modules.paths(); }
     void quit() override;
 
     // runtime::DisplayObserver.
@@ -93,7 +99,8 @@ class MainWindow : public CWnd, private SessionWindow, private runtime::DisplayO
     StatusLine m_status;
     std::wstring m_message; // the last line printed
     LineQueue m_waiting;
-    bool m_running = false; // a command is under way, perhaps with a dialog
+    runtime::ModuleLoader m_modules; // behind the session, since modules may use its drawing to their end
+    bool m_running = false;          // a command is under way, perhaps with a dialog
 };
 
 } // namespace workbench

@@ -2,6 +2,7 @@
 
 #include "FilePrompt.h"
 #include "MainWindow.h"
+#include "ModulePath.h"
 
 namespace workbench {
 
@@ -67,6 +68,10 @@ void MainWindow::zoomExtents() {
 
 void MainWindow::zoomBy(double factor) {
     m_view.zoomBy(factor);
+}
+
+std::wstring MainWindow::loadModule(const std::wstring& path) {
+    return m_modules.load(modulePath(path));
 }
 
 void MainWindow::quit() {

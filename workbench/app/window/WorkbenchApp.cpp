@@ -1,10 +1,9 @@
 #include "WorkbenchApp.h"
 
 #include "CommandLineOutput.h"
+#include "ModulePath.h"
 #include "ScriptLines.h"
 #include "StartOptions.h"
-
-#include <filesystem>
 
 #include <commctrl.h>
 #include <shellapi.h>
@@ -15,7 +14,7 @@ namespace {
 
 WorkbenchApp g_app;
 
-constexpr const wchar_t* kModuleName = L"KelLayerApps.xmod";
+constexpr const wchar_t* kModule = L"KelLayerApps";
 
 std::vector<std::wstring> commandLineWords() {
     int count = 0;
@@ -23,12 +22,6 @@ std::vector<std::wstring> commandLineWords() {
     std::vector<std::wstring> out(words + 1, words + count);
     ::LocalFree(words);
     return out;
-}
-
-std::wstring besideProgram(const wchar_t* name) {
-    wchar_t path[1024];
-    const DWORD length = ::GetModuleFileNameW(nullptr, path, static_cast<DWORD>(std::size(path)));
-    return (std::filesystem::path(std::wstring(path, length)).parent_path() / name).wstring();
 }
 
 void reportAbort(const std::wstring& text) {
@@ -53,7 +46,7 @@ BOOL WorkbenchApp::InitInstance() {
     m_window->tell(L"Kel Workbench. HELP lists the commands.");
     if (!options.error.empty())
         m_window->tell(options.error);
-    loadModule(options.module.empty() ? besideProgram(kModuleName) : options.module);
+    loadModule(options.module.empty() ? modulePath(kModule) : options.module);
     m_window->showAtSavedPlace(m_nCmdShow);
 
     std::vector<std::wstring> lines;
@@ -72,13 +65,13 @@ BOOL WorkbenchApp::InitInstance() {
 }
 
 void WorkbenchApp::loadModule(const std::wstring& path) {
-    if (const std::wstring problem = m_modules.load(path); !problem.empty())
+    if (const std::wstring problem = m_window->modules().load(path); !problem.empty())
         m_window->tell(problem);
 }
 
 int WorkbenchApp::ExitInstance() {
     // The modules go first: they may still use the drawing, and the window's session owns it.
-    m_modules.unloadAll();
+    m_window->modules().unloadAll();
     m_pMainWnd = nullptr;
     m_window.reset();
     return CWinApp::ExitInstance();

@@ -1,8 +1,7 @@
-// The program: what its command line asks for, its modules, its main window.
+// The program: what its command line asks for, and its main window.
 #pragma once
 
 #include "MainWindow.h"
-#include "ModuleLoader.h"
 
 namespace workbench {
 
@@ -16,7 +15,6 @@ class WorkbenchApp : public CWinApp {
     void loadModule(const std::wstring& path);
 
     std::unique_ptr<MainWindow> m_window;
-    runtime::ModuleLoader m_modules;
 };
 
 } // namespace workbench

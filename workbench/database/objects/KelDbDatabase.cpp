@@ -5,6 +5,7 @@
 #include "engine/LayerEditing.h"
 #include "engine/NewDrawing.h"
 #include "files/DrawingFile.h"
+#include "files/RemoteFiles.h"
 #include "instruments/HostCalls.h"
 
 using engine::ObjectKind;
@@ -70,8 +71,11 @@ Vorn::ErrorStatus KelDbDatabase::readZdrFile(const wchar_t* fileName, int shareM
     if (!fileName)
         return call.answer(Vorn::eFileNotFound);
     engine::DatabaseImp& imp = engine::impOf(*this);
+    const zdr::FileToRead file(fileName, imp.fileProblem);
+    if (!file.isHere())
+        return call.answer(Vorn::eFileUnreadable);
     zdr::Drawing drawing;
-    const Vorn::ErrorStatus status = zdr::readDrawingFile(fileName, drawing, imp.fileProblem);
+    const Vorn::ErrorStatus status = zdr::readDrawingFile(file.path(), drawing, imp.fileProblem);
     if (status == Vorn::eOk)
         imp.adopt(std::move(drawing));
     return call.answer(status);

@@ -5,6 +5,7 @@
 
 #include "instruments/HostCalls.h"
 #include "ObjectState.h"
+#include "files/RemoteFiles.h"
 #include "statefile/StateFile.h"
 #include "values/NameRules.h"
 #include "values/RuntimeStrings.h"
@@ -271,8 +272,10 @@ Vorn::ErrorStatus KelDbLayerStateManager::importLayerState(const wchar_t* fileNa
         return call.answer(*status);
     if (!fileName)
         return call.answer(Vorn::eFileNotFound);
+    const zdr::FileToRead file(fileName, of(m_database).fileProblem);
     std::wstring found;
-    const Vorn::ErrorStatus status = engine::readStateFile(of(m_database), fileName, found);
+    const Vorn::ErrorStatus status =
+        file.isHere() ? engine::readStateFile(of(m_database), file.path(), found) : Vorn::eFileUnreadable;
     name.assign(found.c_str());
     call.out("name", name);
     return call.answer(status);

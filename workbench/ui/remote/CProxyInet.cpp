@@ -134,6 +134,10 @@ int told(int answer) {
 
 } // namespace
 
+void discardTemporaryFile(const std::wstring& path) {
+    temporaryFiles().discard(path);
+}
+
 const std::wstring& lastRemoteProblem() {
     return problem();
 }

@@ -24,4 +24,7 @@ class TemporaryFiles {
     std::vector<std::wstring> m_paths;
 };
 
+/// Deletes a temporary file of the remote file service before the program ends.
+void discardTemporaryFile(const std::wstring& path);
+
 } // namespace remote

@@ -11,6 +11,8 @@
 #include "files/DrawingFile.h"
 #include "resources/resource.h"
 
+#include <gmock/gmock.h>
+
 #include <algorithm>
 
 using ui::Script;
@@ -202,4 +204,34 @@ TEST_F(LayerStatesTest, AllThatOneRunOfTheManagerDidIsOneStepOfUndo) {
                       .click(IDC_LSTATE_RES_DELETE)
                       .waitForControl(IDYES)
                       .click(IDYES));
+}
+
+TEST_F(LayerStatesTest, TheOldStatesOfTheSampleComeOverAndUndoTakesThemBack) {
+    const std::wstring message = L"Kel Workbench has found layer states of an older layer tool in this drawing and "
+                                 L"turned them into current layer states.\n\nLayer states converted: 3";
+    std::filesystem::copy_file(BUILT_SAMPLES "/legacy.zdr", folder / "legacy.zdr");
+    zdr::Drawing before;
+    Script script;
+    script.then(command(L"OPEN " + path("legacy.zdr")))
+        .then(said(L"legacy.zdr"))
+        .look("the drawing before", [&](const View&) { before = session().drawing(); })
+        .then(command(L"LAYERSTATE"))
+        .waitForText(message)
+        .press(VK_RETURN)
+        .waitForControl(IDC_LSTATE_RES_LIST)
+        .look("the states",
+              [](const View& view) {
+                  EXPECT_THAT(view.column(IDC_LSTATE_RES_LIST, 0),
+                              testing::UnorderedElementsAre(L"DIMENSIONS", L"QSET_INVALIDNAME", L"CUT SHORT"));
+              })
+        .click(IDC_LSTATE_RES_CLOSE)
+        .then(command(L"LAYERSTATE"))
+        .waitForControl(IDC_LSTATE_RES_LIST)
+        .click(IDC_LSTATE_RES_CLOSE)
+        .then(command(L"UNDO"))
+        .then(said(L"The last change is undone."))
+        .look("as before", [&](const View&) { EXPECT_EQ(differenceTo(before), ""); })
+        .then(command(L"QUIT"))
+        .then(answerBox(L"Save the changes to legacy.zdr?", IDNO));
+    runWith(script);
 }

@@ -90,6 +90,10 @@ TEST_F(ModuleLoaderTest, KeepsAModuleThatHasntAgreedToBeUnloadedUntilTheEnd) {
 TEST_F(ModuleLoaderTest, LoadsAModuleOnce) {
     ASSERT_EQ(loader.load(module("good").wstring()), L"");
     EXPECT_EQ(loader.load(module("good").wstring()), L"good.xmod is loaded already.");
+    EXPECT_EQ(loader.load(module("GOOD").wstring()), L"GOOD.xmod is loaded already.");
+    EXPECT_EQ(loader.load((programFolder() / "." / "test-modules" / "good.xmod").wstring()),
+              L"good.xmod is loaded already.");
+    EXPECT_EQ(loader.paths(), std::vector{module("good").wstring()});
     EXPECT_EQ(loader.count(), 1u);
 }
 

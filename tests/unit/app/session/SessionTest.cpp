@@ -39,6 +39,11 @@ void turnBaseLayerOff() {
     table->close();
 }
 
+std::wstring argumentsSeen;
+void seeArguments() {
+    argumentsSeen = keledCommandArguments();
+}
+
 void failWithoutWord() {
     throw 1;
 }
@@ -59,6 +64,7 @@ class SessionTest : public RuntimeTest {
         fs::create_directories(folder);
         runtime::commandStack().addCommand(L"TEST", L"TURNOFF", L"AUSSCHALTEN", 0, turnBaseLayerOff);
         runtime::commandStack().addCommand(L"TEST", L"THROW", L"THROW", 0, failWithoutWord);
+        runtime::commandStack().addCommand(L"TEST", L"SEE", L"SEHEN", 0, seeArguments);
     }
     ~SessionTest() override { fs::remove_all(folder); }
 
@@ -99,6 +105,14 @@ TEST_F(SessionTest, ListsItsOwnCommandsAndThoseOfModules) {
     run(L"help");
     EXPECT_THAT(window.printed, HasSubstr(L"OPEN [path] - Opens a drawing; without a path, asks for one.\n"));
     EXPECT_THAT(window.printed, HasSubstr(L"TURNOFF - From the module group TEST.\n"));
+}
+
+TEST_F(SessionTest, TellsAModulesCommandWhatStandsBehindItsName) {
+    run(L"  see   SAVE \"Ground floor\"  ");
+    EXPECT_EQ(argumentsSeen, L"SAVE \"Ground floor\"");
+    EXPECT_STREQ(keledCommandArguments(), L"") << "no command is running";
+    run(L"sehen");
+    EXPECT_EQ(argumentsSeen, L"");
 }
 
 TEST_F(SessionTest, RunsAModulesCommandByEitherName) {

@@ -18,6 +18,9 @@ class ScriptedWindow : public workbench::SessionWindow {
     double scale = 1;
     std::vector<std::wstring> scriptLines;
     bool takesScripts = true;
+    std::vector<std::wstring> modules;
+    std::wstring moduleProblem;
+    bool modulesAgree = true;
 
     void print(const std::wstring& text) override { printed += text; }
     void echo(const std::wstring& text) override { printed += text; }
@@ -52,5 +55,16 @@ class ScriptedWindow : public workbench::SessionWindow {
             scriptLines = lines;
         return takesScripts;
     }
+    std::wstring loadModule(const std::wstring& path) override {
+        if (moduleProblem.empty())
+            modules.push_back(path);
+        return moduleProblem;
+    }
+    bool unloadModule(const std::wstring& path) override {
+        if (modulesAgree)
+            std::erase(modules, path);
+        return modulesAgree;
+    }
+    std::vector<std::wstring> loadedModules() const override { return modules; }
     void quit() override { ++quits; }
 };

@@ -1,0 +1,39 @@
+#include "RemoteFiles.h"
+
+#include "model/CaseFolding.h"
+
+#include <string_view>
+
+namespace zdr {
+namespace {
+
+const RemoteFetcher* g_fetcher = nullptr;
+
+bool beginsWith(std::wstring_view text, std::wstring_view scheme) {
+    return equalFolded(text.substr(0, scheme.size()), scheme);
+}
+
+} // namespace
+
+void setRemoteFetcher(const RemoteFetcher* fetcher) {
+    g_fetcher = fetcher;
+}
+
+bool isAddress(const std::wstring& text) {
+    return beginsWith(text, L"http://") || beginsWith(text, L"https://");
+}
+
+FileToRead::FileToRead(const wchar_t* pathOrAddress, std::wstring& reason) : m_path(pathOrAddress) {
+    // Without a fetcher an address is a path that leads nowhere.
+    if (!g_fetcher || !isAddress(m_path))
+        return;
+    m_path = g_fetcher->fetch(m_path, reason);
+    m_isHere = m_isTemporary = !m_path.empty();
+}
+
+FileToRead::~FileToRead() {
+    if (m_isTemporary && g_fetcher)
+        g_fetcher->discard(m_path);
+}
+
+} // namespace zdr
