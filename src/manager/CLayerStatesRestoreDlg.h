@@ -6,6 +6,7 @@
 #include "CLayerStateListCtrl.h"
 #include "DialogControls.h"
 #include "KelArray.h"
+#include "ImportedStates.h"
 #include "KelDbObject.h"
 #include "LayerStateMask.h"
 #include "OrvUiDialog.h"
@@ -91,6 +92,7 @@ class CLayerStatesRestoreDlg : public CKelUiDialog {
     void collectRegenLayers();
     void reportRestoreFailure(unsigned int status);
 
+    void noteRowsBeforeImport();
     void importFromFile(const wchar_t* path);
     void importFromDrawing(const wchar_t* path);
     /// Whether the drawing of that file has states. The user is told why not, but for a drawing that can't have any.
@@ -141,6 +143,8 @@ class CLayerStatesRestoreDlg : public CKelUiDialog {
     /// Option: the states of attached references are listed too.
     bool m_showXrefs;
     DialogControls m_controls;
+    /// What the list shows while states are imported: it isn't filled anew before all have come.
+    RowNames m_rowsBeforeImport;
     /// The last press of the left button, or the first half of a double click, came during a rename.
     bool m_pressedInRename;
 };

@@ -54,7 +54,14 @@ void CLayerStatesRestoreDlg::OnImport() {
         importFromDrawing(path);
 }
 
+void CLayerStatesRestoreDlg::noteRowsBeforeImport() {
+    m_rowsBeforeImport = {};
+    for (int row = 0; row < m_stateList.GetItemCount(); ++row)
+        m_rowsBeforeImport.add(m_stateList.StateName(row));
+}
+
 void CLayerStatesRestoreDlg::importFromFile(const wchar_t* path) {
+    noteRowsBeforeImport();
     CString name;
     if (restoreOrImport(0, name, path, nullptr))
         afterImport(name, path, true);
@@ -84,6 +91,7 @@ bool CLayerStatesRestoreDlg::importStates(const wchar_t* path, const KelArray<Ke
     const SideDrawing source = readSideDrawing(path);
     if (!source.database)
         return false;
+    noteRowsBeforeImport();
     for (const KelString& each : names) {
         CString name = each.kwszPtr();
         if (!restoreOrImport(0, name, nullptr, source.database.get()))
@@ -138,8 +146,7 @@ int CLayerStatesRestoreDlg::findNewState(CString& name, LayerStateMask& mask) {
     KelDbLayerStateManager* states = workingStates();
     if (!states)
         return 0;
-    return findStateWithoutRow(
-        *states, [this](const wchar_t* each) { return m_stateList.FindState(each) >= 0; }, name, mask);
+    return findStateWithoutRow(*states, m_rowsBeforeImport, name, mask);
 }
 
 std::unique_ptr<KelDbXrecord> CLayerStatesRestoreDlg::newStateRecord(CString& name) {

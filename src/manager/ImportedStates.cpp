@@ -42,15 +42,28 @@ bool enter(const KelDbObjectId& dictionaryId, const wchar_t* name, KelDbXrecord&
     return true;
 }
 
+std::wstring lowerCase(CString name) {
+    name.MakeLower();
+    return name.GetString();
+}
+
 } // namespace
 
-int findStateWithoutRow(KelDbLayerStateManager& states, const std::function<bool(const wchar_t*)>& hasRow,
-                        CString& name, LayerStateMask& mask) {
+void RowNames::add(const CString& name) {
+    if (!name.IsEmpty())
+        m_names.insert(lowerCase(name));
+}
+
+bool RowNames::hold(const wchar_t* name) const {
+    return m_names.contains(lowerCase(name));
+}
+
+int findStateWithoutRow(KelDbLayerStateManager& states, const RowNames& rows, CString& name, LayerStateMask& mask) {
     KelArray<KelString> names(0, 8);
     if (states.getLayerStateNames(names, true, true) != Vorn::eOk)
         return 0;
     for (const KelString& each : names) {
-        if (hasRow(each.kwszPtr()))
+        if (rows.hold(each.kwszPtr()))
             continue;
         name = each.kwszPtr();
         static_cast<void>(states.getLayerStateMask(name, mask));

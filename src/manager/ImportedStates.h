@@ -5,17 +5,27 @@
 
 #include <afx.h>
 
-#include <functional>
 #include <memory>
+#include <string>
+#include <unordered_set>
+
+/// The names that the list's rows bear, asked for without regard to case.
+class RowNames {
+  public:
+    /// A row without a name counts for nothing.
+    void add(const CString& name);
+    bool hold(const wchar_t* name) const;
+
+  private:
+    std::unordered_set<std::wstring> m_names; ///< in lower case
+};
 
 /// Finds the first of the drawing's states, in the host's order, that has no row in the list, which is still the one
 /// from before the import. States of references count too, also where the list leaves them out.
-/// @param hasRow whether a row bears that name, without regard to case
 /// @param name   receives its name
 /// @param mask   receives its mask; as it was when that can't be read
 /// @return 0 when there is none
-int findStateWithoutRow(KelDbLayerStateManager& states, const std::function<bool(const wchar_t*)>& hasRow,
-                        CString& name, LayerStateMask& mask);
+int findStateWithoutRow(KelDbLayerStateManager& states, const RowNames& rows, CString& name, LayerStateMask& mask);
 
 /// Modes of copyStateRecord.
 inline constexpr int kCloneRecord = 0;

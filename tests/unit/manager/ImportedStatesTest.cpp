@@ -22,13 +22,10 @@ class ImportedStates : public DomainTest {
     /// The name that is found where these have rows; "-" for none.
     std::wstring found(std::initializer_list<const wchar_t*> rows, LayerStateMask& mask) {
         CString name;
-        const int answer = findStateWithoutRow(
-            states(),
-            [rows](const wchar_t* each) {
-                return std::any_of(rows.begin(), rows.end(),
-                                   [each](const wchar_t* row) { return CString(row).CompareNoCase(each) == 0; });
-            },
-            name, mask);
+        RowNames shown;
+        for (const wchar_t* row : rows)
+            shown.add(row);
+        const int answer = findStateWithoutRow(states(), shown, name, mask);
         EXPECT_EQ(answer, name.IsEmpty() ? 0 : 1);
         return name.IsEmpty() ? L"-" : name.GetString();
     }
@@ -43,6 +40,7 @@ TEST_F(ImportedStates, TheNewOneIsTheFirstWithoutARow) {
     EXPECT_EQ(found({L"Plan"}), L"Roof");
     EXPECT_EQ(found({L"plan", L"ATTIC"}), L"Roof");
     EXPECT_EQ(found({L"Roof", L"Plan"}), L"Attic");
+    EXPECT_EQ(found({L"", L"Plans"}), L"Plan");
     EXPECT_EQ(found({L"Roof", L"Plan", L"Attic"}), L"-");
 }
 
@@ -129,8 +127,9 @@ void copyAndEnter(KelDbDatabase& database) {
     KelDbLayerStateManager* states = database.getLayerStateManager();
     CString name;
     LayerStateMask mask = 0;
-    const auto isPlan = [](const wchar_t* each) { return CString(each) == L"Plan"; };
-    if (!states || !findStateWithoutRow(*states, isPlan, name, mask))
+    RowNames plan;
+    plan.add(L"Plan");
+    if (!states || !findStateWithoutRow(*states, plan, name, mask))
         return;
     std::unique_ptr<KelDbXrecord> record(copyStateRecord(kCloneRecord, name, nullptr));
     if (record)
