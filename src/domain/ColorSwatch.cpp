@@ -1,6 +1,7 @@
 #include "ColorSwatch.h"
 
 #include "KelEditor.h"
+#include "SavedContext.h"
 
 namespace {
 
@@ -21,7 +22,7 @@ bool drawSwatch(CBitmap& bitmap, const KelCmColor& color) {
     CDC memory;
     if (!memory.CreateCompatibleDC(nullptr))
         return false;
-    const int saved = memory.SaveDC();
+    const SavedContext saved(memory);
     memory.SelectObject(&bitmap);
     const bool hasTools = pen.CreatePen(PS_SOLID, 1, RGB(0, 0, 0)) && brush.CreateSolidBrush(fillColor(color));
     if (hasTools) {
@@ -29,7 +30,6 @@ bool drawSwatch(CBitmap& bitmap, const KelCmColor& color) {
         memory.SelectObject(&brush);
         memory.Rectangle(0, 0, kSwatchSide, kSwatchSide);
     }
-    memory.RestoreDC(saved);
     return hasTools;
 }
 

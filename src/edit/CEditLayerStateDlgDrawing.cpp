@@ -8,6 +8,7 @@
 #include "KelDbDatabase.h"
 #include "LineWeightBar.h"
 #include "PropertyValues.h"
+#include "SavedContext.h"
 #include "StateImageNumbers.h"
 #include "StateImages.h"
 #include "resource.h"
@@ -87,7 +88,7 @@ void CEditLayerStateDlg::OnDrawItem(int control, LPDRAWITEMSTRUCT item) {
     if (!record)
         return;
     CDC& dc = *CDC::FromHandle(item->hDC);
-    const int saved = dc.SaveDC();
+    const SavedContext saved(dc);
     CRect bounds;
     m_layerGrid.GetItemRect(row, &bounds, LVIR_BOUNDS);
     // The item's rectangle may reach out of the row, where nobody would clear what is drawn.
@@ -105,7 +106,6 @@ void CEditLayerStateDlg::OnDrawItem(int control, LPDRAWITEMSTRUCT item) {
         noteNameWidth(m_columnWidths, textWidth(dc, record->m_name) + scaled(kRoomAroundName));
         x += m_layerGrid.GetColumnWidth(column);
     }
-    dc.RestoreDC(saved);
 }
 
 void CEditLayerStateDlg::drawName(CDC& dc, const DRAWITEMSTRUCT& item) {
@@ -114,7 +114,7 @@ void CEditLayerStateDlg::drawName(CDC& dc, const DRAWITEMSTRUCT& item) {
     m_gridImages.draw(dc, recordOf(row)->m_isCurrent ? kCurrentRowMarkImage : kRowMarkImage, place.TopLeft());
     const CRect name(place.left + scaled(kImageSide), place.top + scaled(kNameInset),
                      place.left + m_layerGrid.GetColumnWidth(nameGridColumn) - scaled(kNameInset), place.bottom);
-    const int saved = dc.SaveDC();
+    const SavedContext saved(dc);
     // The selection shows in the name alone.
     const bool selected =
         (item.itemState & ODS_SELECTED) != 0 && (item.itemAction & (ODA_DRAWENTIRE | ODA_SELECT)) != 0;
@@ -124,7 +124,6 @@ void CEditLayerStateDlg::drawName(CDC& dc, const DRAWITEMSTRUCT& item) {
         dc.SetBkColor(::GetSysColor(COLOR_HIGHLIGHT));
     }
     drawText(dc, L"  " + m_layerGrid.GetItemText(row, nameGridColumn), name);
-    dc.RestoreDC(saved);
 }
 
 int CEditLayerStateDlg::drawCell(const Cell& cell) {
@@ -155,7 +154,7 @@ int CEditLayerStateDlg::drawColor(const Cell& cell) {
     if (!memory.CreateCompatibleDC(&cell.dc))
         return cell.width;
     if (makeColorSwatch(swatch, cell.record.m_color, &cell.dc)) {
-        const int saved = memory.SaveDC();
+        const SavedContext saved(memory);
         memory.SelectObject(&swatch);
         const int side = scaled(kSwatchSide);
         const CPoint corner(cell.x + scaled(kSwatchInset), cell.y + scaled(kSwatchInset));
@@ -164,7 +163,6 @@ int CEditLayerStateDlg::drawColor(const Cell& cell) {
         const int border = side / kSwatchSide;
         cell.dc.StretchBlt(corner.x + border, corner.y + border, side - 2 * border, side - 2 * border, &memory, 1, 1,
                            kSwatchSide - 2, kSwatchSide - 2, SRCCOPY);
-        memory.RestoreDC(saved);
     }
     const CString name = cell.record.m_color.colorNameForDisplay();
     drawText(
