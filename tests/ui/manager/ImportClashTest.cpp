@@ -222,7 +222,7 @@ TEST_P(ImportSeveralClashes, AreEachAskedAboutAndReplacedButWhereTheDeleteFails)
     if (GetParam().failing)
         script.then(failing("deleteLayerState", GetParam().failing));
     script.then(importAll(true));
-    manage(script.then(backInManager([this](const View& view) {
+    manage(script.then(backInManager([](const View& view) {
         EXPECT_EQ(view.rowCount(IDC_LSTATE_RES_LIST), GetParam().count);
         EXPECT_THAT(view.selectedRows(IDC_LSTATE_RES_LIST), IsEmpty());
     })));
