@@ -30,7 +30,13 @@ TEST_F(Opening, AsksTheHostForTheseStepsInThisOrder) {
     std::vector<std::string> calls;
     lookAtOpening([&calls](const View&) { calls = instruments::trace(); });
     const std::vector<std::string> setUp = {
-        "lookup(\"LAYERSTATE\") = object", "CKelUiDialog(201)",
+        "lookup(\"LAYERSTATE\") = object",
+        // Layers with states of an older tool are looked for first.
+        "keldbHostApplicationServices()", "workingDatabase() = object", "getLayerTable(0) = 0",
+        "layerTable.newIterator(true, true) = 0", "iterator.done() = false", "iterator.getRecordId() = 0, id=#1",
+        "openObject(#1, 0, false) = 0", "getExtendedData(#1, \"ZVH\") = null", "close(#1) = 0",
+        "iterator.step(true, true)", "iterator.done() = true", "iterator.delete()", "close(#layerTable) = 0",
+        "CKelUiDialog(201)",
         // The name comes before the base's set-up, which restores what was kept under it.
         "SetDialogName(\"KelLayerApps:LayerStatesManager\")", "OnInitDialog()", "SetContextHelpPrefix(\"LAST\")",
         "SetContextHelpFileName(\"/KelDialogToolTips;Component/DialogToolTips.xaml\")", "SetUseTips(2)",

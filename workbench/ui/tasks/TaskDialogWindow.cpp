@@ -87,6 +87,26 @@ class OtherWindowsDisabled {
     std::vector<HWND> m_disabled;
 };
 
+/// Keeps a parent disabled that a dialog over it has disabled. Wine enables a task dialog's parent at the end whatever
+/// it was before, and may give it the input.
+class ParentLeftAsItWas {
+  public:
+    explicit ParentLeftAsItWas(HWND parent) : m_disabled(parent && !IsWindowEnabled(parent) ? parent : nullptr) {}
+    ~ParentLeftAsItWas() {
+        if (!m_disabled || !IsWindowEnabled(m_disabled))
+            return;
+        const bool hasInput = GetActiveWindow() == m_disabled;
+        EnableWindow(m_disabled, FALSE);
+        if (hasInput)
+            SetActiveWindow(GetLastActivePopup(m_disabled));
+    }
+    ParentLeftAsItWas(const ParentLeftAsItWas&) = delete;
+    ParentLeftAsItWas& operator=(const ParentLeftAsItWas&) = delete;
+
+  private:
+    HWND m_disabled;
+};
+
 HRESULT CALLBACK onEvent(HWND window, UINT event, WPARAM, LPARAM, LONG_PTR others) {
     if (event == TDN_DIALOG_CONSTRUCTED)
         SetWindowSubclass(window, closeByEscape, 0, 0);
@@ -118,6 +138,7 @@ int showTaskDialog(HWND parent, const TaskDescription& description) {
     config.pszContent = content.c_str();
     config.cButtons = static_cast<UINT>(buttons.size());
     config.pButtons = buttons.data();
+    const ParentLeftAsItWas parentLeftAsItWas(parent);
     OtherWindowsDisabled others;
     config.pfCallback = onEvent;
     config.lpCallbackData = reinterpret_cast<LONG_PTR>(&others);

@@ -142,6 +142,32 @@ TEST_F(LayerStatesTest, ACancelledEditIsNoChange) {
     runWith(script);
 }
 
+TEST_F(LayerStatesTest, ARefusedNameLeavesTheManagerInFrontOfTheDisabledWindow) {
+    Script script;
+    script.then(command(L"OPEN " + path("states.zdr")))
+        .then(said(L"states.zdr"))
+        .then(command(L"LAYERSTATE"))
+        .waitForControl(IDC_LSTATE_RES_LIST)
+        .clickCell(IDC_LSTATE_RES_LIST, 0, 0)
+        .press(VK_F2)
+        .waitUntil("the name is being edited",
+                   [](const View& view) { return view.labelEditorText(IDC_LSTATE_RES_LIST).has_value(); })
+        .type(L"  ")
+        .press(VK_RETURN)
+        .waitUntil("the refusal", [](const View& view) { return view.has(IDCLOSE) && !view.has(IDC_LSTATE_RES_LIST); })
+        .click(IDCLOSE)
+        .waitForControl(IDC_LSTATE_RES_LIST)
+        .click(IDC_LSTATE_RES_HIDEXREFS)
+        .look("the windows",
+              [](const View& view) {
+                  EXPECT_TRUE(view.has(IDC_LSTATE_RES_LIST));
+                  EXPECT_FALSE(AfxGetMainWnd()->IsWindowEnabled());
+              })
+        .click(IDC_LSTATE_RES_CLOSE)
+        .then(command(L"QUIT"));
+    runWith(script);
+}
+
 TEST_F(LayerStatesTest, TheKeyAndTheMenuRunTheCommandToo) {
     Script script;
     script.press('L', ui::holdControl)
