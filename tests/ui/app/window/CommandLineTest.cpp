@@ -75,8 +75,8 @@ TEST_F(CommandLineTest, TabCompletesWhatStandsBeforeTheCaret) {
     script.type(L"laye").press(VK_TAB).then(expectTyped(L"LAYER "));
     script.type(L"th").press(VK_TAB).then(expectTyped(L"LAYER THAW "));
     script.type(L"b").press(VK_TAB).then(expectTyped(L"LAYER THAW Base "));
+    // The layer was thawed already, so there is nothing to be saved.
     script.press(VK_RETURN).then(said(L"1 layer is thawed.")).then(command(L"QUIT"));
-    script.then(answerBox(L"Save the changes", IDNO));
     runWith(script);
 }
 
