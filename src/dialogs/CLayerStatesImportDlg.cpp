@@ -4,6 +4,7 @@
 #include "DialogHelp.h"
 #include "FlagForLife.h"
 #include "HostPrompts.h"
+#include "ListSelection.h"
 #include "SideDrawing.h"
 #include "WorkingDatabase.h"
 #include "resource.h"
@@ -19,8 +20,6 @@ constexpr const wchar_t* kNoneSelectedKey = L"KelLayerApps.LayerStateNoneSelecte
 
 constexpr ListColumn kColumns[] = {
     {IDS_LSTATE_COLUMN_NAME, 0.4}, {IDS_LSTATE_COLUMN_SPACE, 0.19}, {IDS_LSTATE_COLUMN_DESCRIPTION, 0.4}};
-
-constexpr UINT kSelectedAndFocused = LVIS_SELECTED | LVIS_FOCUSED;
 
 /// Whether a state of a row has its tick: 1 ticked, 0 not, also for a row that has no box yet.
 int tickOf(UINT rowState) {
@@ -115,7 +114,7 @@ void CLayerStatesImportDlg::OnOK() {
 void CLayerStatesImportDlg::OnItemChanged(NMHDR* header, LRESULT* result) {
     *result = 0;
     const auto& change = *reinterpret_cast<const NMLISTVIEW*>(header);
-    if (m_ticking || (change.uOldState == 0 && change.uNewState == 0))
+    if (m_ticking)
         return;
     const int tick = tickOf(change.uNewState);
     if (tick == tickOf(change.uOldState) || !m_stateList.GetItemState(change.iItem, LVIS_SELECTED))
@@ -139,17 +138,14 @@ bool CLayerStatesImportDlg::selectByKey(WPARAM key) {
         return false;
     const int rows = m_stateList.GetItemCount();
     if (control) {
-        deselectAllRows();
+        m_stateList.SetFocus();
+        deselectAllRows(m_stateList);
         if (rows == 0)
             return true;
-        m_stateList.SetFocus();
-        if (key == L'A') {
-            // The focus can't be given to all rows at once. Of those that get it in turn, the last keeps it.
-            m_stateList.SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
-            m_stateList.SetItemState(rows - 1, LVIS_FOCUSED, LVIS_FOCUSED);
-        } else {
+        if (key == L'A')
+            selectAllRows(m_stateList);
+        else
             selectRow(key == VK_HOME ? 0 : rows - 1);
-        }
         return true;
     }
     if (!isHeld(VK_SHIFT))
@@ -158,11 +154,6 @@ bool CLayerStatesImportDlg::selectByKey(WPARAM key) {
     for (int row = m_stateList.GetNextItem(-1, LVNI_FOCUSED); row >= 0 && row < m_stateList.GetItemCount(); row += step)
         selectRow(row);
     return true;
-}
-
-void CLayerStatesImportDlg::deselectAllRows() {
-    m_stateList.SetFocus();
-    m_stateList.SetItemState(-1, 0, kSelectedAndFocused);
 }
 
 void CLayerStatesImportDlg::selectRow(int row) {

@@ -43,7 +43,6 @@ class CLayerStatesImportDlg : public CKelUiDialog {
     bool hasTickedRow() const;
     /// @return whether it is one of the keys that select rows
     bool selectByKey(WPARAM key);
-    void deselectAllRows();
     void selectRow(int row);
 
     /// The selected rows are being ticked or cleared; that each tells of its change is nothing new.

@@ -4,6 +4,7 @@
 #include "ResultBuffer.h"
 
 #include <cstdlib>
+#include <cwchar>
 #include <memory>
 
 struct GiveBackDescription {
@@ -25,5 +26,13 @@ using HostDescription = std::unique_ptr<wchar_t, GiveBackDescription>;
 using HostText = std::unique_ptr<wchar_t, GiveBackText>;
 /// A text that the host leaves to the runtime library: the name of a layer's plot style.
 using RuntimeText = std::unique_ptr<wchar_t, FreeRuntimeText>;
+/// A copy on the runtime library's heap, for who frees it there; null when there is no memory for it.
+inline RuntimeText runtimeCopy(const wchar_t* text) {
+    const std::size_t length = std::wcslen(text) + 1;
+    RuntimeText copy(static_cast<wchar_t*>(std::malloc(length * sizeof(wchar_t))));
+    if (copy)
+        std::wmemcpy(copy.get(), text, length);
+    return copy;
+}
 /// Extended data, and the answer of the file dialog: the chain with its strings.
 using HostChain = std::unique_ptr<ResultBuffer, ReleaseChain>;

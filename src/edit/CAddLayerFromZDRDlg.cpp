@@ -9,6 +9,7 @@
 #include "LayerOrder.h"
 #include "LayerRecords.h"
 #include "LayerRows.h"
+#include "NewOrNull.h"
 #include "resource.h"
 
 #include <memory>
@@ -22,17 +23,11 @@ constexpr const wchar_t* kHelpTopic = L"SELECTLAYERSTOADDDIALOG";
 constexpr const wchar_t* kNothingToAddKey = L"KelLayerApps.LayerStateAddLayer";
 constexpr int kListBlock = 10;
 
-int CALLBACK compareRows(LPARAM a, LPARAM b, LPARAM sortKey) {
-    return compareAddLayerRows(reinterpret_cast<const CLayerRcd*>(a), reinterpret_cast<const CLayerRcd*>(b),
-                               static_cast<int>(sortKey));
-}
-
 } // namespace
 
 BEGIN_MESSAGE_MAP(CAddLayerFromZDRDlg, CKelUiDialog)
 ON_NOTIFY(LVN_COLUMNCLICK, IDC_LAYER_GRID, &CAddLayerFromZDRDlg::OnHeadingClick)
 ON_COMMAND(ID_HELP, &CAddLayerFromZDRDlg::onHelpCommand)
-ON_WM_SHOWWINDOW()
 END_MESSAGE_MAP()
 
 CAddLayerFromZDRDlg::CAddLayerFromZDRDlg(CWnd* parent)
@@ -101,7 +96,7 @@ void CAddLayerFromZDRDlg::readLayers(const KelDbLayerTable& table) {
         const wchar_t* name = nullptr;
         if (layer.openStatus() != Vorn::eOk || layer->getName(name) != Vorn::eOk || inState.contains(name))
             continue;
-        std::unique_ptr<CLayerRcd> record = newLayerRecord();
+        std::unique_ptr<CLayerRcd> record = newOrNull<CLayerRcd>();
         if (!record)
             return;
         record->m_name = name;
@@ -114,13 +109,8 @@ void CAddLayerFromZDRDlg::readLayers(const KelDbLayerTable& table) {
 }
 
 void CAddLayerFromZDRDlg::OnHeadingClick(NMHDR* header, LRESULT* result) {
-    m_sortKey = sortKeyAfterClick(m_sortKey, reinterpret_cast<const NMLISTVIEW*>(header)->iSubItem);
-    m_layerGrid.SortItems(compareRows, static_cast<DWORD_PTR>(static_cast<INT_PTR>(m_sortKey)));
+    sortRows<compareAddLayerRows>(m_layerGrid, m_sortKey, reinterpret_cast<const NMLISTVIEW*>(header)->iSubItem);
     *result = 0;
-}
-
-void CAddLayerFromZDRDlg::OnShowWindow(BOOL show, UINT status) {
-    CKelUiDialog::OnShowWindow(show, status);
 }
 
 void CAddLayerFromZDRDlg::OnOK() {

@@ -44,7 +44,6 @@ class CAddLayerFromZDRDlg : public CKelUiDialog {
     void OnOK() override;
     DECLARE_MESSAGE_MAP()
     afx_msg void OnHeadingClick(NMHDR* header, LRESULT* result);
-    afx_msg void OnShowWindow(BOOL show, UINT status);
 
   private:
     void insertColumns();

@@ -20,11 +20,6 @@ constexpr const wchar_t* kDialogName = L"KelLayerApps:LayerStatesEdit";
 constexpr const wchar_t* kHelpTopic = L"EDITLAYERSTATESDIALOG";
 constexpr int kListBlock = 10;
 
-int CALLBACK compareRows(LPARAM a, LPARAM b, LPARAM sortKey) {
-    return compareLayerRows(reinterpret_cast<const CLayerRcd*>(a), reinterpret_cast<const CLayerRcd*>(b),
-                            static_cast<int>(sortKey));
-}
-
 } // namespace
 
 BEGIN_MESSAGE_MAP(CEditLayerStateDlg, CKelUiDialog)
@@ -142,8 +137,7 @@ CLayerRcd* CEditLayerStateDlg::recordOf(int row) const {
 }
 
 void CEditLayerStateDlg::OnHeadingClick(NMHDR* header, LRESULT* result) {
-    m_sortKey = sortKeyAfterClick(m_sortKey, reinterpret_cast<const NMLISTVIEW*>(header)->iSubItem);
-    m_layerGrid.SortItems(compareRows, static_cast<DWORD_PTR>(static_cast<INT_PTR>(m_sortKey)));
+    sortRows<compareLayerRows>(m_layerGrid, m_sortKey, reinterpret_cast<const NMLISTVIEW*>(header)->iSubItem);
     *result = 0;
 }
 

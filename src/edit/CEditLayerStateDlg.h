@@ -85,11 +85,10 @@ class CEditLayerStateDlg : public CKelUiDialog {
 
     // Selection and clicks.
     void noteSelection(const MSG& press);
-    void selectAllRows();
-    void deselectAllRows();
     int firstSelectedRow() const;
     std::vector<int> selectedRows() const;
-    CPoint messagePoint() const;
+    /// The column under the point of the message that is being handled.
+    int columnOfMessage();
     void editCell(int row, int column);
     /// Calls `change` with the row and the record, first of `first` and then of each row that is changed with it.
     template <class Change> void changeRows(int first, Change change);

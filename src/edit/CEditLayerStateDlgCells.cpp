@@ -10,6 +10,7 @@
 #include "KelEditor.h"
 #include "LayerRecords.h"
 #include "ListRedrawLock.h"
+#include "ListSelection.h"
 #include "MessageBoxes.h"
 #include "OrvUiPickers.h"
 #include "PropertyValues.h"
@@ -18,8 +19,6 @@
 #include <utility>
 
 namespace {
-
-constexpr UINT kSelectedAndFocused = LVIS_SELECTED | LVIS_FOCUSED;
 
 bool isDown(int key) {
     return GetKeyState(key) < 0;
@@ -32,7 +31,9 @@ BOOL CEditLayerStateDlg::PreTranslateMessage(MSG* message) {
     switch (message->message) {
     case WM_KEYDOWN:
         if (message->wParam == L'A' && isDown(VK_CONTROL)) {
-            selectAllRows();
+            m_layerGrid.SetFocus();
+            deselectAllRows(m_layerGrid);
+            selectAllRows(m_layerGrid);
             return TRUE;
         }
         break;
@@ -80,19 +81,6 @@ std::vector<int> CEditLayerStateDlg::selectedRows() const {
     return rows;
 }
 
-void CEditLayerStateDlg::deselectAllRows() {
-    m_layerGrid.SetItemState(-1, 0, kSelectedAndFocused);
-}
-
-void CEditLayerStateDlg::selectAllRows() {
-    m_layerGrid.SetFocus();
-    deselectAllRows();
-    m_layerGrid.SetFocus();
-    m_layerGrid.SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
-    // The focus can't be given to all rows at once; row by row it would come to rest on the last one.
-    m_layerGrid.SetItemState(m_layerGrid.GetItemCount() - 1, LVIS_FOCUSED, LVIS_FOCUSED);
-}
-
 void CEditLayerStateDlg::noteSelection(const MSG& press) {
     m_keepSelection = false;
     m_selectedRows = selectedRows();
@@ -105,7 +93,7 @@ void CEditLayerStateDlg::noteSelection(const MSG& press) {
     if (isDown(VK_CONTROL) || isDown(VK_SHIFT))
         return;
     m_layerGrid.SetFocus();
-    deselectAllRows(); // but for the rows that are kept
+    deselectAllRows(m_layerGrid); // but for the rows that are kept
 }
 
 void CEditLayerStateDlg::OnGridItemChanging(NMHDR* header, LRESULT* result) {
@@ -114,10 +102,12 @@ void CEditLayerStateDlg::OnGridItemChanging(NMHDR* header, LRESULT* result) {
     *result = (m_keepSelection || m_keepAtRelease) && (change->uChanged & LVIF_STATE) != 0 && loses;
 }
 
-CPoint CEditLayerStateDlg::messagePoint() const {
-    CPoint point(static_cast<LPARAM>(::GetMessagePos()));
-    m_layerGrid.ScreenToClient(&point);
-    return point;
+int CEditLayerStateDlg::columnOfMessage() {
+    LVHITTESTINFO hit = {};
+    hit.pt = CPoint(static_cast<LPARAM>(::GetMessagePos()));
+    m_layerGrid.ScreenToClient(&hit.pt);
+    m_layerGrid.SubItemHitTest(&hit);
+    return hit.iSubItem;
 }
 
 void CEditLayerStateDlg::OnGridClick(NMHDR* header, LRESULT* result) {
@@ -126,13 +116,11 @@ void CEditLayerStateDlg::OnGridClick(NMHDR* header, LRESULT* result) {
     const auto* click = reinterpret_cast<const NMITEMACTIVATE*>(header);
     if (click->iItem < 0 || click->iSubItem < 0)
         return;
-    LVHITTESTINFO hit = {};
-    hit.pt = messagePoint();
-    m_layerGrid.SubItemHitTest(&hit);
+    const int column = columnOfMessage();
     const int first = firstSelectedRow();
     keepRowsOfClick(m_selectedRows, first);
     if (first >= 0)
-        editCell(first, hit.iSubItem);
+        editCell(first, column);
 }
 
 void CEditLayerStateDlg::editCell(int row, int column) {
@@ -238,11 +226,9 @@ void CEditLayerStateDlg::pickPlotStyle(CLayerRcd& first) {
 
 void CEditLayerStateDlg::OnGridDoubleClick(NMHDR*, LRESULT* result) {
     *result = 0;
-    LVHITTESTINFO hit = {};
-    hit.pt = messagePoint();
-    m_layerGrid.SubItemHitTest(&hit);
+    const int column = columnOfMessage();
     const int row = firstSelectedRow();
-    CLayerRcd* record = row >= 0 && hit.iSubItem == nameGridColumn ? recordOf(row) : nullptr;
+    CLayerRcd* record = row >= 0 && column == nameGridColumn ? recordOf(row) : nullptr;
     if (!record)
         return;
     switch (currentLayerChange(*record)) {

@@ -4,6 +4,7 @@
 #include "KelDbDatabase.h"
 #include "LayerRecords.h"
 #include "ListRedrawLock.h"
+#include "ListSelection.h"
 #include "StateReading.h"
 
 #include <algorithm>
@@ -43,7 +44,7 @@ void CEditLayerStateDlg::OnRemoveLayers() {
     const auto before = std::lower_bound(rows.begin(), rows.end(), focused) - rows.begin();
     const ListRedrawLock quiet(m_layerGrid);
     // With the selection and the focus on them, each row that goes would have the list tell of both and scroll.
-    deselectAllRows();
+    deselectAllRows(m_layerGrid);
     // From the last one up: a list moves all rows behind the one that it gives up.
     for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
         if (CLayerRcd* record = recordOf(*row))

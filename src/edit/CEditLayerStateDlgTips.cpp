@@ -3,10 +3,8 @@
 #include "CResourceScope.h"
 #include "CellText.h"
 #include "GridColumns.h"
+#include "HostOwners.h"
 #include "resource.h"
-
-#include <cstdlib>
-#include <cwchar>
 
 namespace {
 
@@ -17,15 +15,6 @@ int lastColumn = -1;
 /// Tools of the grid have the number of their column, those of the buttons come behind.
 constexpr INT_PTR kButtonTools = gridColumnCount;
 constexpr INT_PTR kNoTool = -1;
-
-/// The window tip frees it with the runtime library's free.
-wchar_t* heapCopy(const wchar_t* text) {
-    const std::size_t size = (std::wcslen(text) + 1) * sizeof(wchar_t);
-    auto* copy = static_cast<wchar_t*>(std::malloc(size));
-    if (copy)
-        std::memcpy(copy, text, size);
-    return copy;
-}
 
 } // namespace
 
@@ -92,7 +81,7 @@ INT_PTR CEditLayerStateDlg::fillTool(TOOLINFO* tool, HWND window, const CRect& r
         tool->rect = rect;
         tool->uId = static_cast<UINT_PTR>(id);
         tool->uFlags |= TTF_ALWAYSTIP;
-        tool->lpszText = heapCopy(text);
+        tool->lpszText = runtimeCopy(text).release(); // the window tip frees it with the runtime library's free
     }
     return id;
 }

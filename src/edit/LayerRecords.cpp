@@ -1,18 +1,5 @@
 #include "LayerRecords.h"
 
-#include <new>
-
-std::unique_ptr<CLayerRcd> newLayerRecord() {
-    try {
-        return std::make_unique<CLayerRcd>();
-    } catch (CMemoryException* exception) {
-        exception->Delete();
-    } catch (const std::bad_alloc&) {
-        // The framework and the language each have their own exception for lack of memory.
-    }
-    return nullptr;
-}
-
 void deleteRecords(CObList& layers) {
     for (POSITION position = layers.GetHeadPosition(); position;)
         delete layers.GetNext(position);

@@ -19,8 +19,6 @@ template <class See> void forEachRecord(CObList& layers, See see) {
     }
 }
 
-/// Null when there is no memory for it.
-std::unique_ptr<CLayerRcd> newLayerRecord();
 /// Deletes the records and empties the list.
 void deleteRecords(CObList& layers);
 /// The names of the layers that have rows, in list order.

@@ -1,6 +1,7 @@
 // The rows of a list of layers.
 #pragma once
 
+#include "LayerOrder.h"
 #include "LayerRecords.h"
 #include "ListRedrawLock.h"
 
@@ -24,4 +25,16 @@ template <class SetTexts> void fillRows(CListCtrl& list, CObList& layers, SetTex
         setTexts(row, **record);
         ++row;
     }
+}
+
+/// What a click on a heading does: the sort key goes by the column, and the rows by the key.
+/// @tparam compare answers the order of two records by a sort key
+template <int (*compare)(const CLayerRcd* a, const CLayerRcd* b, int sortKey)>
+void sortRows(CListCtrl& list, int& sortKey, int column) {
+    sortKey = sortKeyAfterClick(sortKey, column);
+    const auto compareItems = [](LPARAM a, LPARAM b, LPARAM key) {
+        return compare(reinterpret_cast<const CLayerRcd*>(a), reinterpret_cast<const CLayerRcd*>(b),
+                       static_cast<int>(key));
+    };
+    list.SortItems(compareItems, static_cast<DWORD_PTR>(static_cast<INT_PTR>(sortKey)));
 }

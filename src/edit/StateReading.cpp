@@ -3,7 +3,7 @@
 #include "CTempLayerState.h"
 #include "HostOwners.h"
 #include "KelDbPointers.h"
-#include "LayerRecords.h"
+#include "NewOrNull.h"
 
 namespace {
 
@@ -56,26 +56,31 @@ void readPlotStyle(KelDbDatabase& database, const KelDbLayerTableRecord& layer, 
     record.m_plotStyleName = RuntimeText(layer.plotStyleName()).get();
 }
 
+/// What a layer of the state and one that enters it are read for alike.
+void readProperties(KelDbDatabase& database, const KelDbLayerTableRecord& layer, CLayerRcd& record) {
+    readName(layer, record);
+    record.m_isFrozen = layer.isFrozen();
+    record.m_isOff = layer.isOff();
+    record.m_isLocked = layer.isLocked();
+    record.m_isNewVpFrozen = layer.VPDFLT();
+    record.m_isPlottable = layer.isPlottable();
+    record.m_color = layer.color();
+    readLinetype(layer, record);
+    record.m_lineWeight = layer.lineWeight();
+    readPlotStyle(database, layer, record);
+}
+
 /// Null when there is no memory for the record.
 /// @param name by which the state knows the layer; the record's when the layer's own can't be had
 std::unique_ptr<CLayerRcd> readStateLayer(KelDbDatabase& database, const KelDbLayerTableRecord& layer,
                                           const wchar_t* name, KelDbObjectId current) {
-    std::unique_ptr<CLayerRcd> record = newLayerRecord();
+    std::unique_ptr<CLayerRcd> record = newOrNull<CLayerRcd>();
     if (!record)
         return nullptr;
     record->m_isCurrent = layer.objectId() == current;
     record->m_isDependent = layer.isDependent();
     record->m_name = name;
-    readName(layer, *record);
-    record->m_isFrozen = layer.isFrozen();
-    record->m_isOff = layer.isOff();
-    record->m_isLocked = layer.isLocked();
-    record->m_isNewVpFrozen = layer.VPDFLT();
-    record->m_isPlottable = layer.isPlottable();
-    record->m_color = layer.color();
-    readLinetype(layer, *record);
-    record->m_lineWeight = layer.lineWeight();
-    readPlotStyle(database, layer, *record);
+    readProperties(database, layer, *record);
     return record;
 }
 
@@ -120,22 +125,12 @@ std::unique_ptr<CLayerRcd> readAddedLayer(KelDbDatabase& database, KelDbObjectId
     const OpenLayer layer(id, KelDb::kForRead);
     if (layer.openStatus() != Vorn::eOk)
         return nullptr;
-    std::unique_ptr<CLayerRcd> record = newLayerRecord();
+    std::unique_ptr<CLayerRcd> record = newOrNull<CLayerRcd>();
     outOfMemory = !record;
     if (outOfMemory)
         return nullptr;
-    readName(*layer.object(), *record);
-    record->m_isFrozen = layer->isFrozen();
-    record->m_isOff = layer->isOff();
-    record->m_isLocked = layer->isLocked();
-    record->m_isNewVpFrozen = layer->VPDFLT();
-    record->m_isPlottable = layer->isPlottable();
-    record->m_layerId = layer->objectId();
-    record->m_color = layer->color();
-    readLinetype(*layer.object(), *record);
-    record->m_lineWeight = layer->lineWeight();
-    readPlotStyle(database, *layer.object(), *record);
+    record->m_layerId = id;
+    readProperties(database, *layer.object(), *record);
     record->m_isAdded = true;
-    record->m_isRemoved = false;
     return record;
 }

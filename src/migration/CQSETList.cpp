@@ -88,22 +88,19 @@ bool CQSETList::applyToLayers(int operation, const wchar_t* name) {
 
 bool CQSETList::applyToLayer(int operation, const wchar_t* name) {
     switch (operation) {
+    case OpWrite:
+        return writeBlock(name) && storeChain();
+    case OpRename:
+        return renameBlock(name) && storeChain();
+    case OpDelete:
+        return deleteBlock(name) && storeChain();
     case OpRestore:
         return restoreBlock(name);
-    case OpWrite:
-        if (!writeBlock(name))
-            return false;
-        break;
-    case OpRename:
-        if (!renameBlock(name))
-            return false;
-        break;
-    case OpDelete:
-        if (!deleteBlock(name))
-            return false;
-        break;
     default:
         return false;
     }
+}
+
+bool CQSETList::storeChain() {
     return !m_extendedData || m_layer->setExtendedData(m_extendedData) == Vorn::eOk;
 }

@@ -58,6 +58,8 @@ class CQSETList {
     void collectNames(const ResultBuffer* chain);
     bool holdsName(const wchar_t* name) const;
     bool applyToLayer(int operation, const wchar_t* name);
+    /// Gives the layer the chain, if there is one.
+    bool storeChain();
 
     bool writeBlock(const wchar_t* name);
     bool renameBlock(const wchar_t* name, const wchar_t* newName = L"");

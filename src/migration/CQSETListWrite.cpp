@@ -1,22 +1,15 @@
 // Writing a block, and giving it another name. The migration needs neither; they are here so that both sides of the
 // format stand in one place.
 #include "CQSETList.h"
+#include "HostOwners.h"
 #include "KelDbPointers.h"
 #include "KelEditor.h"
 #include "LegacyChain.h"
 #include "WorkingDatabase.h"
 
 #include <cstdlib>
-#include <cwchar>
 
 namespace {
-
-/// The host frees the strings of a chain with the runtime library's free.
-wchar_t* duplicate(const wchar_t* text) {
-    const std::size_t length = std::wcslen(text) + 1;
-    auto* copy = static_cast<wchar_t*>(std::malloc(length * sizeof(wchar_t)));
-    return copy ? std::wmemcpy(copy, text, length) : nullptr;
-}
 
 CString upper(const CString& text) {
     CString converted = text;
@@ -33,14 +26,11 @@ class ChainWriter {
             m_last = m_last->next;
     }
     void addText(int type, const wchar_t* text, const wchar_t* failure) {
-        wchar_t* copy = duplicate(text);
-        ResultBuffer* node = copy ? kelutNewRb(type) : nullptr;
-        if (!node) {
-            std::free(copy);
+        RuntimeText copy = runtimeCopy(text);
+        if (!copy)
             throw failure;
-        }
-        node->value.string = copy;
-        link(node);
+        ResultBuffer* node = newNode(type, failure); // before the copy is let go of: it may throw
+        node->value.string = copy.release();
     }
     void addInt16(int value, const wchar_t* failure) {
         newNode(kExtendedInt16, failure)->value.int16 = static_cast<std::int16_t>(value);
@@ -52,12 +42,9 @@ class ChainWriter {
         ResultBuffer* node = kelutNewRb(type);
         if (!node)
             throw failure;
-        link(node);
-        return node;
-    }
-    void link(ResultBuffer* node) {
         m_last->next = node;
         m_last = node;
+        return node;
     }
 
     ResultBuffer* m_last;
@@ -65,12 +52,10 @@ class ChainWriter {
 
 ResultBuffer* newChain() {
     static_cast<void>(keldbRegApp(kLegacyApplication)); // false when it is registered already
-    wchar_t* application = duplicate(kLegacyApplication);
+    RuntimeText application = runtimeCopy(kLegacyApplication);
     ResultBuffer* chain = application ? kelutNewRb(kExtendedAppName) : nullptr;
     if (chain)
-        chain->value.string = application;
-    else
-        std::free(application);
+        chain->value.string = application.release();
     return chain;
 }
 
@@ -170,7 +155,7 @@ bool CQSETList::renameBlock(const wchar_t* name, const wchar_t* newName) {
             if (!text || marker != text)
                 continue;
             std::free(node->value.string);
-            node->value.string = duplicate(replacement);
+            node->value.string = runtimeCopy(replacement).release();
             if (!node->value.string)
                 return false;
             break;

@@ -27,24 +27,7 @@ class AddLayersChoice : public AddLayersTest {
     }
     /// What is asked of a layer that is added, in a drawing with named plot styles.
     static Calls callsOfAdded(const std::string& id, const std::string& name, const std::string& color) {
-        const auto of = [&id](const char* operation) { return "record." + std::string(operation) + "(" + id + ") = "; };
-        return {"openObject(" + id + ", 0, false) = 0",
-                of("getName") + "0, name=\"" + name + "\"",
-                of("isFrozen") + "false",
-                of("isOff") + "false",
-                of("isLocked") + "false",
-                of("VPDFLT") + "false",
-                of("isPlottable") + "true",
-                of("color") + color,
-                of("linetypeObjectId") + "#E0",
-                "openObject(#E0, 0, false) = 0",
-                "record.getName(#E0) = 0, name=\"Continuous\"",
-                "close(#E0) = 0",
-                of("lineWeight") + "-3",
-                "plotStyleMode() = false",
-                of("plotStyleNameId") + "#E8",
-                of("plotStyleName") + "\"Normal\"",
-                "close(" + id + ") = 0"};
+        return joined({{"openObject(" + id + ", 0, false) = 0"}, callsOfProperties(id, name, color)});
     }
 };
 

@@ -10,6 +10,26 @@ using ui::Obstacle;
 using ui::Script;
 using ui::View;
 
+Calls callsOfProperties(const std::string& id, const std::string& name, const std::string& color) {
+    const auto of = [&id](const char* operation) { return "record." + std::string(operation) + "(" + id + ") = "; };
+    return {of("getName") + "0, name=\"" + name + "\"",
+            of("isFrozen") + "false",
+            of("isOff") + "false",
+            of("isLocked") + "false",
+            of("VPDFLT") + "false",
+            of("isPlottable") + "true",
+            of("color") + color,
+            of("linetypeObjectId") + "#E0",
+            "openObject(#E0, 0, false) = 0",
+            "record.getName(#E0) = 0, name=\"Continuous\"",
+            "close(#E0) = 0",
+            of("lineWeight") + "-3",
+            "plotStyleMode() = false",
+            of("plotStyleNameId") + "#E8",
+            of("plotStyleName") + "\"Normal\"",
+            "close(" + id + ") = 0"};
+}
+
 bool EditTest::edit(const std::wstring& state, const Script& script) {
     return manage(Script()
                       .clickCellOf(IDC_LSTATE_RES_LIST, state)

@@ -10,6 +10,10 @@ inline constexpr int grid = IDC_LAYER_GRID;
 
 inline constexpr const wchar_t* editDialogName = L"KelLayerApps:LayerStatesEdit";
 
+/// What the dialog asks of a layer that is open, with the other values of a new one, and its close; in a drawing with
+/// named plot styles.
+Calls callsOfProperties(const std::string& id, const std::string& name, const std::string& color);
+
 class EditTest : public ManagerTest {
   protected:
     /// Opens the manager and from there the edit dialog on that state, runs the script in it, which has to end the

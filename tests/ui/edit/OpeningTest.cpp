@@ -28,27 +28,9 @@ class EditOpening : public EditTest {
 
 /// What is asked of a layer with the values of a new one.
 Calls callsOfLayer(const std::string& id, const std::string& name) {
-    const auto of = [&id](const char* operation) { return "record." + std::string(operation) + "(" + id + ") = "; };
-    return {"getLayerTable(0) = 0",
-            "layerTable.getAt(\"" + name + "\", 0, false) = 0, id=" + id,
-            "close(#layerTable) = 0",
-            of("isDependent") + "false",
-            of("getName") + "0, name=\"" + name + "\"",
-            of("isFrozen") + "false",
-            of("isOff") + "false",
-            of("isLocked") + "false",
-            of("VPDFLT") + "false",
-            of("isPlottable") + "true",
-            of("color") + "color 7",
-            of("linetypeObjectId") + "#E0",
-            "openObject(#E0, 0, false) = 0",
-            "record.getName(#E0) = 0, name=\"Continuous\"",
-            "close(#E0) = 0",
-            of("lineWeight") + "-3",
-            "plotStyleMode() = false",
-            of("plotStyleNameId") + "#E8",
-            of("plotStyleName") + "\"Normal\"",
-            "close(" + id + ") = 0"};
+    return joined({{"getLayerTable(0) = 0", "layerTable.getAt(\"" + name + "\", 0, false) = 0, id=" + id,
+                    "close(#layerTable) = 0", "record.isDependent(" + id + ") = false"},
+                   callsOfProperties(id, name, "color 7")});
 }
 
 TEST_F(EditOpening, ShowsTheStatesLayersLastFirst) {

@@ -43,7 +43,7 @@ class CommitCombinations : public DomainTest {
     void fill(const std::vector<Shape>& shapes) {
         deleteRecords(m_layers);
         for (std::size_t i = 0; i < shapes.size(); ++i) {
-            auto record = newLayerRecord();
+            auto record = std::make_unique<CLayerRcd>();
             record->m_name = kNames[i];
             record->m_isAdded = shapes[i].added;
             record->m_isRemoved = shapes[i].removed;

@@ -104,6 +104,18 @@ class LegacyChains : public LegacyTest {
                                                                           : walls.flags & ~zdr::kLayerPlot);
         return walls;
     }
+    /// Gives Walls one random chain after the other, and calls `check` with it.
+    template <class Check> void forEachChain(Check check) {
+        for (int run = 0; run < kRuns && !HasFailure(); ++run) {
+            LegacyNodes nodes = chain();
+            if (below(3) == 0)
+                damage(nodes);
+            SCOPED_TRACE("KEL_CHAINS_SEED=" + std::to_string(m_seed) + ", run " + std::to_string(run) + "\n" +
+                         shown(nodes));
+            setData(L"Walls", nodes);
+            check(nodes);
+        }
+    }
     void checkRestore(const LegacyNodes& nodes, const std::wstring& state) {
         const engine::LayerValues before = values(L"Walls");
         const std::optional<plain::Block> block = plain::block(nodes, state);
@@ -129,13 +141,7 @@ class LegacyChains : public LegacyTest {
 };
 
 TEST_F(LegacyChains, AreReadAsTheFormatSays) {
-    for (int run = 0; run < kRuns && !HasFailure(); ++run) {
-        LegacyNodes nodes = chain();
-        if (below(3) == 0)
-            damage(nodes);
-        SCOPED_TRACE("KEL_CHAINS_SEED=" + std::to_string(m_seed) + ", run " + std::to_string(run) + "\n" +
-                     shown(nodes));
-        setData(L"Walls", nodes);
+    forEachChain([this](const LegacyNodes& nodes) {
         CQSETList list(&m_database);
         std::vector<std::wstring> names;
         while (list.takeNextName())
@@ -143,20 +149,11 @@ TEST_F(LegacyChains, AreReadAsTheFormatSays) {
         EXPECT_EQ(names, plain::names(nodes));
         for (const std::wstring& state : names)
             checkRestore(nodes, state);
-    }
+    });
 }
 
 TEST_F(LegacyChains, LoseTheBlocksOfTheDeletedStateAndNothingElse) {
-    for (int run = 0; run < kRuns && !HasFailure(); ++run) {
-        LegacyNodes nodes = chain();
-        if (below(3) == 0)
-            damage(nodes);
-        SCOPED_TRACE("KEL_CHAINS_SEED=" + std::to_string(m_seed) + ", run " + std::to_string(run) + "\n" +
-                     shown(nodes));
-        const std::wstring state = name();
-        setData(L"Walls", nodes);
-        checkDelete(nodes, state);
-    }
+    forEachChain([this](const LegacyNodes& nodes) { checkDelete(nodes, name()); });
 }
 
 } // namespace

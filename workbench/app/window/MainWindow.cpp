@@ -83,18 +83,6 @@ const MenuCommand* commandOfKey(const MSG& message) {
     return found == std::end(kMenuCommands) ? nullptr : found;
 }
 
-/// Says that a command is under way, for its life; also an exception ends it.
-class RunningCommand {
-  public:
-    explicit RunningCommand(bool& running) : m_running(running) { m_running = true; }
-    ~RunningCommand() { m_running = false; }
-    RunningCommand(const RunningCommand&) = delete;
-    RunningCommand& operator=(const RunningCommand&) = delete;
-
-  private:
-    bool& m_running;
-};
-
 } // namespace
 
 BEGIN_MESSAGE_MAP(MainWindow, CWnd)
@@ -282,10 +270,9 @@ void MainWindow::run(const std::wstring& line) {
 }
 
 void MainWindow::runOne(const std::wstring& line) {
-    {
-        const RunningCommand running(m_running);
-        runLine(*m_session, line);
-    }
+    m_running = true;
+    runLine(*m_session, line);
+    m_running = false;
     if (!m_hWnd)
         return;
     refreshTitle();

@@ -158,11 +158,8 @@ struct SameSides {
         const zdr::Viewport* viewport = findViewport(drawing, side.handle);
         return viewport && sameFrozen(viewport->frozen, side.frozen) && viewport->overrides == side.overrides;
     }
-    bool operator()(const LayerChange&) const { return false; }
-    bool operator()(const LayerListChange&) const { return false; }
-    bool operator()(const ExtendedDataChange&) const { return false; }
-    bool operator()(const ApplicationsChange&) const { return false; }
-    bool operator()(const PlotStyleChange&) const { return false; }
+    /// Of the others it isn't looked at.
+    template <class Other> bool operator()(const Other&) const { return false; }
 };
 
 } // namespace

@@ -102,8 +102,8 @@ struct ApplicationsChange {
 using Change = std::variant<ColumnsChange, StateChange, SettingsChange, ViewportChange, LayerChange, LayerListChange,
                             ExtendedDataChange, ApplicationsChange, PlotStyleChange>;
 
-/// Whether the drawing is as it was before these changes, which were made to it one after the other. Layers and plot
-/// styles that were put in or taken out count as changes even if the opposite came after that.
+/// Whether the drawing is as it was before these changes, which were made to it one after the other. Only what layers,
+/// states and viewports look like and the settings are compared; any other change counts, also when it was taken back.
 bool areUndone(const std::vector<Change>& changes, const zdr::Drawing& drawing, const ObjectDirectory& objects);
 
 /// The viewport of a handle; null when there is none.
