@@ -51,9 +51,9 @@ void CLayerStateList::OnKillFocus(CWnd* next) {
 }
 
 void CLayerStateList::showFocus(bool focused) {
-    constexpr WPARAM kWholeFrame = 1;
     m_focused = focused;
-    SendMessage(WM_NCPAINT, kWholeFrame); // the frame alone: the rows look the same
+    // The rows look the same, but Wine's list draws its theme over all of the window when it is asked for the frame.
+    RedrawWindow(nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
 
 // The rows show the selection and no focus, and there may be none at all, so the border tells where the keyboard is.

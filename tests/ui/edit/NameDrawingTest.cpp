@@ -34,6 +34,27 @@ TEST_F(NameDrawing, StandsBehindTheMarkAndTwoBlanks) {
     }));
 }
 
+TEST_F(NameDrawing, StaysWhileAnotherWindowHasTheInput) {
+    open(drawing({L"Walls"}));
+    HWND dialog = nullptr;
+    RECT place = {};
+    Pixels before;
+    EXPECT_TRUE(
+        edit(L"Look", Script()
+                          .look("the name",
+                                [&](const View& view) {
+                                    dialog = view.window();
+                                    place = namePlace(view, L"Walls");
+                                    before = pixels(view, place);
+                                })
+                          .click(IDC_ADD_LAYERS)
+                          .waitUntil("that there is nothing to add", [](const View& view) { return !view.has(grid); })
+                          .look("the name behind", [&](const View&) { EXPECT_EQ(pixels(View(dialog), place), before); })
+                          .press(VK_ESCAPE)
+                          .waitForControl(grid)
+                          .press(VK_ESCAPE)));
+}
+
 TEST_F(NameDrawing, ThatIsTooLongEndsInThreeDots) {
     EXPECT_TRUE(lookAt(drawing({kLong}), [](const View& view) {
         const RECT place = namePlace(view, kLong);

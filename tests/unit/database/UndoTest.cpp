@@ -304,6 +304,17 @@ TEST_F(Undo, ForgetsWhatCouldBeDoneAgainAfterAGroupThatChangesSomething) {
     EXPECT_GT(engine::lastingChangeCount(m_database), before);
 }
 
+TEST_F(Undo, LooksAtTheOutermostGroupAlone) {
+    const std::uint64_t before = engine::lastingChangeCount(m_database);
+    step([&] {
+        step([this] { setColor(L"Walls", 3); });
+        EXPECT_GT(engine::lastingChangeCount(m_database), before);
+        step([this] { setColor(L"Walls", 7); });
+    });
+    EXPECT_EQ(engine::lastingChangeCount(m_database), before);
+    EXPECT_FALSE(engine::canUndo(m_database));
+}
+
 TEST_F(Undo, TellsEachKindOfChangeThatStays) {
     states().saveLayerState(L"Plan", MaskOn);
     step([this] { setColor(L"Walls", 3); });

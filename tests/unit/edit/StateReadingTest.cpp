@@ -199,6 +199,21 @@ TEST_F(StateReading, OfNoDrawingReadsNothing) {
     EXPECT_TRUE(m_layers.IsEmpty());
 }
 
+TEST_F(StateReading, WithoutTheInternalServiceReadsNothing) {
+    instruments::failCall("getImpLayerStateManager", 1);
+    EXPECT_FALSE(read());
+    EXPECT_TRUE(instruments::faultStruck());
+    EXPECT_TRUE(m_layers.IsEmpty());
+    expectDrawingAsBefore();
+}
+
+TEST_F(StateReading, OfAStateWithoutLayersReadsNothing) {
+    instruments::failCall("getLayerStateLayers", 1);
+    EXPECT_FALSE(read());
+    EXPECT_TRUE(m_layers.IsEmpty());
+    expectDrawingAsBefore();
+}
+
 TEST_F(StateReading, OfAStateThatIsntThereReadsNothing) {
     EXPECT_FALSE(read(L"Nothing"));
     EXPECT_TRUE(m_layers.IsEmpty());

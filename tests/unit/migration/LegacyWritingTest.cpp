@@ -2,6 +2,7 @@
 
 #include "LegacyTest.h"
 
+#include "Documents.h"
 #include "engine/DatabaseAccess.h"
 
 namespace {
@@ -13,6 +14,19 @@ class LegacyWriting : public LegacyTest {
   protected:
     bool write(const wchar_t* name) { return CQSETList(&m_database).applyToLayers(CQSETList::OpWrite, name); }
     bool rename(const wchar_t* name) { return CQSETList(&m_database).applyToLayers(CQSETList::OpRename, name); }
+    /// Writes with a viewport of the layout as the current one, which is the business of an open document.
+    bool writeInViewport(std::size_t index) {
+        zdr::Drawing opened = drawing();
+        opened.activeLayout = 0;
+        opened.currentViewport = opened.layouts[0].viewports[index].handle;
+        auto database = std::make_unique<KelDbDatabase>(false, false);
+        engine::replaceDrawing(*database, std::move(opened));
+        runtime::Document& document = runtime::openDocument(std::move(database), L"");
+        const bool written = CQSETList(&document.data()).applyToLayers(CQSETList::OpWrite, L"PLAN");
+        use(engine::drawingOf(document.data()));
+        runtime::closeDocument(document);
+        return written;
+    }
     static std::string narrow(const std::wstring& wide) { return {wide.begin(), wide.end()}; }
 };
 
@@ -30,6 +44,43 @@ TEST_F(LegacyWriting, PutsABlockOnEachLayer) {
     EXPECT_THAT(data(L"Base"), ElementsAre("1000 {PLAN", "1070 16", "1070 7", "1000 Continuous", "1070 1", "1071 -3",
                                            "1071 1", style, "1000 PLAN}"))
         << "the current layer has its mark";
+}
+
+TEST_F(LegacyWriting, MarksALayerThatTheCurrentViewportFreezes) {
+    engine::setFrozenInViewport(m_database, viewport().handle, layer(L"Walls"), true);
+    EXPECT_TRUE(writeInViewport(0));
+    const std::string style = "1005 " + narrow(styleHandle(L"Walls"));
+    EXPECT_THAT(data(L"Walls"), ElementsAre("1000 {PLAN", "1070 16", "1070 7", "1000 Continuous", "1000 Walls",
+                                            "1071 -3", "1071 1", style, "1000 PLAN}"));
+    EXPECT_THAT(data(L"Doors"), ElementsAre("1000 {PLAN", "1070 16", "1070 7", "1000 Continuous", "1071 -3", "1071 1",
+                                            style, "1000 PLAN}"));
+}
+
+TEST_F(LegacyWriting, MarksNothingForAViewportThatIsNotOnOrNotCurrent) {
+    const std::size_t without = 8;
+    engine::setFrozenInViewport(m_database, viewport().handle, layer(L"Walls"), true);
+    EXPECT_TRUE(write(L"PLAN"));
+    EXPECT_EQ(data(L"Walls").size(), without) << "no viewport is current";
+    setData(L"Walls", {});
+    engine::setFrozenInViewport(m_database, drawing().layouts[0].viewports[1].handle, layer(L"Walls"), true);
+    EXPECT_TRUE(writeInViewport(1));
+    EXPECT_EQ(data(L"Walls").size(), without) << "the current one isn't on";
+}
+
+TEST_F(LegacyWriting, TellsThatTheMarkOfAViewportCannotBeWritten) {
+    engine::setFrozenInViewport(m_database, viewport().handle, layer(L"Base"), true);
+    instruments::failCall("kelutNewRb", 7);
+    EXPECT_FALSE(writeInViewport(0));
+    EXPECT_THAT(instruments::trace(),
+                testing::Contains(testing::HasSubstr("Unable to save opening layer frozen in viewport.")));
+}
+
+TEST_F(LegacyWriting, TellsThatALinetypeCannotBeOpened) {
+    CQSETList list(&m_database);
+    instruments::failCall("openObject", 1);
+    instruments::clearTrace();
+    EXPECT_FALSE(list.applyToLayers(CQSETList::OpWrite, L"PLAN"));
+    EXPECT_THAT(instruments::trace(), testing::Contains(testing::HasSubstr("Unable to retrieve linetype.")));
 }
 
 TEST_F(LegacyWriting, AppendsToWhatIsThere) {
