@@ -4,7 +4,6 @@
 #include "engine/DatabaseAccess.h"
 
 #include <algorithm>
-#include <iterator>
 
 using ui::Obstacle;
 using ui::Script;
@@ -94,8 +93,13 @@ Calls withoutPainting(const Calls& calls) {
         "tilemode() = true",          "tilemode() = false", "keledGetRGB(", "keldbGetReservedString(7, true)",
         "keledGetVar(\"LWDEFAULT\")", "SetUseTips(0)",      "SetUseTips(1)"};
     Calls others;
-    std::ranges::copy_if(calls, std::back_inserter(others), [&](const std::string& line) {
-        return std::ranges::none_of(kPainting, [&line](const char* start) { return line.starts_with(start); });
-    });
+    bool painting = false;
+    for (const std::string& call : calls) {
+        // Reading and commit ask for the mode of plot styles too, each after a call that painting doesn't make.
+        painting = (painting && call.starts_with("plotStyleMode()")) ||
+                   std::ranges::any_of(kPainting, [&call](const char* start) { return call.starts_with(start); });
+        if (!painting)
+            others.push_back(call);
+    }
     return others;
 }
