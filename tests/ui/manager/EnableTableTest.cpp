@@ -237,6 +237,7 @@ TEST_F(Boxes, ADescriptionThatCantBeReadChangesNothing) {
                .clickCell(IDC_LSTATE_RES_LIST, 1, 0)
                .look("the row",
                      [](const View& view) {
+                         EXPECT_EQ(instruments::struckOperation(), "getLayerStateDescription");
                          instruments::clearFaults();
                          EXPECT_EQ(shownMask(view), MaskOn | MaskColor | MaskLinetype);
                          EXPECT_TRUE(view.isEnabled(IDC_LSTATE_RES_RESTORE));

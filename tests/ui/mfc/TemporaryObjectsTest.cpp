@@ -51,7 +51,16 @@ TEST_F(TemporaryObjectsTest, OfMenusContextsAndGdiObjectsGoWithoutTheirHandles) 
     EXPECT_EQ(CPen::FromHandle(pen), CPen::FromHandle(pen));
     EXPECT_EQ(CImageList::FromHandle(images), CImageList::FromHandle(images));
     EXPECT_EQ(CDC::FromHandle(context)->m_hAttribDC, context);
+    // What is still there after idle is known by the handle that it lacks.
+    CMenu::FromHandle(menu)->m_hMenu = nullptr;
+    CDC::FromHandle(context)->m_hAttribDC = nullptr;
+    CPen::FromHandle(pen)->m_hObject = nullptr;
+    CImageList::FromHandle(images)->m_hImageList = nullptr;
     runUntilIdle();
+    EXPECT_EQ(CMenu::FromHandle(menu)->m_hMenu, menu);
+    EXPECT_EQ(CDC::FromHandle(context)->m_hAttribDC, context);
+    EXPECT_EQ(CPen::FromHandle(pen)->m_hObject, pen);
+    EXPECT_EQ(CImageList::FromHandle(images)->m_hImageList, images);
     EXPECT_TRUE(::IsMenu(menu));
     EXPECT_EQ(::GetObjectType(context), static_cast<DWORD>(OBJ_MEMDC));
     EXPECT_EQ(::GetObjectType(pen), static_cast<DWORD>(OBJ_PEN));
