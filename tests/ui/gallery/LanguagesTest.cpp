@@ -85,4 +85,25 @@ TEST_F(Languages, thePromptBeforeADeleteHasRoomForTheLongestName) {
     }
 }
 
+// The second half of a double click on the button falls where the button was before it opened the panel.
+TEST_F(Languages, noButtonComesToLieWhereTheManagersPanelIsOpened) {
+    for (const Template& each : templatesOf(resources)) {
+        if (each.id != L"#" + std::to_wstring(IDD_LSTATE_RES))
+            continue;
+        SCOPED_TRACE("language " + std::to_string(each.language));
+        const HWND dialog = show(each);
+        ASSERT_NE(dialog, nullptr);
+        const ui::View view(dialog);
+        RECT opener = view.rect(IDC_LSTATE_RES_EXPAND);
+        OffsetRect(&opener, view.rect(IDC_LSTATE_RES_NEW).right - view.rect(IDC_LSTATE_RES_PANEL).right, 0);
+        InflateRect(&opener, GetSystemMetrics(SM_CXDOUBLECLK), GetSystemMetrics(SM_CYDOUBLECLK));
+        for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+            RECT place{}, common{};
+            GetWindowRect(child, &place);
+            EXPECT_FALSE(IntersectRect(&common, &opener, &place)) << "control " << GetDlgCtrlID(child);
+        }
+        DestroyWindow(dialog);
+    }
+}
+
 } // namespace

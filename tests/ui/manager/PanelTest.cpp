@@ -82,6 +82,23 @@ TEST_F(Panel, OpeningMovesTheFourButtonsByTheWidthOfThePanelAndClosingBringsThem
     expectShifted(closed, openedAgain, closed.panelWidth);
 }
 
+TEST_F(Panel, ADoubleClickOnTheButtonOpensThePanelAndPressesNothingElse) {
+    open(house());
+    ASSERT_TRUE(manage(Script()
+                           .clickCell(IDC_LSTATE_RES_LIST, 0, 0)
+                           .look("the calls from here on", [](const View&) { instruments::clearTrace(); })
+                           .doubleClick(IDC_LSTATE_RES_EXPAND)
+                           .waitUntil("open", [](const View& view) { return view.isVisible(IDC_LSTATE_RES_PANEL); })
+                           .hover(IDC_LSTATE_RES_CURRENT)
+                           .look("nothing was restored",
+                                 [](const View& view) {
+                                     expectPanel(view, true);
+                                     EXPECT_THAT(instruments::trace(),
+                                                 testing::Not(testing::Contains("startTransaction() = object")));
+                                 })
+                           .press(VK_ESCAPE)));
+}
+
 TEST_F(Panel, TheButtonHasAFaceAndATextForEachState) {
     open(house());
     Layout closed, opened, closedAgain;
