@@ -12,6 +12,30 @@ namespace {
 // The white space that a list view leaves on each side of a cell's text.
 constexpr int kTextMargin = 6;
 
+// A third of the way from the window's colour to that of a selection.
+COLORREF paleSelection() {
+    const COLORREF window = ::GetSysColor(COLOR_WINDOW);
+    const COLORREF selection = ::GetSysColor(COLOR_HIGHLIGHT);
+    const auto between = [](int from, int to) { return from + (to - from) / 3; };
+    return RGB(between(GetRValue(window), GetRValue(selection)), between(GetGValue(window), GetGValue(selection)),
+               between(GetBValue(window), GetBValue(selection)));
+}
+
+// Without the focus the control gives a selected row the colour of a dialog, which hardly anybody can tell from white.
+LRESULT drawSelectionWithoutFocus(NMLVCUSTOMDRAW& draw) {
+    const HWND list = draw.nmcd.hdr.hwndFrom;
+    if (draw.nmcd.dwDrawStage == CDDS_PREPAINT)
+        return ::GetFocus() == list ? CDRF_DODEFAULT : CDRF_NOTIFYITEMDRAW;
+    const int row = static_cast<int>(draw.nmcd.dwItemSpec);
+    if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT || !ListView_GetItemState(list, row, LVIS_SELECTED) ||
+        !(::GetWindowLong(list, GWL_STYLE) & LVS_SHOWSELALWAYS))
+        return CDRF_DODEFAULT;
+    draw.nmcd.uItemState &= ~CDIS_SELECTED; // or the control takes its own colours
+    draw.clrText = ::GetSysColor(COLOR_WINDOWTEXT);
+    draw.clrTextBk = paleSelection();
+    return CDRF_DODEFAULT;
+}
+
 } // namespace
 
 COrvUiListCtrl::COrvUiListCtrl() : m_notified(nullptr) {}
@@ -56,6 +80,10 @@ bool COrvUiListCtrl::TipAtPoint(CPoint point, CRect& rect, CString& text) {
 
 BOOL COrvUiListCtrl::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
     const BOOL handled = CListCtrl::OnChildNotify(message, wParam, lParam, result);
+    if (!handled && message == WM_NOTIFY && reinterpret_cast<NMHDR*>(lParam)->code == NM_CUSTOMDRAW) {
+        *result = drawSelectionWithoutFocus(*reinterpret_cast<NMLVCUSTOMDRAW*>(lParam));
+        return TRUE;
+    }
     const bool elsewhere = m_notified && m_notified->GetSafeHwnd() != ::GetParent(GetSafeHwnd());
     if (handled || message != WM_NOTIFY || !elsewhere || !m_notified->GetSafeHwnd())
         return handled;

@@ -37,6 +37,13 @@ class FrameworkList : public DialogFixture {
         ClientToScreen(list.GetSafeHwnd(), &point);
         return point;
     }
+    /// The colour of a row left of its name, where nothing is written.
+    COLORREF background(int row) {
+        RECT label = {};
+        ListView_GetItemRect(list.GetSafeHwnd(), row, &label, LVIR_LABEL);
+        CClientDC dc(&list);
+        return ::GetPixel(dc.m_hDC, label.left + 1, (label.top + label.bottom) / 2);
+    }
     bool offersTip() {
         CRect rect;
         return list.OnGetTipRect(rect) != 0;
@@ -174,6 +181,53 @@ TEST_F(FrameworkList, theNamedWindowHearsTheNotificationsWhereverItStands) {
         EXPECT_EQ(listener.selections, heard);
         listener.DestroyWindow();
     }));
+}
+
+int distance(COLORREF one, COLORREF other) {
+    return std::abs(GetRValue(one) - GetRValue(other)) + std::abs(GetGValue(one) - GetGValue(other)) +
+           std::abs(GetBValue(one) - GetBValue(other));
+}
+
+TEST_F(FrameworkList, aSelectedRowIsSeenAlsoWithoutTheFocus) {
+    COLORREF focused = 0, unfocused = 0, other = 0;
+    const COLORREF window = ::GetSysColor(COLOR_WINDOW);
+    ui::Script script;
+    script
+        .look("a selection",
+              [&](const ui::View&) {
+                  list.ModifyStyle(0, LVS_SHOWSELALWAYS);
+                  list.SetItemState(1, LVIS_SELECTED, LVIS_SELECTED);
+                  list.SetFocus();
+              })
+        .waitUntil("drawn with the focus",
+                   [&](const ui::View&) { return (focused = background(1)) == ::GetSysColor(COLOR_HIGHLIGHT); })
+        .look("the focus goes", [&](const ui::View&) { ::SetFocus(dialog.control(IDCANCEL)); })
+        .waitUntil("drawn without it", [&](const ui::View&) { return (unfocused = background(1)) != focused; })
+        .look("another row", [&](const ui::View&) { other = background(0); });
+    dialog.run(script);
+    EXPECT_EQ(other, window);
+    EXPECT_GT(distance(unfocused, window), 60);
+    EXPECT_GT(distance(unfocused, ::GetSysColor(COLOR_BTNFACE)), 60);
+    EXPECT_GT(distance(unfocused, focused), 60);
+}
+
+TEST_F(FrameworkList, aListThatHidesItsSelectionWithoutTheFocusDoesSo) {
+    COLORREF unfocused = 0;
+    ui::Script script;
+    script
+        .look("a selection",
+              [&](const ui::View&) {
+                  list.ModifyStyle(LVS_SHOWSELALWAYS, 0);
+                  list.SetItemState(1, LVIS_SELECTED, LVIS_SELECTED);
+                  list.SetFocus();
+              })
+        .waitUntil("drawn with the focus",
+                   [&](const ui::View&) { return background(1) == ::GetSysColor(COLOR_HIGHLIGHT); })
+        .look("the focus goes", [&](const ui::View&) { ::SetFocus(dialog.control(IDCANCEL)); })
+        .waitUntil("drawn without it",
+                   [&](const ui::View&) { return (unfocused = background(1)) != ::GetSysColor(COLOR_HIGHLIGHT); });
+    dialog.run(script);
+    EXPECT_EQ(unfocused, ::GetSysColor(COLOR_WINDOW));
 }
 
 } // namespace
