@@ -19,7 +19,7 @@ std::wstring overview() {
         text +=
             std::wstring(stack.at(i)->globalName()) + L" - From the module group " + stack.at(i)->groupName() + L".\n";
     return text + L"Tab completes what is being typed, Up and Down recall lines, Enter alone repeats the last one. "
-                  L"HELP with a command's name tells more.\n";
+                  L"F2 makes room for more of the history, and takes it back. HELP with a command's name tells more.\n";
 }
 
 std::wstring explanation(const Command& command) {

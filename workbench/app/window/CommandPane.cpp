@@ -25,6 +25,29 @@ std::wstring withWindowsLineEnds(const std::wstring& text) {
     return out;
 }
 
+// Lines end at blanks alone; the control by itself also breaks names at their hyphens. Answers as EM_SETWORDBREAKPROC
+// wants.
+int CALLBACK breakAtBlanks(LPWSTR text, int current, int count, int action) {
+    const auto isBlank = [text](int place) { return text[place] == L' ' || text[place] == L'\t'; };
+    switch (action) {
+    case WB_ISDELIMITER:
+        return current >= 0 && current < count && isBlank(current);
+    case WB_LEFT: // the start of the word at or before the place
+        current = std::min(current, count);
+        while (current > 0 && isBlank(current - 1))
+            --current;
+        while (current > 0 && !isBlank(current - 1))
+            --current;
+        return current;
+    default: // the start of the next word
+        while (current < count && !isBlank(current))
+            ++current;
+        while (current < count && isBlank(current))
+            ++current;
+        return current;
+    }
+}
+
 } // namespace
 
 BEGIN_MESSAGE_MAP(CommandOutput, CEdit)
@@ -152,6 +175,7 @@ BOOL CommandPane::createIn(CWnd& parent, UINT id) {
     m_output.onTyped([this](wchar_t letter) { takeTyping(letter); });
     m_edit.onTurnPage([this](bool back) { m_output.SendMessage(WM_VSCROLL, back ? SB_PAGEUP : SB_PAGEDOWN); });
     m_output.SetLimitText(kNoLimit);
+    m_output.SendMessage(EM_SETWORDBREAKPROC, 0, reinterpret_cast<LPARAM>(&breakAtBlanks));
     // With a limit the control would cut a pasted text without a word; runLine() tells when a line is too long.
     m_edit.SetLimitText(kNoLimit);
     applyLook();
@@ -175,6 +199,13 @@ void CommandPane::switchFocus() {
         m_output.SetFocus();
 }
 
+int CommandPane::height(int room) const {
+    const int around = editHeight() + m_look.px(6);
+    const int small = m_look.lineHeight() * kHistoryLines + around;
+    // What is drawn stays in sight, if only by a strip.
+    return m_large ? std::max(small, room * 3 / 4) : small;
+}
+
 void CommandPane::turnWheel(int delta) {
     constexpr int kLines = 3; // a step of the wheel
     m_turned += delta * kLines;
@@ -194,9 +225,16 @@ void CommandPane::applyLook() {
     arrange();
 }
 
+// While lines come faster than they are painted, the control would scroll what was painted last, and that line would
+// stand there again and again. Wine's control ignores the message, the system's own procedure behind it doesn't.
+void CommandPane::setRedraw(bool redraw) {
+    ::DefWindowProc(m_output.GetSafeHwnd(), WM_SETREDRAW, redraw, 0);
+}
+
 void CommandPane::print(const std::wstring& text) {
     if (text.empty())
         return;
+    setRedraw(false);
     if (m_output.GetWindowTextLength() > kHistoryLimit) {
         const int half = m_output.LineIndex(m_output.GetLineCount() / 2);
         m_output.SetSel(0, half, TRUE);
@@ -211,6 +249,8 @@ void CommandPane::print(const std::wstring& text) {
         added.resize(added.size() - 2);
     m_output.ReplaceSel(added.c_str());
     m_output.SendMessage(WM_VSCROLL, SB_BOTTOM);
+    setRedraw(true);
+    m_output.RedrawWindow(nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
 }
 
 void CommandPane::arrange() {
@@ -220,12 +260,22 @@ void CommandPane::arrange() {
     GetClientRect(client);
     const int line = editHeight();
     const int top = client.bottom - line;
+    const bool atEnd = showsEnd();
     m_output.MoveWindow(0, m_look.px(3), client.Width(), std::max(0, top - m_look.px(4)));
+    if (atEnd) // with another width or height other lines are in sight
+        m_output.SendMessage(WM_VSCROLL, SB_BOTTOM);
     const int left = m_look.px(8) + m_promptWidth + m_look.px(6);
     const int textTop = top + (line - m_look.lineHeight()) / 2;
     m_prompt.MoveWindow(m_look.px(8), textTop, m_promptWidth, m_look.lineHeight());
     m_edit.MoveWindow(left, textTop, std::max(0, client.Width() - left - m_look.px(8)), m_look.lineHeight());
     Invalidate(TRUE);
+}
+
+bool CommandPane::showsEnd() const {
+    SCROLLINFO bar = {};
+    bar.cbSize = sizeof bar;
+    bar.fMask = SIF_ALL;
+    return !::GetScrollInfo(m_output.GetSafeHwnd(), SB_VERT, &bar) || bar.nPos + static_cast<int>(bar.nPage) > bar.nMax;
 }
 
 BOOL CommandPane::OnEraseBkgnd(CDC*) {

@@ -71,7 +71,10 @@ class CommandPane : public CWnd {
     void turnWheel(int delta);
     /// To be called when the look has changed.
     void applyLook();
-    int height() const { return m_look.lineHeight() * kHistoryLines + editHeight() + m_look.px(6); }
+    /// Makes the history large, to read a long answer in, or small again.
+    void toggleLarge() { m_large = !m_large; }
+    /// The height that the pane wants of a window that has so much room, in pixels.
+    int height(int room) const;
 
   protected:
     DECLARE_MESSAGE_MAP()
@@ -85,8 +88,10 @@ class CommandPane : public CWnd {
     static constexpr int kHistoryLines = 5;
     int editHeight() const { return m_look.lineHeight() + m_look.px(8); }
     bool createLabel(CStatic& label, const wchar_t* text, UINT id);
+    void setRedraw(bool redraw);
     void takeTyping(wchar_t letter);
     void arrange();
+    bool showsEnd() const;
 
     WindowLook& m_look;
     CStatic m_outputLabel; // names the output for screen readers
@@ -97,6 +102,7 @@ class CommandPane : public CWnd {
     int m_promptWidth = 0;
     int m_turned = 0; // turn of the wheel that is not yet enough for a line
     bool m_lineEnded = false;
+    bool m_large = false;
 };
 
 } // namespace workbench

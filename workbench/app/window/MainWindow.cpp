@@ -20,7 +20,7 @@ namespace {
 constexpr UINT_PTR kLineTimer = 1;
 constexpr ULONGLONG kLineTime = 20; // milliseconds for which lines are run before input is looked at again
 
-/// A menu item, the line that it runs, and the key that runs the same line.
+/// A menu item, the line that it runs, and a key that runs the same line.
 struct MenuCommand {
     UINT id;
     const wchar_t* line;
@@ -28,7 +28,7 @@ struct MenuCommand {
     bool control, shift;
 };
 
-// UNDO has Ctrl+Shift+Z, because Ctrl+Z undoes in the line being typed.
+// UNDO has Ctrl+Shift+Z, because Ctrl+Z undoes in the line being typed; see lineOfEmptyKey.
 constexpr MenuCommand kMenuCommands[] = {
     {ID_MENU_NEW, L"NEW", 'N', true, false},
     {ID_MENU_OPEN, L"OPEN", 'O', true, false},
@@ -41,7 +41,10 @@ constexpr MenuCommand kMenuCommands[] = {
     {ID_MENU_REDO, L"REDO", 'Y', true, true},
     {ID_MENU_ZOOM_EXTENTS, L"ZOOM EXTENTS", 'E', true, false},
     {ID_MENU_ZOOM_IN, L"ZOOM IN", VK_OEM_PLUS, true, false},
+    {ID_MENU_ZOOM_IN, L"ZOOM IN", VK_OEM_PLUS, true, true}, // many keyboards have + above another character
+    {ID_MENU_ZOOM_IN, L"ZOOM IN", VK_ADD, true, false},
     {ID_MENU_ZOOM_OUT, L"ZOOM OUT", VK_OEM_MINUS, true, false},
+    {ID_MENU_ZOOM_OUT, L"ZOOM OUT", VK_SUBTRACT, true, false},
     {ID_MENU_REGEN, L"REGEN", VK_F5, false, false},
     {ID_MENU_LAYERS, L"LAYER LIST", 0, false, false},
     {ID_MENU_LAYER_STATES, L"LAYERSTATE", 'L', true, false},
@@ -81,6 +84,13 @@ const MenuCommand* commandOfKey(const MSG& message) {
                row.shift == isDown(VK_SHIFT);
     });
     return found == std::end(kMenuCommands) ? nullptr : found;
+}
+
+/// The line that a key runs while nothing is typed, when there is nothing in the line to undo; none for other keys.
+const wchar_t* lineOfEmptyKey(const MSG& message) {
+    if (message.message != WM_KEYDOWN || !isDown(VK_CONTROL) || isDown(VK_SHIFT) || isDown(VK_MENU))
+        return nullptr;
+    return message.wParam == 'Z' ? L"UNDO" : message.wParam == 'Y' ? L"REDO" : nullptr;
 }
 
 } // namespace
@@ -166,7 +176,7 @@ void MainWindow::arrange() {
         bottom -= height;
     };
     place(m_status, m_status.height());
-    place(m_command, m_command.height());
+    place(m_command, m_command.height(bottom));
     place(m_tabs, m_tabs.height());
     m_view.MoveWindow(0, 0, client.Width(), std::max(0, bottom));
 }
@@ -227,8 +237,17 @@ bool MainWindow::runKey(const MSG& message) {
         run(command->line);
         return true;
     }
+    if (const wchar_t* line = lineOfEmptyKey(message); line && m_command.edit().GetWindowTextLength() == 0) {
+        run(line);
+        return true;
+    }
     if (message.message == WM_KEYDOWN && message.wParam == VK_F6) {
         m_command.switchFocus();
+        return true;
+    }
+    if (message.message == WM_KEYDOWN && message.wParam == VK_F2) {
+        m_command.toggleLarge();
+        arrange();
         return true;
     }
     if (message.message == WM_SYSKEYDOWN)

@@ -235,6 +235,38 @@ TEST_F(KeyboardTest, EveryKeyOfTheMenuRunsItsCommand) {
     runWith(script);
 }
 
+TEST_F(KeyboardTest, PlusAndMinusZoomOnEveryKeyThatHasThem) {
+    Script script;
+    std::wstring expected;
+    const auto zooms = [&](WORD key, unsigned held, const wchar_t* said) {
+        expected += std::wstring(expected.empty() ? L"" : L"\r\n") + said;
+        script.press(key, held).waitUntil("zoomed once more", [expected](const View& view) {
+            return ui::textOf(paneControl(view, IDC_COMMAND_HISTORY)) == expected;
+        });
+        script.then(typedIs(L""));
+    };
+    zooms(VK_ADD, ui::holdControl, L"Command: ZOOM IN\r\nZoomed in.");
+    zooms(VK_SUBTRACT, ui::holdControl, L"Command: ZOOM OUT\r\nZoomed out.");
+    zooms(VK_OEM_PLUS, ui::holdControl | ui::holdShift, L"Command: ZOOM IN\r\nZoomed in.");
+    script.then(command(L"QUIT"));
+    runWith(script);
+}
+
+TEST_F(KeyboardTest, CtrlZAndCtrlYTakeBackAndMakeAgainWhileNothingIsTyped) {
+    Script script;
+    script.then(command(L"LAYER MAKE Walls")).then(said(L"is made"));
+    script.press('Z', ui::holdControl).waitUntil("taken back", [this](const View&) {
+        return session().drawing().layers.size() == 1;
+    });
+    script.press('Y', ui::holdControl).waitUntil("made again", [this](const View&) {
+        return session().drawing().layers.size() == 2;
+    });
+    script.type(L"typed").then(typedIs(L"typed")).press('Z', ui::holdControl).then(typedIs(L""));
+    script.look("the drawing is as it was", [this](const View&) { EXPECT_EQ(session().drawing().layers.size(), 2U); });
+    script.then(command(L"QUIT")).then(answerBox(L"Save the changes", IDNO));
+    runWith(script);
+}
+
 TEST_F(KeyboardTest, EverythingHasANameForThoseWhoCantSeeIt) {
     Script script;
     script.look("the names", [](const View& view) {
