@@ -181,24 +181,65 @@ void rename(Session& session, const Words& words) {
     tell(session, status, former + L" is called " + quotation(name) + L" now", former + L" isn't renamed");
 }
 
+/// Why several layers can't be deleted.
+std::wstring reasonOfMany(Vorn::ErrorStatus status) {
+    switch (status) {
+    case Vorn::eDependentRecord:
+        return L"they belong to attached drawings";
+    case Vorn::eRecordInUse:
+        return L"something lies on them or one is the current layer";
+    default:
+        return vornErrorStatusText(status);
+    }
+}
+
+/// Layers that stay for one reason, by their names in quotes.
+struct Kept {
+    Vorn::ErrorStatus reason;
+    std::vector<std::wstring> names;
+};
+
+void keep(std::vector<Kept>& kept, Vorn::ErrorStatus reason, std::wstring name) {
+    auto group = std::ranges::find(kept, reason, &Kept::reason);
+    if (group == kept.end())
+        group = kept.insert(group, Kept{reason, {}});
+    group->names.push_back(std::move(name));
+}
+
+std::wstring sentenceOf(const Kept& kept) {
+    if (kept.names.size() == 1)
+        return kept.names.front() + L" stays, because " + reasonOf(kept.reason);
+    return std::to_wstring(kept.names.size()) + L" layers stay, because " + reasonOfMany(kept.reason) + L": " +
+           listed(kept.names);
+}
+
 void remove(Session& session, const Words& words) {
     const auto layers = selectLayers(session, words);
     if (!layers)
         return;
     std::size_t removed = 0;
-    std::wstring failure;
+    std::vector<Kept> kept;
     session.change([&](KelDbDatabase& database) {
         // From the end, so that the indexes before stay what they are.
         for (auto layer = layers->rbegin(); layer != layers->rend(); ++layer) {
-            const std::wstring name = layerQuotation(session, *layer);
+            std::wstring name = layerQuotation(session, *layer);
             const Vorn::ErrorStatus status = engine::removeLayer(database, *layer);
             removed += status == Vorn::eOk;
             if (status != Vorn::eOk)
-                failure = name + L" stays, because " + reasonOf(status);
+                keep(kept, status, std::move(name));
         }
     });
-    const std::wstring done = removed > 0 || failure.empty() ? layersAre(removed) + L" deleted" : std::wstring();
-    session.window().print(done + (done.empty() || failure.empty() ? L"" : L"; ") + failure + L".\n");
+    std::vector<std::wstring> sentences;
+    if (removed > 0)
+        sentences.push_back(layersAre(removed) + L" deleted");
+    for (Kept& group : kept) {
+        std::ranges::reverse(group.names); // as LAYER LIST has them
+        sentences.push_back(sentenceOf(group));
+    }
+    std::wstring text;
+    for (const std::wstring& sentence : sentences)
+        text += (text.empty() ? L"" : L"; ") + sentence;
+    session.window().print(text + L".\n");
 }
 
 /// An open object, closed at the end.

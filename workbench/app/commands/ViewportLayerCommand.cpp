@@ -56,13 +56,14 @@ std::optional<Target> targetOf(Session& session, const Words& words) {
 }
 
 std::wstring whereText(const Target& target) {
-    return target.viewports.size() == 1 ? std::wstring(L" in the viewport.\n")
-                                        : L" in " + std::to_wstring(target.viewports.size()) + L" viewports.\n";
+    return target.viewports.size() == 1 ? std::wstring(L" in the viewport")
+                                        : L" in " + std::to_wstring(target.viewports.size()) + L" viewports";
 }
 
-/// Runs `edit` for each of the viewports and layers as one step, and tells what was `done`.
+/// Runs `edit` for each of the viewports and layers as one step, and tells what was `done`, and behind it `besides`.
 template <class Edit>
-void editViewports(Session& session, const Target& target, std::size_t firstName, const std::wstring& done, Edit edit) {
+void editViewports(Session& session, const Target& target, std::size_t firstName, const std::wstring& done, Edit edit,
+                   const std::wstring& besides = {}) {
     const auto names = target.words.subspan(std::min(firstName, target.words.size()));
     const auto layers = firstName > 0 ? selectLayersOrCurrent(session, names) : selectLayers(session, names);
     if (!layers)
@@ -72,7 +73,7 @@ void editViewports(Session& session, const Target& target, std::size_t firstName
             for (const std::size_t layer : *layers)
                 edit(database, viewport, layer);
     });
-    session.window().print(layersAre(layers->size()) + L' ' + done + whereText(target));
+    session.window().print(layersAre(layers->size()) + L' ' + done + whereText(target) + besides + L".\n");
 }
 
 zdr::ViewportOverride overrideOf(const KelDbDatabase& database, zdr::Handle viewport, std::size_t layer) {
@@ -116,12 +117,14 @@ void override(Session& session, const Words& words, std::uint32_t bit, Read read
 
 void reset(Session& session, const Words& words) {
     if (const auto target = targetOf(session, words))
-        editViewports(session, *target, 0, L"shown as everywhere",
-                      [](KelDbDatabase& database, zdr::Handle viewport, std::size_t layer) {
-                          zdr::ViewportOverride none;
-                          none.layer = layer;
-                          engine::setOverride(database, viewport, none);
-                      });
+        editViewports(
+            session, *target, 0, L"without overrides",
+            [](KelDbDatabase& database, zdr::Handle viewport, std::size_t layer) {
+                zdr::ViewportOverride none;
+                none.layer = layer;
+                engine::setOverride(database, viewport, none);
+            },
+            L", and frozen there or not as before");
 }
 
 constexpr Count kNames{1, kMany};

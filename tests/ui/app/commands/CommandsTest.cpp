@@ -85,7 +85,8 @@ TEST_F(CommandsTest, SpacesAndViewportsAreShownAndZoomed) {
         .then(ask(L"VPLAYER LINETYPE Continuous", L"1 layer is shown with Continuous in the viewport."))
         .then(ask(L"VPLAYER LINEWEIGHT 1", L"1 layer is shown with 1 in the viewport."))
         .then(ask(L"VPLAYER PLOTSTYLE Normal", L"1 layer is shown with Normal in the viewport."))
-        .then(ask(L"VPLAYER RESET Base", L"1 layer is shown as everywhere in the viewport."))
+        .then(ask(L"VPLAYER RESET Base",
+                  L"1 layer is without overrides in the viewport, and frozen there or not as before."))
         .then(ask(L"VPORT none", L"The paper of the layout is current."))
         .look("the sheet", [&](const View&) { before = scale(); })
         .then(ask(L"ZOOM IN", L"Zoomed in."))

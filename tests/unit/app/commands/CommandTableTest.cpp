@@ -72,6 +72,17 @@ TEST_F(CommandTableTest, HelpExplainsACommandAndItsOptions) {
     EXPECT_EQ(run(L"HELP nonsense"), L"There is no command \"nonsense\": HELP alone lists them.\n");
 }
 
+TEST_F(CommandTableTest, HelpTellsWhatTheCommandsOfOurModulesDo) {
+    for (const wchar_t* name : {L"LAYERSTATE", L"LAYERSNAPSHOT"}) {
+        runtime::commandStack().addCommand(L"TEST", name, name, 0, [] {});
+        const std::wstring text = run(std::wstring(L"HELP ") + name);
+        EXPECT_TRUE(text.starts_with(std::wstring(name) + L" - ")) << testing::PrintToString(text);
+        EXPECT_THAT(text, HasSubstr(L"layer states"));
+        EXPECT_TRUE(text.ends_with(L". From the module group TEST.\n")) << testing::PrintToString(text);
+        EXPECT_THAT(run(L"HELP"), HasSubstr(text));
+    }
+}
+
 TEST_F(CommandTableTest, HelpTellsWhereAModulesCommandComesFrom) {
     runtime::commandStack().addCommand(L"TEST", L"SOMETHING", L"ETWAS", 0, [] {});
     EXPECT_EQ(run(L"HELP etwas"), L"SOMETHING - From the module group TEST.\n");

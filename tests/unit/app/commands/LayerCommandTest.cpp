@@ -1,6 +1,7 @@
 // LAYER with each of its options, and UNDO of each.
 
 #include "CommandFixture.h"
+#include "HandmadeDrawing.h"
 
 #include "engine/DatabaseAccess.h"
 
@@ -163,6 +164,30 @@ TEST_F(LayerCommandTest, RenamesAndDeletes) {
     EXPECT_EQ(drawing().layers.size(), 4u);
     EXPECT_EQ(run(L"LAYER DELETE *"),
               L"3 layers are deleted; \"Base\" stays, because every drawing keeps that layer: choose another one.\n");
+}
+
+TEST_F(LayerCommandTest, DeletingTellsOfAllLayersThatStayAndWhy) {
+    zdr::Drawing site = handmade::emptyDrawing();
+    for (const wchar_t* name : {L"Base", L"Trees", L"Paths"})
+        handmade::addLayer(site, name);
+    writeDrawing("site.zdr", site);
+    zdr::Drawing house = handmade::emptyDrawing();
+    for (const wchar_t* name : {L"Base", L"Walls", L"Free", L"Windows"})
+        handmade::addLayer(house, name);
+    handmade::addLine(house, 1);
+    handmade::addLine(house, 3);
+    writeDrawing("house.zdr", house);
+    window.saveAnswer = workbench::SaveAnswer::Discard;
+    run(L"OPEN \"" + path("house.zdr") + L"\"");
+    run(L"ATTACH \"" + path("site.zdr") + L"\"");
+    EXPECT_EQ(
+        run(L"LAYER DELETE *"),
+        L"1 layer is deleted; "
+        L"3 layers stay, because they belong to attached drawings: \"site!Base\", \"site!Trees\", \"site!Paths\"; "
+        L"2 layers stay, because something lies on them or one is the current layer: \"Walls\", \"Windows\"; "
+        L"\"Base\" stays, because every drawing keeps that layer: choose another one.\n");
+    EXPECT_EQ(run(L"LAYER DELETE Walls,Windows"), L"2 layers stay, because something lies on them or one is the "
+                                                  L"current layer: \"Walls\", \"Windows\".\n");
 }
 
 TEST_F(LayerCommandTest, ListsLayersWithTheirProperties) {

@@ -85,7 +85,8 @@ TEST_F(ViewportLayerCommandTest, OverridesTheCurrentLayerWithoutAName) {
 TEST_F(ViewportLayerCommandTest, ResetTakesOverridesAwayAndLeavesTheFreezing) {
     run(L"VPLAYER COLOUR red W*");
     run(L"VPLAYER FREEZE Walls");
-    EXPECT_EQ(run(L"VPLAYER RESET Walls"), L"1 layer is shown as everywhere in the viewport.\n");
+    EXPECT_EQ(run(L"VPLAYER RESET Walls"),
+              L"1 layer is without overrides in the viewport, and frozen there or not as before.\n");
     EXPECT_EQ(overrideOf(0, L"Walls"), nullptr);
     EXPECT_NE(overrideOf(0, L"Windows"), nullptr);
     EXPECT_TRUE(isFrozen(0, L"Walls"));
