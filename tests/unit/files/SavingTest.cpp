@@ -184,6 +184,16 @@ TEST_F(Saving, aFolderIsNotReplacedByAFile) {
     EXPECT_EQ(m_folder.entries(), 1u);
 }
 
+TEST_F(Saving, anotherNameOfTheFileKeepsTheOldDrawing) {
+    ASSERT_EQ(save(sampleDrawing()), Vorn::eOk) << m_reason;
+    const std::vector<std::byte> old = bytesOf(m_path);
+    const std::wstring other = m_folder.file(L"other.zdr");
+    std::filesystem::create_hard_link(systemPath(m_path), systemPath(other));
+    ASSERT_EQ(save(plainDrawing()), Vorn::eOk) << m_reason;
+    EXPECT_EQ(bytesOf(other), old);
+    EXPECT_NE(bytesOf(m_path), old);
+}
+
 TEST_F(Saving, aVeryLongPathWorks) {
     const LongFolder folder(m_folder.path());
     m_path = widePath(folder.path() / "drawing.zdr");
