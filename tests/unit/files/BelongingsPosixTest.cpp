@@ -198,6 +198,22 @@ TEST_F(SavingKeeps, orRefusesWhatCantBeAsked) {
     expectRefusal("asking for its attributes failed, because of \"Input/output error\"");
 }
 
+TEST_F(SavingKeeps, orRefusesAFileThatCantBeAskedForWhatItHas) {
+    const FailingCalls failing("fstat", EIO);
+    expectRefusal("asking for its rights failed, because of \"Input/output error\"");
+}
+
+TEST_F(SavingKeeps, theOldFileWhereTheNewOneDoesntReachTheDisk) {
+    const FailingCalls failing("fsync", EIO);
+    expectRefusal("writing to the disk failed, because of \"Input/output error\"");
+}
+
+TEST_F(SavingKeeps, waitingForTheFileAndThenForItsFolder) {
+    const FailingCalls watched("fsync", 0);
+    EXPECT_EQ(save(), Vorn::eOk) << m_reason;
+    EXPECT_EQ(watched.count(), 2);
+}
+
 TEST_F(SavingKeeps, orRefusesAListThatTheFolderGaveAndThatCantBeTakenAway) {
     const FailingCalls failing("fremovexattr", EPERM);
     expectRefusal("keeping its access list failed, because of \"Operation not permitted\"");
@@ -256,6 +272,16 @@ TEST_F(SavingKeepsForOthers, aFileThatItMayNotWriteAsItIs) {
     giveTo(kSomebody, kSomebody, 0444);
     const As somebody(kSomebody);
     expectRefusal("opening the file failed, because of \"Permission denied\"");
+}
+
+TEST_F(SavingKeepsForOthers, aFileThatMayNotBeReadApartFromOneThatIsntThere) {
+    giveTo(kSomebodyElse, kSomebodyElse, 0600);
+    const As somebody(kSomebody);
+    Drawing drawing;
+    std::wstring reason;
+    EXPECT_EQ(readDrawingFile(m_path, drawing, reason), Vorn::eFileUnreadable);
+    EXPECT_THAT(toUtf8(reason), HasSubstr("can't be opened for reading: \"Permission denied\""));
+    EXPECT_EQ(readDrawingFile(m_path + L"\\drawing.zdr", drawing, reason), Vorn::eFileNotFound);
 }
 
 TEST_F(SavingKeepsForOthers, aFileInAFolderThatItMayNotWriteToAsItIs) {

@@ -46,6 +46,12 @@ int fchmod(int file, mode_t mode) noexcept {
 int fchown(int file, uid_t owner, gid_t group) noexcept {
     return answer("fchown", SYS_fchown, file, owner, group);
 }
+int fstat(int file, struct stat* facts) noexcept {
+    return answer("fstat", SYS_fstat, file, facts);
+}
+int fsync(int file) {
+    return answer("fsync", SYS_fsync, file);
+}
 int fremovexattr(int file, const char* name) noexcept {
     return answer("fremovexattr", SYS_fremovexattr, file, name);
 }

@@ -3,6 +3,7 @@
 #include "SampleDrawing.h"
 #include "TemporaryFolder.h"
 #include "files/DrawingFile.h"
+#include "files/SystemFile.h"
 #include "files/TextCoding.h"
 
 #include <gmock/gmock.h>
@@ -182,6 +183,14 @@ TEST_F(Saving, aFolderIsNotReplacedByAFile) {
     EXPECT_THAT(m_reason, HasSubstr("can't be written"));
     EXPECT_TRUE(std::filesystem::is_directory(systemPath(m_path)));
     EXPECT_EQ(m_folder.entries(), 1u);
+}
+
+TEST_F(Saving, aSingleByteIsWrittenOnce) {
+    ReplacementFile file(m_path);
+    file.write(someBytes(1));
+    EXPECT_EQ(file.flush().size, 1u);
+    file.replace();
+    EXPECT_EQ(bytesOf(m_path), someBytes(1));
 }
 
 TEST_F(Saving, anotherNameOfTheFileKeepsTheOldDrawing) {

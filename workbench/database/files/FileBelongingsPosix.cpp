@@ -83,10 +83,15 @@ void keepAttributes(int handle, const std::filesystem::path& old) {
         attributeFailure(kAccessList, errno);
 }
 
-void keepOwner(int handle, const struct stat& old) {
-    struct stat now {};
-    if (fstat(handle, &now) != 0)
+struct stat factsOf(int handle) {
+    struct stat facts {};
+    if (fstat(handle, &facts) != 0)
         writeFailure(L"asking for its rights", errno);
+    return facts;
+}
+
+void keepOwner(int handle, const struct stat& old) {
+    const struct stat now = factsOf(handle);
     const bool same = now.st_uid == old.st_uid && now.st_gid == old.st_gid;
     if (!same && fchown(handle, old.st_uid, old.st_gid) != 0)
         writeFailure(now.st_uid == old.st_uid ? L"keeping its group" : L"keeping its owner", errno);
@@ -94,9 +99,7 @@ void keepOwner(int handle, const struct stat& old) {
 
 /// Some file systems answer that all went well, and change nothing.
 void requireKept(int handle, const struct stat& old) {
-    struct stat now {};
-    if (fstat(handle, &now) != 0)
-        writeFailure(L"asking for its rights", errno);
+    const struct stat now = factsOf(handle);
     if (now.st_uid != old.st_uid || now.st_gid != old.st_gid || (now.st_mode & kRights) != (old.st_mode & kRights))
         throw Refusal{Vorn::eFileWriteFailed, L"can't be written: its folder can't keep its owner and its rights"};
 }
