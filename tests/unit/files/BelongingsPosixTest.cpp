@@ -208,6 +208,12 @@ TEST_F(SavingKeeps, theOldFileWhereTheNewOneDoesntReachTheDisk) {
     expectRefusal("writing to the disk failed, because of \"Input/output error\"");
 }
 
+TEST_F(SavingKeeps, itsHandsOffTheNameOfTheNewContentOnceThatHasAnotherOne) {
+    const FailingCalls watched("unlink", 0);
+    EXPECT_EQ(save(), Vorn::eOk) << m_reason;
+    EXPECT_EQ(watched.count(), 0) << "a file of this name would be somebody else's";
+}
+
 TEST_F(SavingKeeps, waitingForTheFileAndThenForItsFolder) {
     const FailingCalls watched("fsync", 0);
     EXPECT_EQ(save(), Vorn::eOk) << m_reason;

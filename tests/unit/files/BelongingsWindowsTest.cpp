@@ -44,6 +44,8 @@ TEST_F(SavingKeepsOnWindows, aLinkAndReplacesTheFileThatItLeadsTo) {
         EXPECT_EQ(contentOf(real), "new");
         EXPECT_EQ(contentOf(link), "old") << "the link has become a file";
         EXPECT_EQ(m_folder.entries(), 2u);
+        EXPECT_EQ(m_calls.made().front(), "CreateFile(drawing.zdr, nothing)") << "rights to the link were asked for";
+        m_calls.forget();
     }
 }
 

@@ -58,6 +58,9 @@ int fremovexattr(int file, const char* name) noexcept {
 int fsetxattr(int file, const char* name, const void* value, size_t size, int flags) noexcept {
     return answer("fsetxattr", SYS_fsetxattr, file, name, value, size, flags);
 }
+int unlink(const char* path) noexcept {
+    return answer("unlink", SYS_unlink, path);
+}
 ssize_t listxattr(const char* path, char* list, size_t size) noexcept {
     return answer("listxattr", SYS_listxattr, path, list, size);
 }

@@ -1,5 +1,5 @@
-// The calls by which saving keeps what belongs to a file and waits for the disk, failing on request. This program's own functions of these
-// names stand in the place of the system's, and pass on every call that isn't to fail.
+// The calls by which saving keeps what belongs to a file and waits for the disk, failing on request. This program's own
+// functions of these names stand in the place of the system's, and pass on every call that isn't to fail.
 #pragma once
 
 #include <string>

@@ -1,5 +1,6 @@
-// What saving does about links on POSIX systems, and reading about pipes.
+// What saving does about links and open files on POSIX systems, and reading about pipes.
 #include "DrawingDifference.h"
+#include "FailingCalls.h"
 #include "SampleDrawing.h"
 #include "TemporaryFolder.h"
 #include "files/DrawingFile.h"
@@ -43,6 +44,28 @@ TEST(SavingOnPosix, aLinkThatLeadsNowhereIsRefusedAndStays) {
         EXPECT_EQ(std::filesystem::read_symlink(path), target);
         EXPECT_EQ(folder.entries(), 1u);
     }
+}
+
+TEST(SavingOnPosix, noFileStaysOpenWhateverIsRefused) {
+    const auto openFiles = [] {
+        return std::distance(std::filesystem::directory_iterator("/proc/self/fd"),
+                             std::filesystem::directory_iterator());
+    };
+    const TemporaryFolder folder;
+    const std::wstring path = folder.file(L"drawing.zdr");
+    Drawing drawing;
+    std::wstring reason;
+    FileStamp stamp;
+    const auto before = openFiles();
+    EXPECT_EQ(writeDrawingFile(path, plainDrawing(), reason, stamp), Vorn::eOk);
+    EXPECT_EQ(readDrawingFile(path, drawing, reason), Vorn::eOk);
+    EXPECT_EQ(readDrawingFile(folder.file(L""), drawing, reason), Vorn::eFileUnreadable);
+    EXPECT_EQ(writeDrawingFile(folder.file(L""), drawing, reason, stamp), Vorn::eFileWriteFailed);
+    {
+        const FailingCalls failing("fsync", EIO);
+        EXPECT_EQ(writeDrawingFile(path, plainDrawing(), reason, stamp, Overwrite::Always), Vorn::eFileWriteFailed);
+    }
+    EXPECT_EQ(openFiles(), before);
 }
 
 TEST(SavingOnPosix, aPipeIsRefusedWithoutWaitingForIt) {

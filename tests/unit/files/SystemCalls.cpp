@@ -36,7 +36,8 @@ std::string accessText(DWORD access, DWORD disposition) {
     for (const auto& [bit, letter] : {std::pair(GENERIC_READ, 'r'), {GENERIC_WRITE, 'w'}, {DWORD{DELETE}, 'd'}})
         if (access & bit)
             text += letter;
-    return text.empty() ? "nothing" : text;
+    const DWORD others = access & ~(GENERIC_READ | GENERIC_WRITE | DELETE);
+    return access == 0 ? "nothing" : others == 0 ? text : text + "?";
 }
 
 } // namespace

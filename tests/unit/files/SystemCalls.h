@@ -21,6 +21,7 @@ class SystemCalls {
     /// in the order in which they appear: "CreateFile(#1, new)".
     std::vector<std::string> made() const { return m_made; }
     int count(const std::string& function) const;
+    void forget() { m_made.clear(); }
 
     // What answers in the system's place; what is empty is left to the system. An error is one of GetLastError(), and 0
     // lets the system do it.

@@ -153,7 +153,6 @@ FileFacts ReplacementFile::flush() {
     keepBelongings(descriptor(m_handle), systemPath(m_target));
     if (fsync(descriptor(m_handle)) != 0)
         writeFailure(L"writing to the disk", errno);
-    close();
     const std::optional<FileFacts> facts = fileFacts(m_path);
     if (!facts)
         writeFailure(L"asking for its size", errno);
