@@ -47,7 +47,7 @@ TEST_F(PlacingAFile, givesANewFileItsNameWithoutReplacingAnything) {
     EXPECT_THAT(m_calls.made(),
                 ElementsAre("CreateFile(other.zdr, rwd)", "CreateFile(#1, new)", "FlushFileBuffers()",
                             "CreateFile(#1, r)", "CreateFile(other.zdr, d)", "MoveFileEx(#1, other.zdr, to the disk)"));
-    EXPECT_EQ(m_calls.newSecurity, L"") << "a new file has the rights that its folder gives";
+    EXPECT_EQ(m_calls.newSecurity, L"none") << "a new file has the rights that its folder gives";
 }
 
 TEST_F(PlacingAFile, keepsWhatBelongsToAFileThatCameMeanwhile) {

@@ -13,13 +13,20 @@ namespace {
 SystemCalls* g_calls = nullptr;
 
 std::wstring securityText(SECURITY_ATTRIBUTES* attributes) {
+    if (!attributes)
+        return L"none";
     wchar_t* text = nullptr;
-    if (!attributes || !ConvertSecurityDescriptorToStringSecurityDescriptorW(
-                           attributes->lpSecurityDescriptor, SDDL_REVISION_1,
-                           OWNER_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION, &text, nullptr))
+    if (!ConvertSecurityDescriptorToStringSecurityDescriptorW(attributes->lpSecurityDescriptor, SDDL_REVISION_1,
+                                                              OWNER_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION,
+                                                              &text, nullptr))
         return {};
-    const std::wstring result = text;
+    std::wstring result = text;
     LocalFree(text);
+    SECURITY_DESCRIPTOR_CONTROL control = 0;
+    DWORD revision = 0;
+    if (GetSecurityDescriptorControl(attributes->lpSecurityDescriptor, &control, &revision) &&
+        (control & (SE_DACL_DEFAULTED | SE_OWNER_DEFAULTED)))
+        result += L" (only where the folder gives nothing)";
     return result;
 }
 

@@ -39,7 +39,7 @@ class SystemCalls {
     /// The owner and the access list of a file, in the text form of the system.
     std::function<std::wstring(const std::wstring& path)> security;
 
-    /// The owner and the access list, the attributes that the last new file was made with.
+    /// The owner and the access list, or "none", and the attributes that the last new file was made with.
     std::wstring newSecurity;
     DWORD newAttributes = 0;
 
