@@ -1,5 +1,6 @@
-// What saving does about links and permissions on POSIX systems.
+// What saving does about links and open files on POSIX systems, and reading about pipes.
 #include "DrawingDifference.h"
+#include "FailingCalls.h"
 #include "SampleDrawing.h"
 #include "TemporaryFolder.h"
 #include "files/DrawingFile.h"
@@ -28,17 +29,43 @@ TEST(SavingOnPosix, aLinkStaysALinkAndItsFileIsReplaced) {
     EXPECT_EQ(difference(drawing, sampleDrawing()), "");
 }
 
-TEST(SavingOnPosix, theNewFileHasThePermissionsOfTheOldOne) {
+TEST(SavingOnPosix, aLinkThatLeadsNowhereIsRefusedAndStays) {
     const TemporaryFolder folder;
-    const std::wstring path = folder.file(L"drawing.zdr");
+    const std::wstring link = folder.file(L"link.zdr");
+    const std::filesystem::path path = systemPath(link);
     std::wstring reason;
     FileStamp stamp;
-    ASSERT_EQ(writeDrawingFile(path, plainDrawing(), reason, stamp), Vorn::eOk);
-    ASSERT_EQ(chmod(systemPath(path).c_str(), 0640), 0);
-    ASSERT_EQ(writeDrawingFile(path, plainDrawing(), reason, stamp), Vorn::eOk);
-    struct stat status {};
-    ASSERT_EQ(stat(systemPath(path).c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 0777, 0640u);
+    for (const char* target : {"missing.zdr", "missing/drawing.zdr", "link.zdr"}) {
+        SCOPED_TRACE(target);
+        std::filesystem::remove(path);
+        std::filesystem::create_symlink(target, path);
+        EXPECT_EQ(writeDrawingFile(link, plainDrawing(), reason, stamp), Vorn::eFileWriteFailed);
+        EXPECT_THAT(toUtf8(reason), HasSubstr("can't be written: following the link failed, because of \""));
+        EXPECT_EQ(std::filesystem::read_symlink(path), target);
+        EXPECT_EQ(folder.entries(), 1u);
+    }
+}
+
+TEST(SavingOnPosix, noFileStaysOpenWhateverIsRefused) {
+    const auto openFiles = [] {
+        return std::distance(std::filesystem::directory_iterator("/proc/self/fd"),
+                             std::filesystem::directory_iterator());
+    };
+    const TemporaryFolder folder;
+    const std::wstring path = folder.file(L"drawing.zdr");
+    Drawing drawing;
+    std::wstring reason;
+    FileStamp stamp;
+    const auto before = openFiles();
+    EXPECT_EQ(writeDrawingFile(path, plainDrawing(), reason, stamp), Vorn::eOk);
+    EXPECT_EQ(readDrawingFile(path, drawing, reason), Vorn::eOk);
+    EXPECT_EQ(readDrawingFile(folder.file(L""), drawing, reason), Vorn::eFileUnreadable);
+    EXPECT_EQ(writeDrawingFile(folder.file(L""), drawing, reason, stamp), Vorn::eFileWriteFailed);
+    {
+        const FailingCalls failing("fsync", EIO);
+        EXPECT_EQ(writeDrawingFile(path, plainDrawing(), reason, stamp, Overwrite::Always), Vorn::eFileWriteFailed);
+    }
+    EXPECT_EQ(openFiles(), before);
 }
 
 TEST(SavingOnPosix, aPipeIsRefusedWithoutWaitingForIt) {

@@ -3,6 +3,7 @@
 #include "SampleDrawing.h"
 #include "TemporaryFolder.h"
 #include "files/DrawingFile.h"
+#include "files/SystemFile.h"
 #include "files/TextCoding.h"
 
 #include <gmock/gmock.h>
@@ -182,6 +183,24 @@ TEST_F(Saving, aFolderIsNotReplacedByAFile) {
     EXPECT_THAT(m_reason, HasSubstr("can't be written"));
     EXPECT_TRUE(std::filesystem::is_directory(systemPath(m_path)));
     EXPECT_EQ(m_folder.entries(), 1u);
+}
+
+TEST_F(Saving, aSingleByteIsWrittenOnce) {
+    ReplacementFile file(m_path);
+    file.write(someBytes(1));
+    EXPECT_EQ(file.flush().size, 1u);
+    file.replace();
+    EXPECT_EQ(bytesOf(m_path), someBytes(1));
+}
+
+TEST_F(Saving, anotherNameOfTheFileKeepsTheOldDrawing) {
+    ASSERT_EQ(save(sampleDrawing()), Vorn::eOk) << m_reason;
+    const std::vector<std::byte> old = bytesOf(m_path);
+    const std::wstring other = m_folder.file(L"other.zdr");
+    std::filesystem::create_hard_link(systemPath(m_path), systemPath(other));
+    ASSERT_EQ(save(plainDrawing()), Vorn::eOk) << m_reason;
+    EXPECT_EQ(bytesOf(other), old);
+    EXPECT_NE(bytesOf(m_path), old);
 }
 
 TEST_F(Saving, aVeryLongPathWorks) {

@@ -14,6 +14,8 @@ class ChildProgram {
     ChildProgram(const ChildProgram&) = delete;
     ChildProgram& operator=(const ChildProgram&) = delete;
 
+    /// How it has ended by itself, in words; nothing while it runs.
+    std::string end();
     /// Ends it at once, wherever it is, and waits until it is gone. False when it had ended by itself.
     bool kill();
 

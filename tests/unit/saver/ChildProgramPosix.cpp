@@ -4,8 +4,8 @@
 
 #include <csignal>
 #include <spawn.h>
-#include <stdexcept>
 #include <sys/wait.h>
+#include <system_error>
 #include <unistd.h>
 
 ChildProgram::ChildProgram(const std::string& name, const std::vector<std::wstring>& arguments) {
@@ -17,13 +17,22 @@ ChildProgram::ChildProgram(const std::string& name, const std::vector<std::wstri
         pointers.push_back(text.data());
     pointers.push_back(nullptr);
     pid_t process = 0;
-    if (posix_spawn(&process, texts[0].c_str(), nullptr, nullptr, pointers.data(), environ) != 0)
-        throw std::runtime_error("can't start " + texts[0]);
+    const int error = posix_spawn(&process, texts[0].c_str(), nullptr, nullptr, pointers.data(), environ);
+    if (error != 0)
+        throw std::system_error(error, std::generic_category(), "can't start " + texts[0]);
     m_process = process;
 }
 
 ChildProgram::~ChildProgram() {
     kill();
+}
+
+std::string ChildProgram::end() {
+    siginfo_t end{};
+    // WNOWAIT leaves the end for kill().
+    if (waitid(P_PID, static_cast<id_t>(m_process), &end, WEXITED | WNOHANG | WNOWAIT) != 0 || end.si_pid == 0)
+        return {};
+    return (end.si_code == CLD_EXITED ? "status " : "signal ") + std::to_string(end.si_status);
 }
 
 bool ChildProgram::kill() {

@@ -4,7 +4,7 @@
 
 #include <windows.h>
 
-#include <stdexcept>
+#include <system_error>
 
 namespace {
 constexpr UINT kKilled = 0xDEAD;
@@ -22,13 +22,21 @@ ChildProgram::ChildProgram(const std::string& name, const std::vector<std::wstri
     start.cb = sizeof(start);
     PROCESS_INFORMATION process{};
     if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process))
-        throw std::runtime_error("can't start " + name);
+        throw std::system_error(static_cast<int>(GetLastError()), std::system_category(), "can't start " + name);
     CloseHandle(process.hThread);
     m_process = reinterpret_cast<std::intptr_t>(process.hProcess);
 }
 
 ChildProgram::~ChildProgram() {
     kill();
+}
+
+std::string ChildProgram::end() {
+    const HANDLE process = reinterpret_cast<HANDLE>(m_process);
+    DWORD code = 0;
+    if (WaitForSingleObject(process, 0) != WAIT_OBJECT_0 || !GetExitCodeProcess(process, &code))
+        return {};
+    return "status " + std::to_string(code);
 }
 
 bool ChildProgram::kill() {

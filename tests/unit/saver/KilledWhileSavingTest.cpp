@@ -33,15 +33,16 @@ class KilledWhileSaving : public testing::TestWithParam<SavedKind> {
   protected:
     void SetUp() override {
         for (const bool large : {false, true}) {
-            ASSERT_TRUE(save(GetParam(), large, m_path));
+            ASSERT_EQ(save(GetParam(), large, m_path), "");
             m_whole[large] = bytesOf(m_path);
         }
         ASSERT_LT(m_whole[0].size(), m_whole[1].size());
     }
-    void waitForStart() const {
+    void waitForStart(ChildProgram& program) const {
         const std::filesystem::path sign = zdr::systemPath(m_path + L".started");
         const auto patience = std::chrono::steady_clock::now() + 60s;
         while (!std::filesystem::exists(sign)) {
+            ASSERT_EQ(program.end(), "") << "the program has ended before it began to save";
             ASSERT_LT(std::chrono::steady_clock::now(), patience) << "the program doesn't begin to save";
             std::this_thread::sleep_for(1ms);
         }
@@ -53,11 +54,13 @@ class KilledWhileSaving : public testing::TestWithParam<SavedKind> {
     }
     /// The program spends the smaller part of its time writing, so every second kill waits until a file is being
     /// written.
-    void waitForTheMoment(int kill, std::mt19937& random) const {
+    void waitForTheMoment(int kill, std::mt19937& random, ChildProgram& program) const {
         const auto patience = std::chrono::steady_clock::now() + 60s;
         const bool aimed = kill % 2 == 0;
-        while (aimed && !isWriting())
+        while (aimed && !isWriting()) {
+            ASSERT_EQ(program.end(), "") << "saving failed by itself";
             ASSERT_LT(std::chrono::steady_clock::now(), patience) << "the program doesn't write";
+        }
         // This sleep waits for nothing: it picks the random moment of the kill.
         std::uniform_int_distribution<int> microseconds(0, aimed ? 500 : 20'000);
         std::this_thread::sleep_for(std::chrono::microseconds(microseconds(random)));
@@ -86,8 +89,8 @@ TEST_P(KilledWhileSaving, theFileIsTheOldOrTheNewOneWhole) {
     for (int kill = 0; kill < count || leftBehind == 0; ++kill) {
         ASSERT_LT(kill, 20 * (count + 10)) << "no save was interrupted, so nothing was tried";
         ChildProgram program("saver", {nameOf(GetParam()), m_path});
-        ASSERT_NO_FATAL_FAILURE(waitForStart());
-        ASSERT_NO_FATAL_FAILURE(waitForTheMoment(kill, random));
+        ASSERT_NO_FATAL_FAILURE(waitForStart(program));
+        ASSERT_NO_FATAL_FAILURE(waitForTheMoment(kill, random, program));
         ASSERT_TRUE(program.kill()) << "saving failed by itself";
         std::filesystem::remove(zdr::systemPath(m_path + L".started"));
         const std::vector<std::byte> bytes = bytesOf(m_path);

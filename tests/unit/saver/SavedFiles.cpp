@@ -3,6 +3,7 @@
 #include "DrawingGenerator.h"
 #include "engine/DatabaseAccess.h"
 #include "files/DrawingFile.h"
+#include "files/TextCoding.h"
 
 std::wstring nameOf(SavedKind kind) {
     return kind == SavedKind::Drawing ? L"drawing" : L"state";
@@ -30,11 +31,16 @@ KelDbDatabase& savedDatabase(bool large) {
 
 } // namespace
 
-bool save(SavedKind kind, bool large, const std::wstring& path) {
+std::string save(SavedKind kind, bool large, const std::wstring& path) {
     KelDbDatabase& database = savedDatabase(large);
-    if (kind == SavedKind::State)
-        return database.getLayerStateManager()->exportLayerState(kSavedState, path.c_str()) == Vorn::eOk;
+    Vorn::ErrorStatus status = Vorn::eOk;
     std::wstring reason;
-    zdr::FileStamp stamp;
-    return zdr::writeDrawingFile(path, engine::drawingOf(database), reason, stamp, zdr::Overwrite::Always) == Vorn::eOk;
+    if (kind == SavedKind::State) {
+        status = database.getLayerStateManager()->exportLayerState(kSavedState, path.c_str());
+        reason = engine::lastFileProblem(database);
+    } else {
+        zdr::FileStamp stamp;
+        status = zdr::writeDrawingFile(path, engine::drawingOf(database), reason, stamp, zdr::Overwrite::Always);
+    }
+    return status == Vorn::eOk ? "" : "status " + std::to_string(status) + ": " + zdr::toUtf8(reason);
 }

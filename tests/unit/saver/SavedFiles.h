@@ -16,5 +16,5 @@ zdr::Drawing savedDrawing(bool large);
 /// The state of those drawings that is exported.
 inline constexpr const wchar_t* kSavedState = L"Saved";
 
-/// Saves one of the two as the given file; false when that fails.
-bool save(SavedKind kind, bool large, const std::wstring& path);
+/// Saves one of the two as the given file; answers why that failed, or nothing.
+std::string save(SavedKind kind, bool large, const std::wstring& path);

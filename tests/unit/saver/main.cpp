@@ -3,17 +3,22 @@
 #include "SavedFiles.h"
 #include "files/TextCoding.h"
 
+#include <cstdio>
 #include <fstream>
 
 int main(int count, char** arguments) {
-    if (count != 3)
+    if (count != 3) {
+        std::fprintf(stderr, "saver: drawing|state file\n");
         return 2;
+    }
     const auto kind = zdr::fromUtf8(arguments[1]) == nameOf(SavedKind::State) ? SavedKind::State : SavedKind::Drawing;
     const std::wstring path = zdr::fromUtf8(arguments[2]).value();
     constexpr int kEnough = 100'000;
     for (int i = 0; i < kEnough; ++i) {
-        if (!save(kind, i % 2 == 0, path))
+        if (const std::string problem = save(kind, i % 2 == 0, path); !problem.empty()) {
+            std::fprintf(stderr, "saver: %s\n", problem.c_str());
             return 1;
+        }
         if (i == 1)
             std::ofstream(zdr::systemPath(path + L".started")).put('\n');
     }

@@ -33,7 +33,9 @@ class KELDB_API InputFile {
 };
 
 /// New content for a file, written beside it under a name of its own. The file itself stays as it is until replace();
-/// when that doesn't come, the new content is removed.
+/// when that doesn't come, the new content is removed. Whose the file is, who may do what with it and whatever else
+/// belongs to it stays; where that can't be, or the file may not be written, it is refused. Nobody can look into the
+/// new content who couldn't look into the old.
 class KELDB_API ReplacementFile {
   public:
     explicit ReplacementFile(const std::wstring& target);
@@ -42,7 +44,7 @@ class KELDB_API ReplacementFile {
     ReplacementFile& operator=(const ReplacementFile&) = delete;
 
     void write(std::span<const std::byte> bytes);
-    /// Waits until the bytes are on the disk, and answers the facts of the new content.
+    /// Waits until the bytes are on the disk, and answers the facts of the new content. Nothing more can be written.
     FileFacts flush();
     /// Puts the new content in the place of the target, in one step that either happens or doesn't.
     void replace();
@@ -54,9 +56,8 @@ class KELDB_API ReplacementFile {
 
     std::wstring m_target; // where a link at the given path leads
     std::wstring m_path;
-    std::filesystem::path m_made; // m_path as the system takes it, once it is there; needed where there is no memory
+    std::filesystem::path m_made; // m_path as the system takes it, while it is there; needed where there is no memory
     std::intptr_t m_handle;
-    bool m_replaced = false;
 };
 
 /// The facts of a file; none when there isn't one.

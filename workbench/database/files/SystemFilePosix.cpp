@@ -1,7 +1,9 @@
 // Files over POSIX.
 #include "SystemFile.h"
 
+#include "FileBelongingsPosix.h"
 #include "Refusal.h"
+#include "SystemFailure.h"
 #include "TextCoding.h"
 
 #include <atomic>
@@ -16,15 +18,6 @@
 namespace zdr {
 namespace {
 
-std::wstring errorText(int error) {
-    return fromUtf8(std::generic_category().message(error)).value_or(L"unknown error");
-}
-
-[[noreturn]] void writeFailure(const wchar_t* action, int error) {
-    throw Refusal{Vorn::eFileWriteFailed,
-                  std::wstring(L"can't be written: ") + action + L" failed, because of \"" + errorText(error) + L"\""};
-}
-
 int descriptor(std::intptr_t handle) {
     return static_cast<int>(handle);
 }
@@ -35,10 +28,13 @@ FileFacts factsOf(const struct stat& status) {
             static_cast<std::uint64_t>(status.st_ino)};
 }
 
-/// The path behind symbolic links, so that a link stays a link and the file it leads to is replaced.
+/// The path behind symbolic links, so that a link stays a link and the file it leads to is replaced. A link that leads
+/// nowhere is refused: what it leads to is mostly not mounted just now.
 std::wstring behindLinks(const std::wstring& path) {
-    std::error_code error;
+    std::error_code error, none;
     const std::filesystem::path target = std::filesystem::canonical(systemPath(path), error);
+    if (error && std::filesystem::is_symlink(systemPath(path), none))
+        writeFailure(L"following the link", error.value());
     return error ? path : widePath(target);
 }
 
@@ -46,13 +42,6 @@ std::wstring besidePath(const std::wstring& target) {
     static std::atomic<unsigned> counter{0};
     const std::string name = ".zdr-" + std::to_string(getpid()) + "-" + std::to_string(counter++) + ".tmp";
     return widePath(systemPath(target).parent_path() / name);
-}
-
-/// Makes the replacement as readable as what it replaces, where the file system knows permissions.
-void copyPermissions(int handle, const std::wstring& target) {
-    struct stat status {};
-    if (stat(systemPath(target).c_str(), &status) == 0)
-        fchmod(handle, status.st_mode & 07777);
 }
 
 /// A rename is safe from a power failure only once its folder is on the disk too.
@@ -65,6 +54,10 @@ void flushFolder(const std::filesystem::path& folder) {
 }
 
 } // namespace
+
+std::wstring errorText(std::int64_t error) {
+    return fromUtf8(std::generic_category().message(static_cast<int>(error))).value_or(L"unknown error");
+}
 
 InputFile::InputFile(const std::wstring& path) {
     // Without O_NONBLOCK a named pipe would wait for a writer.
@@ -108,30 +101,34 @@ ReplacementFile::ReplacementFile(std::wstring target, Unopened) : m_target(std::
 // Delegates, so that the destructor removes the new file also when something fails after it was made.
 ReplacementFile::ReplacementFile(const std::wstring& target) : ReplacementFile(behindLinks(target), Unopened{}) {
     const std::filesystem::path system = systemPath(m_target);
+    struct stat status {};
+    const bool exists = stat(system.c_str(), &status) == 0;
     // A rename would put a file in the place of a device, too.
-    if (struct stat status{}; stat(system.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
+    if (exists && !S_ISREG(status.st_mode)) {
         if (S_ISDIR(status.st_mode))
             writeFailure(L"opening the file", EISDIR);
         throw Refusal{Vorn::eFileWriteFailed, L"can't be written: it isn't a file"};
     }
     // A rename asks only for rights on the folder; a file that is protected against writing is not to be replaced.
-    if (access(system.c_str(), W_OK) != 0 && errno != ENOENT)
+    if (faccessat(AT_FDCWD, system.c_str(), W_OK, AT_EACCESS) != 0 && errno != ENOENT)
         writeFailure(L"opening the file", errno);
+    // Nobody else may look into what will replace a file before it has that file's rights. A new file has the rights
+    // that all new files get.
+    const mode_t rights = exists ? 0600 : 0666;
     std::filesystem::path made;
     do {
         m_path = besidePath(m_target);
         made = systemPath(m_path);
-        m_handle = open(made.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        m_handle = open(made.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, rights);
     } while (m_handle < 0 && errno == EEXIST);
     if (m_handle < 0)
         writeFailure(L"making a file in its folder", errno);
     m_made = std::move(made);
-    copyPermissions(descriptor(m_handle), m_target);
 }
 
 ReplacementFile::~ReplacementFile() {
     close();
-    if (!m_replaced && !m_made.empty())
+    if (!m_made.empty())
         unlink(m_made.c_str());
 }
 
@@ -152,9 +149,10 @@ void ReplacementFile::write(std::span<const std::byte> bytes) {
 }
 
 FileFacts ReplacementFile::flush() {
+    // Only now, because writing takes some rights away again.
+    keepBelongings(descriptor(m_handle), systemPath(m_target));
     if (fsync(descriptor(m_handle)) != 0)
         writeFailure(L"writing to the disk", errno);
-    close();
     const std::optional<FileFacts> facts = fileFacts(m_path);
     if (!facts)
         writeFailure(L"asking for its size", errno);
@@ -167,7 +165,7 @@ void ReplacementFile::replace() {
     // From here on nothing may fail but the rename itself.
     if (rename(m_made.c_str(), target.c_str()) != 0)
         writeFailure(L"replacing the old file", errno);
-    m_replaced = true;
+    m_made.clear();
     flushFolder(folder);
 }
 

@@ -1,36 +1,22 @@
 // Files over Win32.
 #include "SystemFile.h"
 
+#include "FileHandleWindows.h"
+#include "FilePlacingWindows.h"
+#include "FileSecurityWindows.h"
 #include "Refusal.h"
+#include "SystemFailure.h"
+#include "SystemPathsWindows.h"
 
 #include <windows.h>
 
 #include <algorithm>
-#include <atomic>
-#include <filesystem>
 
 namespace zdr {
 namespace {
 
-std::wstring errorText(DWORD error) {
-    wchar_t* buffer = nullptr;
-    const DWORD length =
-        FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
-                       nullptr, error, 0, reinterpret_cast<wchar_t*>(&buffer), 0, nullptr);
-    std::wstring text = length > 0 ? std::wstring(buffer, length) : L"error " + std::to_wstring(error);
-    LocalFree(buffer);
-    while (!text.empty() && (text.back() == L'\r' || text.back() == L'\n' || text.back() == L'.'))
-        text.pop_back();
-    return text;
-}
-
 [[noreturn]] void readFailure(DWORD error) {
     throw Refusal{Vorn::eFileUnreadable, L"can't be read: \"" + errorText(error) + L"\""};
-}
-
-[[noreturn]] void writeFailure(const wchar_t* action, DWORD error) {
-    throw Refusal{Vorn::eFileWriteFailed,
-                  std::wstring(L"can't be written: ") + action + L" failed, because of \"" + errorText(error) + L"\""};
 }
 
 HANDLE handleOf(std::intptr_t handle) {
@@ -38,18 +24,6 @@ HANDLE handleOf(std::intptr_t handle) {
 }
 std::intptr_t numberOf(HANDLE handle) {
     return reinterpret_cast<std::intptr_t>(handle);
-}
-
-/// The path in the form that may be longer than 260 characters, where it must be.
-std::wstring longPath(const std::wstring& path) {
-    constexpr std::size_t kShortEnough = 240; // a folder must leave room for a name of eight and three
-    if (path.size() < kShortEnough || path.starts_with(L"\\\\?\\") || path.starts_with(L"\\\\.\\"))
-        return path;
-    std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
-    full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
-    if (full.starts_with(L"\\\\"))
-        return L"\\\\?\\UNC" + full.substr(1);
-    return L"\\\\?\\" + full;
 }
 
 constexpr std::int64_t kTick = 100; // nanoseconds
@@ -70,80 +44,59 @@ std::optional<FileFacts> factsOf(HANDLE handle) {
                      std::uint64_t{information.nFileIndexHigh} << 32 | information.nFileIndexLow};
 }
 
-bool isMissing(DWORD error) {
-    return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND || error == ERROR_INVALID_NAME ||
-           error == ERROR_BAD_NETPATH || error == ERROR_BAD_NET_NAME;
-}
-
-constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-
-HANDLE openForReading(const std::wstring& path) {
-    return CreateFileW(longPath(path).c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
-                       FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
-}
-
-/// Whether the path is a device's, such as NUL, which is there in every folder.
-bool isDevice(const std::wstring& path) {
-    const HANDLE handle = openForReading(path);
-    if (handle == INVALID_HANDLE_VALUE)
-        return false;
-    const bool isFile = GetFileType(handle) == FILE_TYPE_DISK;
-    CloseHandle(handle);
-    return !isFile;
-}
-
-std::wstring besidePath(const std::wstring& target) {
-    static std::atomic<unsigned> counter{0};
-    const std::wstring name =
-        L"zdr-" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(counter++) + L".tmp";
-    return (std::filesystem::path(target).parent_path() / name).wstring();
-}
-
-/// The path behind symbolic links, so that a link stays a link and the file it leads to is replaced.
-std::wstring behindLinks(const std::wstring& path) {
-    const DWORD attributes = GetFileAttributesW(longPath(path).c_str());
-    if (attributes == INVALID_FILE_ATTRIBUTES || !(attributes & FILE_ATTRIBUTE_REPARSE_POINT))
-        return path;
-    std::error_code error;
-    const std::filesystem::path target = std::filesystem::canonical(path, error);
-    return error ? path : target.wstring();
-}
-
-/// Replaces a file. One that somebody has open can't be replaced. Programs that look into new files (search, virus
-/// scanners, another one reading a drawing) close them soon, so this tries again for a while.
-bool moveOver(const std::wstring& from, const std::wstring& to) {
-    constexpr int kTries = 50;
-    constexpr DWORD kPause = 10; // milliseconds
-    for (int left = kTries; left > 0; --left) {
-        if (MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
-            return true;
+/// Refuses a file that isn't to be replaced: one that is protected against writing, by its rights or otherwise, a
+/// folder and a device.
+void requireWritable(const std::wstring& target) {
+    if (isReadOnly(longPath(target).c_str()))
+        writeFailure(L"opening the file", ERROR_ACCESS_DENIED);
+    // What ReplaceFile asks for, and the right to write.
+    const FileHandle file(longPath(target).c_str(), GENERIC_READ | GENERIC_WRITE | DELETE);
+    if (!file) {
+        // Others who keep writers out for a while may be gone when it is replaced.
         const DWORD error = GetLastError();
-        if (error != ERROR_SHARING_VIOLATION && error != ERROR_ACCESS_DENIED)
-            return false;
-        Sleep(kPause);
-        SetLastError(error);
+        if (!isMissing(error) && error != ERROR_SHARING_VIOLATION)
+            writeFailure(L"opening the file", error);
+    } else if (!file.isFile()) {
+        throw Refusal{Vorn::eFileWriteFailed, L"can't be written: it isn't a file"};
     }
-    return false;
+}
+
+/// The attributes of a file that a new one has to have from the start: what is encrypted must never stand on the disk
+/// in the clear.
+DWORD firstAttributes(const std::wstring& target) {
+    const DWORD attributes = GetFileAttributesW(longPath(target).c_str());
+    constexpr DWORD kFirst = FILE_ATTRIBUTE_ENCRYPTED | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+    return FILE_ATTRIBUTE_ARCHIVE | (attributes == INVALID_FILE_ATTRIBUTES ? 0 : attributes & kFirst);
 }
 
 } // namespace
+
+std::wstring errorText(std::int64_t error) {
+    wchar_t* buffer = nullptr;
+    const DWORD length =
+        FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
+                       nullptr, static_cast<DWORD>(error), 0, reinterpret_cast<wchar_t*>(&buffer), 0, nullptr);
+    std::wstring text = length > 0 ? std::wstring(buffer, length) : L"error " + std::to_wstring(error);
+    LocalFree(buffer);
+    while (!text.empty() && (text.back() == L'\r' || text.back() == L'\n' || text.back() == L'.'))
+        text.pop_back();
+    return text;
+}
 
 InputFile::InputFile(const std::wstring& path) {
     const DWORD attributes = GetFileAttributesW(longPath(path).c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY))
         throw Refusal{Vorn::eFileUnreadable, L"can't be opened for reading: it is a folder"};
-    const HANDLE handle = openForReading(path);
-    if (handle == INVALID_HANDLE_VALUE) {
+    FileHandle file(longPath(path).c_str(), GENERIC_READ);
+    if (!file) {
         const DWORD error = GetLastError();
         if (isMissing(error))
             throw Refusal{Vorn::eFileNotFound, L"doesn't exist"};
         throw Refusal{Vorn::eFileUnreadable, L"can't be opened for reading: \"" + errorText(error) + L"\""};
     }
-    m_handle = numberOf(handle);
-    if (GetFileType(handle) == FILE_TYPE_DISK)
-        return;
-    CloseHandle(handle);
-    throw Refusal{Vorn::eFileUnreadable, L"can't be opened for reading: it isn't a file"};
+    if (!file.isFile())
+        throw Refusal{Vorn::eFileUnreadable, L"can't be opened for reading: it isn't a file"};
+    m_handle = numberOf(file.release());
 }
 
 InputFile::~InputFile() {
@@ -170,28 +123,28 @@ ReplacementFile::ReplacementFile(std::wstring target, Unopened)
 
 // Delegates, so that the destructor removes the new file also when something fails after it was made.
 ReplacementFile::ReplacementFile(const std::wstring& target) : ReplacementFile(behindLinks(target), Unopened{}) {
-    const DWORD attributes = GetFileAttributesW(longPath(m_target).c_str());
-    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)))
-        writeFailure(L"opening the file", ERROR_ACCESS_DENIED);
-    if (isDevice(m_target))
-        throw Refusal{Vorn::eFileWriteFailed, L"can't be written: it isn't a file"};
+    requireWritable(m_target);
+    FileSecurity security(longPath(m_target));
+    const DWORD attributes = firstAttributes(m_target);
     HANDLE handle = INVALID_HANDLE_VALUE;
     std::filesystem::path made;
     do {
         m_path = besidePath(m_target);
         made = longPath(m_path);
-        handle = CreateFileW(made.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL,
-                             nullptr);
+        handle = CreateFileW(made.c_str(), GENERIC_WRITE, FILE_SHARE_READ, security.forNewFile(), CREATE_NEW,
+                             attributes, nullptr);
     } while (handle == INVALID_HANDLE_VALUE && GetLastError() == ERROR_FILE_EXISTS);
-    if (handle == INVALID_HANDLE_VALUE)
-        writeFailure(L"making a file in its folder", GetLastError());
+    if (handle == INVALID_HANDLE_VALUE) {
+        const DWORD error = GetLastError();
+        writeFailure(error == ERROR_INVALID_OWNER ? L"keeping its owner" : L"making a file in its folder", error);
+    }
     m_handle = numberOf(handle);
     m_made = std::move(made);
 }
 
 ReplacementFile::~ReplacementFile() {
     close();
-    if (!m_replaced && !m_made.empty())
+    if (!m_made.empty())
         DeleteFileW(m_made.c_str());
 }
 
@@ -223,18 +176,12 @@ FileFacts ReplacementFile::flush() {
 }
 
 void ReplacementFile::replace() {
-    if (!moveOver(longPath(m_path), longPath(m_target)))
-        writeFailure(L"replacing the old file", GetLastError());
-    m_replaced = true;
+    placeFile(m_made, m_target);
 }
 
 std::optional<FileFacts> fileFacts(const std::wstring& path) {
-    const HANDLE handle = openForReading(path);
-    if (handle == INVALID_HANDLE_VALUE)
-        return std::nullopt;
-    const std::optional<FileFacts> facts = factsOf(handle);
-    CloseHandle(handle);
-    return facts;
+    const FileHandle file(longPath(path).c_str(), GENERIC_READ);
+    return file ? factsOf(file.get()) : std::nullopt;
 }
 
 std::int64_t fileClock() {

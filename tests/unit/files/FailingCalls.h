@@ -1,0 +1,19 @@
+// The calls by which saving keeps what belongs to a file and waits for the disk, failing on request. This program's own
+// functions of these names stand in the place of the system's, and pass on every call that isn't to fail.
+#pragma once
+
+#include <string>
+
+/// While it lives, the calls of one function fail with an error; with 0 they answer that they went well, and do
+/// nothing, as some file systems do. Only one may live for each function.
+class FailingCalls {
+  public:
+    FailingCalls(const std::string& function, int error);
+    ~FailingCalls();
+    FailingCalls(const FailingCalls&) = delete;
+    FailingCalls& operator=(const FailingCalls&) = delete;
+    int count() const;
+
+  private:
+    std::string m_function;
+};
