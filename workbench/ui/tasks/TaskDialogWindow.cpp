@@ -87,24 +87,26 @@ class OtherWindowsDisabled {
     std::vector<HWND> m_disabled;
 };
 
-/// Keeps a parent disabled that a dialog over it has disabled. Wine enables a task dialog's parent at the end whatever
-/// it was before, and may give it the input.
+/// Keeps a parent disabled that a dialog over it has disabled, and leaves the input to that dialog. Wine enables a task
+/// dialog's parent at the end whatever it was before, and gives it the input, so that it comes to lie over the dialog.
 class ParentLeftAsItWas {
   public:
-    explicit ParentLeftAsItWas(HWND parent) : m_disabled(parent && !IsWindowEnabled(parent) ? parent : nullptr) {}
+    explicit ParentLeftAsItWas(HWND parent)
+        : m_disabled(parent && !IsWindowEnabled(parent) ? parent : nullptr), m_active(GetActiveWindow()) {}
     ~ParentLeftAsItWas() {
         if (!m_disabled || !IsWindowEnabled(m_disabled))
             return;
         const bool hasInput = GetActiveWindow() == m_disabled;
         EnableWindow(m_disabled, FALSE);
         if (hasInput)
-            SetActiveWindow(GetLastActivePopup(m_disabled));
+            SetActiveWindow(m_active);
     }
     ParentLeftAsItWas(const ParentLeftAsItWas&) = delete;
     ParentLeftAsItWas& operator=(const ParentLeftAsItWas&) = delete;
 
   private:
     HWND m_disabled;
+    HWND m_active;
 };
 
 HRESULT CALLBACK onEvent(HWND window, UINT event, WPARAM, LPARAM, LONG_PTR others) {
