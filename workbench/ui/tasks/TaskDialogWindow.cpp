@@ -1,6 +1,7 @@
 #include "TaskDialogWindow.h"
 
 #include "OrvUiServices.h"
+#include "base/OutOfMemory.h"
 
 #include <commctrl.h>
 
@@ -50,10 +51,20 @@ LRESULT CALLBACK closeByEscape(HWND window, UINT message, WPARAM wParam, LPARAM 
     return DefSubclassProc(window, message, wParam, lParam);
 }
 
+bool isWine() {
+    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+}
+
+/// Brings the window into the middle of its owner; where memory is short it stays where it is. Wine does it for the
+/// first task dialog of a program, and leaves all others in their owner's corner.
+void center(HWND window) {
+    asFarAsMemoryLasts([window] { CWnd::FromHandle(window)->CenterWindow(); });
+}
+
 /// The text so that the system's task dialog shows just that. Wine draws it as a label, in which an ampersand marks a
 /// letter and two are one; Windows draws it as it is.
 std::wstring unmarked(const std::wstring& text) {
-    if (!GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version"))
+    if (!isWine())
         return text;
     std::wstring doubled;
     for (const wchar_t character : text)
@@ -110,8 +121,11 @@ class ParentLeftAsItWas {
 };
 
 HRESULT CALLBACK onEvent(HWND window, UINT event, WPARAM, LPARAM, LONG_PTR others) {
-    if (event == TDN_DIALOG_CONSTRUCTED)
+    if (event == TDN_DIALOG_CONSTRUCTED) {
         SetWindowSubclass(window, closeByEscape, 0, 0);
+        if (isWine())
+            center(window);
+    }
     // Before the task dialog goes, or the system would find no window of ours to give the input to.
     if (event == TDN_BUTTON_CLICKED)
         reinterpret_cast<OtherWindowsDisabled*>(others)->enable();
