@@ -34,10 +34,11 @@ class FrontWindow : public LayerStatesTest {
     Script questionAboutAttic() const {
         return import(stateFile(L"Attic")).waitForText(L"\u201cAttic\u201d exists already.");
     }
-    /// Clicks into the manager, which is to be in front.
+    /// Clicks into the manager, which is to be in front. Twice, because it keeps what is ticked.
     static Script managerIsInFront() {
         Script script;
         return script.waitForControl(IDC_LSTATE_RES_HIDEXREFS)
+            .click(IDC_LSTATE_RES_HIDEXREFS)
             .click(IDC_LSTATE_RES_HIDEXREFS)
             .look("the windows", [](const View& view) {
                 EXPECT_TRUE(view.has(IDC_LSTATE_RES_HIDEXREFS));
