@@ -1,6 +1,7 @@
 // The layer states command in the Workbench: from the typed line to the changed drawing, and back by UNDO.
 
 #include "DrawingDifference.h"
+#include "FileDialogSteps.h"
 #include "KelEditor.h"
 #include "LayerStatesTest.h"
 #include "WorkbenchIds.h"
@@ -11,6 +12,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <fstream>
 
 using ui::Script;
 using ui::View;
@@ -204,5 +206,20 @@ TEST_F(LayerStateCommand, TheOldStatesOfTheSampleComeOverAndUndoTakesThemBack) {
         .look("as before", [&](const View&) { EXPECT_EQ(differenceTo(before), ""); })
         .then(command(L"QUIT"))
         .then(answerBox(L"Save the changes to legacy.zdr?", IDNO));
+    runWith(script);
+}
+
+TEST_F(LayerStateCommand, WhyAFileCannotBeImportedStandsInTheCommandLine) {
+    std::ofstream(folder / "cut.las") << "{\"layerStateFile\": 1,";
+    Script script = openManager();
+    script.click(IDC_LSTATE_RES_IMPORT)
+        .waitForControl(ui::kFileNameBox)
+        .then(ui::enterFileName(path("cut.las")))
+        .waitForText(L"The layer state could not be restored.")
+        .press(VK_ESCAPE)
+        .waitForControl(IDC_LSTATE_RES_HIDEXREFS)
+        .click(IDC_LSTATE_RES_CLOSE)
+        .then(said(L"The file \"" + path("cut.las") + L"\" isn't a layer states file, or is cut off"))
+        .then(command(L"QUIT"));
     runWith(script);
 }
