@@ -57,7 +57,8 @@ BOOL CLayerStatesImportDlg::OnInitDialog() {
                                  LVS_EX_FULLROWSELECT);
     m_stateList.InsertColumns(kColumns);
     LoadStatesFromFile(); // what can't be read is shown as an empty list
-    // Without a focused row nobody sees that Tab has come to the list.
+    // The first row has the focus and isn't selected. Without a focused row nobody sees that Tab has come to the list,
+    // and Shift with End would do nothing.
     m_stateList.SetItemState(0, LVIS_FOCUSED, LVIS_FOCUSED);
     GetColumnSizes(&m_stateList);
     static _dlgControlTag layout[] = {

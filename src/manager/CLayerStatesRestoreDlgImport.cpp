@@ -42,6 +42,8 @@ CString unreadableText(const wchar_t* path, Vorn::ErrorStatus status) {
 } // namespace
 
 void CLayerStatesRestoreDlg::OnImport() {
+    // Unlike Export, this asks for its file also during a rename. The file dialog ends the rename; while the name is
+    // refused, restoreOrImport() imports nothing, and the user is told so.
     constexpr int kOpen = 0;
     const CString path =
         chooseFile(IDS_LSTATE_IMPORT_TITLE, nullptr, CString(L"zdr;zds;zdt;") + kStateFileExtension, kOpen);

@@ -86,6 +86,11 @@ HWND DrivenProgram::waitForWindow(const std::string& what, const std::function<b
     return window;
 }
 
+HWND DrivenProgram::waitForTitle(const std::wstring& title) {
+    return waitForWindow("the window \"" + narrow(title) + "\"",
+                         [&title](HWND window) { return windowText(window) == title; });
+}
+
 void DrivenProgram::waitUntil(const std::string& what, const std::function<bool()>& seen) {
     bool came = false;
     const bool waited = comesTrue([&] {
@@ -137,6 +142,10 @@ std::wstring windowText(HWND window) {
     const LRESULT length = SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
     text.resize(static_cast<std::size_t>(std::max<LRESULT>(length, 0)));
     return text;
+}
+
+std::wstring fileNameOf(const std::wstring& path) {
+    return path.substr(path.find_last_of(L"\\/") + 1);
 }
 
 void say(const std::wstring& what) {

@@ -28,6 +28,8 @@ class DrivenProgram {
 
     /// Waits for a visible top-level window of the program that `looksRight` accepts.
     HWND waitForWindow(const std::string& what, const std::function<bool(HWND)>& looksRight);
+    /// The same for a window with that title.
+    HWND waitForTitle(const std::wstring& title);
     /// Waits until `seen` answers true. When the program ends before that, throws a Disappointment.
     void waitUntil(const std::string& what, const std::function<bool()>& seen);
     /// Waits for the program's end and answers its exit code.
@@ -51,6 +53,8 @@ void clickControl(DrivenProgram& program, HWND dialog, int control);
 void typeInto(DrivenProgram& program, HWND control, const std::wstring& text);
 /// A window's text, also one of another process.
 std::wstring windowText(HWND window);
+/// The name of a file without its folders.
+std::wstring fileNameOf(const std::wstring& path);
 /// Tells on the console what is done in a dialog.
 void say(const std::wstring& what);
 /// The text in UTF-8, for a console.

@@ -111,6 +111,11 @@ EditVisit ManagerVisit::edit() {
     return EditVisit(m_program, dialog, m_pictures);
 }
 
+void ManagerVisit::close() {
+    clickControl(m_program, m_manager, IDC_LSTATE_RES_CLOSE);
+    m_program.waitUntil("the manager closes", [this] { return !IsWindow(m_manager); });
+}
+
 void ManagerVisit::restore() {
     say(L"Restore: " + selectedName());
     clickControl(m_program, m_manager, IDC_LSTATE_RES_RESTORE);

@@ -51,6 +51,11 @@ int RemoteList::selectedRow() const {
     return static_cast<int>(SendMessageW(m_list, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
 }
 
+bool RemoteList::isTicked(int row) const {
+    const LRESULT state = SendMessageW(m_list, LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_STATEIMAGEMASK);
+    return static_cast<UINT>(state) == INDEXTOSTATEIMAGEMASK(2);
+}
+
 std::optional<RECT> RemoteList::cellRect(int row, int column) const {
     // The message finds the column in `top` and what is asked for in `left`. The bounds of the first column are those
     // of the whole row, the label is its cell; for the others both are the same.

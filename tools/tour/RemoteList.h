@@ -22,6 +22,8 @@ class RemoteList {
     int rowOf(const std::wstring& text) const;
     /// The selected row; -1 when none is, or more than one.
     int selectedRow() const;
+    /// Whether the box before a row is ticked.
+    bool isTicked(int row) const;
     /// What can be seen of a cell, in screen coordinates; none when nothing can.
     std::optional<RECT> cellRect(int row, int column) const;
     /// The same of a column's heading.

@@ -15,10 +15,6 @@ namespace {
 
 constexpr const wchar_t* mainWindowClass = L"KelWorkbench";
 
-std::wstring fileNameOf(const std::wstring& path) {
-    return path.substr(path.find_last_of(L"\\/") + 1);
-}
-
 } // namespace
 
 Tour::Tour(Options options)
@@ -26,9 +22,12 @@ Tour::Tour(Options options)
 
 void Tour::run() {
     try {
-        openDrawing();
+        waitForWorkbench();
+        openDrawing(m_options.drawing);
         workWithStates();
         save();
+        takeAlong();
+        convertOldStates();
         quit();
     } catch (const Disappointment&) {
         m_pictures.take(L"failed");
@@ -36,32 +35,49 @@ void Tour::run() {
     }
 }
 
-void Tour::openDrawing() {
+void Tour::waitForWorkbench() {
     m_main = m_program.waitForWindow("the Workbench's main window", [](HWND window) {
         wchar_t name[64] = L"";
         GetClassNameW(window, name, 64);
         return mainWindowClass == std::wstring(name);
     });
-    command(L"OPEN " + m_options.drawing);
-    m_program.waitUntil("the title shows the opened drawing", [this] { return titleIs(m_options.drawing); });
+}
+
+void Tour::openDrawing(const std::wstring& path) {
+    command(L"OPEN " + path);
+    seeDrawing(path);
+}
+
+void Tour::seeDrawing(const std::wstring& path) {
+    m_program.waitUntil("the title shows the opened drawing", [&] { return titleIs(path); });
     m_pictures.take(L"drawing");
 }
 
-void Tour::workWithStates() {
-    command(L"LAYERSTATE");
+ManagerVisit Tour::seeManager() {
     const HWND manager = m_program.waitForWindow("the layer states manager", [](HWND window) {
         return GetDlgItem(window, IDC_LSTATE_RES_LIST) && GetDlgItem(window, IDC_LSTATE_RES_RESTORE);
     });
     m_pictures.take(L"manager");
-    ManagerVisit visit(m_program, manager, m_pictures);
+    return ManagerVisit(m_program, manager, m_pictures);
+}
+
+void Tour::workWithStates() {
+    command(L"LAYERSTATE");
+    ManagerVisit visit = seeManager();
     visit.makeState(L"As I found it", L"Before anything was changed");
     visit.rename(L"Before the pipes");
     visit.describe(L"To come back to");
     visit.sortByName();
     visit.deleteSelected();
     editState(visit);
+    visit.exportTo(m_options.exportAs);
+    visit.importFromDrawing(m_options.other, m_options.replaced);
     visit.pick(m_options.state);
     visit.restore();
+    seeRestored();
+}
+
+void Tour::seeRestored() {
     m_program.waitUntil("the main window takes input again", [this] { return IsWindowEnabled(m_main); });
     m_pictures.take(L"restored");
 }
@@ -84,8 +100,36 @@ void Tour::save() {
                         [this] { return GetFileAttributesW(m_options.saveAs.c_str()) != INVALID_FILE_ATTRIBUTES; });
 }
 
+void Tour::takeAlong() {
+    openDrawing(m_options.other);
+    command(L"LAYERSTATE");
+    seeManager().importAndRestore(m_options.exportAs);
+    seeRestored();
+}
+
+void Tour::convertOldStates() {
+    command(L"OPEN " + m_options.legacy);
+    discardChanges();
+    seeDrawing(m_options.legacy);
+    command(L"LAYERSTATE");
+    const HWND message = m_program.waitForTitle(L"Layer States Converted");
+    m_pictures.take(L"converted");
+    clickControl(m_program, message, IDOK);
+    ManagerVisit visit = seeManager();
+    for (const std::wstring& name : visit.names())
+        say(L"Converted: " + name);
+    visit.close();
+}
+
+void Tour::discardChanges() {
+    const HWND question = m_program.waitForWindow("the question about unsaved changes",
+                                                  [](HWND window) { return GetDlgItem(window, IDNO) != nullptr; });
+    clickControl(m_program, question, IDNO);
+}
+
 void Tour::quit() {
     command(L"QUIT");
+    discardChanges();
     if (const DWORD code = m_program.waitForEnd())
         throw Disappointment("the Workbench ended with code " + std::to_string(code));
 }

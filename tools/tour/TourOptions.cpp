@@ -14,6 +14,8 @@ struct Row {
 constexpr Row rows[] = {
     {L"--workbench", &Options::workbench, true}, {L"--drawing", &Options::drawing, true},
     {L"--edit", &Options::edit, false},          {L"--state", &Options::state, false},
+    {L"--exportas", &Options::exportAs, true},   {L"--other", &Options::other, true},
+    {L"--replace", &Options::replaced, false},   {L"--legacy", &Options::legacy, true},
     {L"--saveas", &Options::saveAs, true},       {L"--shots", &Options::shots, true},
 };
 

@@ -1,6 +1,7 @@
 // tour.exe: a scripted person tries the Workbench.
 //   tour.exe --workbench Workbench.exe --drawing house.zdr --edit "Structural frame" --state "Plumbing plan"
-//            --saveas out.zdr --shots folder
+//            --exportas out.las --other annex.zdr --replace "Presentation"
+//            --legacy legacy.zdr --saveas out.zdr --shots folder
 // Exit code 0 only if every step was seen to succeed.
 
 #include "Tour.h"
@@ -10,8 +11,8 @@
 int wmain(int count, wchar_t** words) {
     const std::optional<tour::Options> options = tour::parseOptions({words + 1, words + count});
     if (!options) {
-        std::fputs("usage: tour.exe --workbench program --drawing file --edit name --state name --saveas file "
-                   "--shots folder\n",
+        std::fputs("usage: tour.exe --workbench program --drawing file --edit name --state name "
+                   "--exportas file --other file --replace name --legacy file --saveas file --shots folder\n",
                    stderr);
         return 2;
     }

@@ -1,12 +1,14 @@
 #include "CommandLineOutput.h"
 
 #include "CommandLineFormat.h"
+#include "files/FileProblems.h"
 #include "instruments/HostCalls.h"
 #include "KelRuntime.h"
 #include "ResultBuffer.h"
 
 #include <cstdio>
 #include <cstdlib>
+#include <new>
 
 using instruments::HostCall;
 
@@ -14,6 +16,15 @@ namespace {
 
 runtime::OutputSink g_sink;
 runtime::AbortHandler g_abortHandler;
+
+/// Where memory runs out nothing is told.
+void printProblem(const std::wstring& sentence) {
+    try {
+        runtime::print(sentence + L"\n");
+    } catch (const std::bad_alloc&) {
+        return;
+    }
+}
 
 } // namespace
 
@@ -45,6 +56,7 @@ namespace runtime {
 
 void setOutputSink(OutputSink sink) {
     g_sink = std::move(sink);
+    zdr::setProblemTeller(g_sink ? &printProblem : nullptr);
 }
 
 void print(const std::wstring& text) {

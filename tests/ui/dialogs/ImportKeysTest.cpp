@@ -113,6 +113,14 @@ TEST_F(ImportKeys, SelectRowsAndNothingElse) {
     }
 }
 
+TEST_F(ImportKeys, CountFromTheFirstRowAtTheOpening) {
+    Script script;
+    script.press(VK_END, ui::holdShift).look("all rows", [](const View& view) {
+        EXPECT_EQ(selectionOf(view), (Selection{{0, 1, 2}, 2}));
+    });
+    EXPECT_EQ(choose(withStates(numbered(3)), script.press(VK_ESCAPE)), IDCANCEL);
+}
+
 TEST_F(ImportKeys, InAListOfOneRow) {
     for (const Key& key : kKeys) {
         Script script = pressWithEach(key, 1, {{{}, -1}, {{}, 0}, {{0}, 0}, {{0}, -1}});

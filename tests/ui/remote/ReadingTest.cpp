@@ -126,9 +126,13 @@ TEST_F(Reading, aLineThatIsCutLeavesNothing) {
 TEST_F(Reading, aFileThatIsDamagedIsRefusedAsOnThisComputer) {
     writeBytes(nginx::file(L"damaged.las"), "{\"name\"");
     writeBytes(nginx::file(L"damaged.zdr"), "This is no drawing.");
-    EXPECT_EQ(import(nginx::address(L"damaged.las")), Vorn::eInvalidInput);
-    EXPECT_EQ(read(nginx::address(L"damaged.zdr")), Vorn::eNotADrawing);
-    expectTold(L"");
+    const std::wstring state = nginx::address(L"damaged.las"), drawing = nginx::address(L"damaged.zdr");
+    EXPECT_EQ(import(state), Vorn::eInvalidInput);
+    EXPECT_THAT(printedLines, StartsWith(L"The file \"" + state + L"\" "));
+    expectTold(engine::lastFileProblem(m_database) + L"\n");
+    EXPECT_EQ(read(drawing), Vorn::eNotADrawing);
+    EXPECT_THAT(printedLines, StartsWith(L"The file \"" + drawing + L"\" "));
+    expectTold(printedLines);
 }
 
 TEST_F(Reading, aServiceThatFailsIsAFileThatCantBeOpened) {

@@ -3,6 +3,7 @@
 #include "DrawingDifference.h"
 #include "LayerStateMask.h"
 #include "SampleDrawing.h"
+#include "TemporaryFolder.h"
 #include "engine/DatabaseAccess.h"
 #include "files/DrawingFile.h"
 #include "files/TextCoding.h"
@@ -83,5 +84,20 @@ TEST(OldVersions, theSecondLayerStatesFileIsReadAsItWasWritten) {
         EXPECT_STREQ(color.colorName(), names[i]);
         EXPECT_STREQ(color.bookName(), books[i]);
         EXPECT_EQ(color.packed(), packed[i]);
+    }
+}
+
+TEST(OldVersions, layerStatesFilesGoOutAsTheyCameIn) {
+    const TemporaryFolder folder;
+    const std::wstring out = folder.file(L"out.las");
+    for (const wchar_t* version : {L"/state_version1.las", L"/state_version2.las"}) {
+        KelDbDatabase database(true, true);
+        KelString name;
+        const std::wstring path = widePath(TEST_DATA) + version;
+        KelDbLayerStateManager& states = *database.getLayerStateManager();
+        ASSERT_EQ(states.importLayerState(path.c_str(), name), Vorn::eOk) << toUtf8(engine::lastFileProblem(database));
+        ASSERT_EQ(states.exportLayerState(name.kwszPtr(), out.c_str()), Vorn::eOk)
+            << toUtf8(engine::lastFileProblem(database));
+        EXPECT_EQ(bytesOf(out), bytesOf(path)) << toUtf8(version);
     }
 }

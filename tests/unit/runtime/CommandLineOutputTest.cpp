@@ -1,10 +1,15 @@
 // Printing to the command line, and giving up.
 
+#include "../files/TemporaryFolder.h"
+
 #include "CommandLineOutput.h"
+#include "KelDbDatabase.h"
+#include "KelDbLayerStateManager.h"
 #include "KelRuntime.h"
 #include "ResultBuffer.h"
 #include "RuntimeTest.h"
 #include "VornStatus.h"
+#include "files/TextCoding.h"
 
 #include <stdexcept>
 
@@ -30,6 +35,39 @@ TEST_F(CommandLineOutputTest, PrintsTextOfAnyLength) {
     const std::wstring text(5000, L'x');
     kelutPrintf(L"%s", text.c_str());
     EXPECT_EQ(printed, text);
+}
+
+TEST_F(CommandLineOutputTest, TellsWhyAFileCannotBeReadOrWritten) {
+    const TemporaryFolder folder;
+    const std::wstring path = folder.file(L"a.las"), missing = folder.file(L"missing.zdr"),
+                       nowhere = folder.file(L"no such folder/b.las");
+    writeBytes(path, std::vector<std::byte>());
+    KelDbDatabase database(true, true);
+    KelDbLayerStateManager& states = *database.getLayerStateManager();
+    KelString name;
+    EXPECT_NE(states.importLayerState(path.c_str(), name), Vorn::eOk);
+    EXPECT_EQ(printed, L"The file \"" + path + L"\" is empty.\n");
+    printed.clear();
+    EXPECT_NE(database.readZdrFile(missing.c_str(), 64, false, nullptr), Vorn::eOk);
+    EXPECT_TRUE(printed.starts_with(L"The file \"" + missing + L"\" ")) << zdr::toUtf8(printed);
+    printed.clear();
+    EXPECT_EQ(states.saveLayerState(L"Plan", MaskOn), Vorn::eOk);
+    EXPECT_NE(states.exportLayerState(L"Plan", nowhere.c_str()), Vorn::eOk);
+    EXPECT_TRUE(printed.starts_with(L"The file \"" + nowhere + L"\" ")) << zdr::toUtf8(printed);
+}
+
+TEST_F(CommandLineOutputTest, TellsNothingOfFilesThatAreReadAndWrittenNorOfATakenName) {
+    const TemporaryFolder folder;
+    const std::wstring path = folder.file(L"a.las");
+    KelDbDatabase database(true, true);
+    KelDbLayerStateManager& states = *database.getLayerStateManager();
+    EXPECT_EQ(states.saveLayerState(L"Plan", MaskOn), Vorn::eOk);
+    EXPECT_EQ(states.exportLayerState(L"Plan", path.c_str()), Vorn::eOk);
+    KelString name;
+    EXPECT_EQ(states.importLayerState(path.c_str(), name), Vorn::eDuplicateRecordName);
+    EXPECT_EQ(states.deleteLayerState(L"Plan"), Vorn::eOk);
+    EXPECT_EQ(states.importLayerState(path.c_str(), name), Vorn::eOk);
+    EXPECT_EQ(printed, L"");
 }
 
 TEST_F(CommandLineOutputTest, TheHostsOwnTextIsPrintedAsItIsAndIsNoCall) {

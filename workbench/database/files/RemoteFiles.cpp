@@ -1,7 +1,9 @@
 #include "RemoteFiles.h"
 
+#include "FileProblems.h"
 #include "model/CaseFolding.h"
 
+#include <new>
 #include <string_view>
 
 namespace zdr {
@@ -23,7 +25,7 @@ bool isAddress(const std::wstring& text) {
     return beginsWith(text, L"http://") || beginsWith(text, L"https://");
 }
 
-FileToRead::FileToRead(const wchar_t* pathOrAddress, std::wstring& reason) : m_path(pathOrAddress) {
+FileToRead::FileToRead(const wchar_t* pathOrAddress, std::wstring& reason) : m_name(pathOrAddress), m_path(m_name) {
     // Without a fetcher an address is a path that leads nowhere.
     if (!g_fetcher || !isAddress(m_path))
         return;
@@ -34,6 +36,17 @@ FileToRead::FileToRead(const wchar_t* pathOrAddress, std::wstring& reason) : m_p
 FileToRead::~FileToRead() {
     if (m_isTemporary && g_fetcher)
         g_fetcher->discard(m_path);
+}
+
+void FileToRead::tell(std::wstring& reason) const {
+    try {
+        const std::size_t at = m_isTemporary ? reason.find(m_path) : std::wstring::npos;
+        if (at != std::wstring::npos)
+            reason.replace(at, m_path.size(), m_name);
+    } catch (const std::bad_alloc&) {
+        // The temporary file is told then.
+    }
+    tellProblem(reason);
 }
 
 } // namespace zdr

@@ -34,8 +34,11 @@ class FileToRead {
     /// False for an address whose file couldn't be fetched.
     bool isHere() const { return m_isHere; }
     const std::wstring& path() const { return m_path; }
+    /// Tells the user why it couldn't be read. Where the sentence names a temporary file it gets the address instead.
+    void tell(std::wstring& reason) const;
 
   private:
+    std::wstring m_name; ///< the path or address
     std::wstring m_path;
     bool m_isTemporary = false;
     bool m_isHere = true;

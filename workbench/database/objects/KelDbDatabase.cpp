@@ -78,6 +78,8 @@ Vorn::ErrorStatus KelDbDatabase::readZdrFile(const wchar_t* fileName, int shareM
     const Vorn::ErrorStatus status = zdr::readDrawingFile(file.path(), drawing, imp.fileProblem);
     if (status == Vorn::eOk)
         imp.adopt(std::move(drawing));
+    else
+        file.tell(imp.fileProblem);
     return call.answer(status);
 }
 

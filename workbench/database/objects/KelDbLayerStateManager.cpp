@@ -5,6 +5,7 @@
 
 #include "instruments/HostCalls.h"
 #include "ObjectState.h"
+#include "files/FileProblems.h"
 #include "files/RemoteFiles.h"
 #include "statefile/StateFile.h"
 #include "values/NameRules.h"
@@ -274,8 +275,13 @@ Vorn::ErrorStatus KelDbLayerStateManager::importLayerState(const wchar_t* fileNa
         return call.answer(Vorn::eFileNotFound);
     const zdr::FileToRead file(fileName, of(m_database).fileProblem);
     std::wstring found;
-    const Vorn::ErrorStatus status =
-        file.isHere() ? engine::readStateFile(of(m_database), file.path(), found) : Vorn::eFileUnreadable;
+    Vorn::ErrorStatus status = Vorn::eFileUnreadable;
+    if (file.isHere()) {
+        status = engine::readStateFile(of(m_database), file.path(), found);
+        // About a taken name the caller speaks with the user.
+        if (status != Vorn::eOk && status != Vorn::eDuplicateRecordName)
+            file.tell(of(m_database).fileProblem);
+    }
     name.assign(found.c_str());
     call.out("name", name);
     return call.answer(status);
@@ -285,7 +291,12 @@ Vorn::ErrorStatus KelDbLayerStateManager::exportLayerState(const wchar_t* name, 
     HostCall call("exportLayerState", name, fileName);
     engine::DatabaseImp& database = of(m_database);
     return withState(call, database, name, false, [&](std::size_t index) {
-        return fileName ? engine::writeStateFile(database, index, fileName) : Vorn::eInvalidInput;
+        if (!fileName)
+            return Vorn::eInvalidInput;
+        const Vorn::ErrorStatus status = engine::writeStateFile(database, index, fileName);
+        if (status != Vorn::eOk)
+            zdr::tellProblem(database.fileProblem);
+        return status;
     });
 }
 

@@ -1,6 +1,7 @@
 #include "TaskDialogWindow.h"
 
 #include "OrvUiServices.h"
+#include "base/OutOfMemory.h"
 
 #include <commctrl.h>
 
@@ -50,10 +51,20 @@ LRESULT CALLBACK closeByEscape(HWND window, UINT message, WPARAM wParam, LPARAM 
     return DefSubclassProc(window, message, wParam, lParam);
 }
 
+bool isWine() {
+    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+}
+
+/// Brings the window into the middle of its owner; where memory is short it stays where it is. Wine does it for the
+/// first task dialog of a program, and leaves all others in their owner's corner.
+void center(HWND window) {
+    asFarAsMemoryLasts([window] { CWnd::FromHandle(window)->CenterWindow(); });
+}
+
 /// The text so that the system's task dialog shows just that. Wine draws it as a label, in which an ampersand marks a
 /// letter and two are one; Windows draws it as it is.
 std::wstring unmarked(const std::wstring& text) {
-    if (!GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version"))
+    if (!isWine())
         return text;
     std::wstring doubled;
     for (const wchar_t character : text)
@@ -87,29 +98,34 @@ class OtherWindowsDisabled {
     std::vector<HWND> m_disabled;
 };
 
-/// Keeps a parent disabled that a dialog over it has disabled. Wine enables a task dialog's parent at the end whatever
-/// it was before, and may give it the input.
+/// Keeps a parent disabled that a dialog over it has disabled, and leaves the input to that dialog. Wine enables a task
+/// dialog's parent at the end whatever it was before, and gives it the input, so that it comes to lie over the dialog.
 class ParentLeftAsItWas {
   public:
-    explicit ParentLeftAsItWas(HWND parent) : m_disabled(parent && !IsWindowEnabled(parent) ? parent : nullptr) {}
+    explicit ParentLeftAsItWas(HWND parent)
+        : m_disabled(parent && !IsWindowEnabled(parent) ? parent : nullptr), m_active(GetActiveWindow()) {}
     ~ParentLeftAsItWas() {
         if (!m_disabled || !IsWindowEnabled(m_disabled))
             return;
         const bool hasInput = GetActiveWindow() == m_disabled;
         EnableWindow(m_disabled, FALSE);
         if (hasInput)
-            SetActiveWindow(GetLastActivePopup(m_disabled));
+            SetActiveWindow(m_active);
     }
     ParentLeftAsItWas(const ParentLeftAsItWas&) = delete;
     ParentLeftAsItWas& operator=(const ParentLeftAsItWas&) = delete;
 
   private:
     HWND m_disabled;
+    HWND m_active;
 };
 
 HRESULT CALLBACK onEvent(HWND window, UINT event, WPARAM, LPARAM, LONG_PTR others) {
-    if (event == TDN_DIALOG_CONSTRUCTED)
+    if (event == TDN_DIALOG_CONSTRUCTED) {
         SetWindowSubclass(window, closeByEscape, 0, 0);
+        if (isWine())
+            center(window);
+    }
     // Before the task dialog goes, or the system would find no window of ours to give the input to.
     if (event == TDN_BUTTON_CLICKED)
         reinterpret_cast<OtherWindowsDisabled*>(others)->enable();

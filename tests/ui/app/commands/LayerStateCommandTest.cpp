@@ -1,51 +1,26 @@
 // The layer states command in the Workbench: from the typed line to the changed drawing, and back by UNDO.
 
 #include "DrawingDifference.h"
-#include "HandmadeDrawing.h"
+#include "FileDialogSteps.h"
 #include "KelEditor.h"
-#include "ModuleLoader.h"
-#include "WorkbenchFixture.h"
+#include "LayerStatesTest.h"
 #include "WorkbenchIds.h"
 
 #include "engine/DatabaseAccess.h"
-#include "files/DrawingFile.h"
 #include "resources/resource.h"
 
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <fstream>
 
 using ui::Script;
 using ui::View;
 
 namespace {
 
-class LayerStatesTest : public WorkbenchTest {
+class LayerStateCommand : public LayerStatesTest {
   protected:
-    LayerStatesTest() {
-        wchar_t path[1024];
-        const std::filesystem::path program(std::wstring(path, GetModuleFileNameW(nullptr, path, 1024)));
-        EXPECT_EQ(modules.load((program.parent_path() / "KelLayerApps.xmod").wstring()), L"");
-        writeDrawingWithState();
-    }
-    ~LayerStatesTest() override { modules.unloadAll(); }
-
-    /// Layer "Red" is on; in the state "Without red" it is off, and in "Attic" and "Cellar" as well.
-    void writeDrawingWithState() {
-        KelDbDatabase database(true, true);
-        zdr::Drawing drawing = engine::drawingOf(database);
-        const std::size_t red = handmade::addLayer(drawing, L"Red", {zdr::kLayerPlot, 1});
-        handmade::addLine(drawing, red, 1000);
-        engine::replaceDrawing(database, std::move(drawing));
-        for (const wchar_t* name : {L"Without red", L"Attic", L"Cellar"})
-            EXPECT_EQ(database.getLayerStateManager()->saveLayerState(name, MaskAllProperties), Vorn::eOk);
-        engine::LayerValues values = engine::layerValues(database, red);
-        values.flags |= zdr::kLayerOn;
-        EXPECT_EQ(engine::setLayerValues(database, red, values), Vorn::eOk);
-        zdr::FileStamp stamp;
-        std::wstring reason;
-        EXPECT_EQ(zdr::writeDrawingFile(path("states.zdr"), engine::drawingOf(database), reason, stamp), Vorn::eOk);
-    }
     static Script expectRed(bool shown) {
         Script script;
         script.waitUntil(shown ? "the red line is shown" : "the red line is hidden", [shown](const View& view) {
@@ -91,13 +66,11 @@ class LayerStatesTest : public WorkbenchTest {
             .then(answerBox(L"Save the changes to states.zdr?", IDNO));
         runWith(script);
     }
-
-    runtime::ModuleLoader modules;
 };
 
 } // namespace
 
-TEST_F(LayerStatesTest, ARestoreChangesTheDrawingAndUndoTakesItBack) {
+TEST_F(LayerStateCommand, ARestoreChangesTheDrawingAndUndoTakesItBack) {
     Script script;
     script.then(command(L"OPEN " + path("states.zdr")))
         .then(expectRed(true))
@@ -117,7 +90,7 @@ TEST_F(LayerStatesTest, ARestoreChangesTheDrawingAndUndoTakesItBack) {
     runWith(script);
 }
 
-TEST_F(LayerStatesTest, ACancelledEditIsNoChange) {
+TEST_F(LayerStateCommand, ACancelledEditIsNoChange) {
     Script script;
     script.then(command(L"OPEN " + path("states.zdr")))
         .then(said(L"states.zdr"))
@@ -142,33 +115,7 @@ TEST_F(LayerStatesTest, ACancelledEditIsNoChange) {
     runWith(script);
 }
 
-TEST_F(LayerStatesTest, ARefusedNameLeavesTheManagerInFrontOfTheDisabledWindow) {
-    Script script;
-    script.then(command(L"OPEN " + path("states.zdr")))
-        .then(said(L"states.zdr"))
-        .then(command(L"LAYERSTATE"))
-        .waitForControl(IDC_LSTATE_RES_LIST)
-        .clickCell(IDC_LSTATE_RES_LIST, 0, 0)
-        .press(VK_F2)
-        .waitUntil("the name is being edited",
-                   [](const View& view) { return view.labelEditorText(IDC_LSTATE_RES_LIST).has_value(); })
-        .type(L"  ")
-        .press(VK_RETURN)
-        .waitUntil("the refusal", [](const View& view) { return view.has(IDCLOSE) && !view.has(IDC_LSTATE_RES_LIST); })
-        .click(IDCLOSE)
-        .waitForControl(IDC_LSTATE_RES_LIST)
-        .click(IDC_LSTATE_RES_HIDEXREFS)
-        .look("the windows",
-              [](const View& view) {
-                  EXPECT_TRUE(view.has(IDC_LSTATE_RES_LIST));
-                  EXPECT_FALSE(AfxGetMainWnd()->IsWindowEnabled());
-              })
-        .click(IDC_LSTATE_RES_CLOSE)
-        .then(command(L"QUIT"));
-    runWith(script);
-}
-
-TEST_F(LayerStatesTest, TheKeyAndTheMenuRunTheCommandToo) {
+TEST_F(LayerStateCommand, TheKeyAndTheMenuRunTheCommandToo) {
     Script script;
     script.press('L', ui::holdControl)
         .waitForControl(IDC_LSTATE_RES_CLOSE)
@@ -182,7 +129,7 @@ TEST_F(LayerStatesTest, TheKeyAndTheMenuRunTheCommandToo) {
     runWith(script);
 }
 
-TEST_F(LayerStatesTest, KeysOfTheCommandLineDoNothingBehindTheDialog) {
+TEST_F(LayerStateCommand, KeysOfTheCommandLineDoNothingBehindTheDialog) {
     Script script;
     script.then(command(L"LAYERSTATE"))
         .waitForControl(IDC_LSTATE_RES_CLOSE)
@@ -195,11 +142,11 @@ TEST_F(LayerStatesTest, KeysOfTheCommandLineDoNothingBehindTheDialog) {
     EXPECT_EQ(session().path(), L"") << "nothing was saved";
 }
 
-TEST_F(LayerStatesTest, AnUpdateIsOneStepOfUndo) {
+TEST_F(LayerStateCommand, AnUpdateIsOneStepOfUndo) {
     expectOneStep(Script().click(IDC_LSTATE_RES_UPDATE).waitForControl(IDYES).click(IDYES));
 }
 
-TEST_F(LayerStatesTest, ANewStateIsOneStepOfUndo) {
+TEST_F(LayerStateCommand, ANewStateIsOneStepOfUndo) {
     expectOneStep(Script()
                       .click(IDC_LSTATE_RES_NEW)
                       .waitForControl(IDC_LSTATE_SAVE_NAME)
@@ -209,7 +156,7 @@ TEST_F(LayerStatesTest, ANewStateIsOneStepOfUndo) {
                       .click(IDOK));
 }
 
-TEST_F(LayerStatesTest, ADeleteOfSeveralIsOneStepOfUndo) {
+TEST_F(LayerStateCommand, ADeleteOfSeveralIsOneStepOfUndo) {
     expectOneStep(Script()
                       .press(VK_DOWN, ui::holdShift)
                       .press(VK_DOWN, ui::holdShift)
@@ -220,7 +167,7 @@ TEST_F(LayerStatesTest, ADeleteOfSeveralIsOneStepOfUndo) {
                       .click(IDC_LSTATE_DEL_ALL));
 }
 
-TEST_F(LayerStatesTest, AllThatOneRunOfTheManagerDidIsOneStepOfUndo) {
+TEST_F(LayerStateCommand, AllThatOneRunOfTheManagerDidIsOneStepOfUndo) {
     expectOneStep(Script()
                       .click(IDC_LSTATE_RES_UPDATE)
                       .waitForControl(IDYES)
@@ -232,7 +179,7 @@ TEST_F(LayerStatesTest, AllThatOneRunOfTheManagerDidIsOneStepOfUndo) {
                       .click(IDYES));
 }
 
-TEST_F(LayerStatesTest, TheOldStatesOfTheSampleComeOverAndUndoTakesThemBack) {
+TEST_F(LayerStateCommand, TheOldStatesOfTheSampleComeOverAndUndoTakesThemBack) {
     const std::wstring message = L"Kel Workbench has found layer states of an older layer tool in this drawing and "
                                  L"turned them into current layer states.\n\nLayer states converted: 3";
     std::filesystem::copy_file(BUILT_SAMPLES "/legacy.zdr", folder / "legacy.zdr");
@@ -259,5 +206,20 @@ TEST_F(LayerStatesTest, TheOldStatesOfTheSampleComeOverAndUndoTakesThemBack) {
         .look("as before", [&](const View&) { EXPECT_EQ(differenceTo(before), ""); })
         .then(command(L"QUIT"))
         .then(answerBox(L"Save the changes to legacy.zdr?", IDNO));
+    runWith(script);
+}
+
+TEST_F(LayerStateCommand, WhyAFileCannotBeImportedStandsInTheCommandLine) {
+    std::ofstream(folder / "cut.las") << "{\"layerStateFile\": 1,";
+    Script script = openManager();
+    script.click(IDC_LSTATE_RES_IMPORT)
+        .waitForControl(ui::kFileNameBox)
+        .then(ui::enterFileName(path("cut.las")))
+        .waitForText(L"The layer state could not be restored.")
+        .press(VK_ESCAPE)
+        .waitForControl(IDC_LSTATE_RES_HIDEXREFS)
+        .click(IDC_LSTATE_RES_CLOSE)
+        .then(said(L"The file \"" + path("cut.las") + L"\" isn't a layer states file, or is cut off"))
+        .then(command(L"QUIT"));
     runWith(script);
 }

@@ -219,6 +219,29 @@ TEST_F(TaskDialog, itsParentCannotBeUsedMeanwhile) {
     parent.run(script);
 }
 
+TEST_F(TaskDialog, itStandsInTheMiddleOfItsParentEachTime) {
+    TestDialog parent{IDD_FIXED};
+    parent.onCommand = [&](UINT id) {
+        if (id == IDC_TEST_BUTTON)
+            dialog.ShowDialog(parent.GetSafeHwnd());
+    };
+    ASSERT_TRUE(dialog.LoadFromFile(kFile, L"KelLayerApps.LayerStateNoneFound", nullptr, 0));
+    ui::Script script;
+    for (int time = 0; time < 2; ++time)
+        script.click(IDC_TEST_BUTTON)
+            .waitForControl(IDCLOSE)
+            .look("the place",
+                  [&parent](const ui::View& view) {
+                      const POINT middle = ui::middleOf(view.rect());
+                      const POINT wanted = ui::middleOf(screenRect(parent.GetSafeHwnd()));
+                      EXPECT_NEAR(middle.x, wanted.x, 1);
+                      EXPECT_NEAR(middle.y, wanted.y, 1);
+                  })
+            .click(IDCLOSE)
+            .waitForControl(IDC_TEST_BUTTON);
+    parent.run(script);
+}
+
 TEST_F(TaskDialog, nullPairsStandForNoneWhateverTheCount) {
     EXPECT_TRUE(dialog.LoadFromFile(kFile, L"KelLayerApps.LayerStateAddLayer", nullptr, 1));
 }
