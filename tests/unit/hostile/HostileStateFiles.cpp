@@ -145,7 +145,7 @@ std::vector<Attack> falseLayers() {
         content("lineWeightWithAFraction", with("\"lineWeight\":25", "\"lineWeight\":25.5"),
                 "\"lineWeight\" that isn't a whole number"),
         content("lineWeightBeyondEveryNumber", with("\"lineWeight\":25", "\"lineWeight\":1e999"),
-                "a number with more digits than any number"),
+                "layer 2 (\"A-WALL\") has a \"lineWeight\" that isn't a whole number from -3 to 211"),
         content("lineWeightThatIsNoNumber", with("\"lineWeight\":25", "\"lineWeight\":NaN"), "from line 11, column "),
         content("viewportWithoutOne", with("Viewport\": true", "Viewport\": false"),
                 "layer 3 (\"plan!A-WALL\") is frozen in a viewport, but the state was saved without one"),
