@@ -47,6 +47,22 @@ std::string manyKeys() {
     return text + "}";
 }
 
+std::string megabyte() {
+    return std::string(std::size_t{1} << 20, 'x');
+}
+
+/// Three layers for the list's end, whose names differ in case alone.
+std::string sameLayers() {
+    std::string layers;
+    for (const char* name : {"again", "AGAIN", "Again"}) {
+        layers += R"(,{"name":")";
+        layers += name;
+        layers += R"(","on":true,"frozen":false,"viewportFrozen":false,"locked":false,"plot":true,)"
+                  R"("newViewportFrozen":false,"color":7,"linetype":"","lineWeight":-3,"plotStyle":""})";
+    }
+    return layers;
+}
+
 void append(std::vector<Attack>& all, std::vector<Attack> more) {
     all.insert(all.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
 }
@@ -73,6 +89,21 @@ std::vector<Attack> strangers() {
         content("comment", with("{\n", "{ // mine\n"), "from line 1, column 3 on"),
         content("commaTooMany", with("}\n  ]", "},\n  ]"), "from line 13, column 3 on"),
         content("notUtf8", with("Gro\xC3\x9F", "Gro\xFF\xFF"), "from line 3, column 15 on"),
+        content("byteOrderMarkTwice", "\xEF\xBB\xBF\xEF\xBB\xBF{}", "from line 1, column 4 on"),
+        content("zeroBehindTheEnd", goodText() + std::string(1, '\0'), "from line 15, column 1 on"),
+        content("listClosedAsAnObject", with("\n  ]", "\n  }"), "from line 13, column 3 on"),
+        content("twoLayersWithoutAComma", with("},\n", "}\n"), "from line 11, column 5 on"),
+        content("memberWithoutAColon", with("\"name\": ", "\"name\" "), "from line 3, column 16 on"),
+        content("keyWithoutQuotes", with("\"name\": ", "name: "), "from line 3, column 4 on"),
+        content("commaBehindTheLastMember", with("\"\"}", "\"\",}"), "from line 11, column "),
+        content("textInSingleQuotes", with("\"Base\"", "'Base'"), "from line 10, column 13 on"),
+        content("lineEndInAText", with("Gro\xC3\x9F", "Gro\n\xC3\x9F"), "from line 3, column 15 on"),
+        content("overlongCharacter", with("Gro\xC3\x9F", "Gro\xC1\x9F"), "from line 3, column 15 on"),
+        content("halfAPairInUtf8", with("Gro\xC3\x9F", "Gro\xED\xA0\x80"), "from line 3, column 16 on"),
+        content("lowHalfAlone", with("Gro\xC3\x9F", "\\uDE00"), "from line 3, column 17 on"),
+        content("numberWithALeadingZero", with("Weight\":25", "Weight\":025"), "from line 11, column "),
+        content("cutOffBehindAWrongLayer", with("\"color\":1", "\"color\":[]").substr(0, 500),
+                "or is cut off: its text"),
     };
 }
 
@@ -105,6 +136,28 @@ std::vector<Attack> falseHeaders() {
         content("maskOfNumbers", with("[\"on\",", "[1,"), "lists something that is no property of layers"),
         content("furtherBitsBeyond32", with("65536", "4294967296"), "\"furtherMaskBits\" that isn't a whole number"),
         content("furtherBitsOfProperties", with("65536", "65537"), "\"furtherMaskBits\" that holds bits of the prop"),
+        content("newerVersionBehindAllElse",
+                R"({"name":5,"layers":[7],"unheardOf":{"a":[1],"a":[]},"layerStateFile":2147483647})",
+                "written by a newer version of this program: its format is 2147483647", Vorn::eNewerVersion),
+        content("versionBeyond31Bits", with("File\": 1", "File\": 2147483648"),
+                "\"layerStateFile\" that isn't a whole number from 1 to 2147483647"),
+        content("versionTwice", with("File\": 1", "File\": 1, \"layerStateFile\": 3"),
+                "it has two values of \"layerStateFile\" in one place"),
+        content("nameTwiceOnceInEscapes", with("\"name\": ", "\"n\\u0061me\": \"A\", \"name\": "),
+                "it has two values of \"name\" in one place"),
+        content("unknownFieldOfAMegabyte", with("\"savedWith", "\"" + megabyte() + "\": 1, \"savedWith"),
+                "the layer state has a \"...\", which this format doesn't know"),
+        content("nameOfAMegabyte", with("Gro\xC3\x9F", megabyte()),
+                "\"name\" that isn't allowed: it has more than 255 characters", Vorn::eNameTooLong),
+        content("zeroInTheDescription", with("line one", "\\\\\\u0000"),
+                "\"description\" that holds characters that no text has"),
+        content("currentLayerAsNumber", with("Layer\": \"A-WALL\"", "Layer\": 2"),
+                "\"currentLayer\" that isn't a text"),
+        content("emptyCurrentLayer", with("Layer\": \"A-WALL\"", "Layer\": \"\""),
+                "\"currentLayer\" that is none of its layers"),
+        content("currentLayerOfAMegabyte", with("Layer\": \"A-WALL\"", "Layer\": \"" + megabyte() + "\""),
+                "\"currentLayer\" that is none of its layers"),
+        content("maskOfLists", with("[\"on\",", "[[\"on\"],"), "lists something that is no property of layers"),
         content("unknownCurrentLayer", with("Layer\": \"A-WALL\"", "Layer\": \"Roof\""),
                 "\"currentLayer\" that is none of its layers"),
     };
@@ -121,6 +174,21 @@ std::vector<Attack> falseLayers() {
         content("layerAsNumber", with("\"layers\": [", "\"layers\": [7,"), "layer 1 isn't an object"),
         content("layerTwice", with("\"name\":\"A-WALL\"", "\"name\":\"BASE\""),
                 "layer 2 (\"Base\") has the name of layer 1"),
+        content("layersTwice", with("\"layers\": [", "\"layers\": [], \"layers\": ["),
+                "it has two values of \"layers\" in one place"),
+        content("layerWithoutAName", with("{\"name\":\"Base\",", "{"), "layer 1 has no \"name\""),
+        content("layerWithAnUnknownField", with("\"locked\":true", "\"locked\":true,\"lokced\":true"),
+                "layer 2 has a \"lokced\", which this format doesn't know"),
+        content("flagTwice", with("\"locked\":true", "\"locked\":true,\"locked\":true"),
+                "it has two values of \"locked\" in one place"),
+        content("layerOfManyThatHaveOneName", with("\n  ]", sameLayers() + "\n  ]"),
+                "layer 5 (\"again\") has the name of layer 4"),
+        content("layerNameOfAMegabyte", with("\"name\":\"A-WALL\"", "\"name\":\"" + megabyte() + "\""),
+                "layer 2 has a \"name\" that has more than 8192 characters"),
+        content("flagAsText", with("\"locked\":true", "\"locked\":\"true\""),
+                "layer 2 (\"A-WALL\") has a \"locked\" that is neither true nor false"),
+        content("colorOfTexts", with("[255,128,0]", "[\"255\",128,0]"), "has a \"color\" that is neither"),
+        content("colorOfNone", with("[255,128,0]", "[]"), "has a \"color\" that is neither"),
         content("layerWithoutColor", with("\"color\":1,", ""), "layer 1 (\"Base\") has no \"color\""),
         content("layerWithAControlCharacter", with("\"name\":\"A-WALL\"", "\"name\":\"A\\nWALL\""),
                 "layer 2 has a control character in its name, in \"name\""),
