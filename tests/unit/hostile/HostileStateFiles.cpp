@@ -177,6 +177,8 @@ std::vector<Attack> falseLayers() {
         content("layersTwice", with("\"layers\": [", "\"layers\": [], \"layers\": ["),
                 "it has two values of \"layers\" in one place"),
         content("layerWithoutAName", with("{\"name\":\"Base\",", "{"), "layer 1 has no \"name\""),
+        content("layerWithAnEmptyName", with("{\"name\":\"Base\"", "{\"name\":\"\""),
+                "layer 1 has no name, in \"name\""),
         content("layerWithAnUnknownField", with("\"locked\":true", "\"locked\":true,\"lokced\":true"),
                 "layer 2 has a \"lokced\", which this format doesn't know"),
         content("flagTwice", with("\"locked\":true", "\"locked\":true,\"locked\":true"),
