@@ -1,6 +1,8 @@
-// Fuzzer of the layer states file reader: no text may make it crash, hang or take memory without measure, and whatever
-// it accepts is written as one text, means the same when that is read, and can be saved in a drawing.
+// Fuzzer of the layer states file reader: no text may make it crash, hang or take memory without measure, it takes for
+// JSON what a library takes for it and stops where that stops, and whatever it accepts is written as one text, means
+// the same when that is read, and can be saved in a drawing.
 #include "FuzzRules.h"
+#include "JsonByLibrary.h"
 #include "engine/DatabaseAccess.h"
 #include "engine/LayerStates.h"
 #include "files/TextCoding.h"
@@ -20,6 +22,18 @@ void enterInADrawing(const zdr::LayerState& state, const zdr::ColumnTables& tabl
                "a drawing changes the state", zdr::toUtf8(state.name));
 }
 
+/// A refusal names the place where the text stops being JSON if and only if it stops being JSON.
+void compareWithLibrary(std::string_view text, const std::string& cause) {
+    const JsonReading library = readByLibrary(text);
+    if (library.verdict == JsonVerdict::NotCompared || text.empty() ||
+        cause.find("stand within each other") != std::string::npos)
+        return;
+    const bool saysBad = cause.find("its text can't be understood from") != std::string::npos;
+    stopUnless(saysBad == (library.verdict == JsonVerdict::Bad), "not JSON as a library has it", cause);
+    stopUnless(!saysBad || cause.ends_with("from " + library.place + " on"), "another place than a library's",
+               cause + "; " + library.place);
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
@@ -27,7 +41,9 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     zdr::ColumnTables tables;
     zdr::LayerState state;
     std::wstring cause;
-    if (engine::parseState(input, tables, state, cause) != Vorn::eOk) {
+    const Vorn::ErrorStatus status = engine::parseState(input, tables, state, cause);
+    compareWithLibrary(input, zdr::toUtf8(cause));
+    if (status != Vorn::eOk) {
         stopUnless(!cause.empty(), "a refusal without a cause");
         return 0;
     }

@@ -1,11 +1,13 @@
-// Reading and saving a drawing with each allocation failing once: both answer a failure, and leave what was there. Only
-// natively.
+// Reading and saving a drawing, and reading a layer states file into it, with each allocation failing once: all answer
+// a failure, and leave what was there. Only natively.
 
 #include "DrawingDifference.h"
 #include "EngineTest.h"
 #include "FailingAllocation.h"
 #include "TemporaryFolder.h"
 #include "files/DrawingFile.h"
+#include "files/TextCoding.h"
+#include "statefile/StateFile.h"
 
 class AllocationSweep : public testing::Test {
   protected:
@@ -69,5 +71,35 @@ TEST_F(AllocationSweep, ReadingLeavesTheDrawingAsItWasWhicheverAllocationFails) 
         ASSERT_EQ(status, Vorn::eFileUnreadable) << "allocation " << nth;
         ASSERT_NE(m_reason, L"");
         ASSERT_EQ(difference(drawing, m_new), "") << "allocation " << nth;
+    }
+}
+
+TEST_F(AllocationSweep, ImportingAStateIsDoneWholeOrNotAtAllWhicheverAllocationFails) {
+    const std::wstring path = zdr::widePath(TEST_DATA) + L"/state_version2.las";
+    for (int nth = 1;; ++nth) {
+        SCOPED_TRACE("allocation " + std::to_string(nth));
+        KelDbDatabase database(false, false);
+        engine::replaceDrawing(database, m_old);
+        const zdr::Drawing before = engine::drawingOf(database);
+        std::wstring name;
+        Vorn::ErrorStatus status = Vorn::eOk;
+        bool struck = false;
+        {
+            const FailingAllocation failing(nth);
+            status = engine::readStateFile(engine::impOf(database), path, name);
+            struck = failing.hasStruck();
+        }
+        zdr::Drawing after = engine::drawingOf(database);
+        ASSERT_EQ(after.states.size(), status == Vorn::eOk ? 1u : 0u);
+        if (!struck) {
+            EXPECT_EQ(status, Vorn::eOk);
+            EXPECT_GT(nth, 50);
+            return;
+        }
+        if (status == Vorn::eOk) // an index can do without its memory
+            continue;
+        ASSERT_EQ(status, Vorn::eFileUnreadable);
+        after.nextHandle = before.nextHandle; // one may be passed over
+        ASSERT_EQ(difference(after, before), "");
     }
 }

@@ -1,5 +1,8 @@
-// Lets one allocation of this program fail. Only natively, where its operator new is also the engine's.
+// Lets one allocation of this program fail, and measures what it has allocated. Only natively, where its operator new
+// is also the engine's.
 #pragma once
+
+#include <cstddef>
 
 class FailingAllocation {
   public:
@@ -9,4 +12,14 @@ class FailingAllocation {
     FailingAllocation(const FailingAllocation&) = delete;
     FailingAllocation& operator=(const FailingAllocation&) = delete;
     bool hasStruck() const;
+};
+
+/// The most memory that was allocated at one moment, beyond what was when the measuring began. One at a time.
+class PeakMemory {
+  public:
+    PeakMemory();
+    ~PeakMemory();
+    PeakMemory(const PeakMemory&) = delete;
+    PeakMemory& operator=(const PeakMemory&) = delete;
+    std::size_t bytes() const;
 };

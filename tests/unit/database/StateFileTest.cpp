@@ -2,6 +2,8 @@
 
 #include "EngineTest.h"
 
+#include "files/TextCoding.h"
+
 #include <filesystem>
 #include <fstream>
 
@@ -193,6 +195,22 @@ TEST_F(StateFile, AnswersFilesThatCannotBeReadOrWritten) {
     EXPECT_EQ(states().exportLayerState(L"Plan", path("no such folder/plan.las").c_str()), Vorn::eFileWriteFailed);
     EXPECT_EQ(states().exportLayerState(L"Plan", nullptr), Vorn::eInvalidInput);
     EXPECT_EQ(states().exportLayerState(L"Section", path().c_str()), Vorn::eKeyNotFound);
+}
+
+TEST_F(StateFile, MayHaveItsFieldsInAnyOrderAndLayout) {
+    write("\xEF\xBB\xBF\r\n{\"layers\":[\t{\"plotStyle\":\"\",\"lineWeight\":-3,\"linetype\":\"\",\"color\" : [ 1 , 2 "
+          ", 3 ],"
+          "\"newViewportFrozen\":false,\"plot\":true,\"locked\":false,\"viewportFrozen\":true,\"frozen\":false,"
+          "\"on\":true,\"n\\u0061me\":\"B\\u00e4u\"}],\"savedWithViewport\":true,\"currentLayer\":\"B\xC3\x84U\","
+          "\"restores\":[\"color\" , \"\\u006fn\"],\"description\":\"\",\"name\":\"Odd\",\"layerStateFile\":1}\n\n");
+    ASSERT_EQ(import(), Vorn::eOk) << zdr::toUtf8(engine::lastFileProblem(m_database));
+    const zdr::LayerState& state = drawing().states.at(1);
+    EXPECT_EQ(state.name, L"Odd");
+    EXPECT_EQ(state.mask, MaskOn | MaskColor);
+    EXPECT_EQ(drawing().names.text(state.currentLayer), L"B\u00e4u");
+    EXPECT_EQ(state.currentLayer, state.layers->names.at(0));
+    EXPECT_EQ(state.columns.flags[0], zdr::kLayerOn | zdr::kLayerPlot | zdr::kLayerViewportFrozen);
+    EXPECT_EQ(state.columns.colors[0], 0xC2010203u);
 }
 
 TEST_F(StateFile, OfANewerVersionIsRefused) {

@@ -78,8 +78,8 @@ class DatabaseImp : public KelDbImpDatabase {
     template <class Colors> Colors take(const Colors& colors, const zdr::NamedColors& from) {
         return m_drawing.namedColors.take(colors, from);
     }
-    /// A copy of another drawing's state whose names and colours, of the tables `from`, became this drawing's.
-    zdr::LayerState translate(const zdr::LayerState& state, const zdr::ColumnTables& from);
+    /// For entering many names and colours.
+    zdr::ColumnTables& columnTables() { return m_drawing; }
     zdr::Handle newHandle() { return m_drawing.nextHandle++; }
     /// Puts a new plot style into the list. Its name must be in the name table and no other style's.
     void insertPlotStyle(std::size_t index, zdr::PlotStyle style);

@@ -125,10 +125,6 @@ void DatabaseImp::setLayerDescription(std::size_t index, std::wstring descriptio
     perform(LayerChange{layer.handle, layer, m_drawing.names.text(layer.name), m_drawing.layerSet}, {});
 }
 
-zdr::LayerState DatabaseImp::translate(const zdr::LayerState& state, const zdr::ColumnTables& from) {
-    return translateState(state, from, m_drawing);
-}
-
 void DatabaseImp::appendLayers(std::vector<WholeLayer> layers) {
     if (layers.empty())
         return;

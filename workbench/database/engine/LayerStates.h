@@ -35,7 +35,9 @@ bool updateStateLayer(DatabaseImp& database, std::size_t index, const StateLayer
 /// Copies a state of another drawing. eKeyNotFound when that has no own state of the name, eDuplicateRecordName when
 /// this drawing has a state of the name.
 Vorn::ErrorStatus importState(DatabaseImp& database, std::wstring_view name, const DatabaseImp& source);
-/// Enters a state whose names and colours are of the tables `from`. The state's own name must be valid and free.
+/// Enters a state whose names and colours are the drawing's. The state's own name must be valid and free.
+void enterState(DatabaseImp& database, zdr::LayerState state);
+/// The same for a state whose names and colours are of the tables `from`.
 void enterForeignState(DatabaseImp& database, const zdr::LayerState& state, const zdr::ColumnTables& from);
 /// A copy of a state whose names and colours are of the tables `from`, turned into those of `to`.
 zdr::LayerState translateState(const zdr::LayerState& state, const zdr::ColumnTables& from, zdr::ColumnTables& to);

@@ -60,10 +60,13 @@ zdr::LayerState translateState(const zdr::LayerState& state, const zdr::ColumnTa
     return copy;
 }
 
+void enterState(DatabaseImp& database, zdr::LayerState state) {
+    shareLayerSet(state, database.drawing());
+    database.insertState(std::move(state));
+}
+
 void enterForeignState(DatabaseImp& database, const zdr::LayerState& state, const zdr::ColumnTables& from) {
-    zdr::LayerState copy = database.translate(state, from);
-    shareLayerSet(copy, database.drawing());
-    database.insertState(std::move(copy));
+    enterState(database, translateState(state, from, database.columnTables()));
 }
 
 Vorn::ErrorStatus importState(DatabaseImp& database, std::wstring_view name, const DatabaseImp& source) {

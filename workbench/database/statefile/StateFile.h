@@ -7,9 +7,10 @@
 namespace engine {
 
 /// Reads a state into the drawing. `name` is the name that the file carries as soon as it is known, also with
-/// eDuplicateRecordName. eFileNotFound, eFileUnreadable, eInvalidInput for a file that isn't a layer states file or
-/// contradicts itself, eNameTooLong, eNewerVersion. The database's file problem then says in a sentence which file,
-/// where in it, and why; the drawing is as it was.
+/// eDuplicateRecordName; it stays empty where the file has a text far longer than any name. eFileNotFound,
+/// eFileUnreadable, eInvalidInput for a file that isn't a layer states file or contradicts itself, eNameTooLong,
+/// eNewerVersion. The database's file problem then says in a sentence which file, where in it, and why; the drawing is
+/// as it was.
 Vorn::ErrorStatus readStateFile(DatabaseImp& database, const std::wstring& path, std::wstring& name);
 /// Writes beside the file and puts the result in its place. eFileWriteFailed leaves the file as it was; eInvalidInput
 /// is the answer for names that no text can hold. The database's file problem says why.
