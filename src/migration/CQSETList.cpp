@@ -67,6 +67,8 @@ bool CQSETList::applyToLayers(int operation, const wchar_t* name) {
     if (table.openStatus() != Vorn::eOk || table->newIterator(found, true, true) != Vorn::eOk)
         return false;
     std::unique_ptr<KelDbLayerTableIterator> iterator(found);
+    // Asked once for all layers, since there may be many names.
+    const bool isOfList = operation != OpRestore || holdsName(name);
     bool applied = true;
     while (applied && !iterator->done()) {
         applied = iterator->getRecord(m_layer, KelDb::kForWrite) == Vorn::eOk;
@@ -74,7 +76,7 @@ bool CQSETList::applyToLayers(int operation, const wchar_t* name) {
             break;
         // Over the chain of the layer before, which isn't released; kept on purpose.
         m_extendedData = m_layer->getExtendedData(kLegacyApplication);
-        applied = applyToLayer(operation, name);
+        applied = !isOfList || applyToLayer(operation, name);
         closeOrAbort(*m_layer);
         if (applied)
             iterator->step(true, true);

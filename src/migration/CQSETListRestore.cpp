@@ -28,8 +28,6 @@ ResultBuffer* findMarker(ResultBuffer* node, const CString& marker) {
 } // namespace
 
 bool CQSETList::restoreBlock(const wchar_t* name) {
-    if (!m_extendedData || !holdsName(name))
-        return true;
     const ResultBuffer* node = findMarker(m_extendedData, openingMarker(name));
     if (!node)
         return true;
@@ -117,10 +115,11 @@ void CQSETList::restorePlotStyle(const wchar_t* handle) {
 
 // All blocks of that name go; one that isn't closed stays.
 bool CQSETList::deleteBlock(const wchar_t* name) {
+    const CString wanted(name);
     ResultBuffer** link = &m_extendedData;
     while (ResultBuffer* opening = *link) {
         const wchar_t* opened = openedName(*opening);
-        const bool matches = opened && CString(opened).CompareNoCase(name) == 0;
+        const bool matches = opened && wanted.CompareNoCase(opened) == 0;
         ResultBuffer* closing = matches ? findMarker(opening->next, closingMarker(opened)) : nullptr;
         if (!closing) {
             link = &opening->next;

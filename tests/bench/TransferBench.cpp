@@ -19,6 +19,8 @@
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
+#include <random>
+#include <string>
 
 namespace {
 
@@ -37,10 +39,12 @@ void check(bool good, const char* what) {
     std::exit(1);
 }
 
-/// A file of the temporary folder, gone at the end.
+/// A file of the temporary folder, gone at the end. Its name differs from run to run, since two may go on at once.
 class TemporaryFile {
   public:
-    explicit TemporaryFile(const char* name) : path(std::filesystem::temp_directory_path() / name) {}
+    explicit TemporaryFile(const char* ending)
+        : path(std::filesystem::temp_directory_path() /
+               ("transfer_bench_" + std::to_string(std::random_device()()) + ending)) {}
     ~TemporaryFile() {
         std::error_code ignored;
         std::filesystem::remove(path, ignored);
@@ -64,7 +68,7 @@ zdr::Drawing drawingInUse(std::size_t layers, std::size_t states) {
 
 /// All states of another drawing, beside reading its file twice.
 void importDrawing(std::size_t layers, std::size_t states) {
-    const TemporaryFile file("transfer_bench.zdr");
+    const TemporaryFile file(".zdr");
     {
         zdr::FileStamp stamp;
         std::wstring reason;
@@ -107,8 +111,8 @@ double bestMillisecondsOf(
 /// A layer states file, beside writing and reading its bytes, and beside what a JSON library takes for looking through
 /// them in memory, with nothing made of them.
 void stateFile(std::size_t layers) {
-    const TemporaryFile file("transfer_bench.las");
-    const TemporaryFile copy("transfer_bench.copy");
+    const TemporaryFile file(".las");
+    const TemporaryFile copy(".copy");
     KelDbDatabase database(false, false);
     engine::replaceDrawing(database, drawingWithOwnColumns(layers, 1, false));
     constexpr const wchar_t* kState = L"State 0";

@@ -177,7 +177,14 @@ int CString::Compare(LPCTSTR psz) const {
     return std::wcscmp(m_text.c_str(), Safe(psz));
 }
 int CString::CompareNoCase(LPCTSTR psz) const {
-    return std::wcscmp(Folded(m_text.c_str()).c_str(), Folded(Safe(psz)).c_str());
+    LPCTSTR left = m_text.c_str();
+    for (LPCTSTR right = Safe(psz);; ++left, ++right) {
+        const TCHAR ours = Lower(*left), theirs = Lower(*right);
+        if (ours != theirs)
+            return ours < theirs ? -1 : 1;
+        if (!ours)
+            return 0;
+    }
 }
 int CString::Collate(LPCTSTR psz) const {
     return std::wcscoll(m_text.c_str(), Safe(psz));

@@ -8,8 +8,10 @@
 
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::StartsWith;
 
 class SnapshotStore : public DomainTest {
   protected:
@@ -103,6 +105,8 @@ TEST_F(SnapshotStore, DoesntTouchALayerThatTookNoPart) {
     EXPECT_EQ(values(L"Walls").lineWeight, 25);
     EXPECT_FALSE(hasFlag(L"Walls", zdr::kLayerOn));
     EXPECT_EQ(drawing().names.text(values(L"Walls").linetype), L"Continuous") << "its own is gone";
+    EXPECT_THAT(instruments::trace(), Contains(StartsWith("getKelDbObjectId(false, 0, 0)")).Times(2))
+        << "and isn't made";
     EXPECT_EQ(values(L"Doors").color, 7u);
     EXPECT_TRUE(hasFlag(L"Doors", zdr::kLayerOn));
 }

@@ -37,8 +37,8 @@ class ExtendedData : public EngineTest {
         std::wcscpy(made->value.string, text);
         return made;
     }
-    Vorn::ErrorStatus store(const ResultBuffer* chain) {
-        KelDbObjectPointer<KelDbLayerTableRecord> record(layerId(L"Walls"), KelDb::kForWrite);
+    Vorn::ErrorStatus store(const ResultBuffer* chain, const wchar_t* layerName = L"Walls") {
+        KelDbObjectPointer<KelDbLayerTableRecord> record(layerId(layerName), KelDb::kForWrite);
         return record->setExtendedData(chain);
     }
     using Nodes = std::vector<std::pair<int, std::wstring>>;
@@ -135,6 +135,25 @@ TEST_F(ExtendedData, IsUndone) {
     EXPECT_EQ(data(L"OLD").size(), 3u);
     engine::redo(m_database);
     EXPECT_EQ(data(L"OLD"), Nodes{});
+}
+
+TEST_F(ExtendedData, IsNoChangeToUndoWhenItIsThereAlready) {
+    ResultBuffer* chain =
+        KelDbObjectPointer<KelDbLayerTableRecord>(layerId(L"Walls"), KelDb::kForRead)->getExtendedData(L"OLD");
+    EXPECT_EQ(store(chain), Vorn::eOk);
+    EXPECT_FALSE(engine::canUndo(m_database));
+    chain->next->next->value.int16 = -4;
+    EXPECT_EQ(store(chain), Vorn::eOk);
+    EXPECT_TRUE(engine::canUndo(m_database));
+    EXPECT_EQ(data(L"OLD"), (Nodes{{kExtendedAppName, L"OLD"}, {kExtendedString, L"{PLAN"}, {kExtendedInt16, L"-4"}}));
+    kelutRelRb(chain);
+}
+
+TEST_F(ExtendedData, IsNoChangeToUndoWhereThereIsNoneToTakeAway) {
+    ResultBuffer* chain = chainOf(L"OLD");
+    EXPECT_EQ(store(chain, L"Doors"), Vorn::eOk);
+    EXPECT_FALSE(engine::canUndo(m_database));
+    kelutRelRb(chain);
 }
 
 TEST_F(ExtendedData, IsHandedOutWholeOrNotAtAllWhenMemoryRunsOut) {

@@ -2,6 +2,7 @@
 
 #include "EngineTest.h"
 #include "KelDbPointers.h"
+#include "instruments/CallObserver.h"
 
 #include <functional>
 
@@ -86,6 +87,22 @@ TEST_F(Instruments, WhatTheEngineDoesWithinACallIsNotTraced) {
     engine::setCurrentLayer(m_database, 0);
     manager.hasLayerState(L"Plan");
     EXPECT_THAT(instruments::trace(), ElementsAre("hasLayerState(\"Plan\") = false"));
+}
+
+TEST_F(Instruments, ACallCanBeObservedBeforeItDoesAnything) {
+    KelDbLayerStateManager& manager = states();
+    std::vector<std::string> calls;
+    std::vector<std::size_t> statesBefore;
+    instruments::observeCalls([&](const std::string& call) {
+        calls.push_back(call);
+        statesBefore.push_back(drawing().states.size());
+    });
+    manager.saveLayerState(L"Plan", 5);
+    manager.deleteLayerState(L"Plan");
+    instruments::observeCalls({});
+    manager.hasLayerState(L"Plan");
+    EXPECT_THAT(calls, ElementsAre("saveLayerState(\"Plan\", 5)", "deleteLayerState(\"Plan\")"));
+    EXPECT_THAT(statesBefore, ElementsAre(0u, 1u));
 }
 
 TEST_F(Instruments, NothingIsKeptWhileTheyAreOff) {

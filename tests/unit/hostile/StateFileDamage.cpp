@@ -44,6 +44,22 @@ std::string manyKeys() {
     return text + "}";
 }
 
+std::string megabyte() {
+    return std::string(std::size_t{1} << 20, 'x');
+}
+
+/// Three layers for the list's end, whose names differ in case alone.
+std::string sameLayers() {
+    std::string layers;
+    for (const char* name : {"again", "AGAIN", "Again"}) {
+        layers += R"(,{"name":")";
+        layers += name;
+        layers += R"(","on":true,"frozen":false,"viewportFrozen":false,"locked":false,"plot":true,)"
+                  R"("newViewportFrozen":false,"color":7,"linetype":"","lineWeight":-3,"plotStyle":""})";
+    }
+    return layers;
+}
+
 void append(std::vector<StateFileDamage>& all, std::vector<StateFileDamage> more) {
     all.insert(all.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
 }

@@ -80,6 +80,10 @@ TEST(StringComparison, IsByCharacterCodeAndOptionallyWithoutCase) {
     EXPECT_LT(CString(L"B").Compare(L"a"), 0);
     EXPECT_GT(CString(L"B").CompareNoCase(L"a"), 0);
     EXPECT_EQ(CString(L"LAYER").CompareNoCase(L"layer"), 0);
+    EXPECT_GT(CString(L"LAYERS").CompareNoCase(L"layer"), 0);
+    EXPECT_LT(CString(L"Layer").CompareNoCase(L"LAYERS"), 0);
+    EXPECT_LT(CString().CompareNoCase(L"a"), 0);
+    EXPECT_EQ(CString().CompareNoCase(nullptr), 0);
     EXPECT_GT(CString(L"ab").Compare(L"a"), 0);
     EXPECT_EQ(CString(L"").Compare(static_cast<LPCTSTR>(nullptr)), 0);
 }

@@ -56,4 +56,21 @@ TEST_F(MigratedNames, AskWhetherTheDrawingHoldsAState) {
     EXPECT_FALSE(holdsStates(states())) << "names that can't be asked for count as none";
 }
 
+TEST_F(MigratedNames, CountAHiddenStateAndThatOfAReference) {
+    save(L"Own");
+    zdr::Drawing withHidden = drawing();
+    withHidden.states[0].name = L"*Own";
+    use(withHidden);
+    EXPECT_TRUE(holdsStates(states()));
+    zdr::Drawing withReference = makeDrawing();
+    withReference.references.push_back({.name = L"site", .path = L"site.zdr", .insertion = {}, .drawing = nullptr});
+    zdr::Drawing site = withHidden;
+    site.states[0].name = L"Summer";
+    use(std::move(withReference));
+    EXPECT_FALSE(holdsStates(states()));
+    engine::attachReference(m_database, 0, std::make_shared<const zdr::Drawing>(std::move(site)));
+    ASSERT_THAT(stateNames(), ElementsAre(L"site!Summer"));
+    EXPECT_TRUE(holdsStates(states()));
+}
+
 } // namespace

@@ -2,6 +2,8 @@
 
 #include "HostCalls.h"
 
+#include "CallObserver.h"
+
 #include <cstdlib>
 #include <map>
 #include <sstream>
@@ -26,6 +28,7 @@ struct Entry {
 
 struct Watch {
     std::vector<std::string> lines;
+    std::function<void(const std::string& call)> observer;
     std::vector<Fault> faults;
     int allocationsLeft = 0; // counts down to the one that fails; 0: none is to
     bool struck = false;
@@ -136,6 +139,10 @@ void clearTrace() {
     ++theWatch().generation;
 }
 
+void observeCalls(std::function<void(const std::string& call)> observer) {
+    theWatch().observer = std::move(observer);
+}
+
 namespace {
 
 void plan(Fault fault) {
@@ -230,6 +237,8 @@ void HostCall::begin(const char* operation, std::string line) {
     m_index = static_cast<std::ptrdiff_t>(theWatch().lines.size());
     m_generation = theWatch().generation;
     theWatch().lines.push_back(std::move(line));
+    if (theWatch().observer)
+        theWatch().observer(theWatch().lines.back());
 }
 
 std::optional<Vorn::ErrorStatus> HostCall::plannedFault() {

@@ -137,6 +137,7 @@ struct Reference {
 struct ExtendedValue {
     std::int16_t code = 0;
     std::variant<std::int32_t, std::wstring> value;
+    friend bool operator==(const ExtendedValue&, const ExtendedValue&) = default;
 };
 struct ExtendedData {
     Handle object = 0;

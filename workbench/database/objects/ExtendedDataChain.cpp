@@ -31,7 +31,8 @@ bool append(ResultBuffer**& end, std::int16_t code, const std::variant<std::int3
     auto* node = static_cast<ResultBuffer*>(instruments::allocate(sizeof(ResultBuffer)));
     if (!node)
         return false;
-    instruments::entrust(node, "chain node of type " + std::to_string(code));
+    if (instruments::g_watching)
+        instruments::entrust(node, "chain node of type " + std::to_string(code));
     node->type = code;
     *end = node;
     end = &node->next;
@@ -47,13 +48,25 @@ bool append(ResultBuffer**& end, std::int16_t code, const std::variant<std::int3
     return true;
 }
 
+// Texts that were read or stored at different times lie scattered in memory. Asked for a few values ahead, they are
+// there when it is their turn; without that, waiting for them is half of what a walk over all layers costs.
+void fetchAhead(const std::vector<zdr::ExtendedValue>& values, std::size_t index) {
+    constexpr std::size_t kAhead = 8;
+    if (index + kAhead >= values.size())
+        return;
+    if (const auto* text = std::get_if<std::wstring>(&values[index + kAhead].value))
+        __builtin_prefetch(text->data());
+}
+
 // Null when memory runs out: half of somebody's data would be worse than none.
 ResultBuffer* chainOf(const zdr::ExtendedData& data) {
     ResultBuffer* chain = nullptr;
     ResultBuffer** end = &chain;
     bool whole = append(end, kExtendedAppName, data.application);
-    for (const zdr::ExtendedValue& value : data.values)
-        whole = whole && append(end, value.code, value.value);
+    for (std::size_t index = 0; whole && index < data.values.size(); ++index) {
+        fetchAhead(data.values, index);
+        whole = append(end, data.values[index].code, data.values[index].value);
+    }
     if (whole)
         return chain;
     discard(chain);
@@ -75,17 +88,20 @@ bool isRegistered(const zdr::Drawing& drawing, std::wstring_view name) {
                                [name](const std::wstring& other) { return zdr::equalFolded(other, name); });
 }
 
+// Null when the object has none of that application.
+const zdr::ExtendedData* dataOf(const zdr::Drawing& drawing, zdr::Handle object, std::wstring_view application) {
+    auto item = std::ranges::lower_bound(drawing.extendedData, object, {}, &zdr::ExtendedData::object);
+    for (; item != drawing.extendedData.end() && item->object == object; ++item)
+        if (zdr::equalFolded(item->application, application))
+            return &*item;
+    return nullptr;
+}
+
 } // namespace
 
 ResultBuffer* makeChain(const zdr::Drawing& drawing, zdr::Handle object, std::wstring_view application) {
-    auto item = std::ranges::lower_bound(drawing.extendedData, object, {}, &zdr::ExtendedData::object);
-    for (; item != drawing.extendedData.end() && item->object == object; ++item) {
-        const zdr::ExtendedData& data = *item;
-        if (!zdr::equalFolded(data.application, application))
-            continue;
-        return chainOf(data);
-    }
-    return nullptr;
+    const zdr::ExtendedData* data = dataOf(drawing, object, application);
+    return data ? chainOf(*data) : nullptr;
 }
 
 Vorn::ErrorStatus storeChain(DatabaseImp& database, zdr::Handle object, const ResultBuffer* chain) {
@@ -100,7 +116,10 @@ Vorn::ErrorStatus storeChain(DatabaseImp& database, zdr::Handle object, const Re
             return Vorn::eInvalidInput;
         values.push_back(std::move(*value));
     }
-    database.setExtendedData(object, chain->value.string, std::move(values));
+    // Data that is there already is no change: there is nothing to undo, and nothing to keep for that.
+    const zdr::ExtendedData* data = dataOf(database.drawing(), object, chain->value.string);
+    if (data ? data->values != values : !values.empty())
+        database.setExtendedData(object, chain->value.string, std::move(values));
     return Vorn::eOk;
 }
 

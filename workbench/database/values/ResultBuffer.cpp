@@ -51,7 +51,8 @@ ResultBuffer* kelutNewRb(int type) {
     auto* node = static_cast<ResultBuffer*>(instruments::allocate(sizeof(ResultBuffer)));
     if (node) {
         node->type = static_cast<std::int16_t>(type);
-        instruments::entrust(node, "chain node of type " + std::to_string(type));
+        if (instruments::g_watching)
+            instruments::entrust(node, "chain node of type " + std::to_string(type));
     }
     return call.answer(node);
 }
