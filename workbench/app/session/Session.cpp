@@ -169,7 +169,7 @@ bool Session::write(const std::wstring& path, zdr::FileStamp stamp) {
     m_stamp = stamp;
     m_savedCount = engine::lastingChangeCount(database());
     runtime::currentDocument()->setPath(path);
-    m_window.drawingReplaced();
+    m_window.drawingChanged();
     m_window.print(L"Saved " + path + L".\n");
     return true;
 }

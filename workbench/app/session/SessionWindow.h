@@ -27,9 +27,9 @@ class SessionWindow {
     virtual std::optional<std::wstring> chooseFileToOpen() = 0;
     virtual std::optional<std::wstring> chooseFileToSave(const std::wstring& proposal) = 0;
     virtual std::optional<std::wstring> chooseScript() = 0;
-    /// Called when another drawing is open, or the same one under another name.
+    /// Called when another drawing is open.
     virtual void drawingReplaced() = 0;
-    /// Called when the drawing has changed, or the space or the viewport that is shown.
+    /// Called when the drawing has changed, or its name, or the space or the viewport that is shown.
     virtual void drawingChanged() = 0;
     /// Shows all of the drawing.
     virtual void zoomExtents() = 0;
