@@ -77,7 +77,6 @@ const NamedChange kChanges[] = {
      [](DatabaseImp& d) {
          d.setCurrentLayer(1);
          d.setLastRestored(L"A name that is too long for a short string");
-         d.setActiveSpace(0, viewportOf(d).handle);
      }},
     {"extended data",
      [](DatabaseImp& d) {

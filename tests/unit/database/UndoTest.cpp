@@ -162,13 +162,6 @@ TEST_F(Undo, BringsALayerBackInItsOwnSpelling) {
     EXPECT_EQ(drawing().names.text(drawing().layers.back().name), L"DOORS");
 }
 
-TEST_F(Undo, TakesBackSpaceAndViewport) {
-    checkStep([this] {
-        engine::setActiveLayout(m_database, 0);
-        engine::setCurrentViewport(m_database, viewport().handle);
-    });
-}
-
 TEST_F(Undo, IdsOfWhatComesBackAreGoodAgain) {
     states().saveLayerState(L"Plan", 1);
     const KelDbObjectId doors = layerId(L"Doors");
@@ -268,7 +261,7 @@ TEST_F(Undo, ReadingIsNoChange) {
 TEST_F(Undo, HasNoStepOfAGroupThatLeavesTheDrawingAsItWas) {
     states().saveLayerState(L"Plan", MaskAllProperties);
     step([this] { setColor(L"Walls", 3); });
-    const std::uint64_t before = engine::lastingChangeCount(m_database);
+    const std::uint64_t before = engine::contentNumber(m_database);
     step([this] {
         // What reading a state by way of the layers does.
         states().saveLayerState(L"Throwaway", MaskAllProperties);
@@ -277,7 +270,7 @@ TEST_F(Undo, HasNoStepOfAGroupThatLeavesTheDrawingAsItWas) {
         EXPECT_EQ(impStates().restoreLayerState(L"Throwaway", {}, 0, &all, false), Vorn::eOk);
         EXPECT_EQ(states().deleteLayerState(L"Throwaway"), Vorn::eOk);
     });
-    EXPECT_EQ(engine::lastingChangeCount(m_database), before);
+    EXPECT_EQ(engine::contentNumber(m_database), before);
     EXPECT_EQ(values(L"Walls").color, 3u);
     EXPECT_TRUE(engine::undo(m_database));
     EXPECT_EQ(values(L"Walls").color, 7u) << "the step before it is the one that is undone";
@@ -298,20 +291,20 @@ TEST_F(Undo, KeepsWhatCanBeDoneAgainOverAGroupThatLeavesTheDrawingAsItWas) {
 TEST_F(Undo, ForgetsWhatCouldBeDoneAgainAfterAGroupThatChangesSomething) {
     step([this] { setColor(L"Walls", 3); });
     EXPECT_TRUE(engine::undo(m_database));
-    const std::uint64_t before = engine::lastingChangeCount(m_database);
+    const std::uint64_t before = engine::contentNumber(m_database);
     step([this] { setColor(L"Walls", 4); });
     EXPECT_FALSE(engine::canRedo(m_database));
-    EXPECT_GT(engine::lastingChangeCount(m_database), before);
+    EXPECT_NE(engine::contentNumber(m_database), before);
 }
 
 TEST_F(Undo, LooksAtTheOutermostGroupAlone) {
-    const std::uint64_t before = engine::lastingChangeCount(m_database);
+    const std::uint64_t before = engine::contentNumber(m_database);
     step([&] {
         step([this] { setColor(L"Walls", 3); });
-        EXPECT_GT(engine::lastingChangeCount(m_database), before);
+        EXPECT_NE(engine::contentNumber(m_database), before);
         step([this] { setColor(L"Walls", 7); });
     });
-    EXPECT_EQ(engine::lastingChangeCount(m_database), before);
+    EXPECT_EQ(engine::contentNumber(m_database), before);
     EXPECT_FALSE(engine::canUndo(m_database));
 }
 
@@ -332,9 +325,9 @@ TEST_F(Undo, TellsEachKindOfChangeThatStays) {
         {"a state that goes", [this] { states().deleteLayerState(L"Plan B"); }},
     };
     for (const auto& [what, change] : changes) {
-        const std::uint64_t before = engine::lastingChangeCount(m_database);
+        const std::uint64_t before = engine::contentNumber(m_database);
         step(change);
-        EXPECT_GT(engine::lastingChangeCount(m_database), before) << what;
+        EXPECT_NE(engine::contentNumber(m_database), before) << what;
     }
 }
 

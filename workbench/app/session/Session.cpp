@@ -67,7 +67,7 @@ class UndoGroup {
 
 Session::Session(SessionWindow& window) : m_window(window) {
     runtime::openDocument(std::make_unique<KelDbDatabase>(true, false), {});
-    m_savedCount = engine::lastingChangeCount(database());
+    m_savedContent = engine::contentNumber(database());
 }
 
 Session::~Session() {
@@ -88,7 +88,7 @@ std::wstring Session::name() const {
 }
 
 bool Session::isModified() const {
-    return engine::lastingChangeCount(database()) != m_savedCount;
+    return engine::contentNumber(database()) != m_savedContent;
 }
 
 void Session::replaceDrawing(zdr::Drawing drawing, std::wstring path, const zdr::FileStamp& stamp) {
@@ -100,7 +100,7 @@ void Session::replaceDrawing(zdr::Drawing drawing, std::wstring path, const zdr:
         runtime::closeDocument(*former);
     m_path = std::move(path);
     m_stamp = stamp;
-    m_savedCount = engine::lastingChangeCount(this->database());
+    m_savedContent = engine::contentNumber(this->database());
 }
 
 void Session::newDrawing() {
@@ -167,7 +167,7 @@ bool Session::write(const std::wstring& path, zdr::FileStamp stamp) {
     }
     m_path = path;
     m_stamp = stamp;
-    m_savedCount = engine::lastingChangeCount(database());
+    m_savedContent = engine::contentNumber(database());
     runtime::currentDocument()->setPath(path);
     m_window.drawingChanged();
     m_window.print(L"Saved " + path + L".\n");
@@ -222,14 +222,10 @@ void Session::redo() {
     m_window.drawingChanged();
 }
 
-// The file keeps which space and viewport are shown, but looking at another one doesn't make the drawing one that has
-// to be saved.
+// The file keeps which space and viewport are shown, but looking at another one is no change of the drawing.
 template <class Change> bool Session::changeView(Change change) {
-    const bool wasModified = isModified();
     if (change(database()) != Vorn::eOk)
         return false;
-    if (!wasModified)
-        m_savedCount = engine::lastingChangeCount(database());
     m_window.drawingChanged();
     return true;
 }

@@ -77,7 +77,7 @@ class Session {
     SessionWindow& m_window;
     std::wstring m_path;
     zdr::FileStamp m_stamp;
-    std::uint64_t m_savedCount = 0; ///< how many changes there had been when the drawing was opened or last saved
+    std::uint64_t m_savedContent = 0; ///< the content's number when the drawing was opened or last saved
 };
 
 } // namespace workbench

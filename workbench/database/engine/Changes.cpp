@@ -151,8 +151,7 @@ struct SameSides {
         return present == side.state.has_value() && (!present || sameState(*side.state, drawing.states[stub->index]));
     }
     bool operator()(const SettingsChange& side) const {
-        return side.currentLayer == drawing.currentLayer && side.lastRestored == drawing.lastRestored &&
-               side.activeLayout == drawing.activeLayout && side.currentViewport == drawing.currentViewport;
+        return side.currentLayer == drawing.currentLayer && side.lastRestored == drawing.lastRestored;
     }
     bool operator()(const ViewportChange& side) const {
         const zdr::Viewport* viewport = findViewport(drawing, side.handle);
@@ -225,8 +224,6 @@ void PlotStyleChange::exchange(zdr::Drawing& drawing, ObjectDirectory& objects) 
 void SettingsChange::exchange(zdr::Drawing& drawing, ObjectDirectory&) {
     std::swap(drawing.currentLayer, currentLayer);
     std::swap(drawing.lastRestored, lastRestored);
-    std::swap(drawing.activeLayout, activeLayout);
-    std::swap(drawing.currentViewport, currentViewport);
 }
 
 void ViewportChange::exchange(zdr::Drawing& drawing, ObjectDirectory&) {

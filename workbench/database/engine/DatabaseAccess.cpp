@@ -27,8 +27,8 @@ std::uint64_t changeCount(const KelDbDatabase& database) {
     return impOf(database).changes();
 }
 
-std::uint64_t lastingChangeCount(const KelDbDatabase& database) {
-    return impOf(database).lastingChanges();
+std::uint64_t contentNumber(const KelDbDatabase& database) {
+    return impOf(database).content().value();
 }
 
 KelDbObjectId objectId(const KelDbDatabase& database, zdr::Handle handle) {

@@ -69,3 +69,57 @@ TEST_F(LookingTest, SavingLeavesAloneWhatIsOnViewInModelSpaceAndOnASheet) {
         .then(command(L"QUIT"));
     runWith(script);
 }
+
+TEST_F(LookingTest, LookingElsewhereTakesNoStepOfUndoAndLeavesWhatCanBeDoneAgain) {
+    const auto titleIs = [](const std::wstring& title) {
+        Script script;
+        script.waitUntil("the title is " + ui::narrow(title),
+                         [title](const View& view) { return view.title() == title; });
+        return script;
+    };
+    Script script;
+    script.then(open()).then(command(L"LAYER NEW Walls")).then(titleIs(L"plan.zdr* - Kel Workbench"));
+    script.press(VK_NEXT, ui::holdControl)
+        .waitUntil("the sheet", [this](const View&) { return session().drawing().activeLayout == 0u; })
+        .then(command(L"VPORT 2"))
+        .then(said(L"Viewport 2 is current."))
+        .then(command(L"U"))
+        .then(titleIs(L"plan.zdr - Kel Workbench"))
+        .look("the layer is taken back and nothing else",
+              [this](const View&) {
+                  EXPECT_EQ(session().drawing().layers.size(), 1u);
+                  EXPECT_EQ(session().drawing().activeLayout, 0u);
+                  EXPECT_TRUE(session().drawing().currentViewport);
+              })
+        .then(command(L"VPORT none"))
+        .then(said(L"The paper of the layout is current."));
+    script.press(VK_PRIOR, ui::holdControl)
+        .waitUntil("the model tab", [this](const View&) { return !session().drawing().activeLayout; })
+        .then(titleIs(L"plan.zdr - Kel Workbench"))
+        .then(command(L"REDO"))
+        .then(titleIs(L"plan.zdr* - Kel Workbench"))
+        .look("the layer is there again", [this](const View&) { EXPECT_EQ(session().drawing().layers.size(), 2u); })
+        .then(command(L"U"))
+        .then(titleIs(L"plan.zdr - Kel Workbench"))
+        .then(command(L"QUIT"));
+    runWith(script);
+    EXPECT_EQ(window->m_hWnd, nullptr) << "nothing was asked";
+}
+
+TEST_F(LookingTest, WhatIsLookedAtIsKeptWithTheDrawingWhenItIsSaved) {
+    Script script;
+    script.then(open())
+        .then(command(L"LAYOUT Layout1"))
+        .then(command(L"VPORT 2"))
+        .then(command(L"SAVE"))
+        .then(said(L"Saved "))
+        .then(command(L"MODEL"))
+        .then(said(L"Model space is shown."))
+        .then(open())
+        .waitUntil("the viewport of the sheet",
+                   [this](const View&) {
+                       return session().drawing().activeLayout == 0u && session().drawing().currentViewport;
+                   })
+        .then(command(L"QUIT"));
+    runWith(script);
+}

@@ -163,6 +163,23 @@ TEST_F(SessionTest, SavesAndOpensAgain) {
     EXPECT_THAT(window.printed, EndsWith(L"Opened " + path("a b.zdr") + L".\n"));
 }
 
+TEST_F(SessionTest, IsUnmodifiedOnceWhatWasSavedIsBack) {
+    run(L"TURNOFF");
+    run(L"UNDO");
+    EXPECT_FALSE(session.isModified());
+    run(L"REDO");
+    EXPECT_TRUE(session.isModified());
+    run(L"SAVEAS " + path("off.zdr"));
+    run(L"UNDO");
+    EXPECT_TRUE(session.isModified()) << "the file holds what was taken back";
+    run(L"REDO");
+    EXPECT_FALSE(session.isModified());
+    run(L"UNDO");
+    run(L"TURNOFF");
+    EXPECT_TRUE(session.isModified()) << "nothing tells that this is the change that was saved";
+    EXPECT_THAT(window.questions, IsEmpty());
+}
+
 TEST_F(SessionTest, ADrawingThatCantBeReadLeavesTheOpenOneUntouched) {
     run(L"TURNOFF");
     run(L"SAVEAS " + path("good.zdr"));
