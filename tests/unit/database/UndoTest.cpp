@@ -35,7 +35,8 @@ class Undo : public EngineTest {
             for (const zdr::ViewportOverride& layerOverride : item.overrides)
                 add(layerOverride.layer, layerOverride.mask, layerOverride.color);
         }
-        add(drawing().currentLayer, drawing().lastRestored, drawing().activeLayout, drawing().currentViewport);
+        add(drawing().linetypeScale, drawing().currentLayer, drawing().lastRestored, drawing().activeLayout,
+            drawing().currentViewport);
         for (const zdr::ExtendedData& data : drawing().extendedData)
             add(data.object, data.application, data.values.size());
         add(drawing().applications);
@@ -160,6 +161,15 @@ TEST_F(Undo, BringsALayerBackInItsOwnSpelling) {
     engine::redo(m_database);
     engine::redo(m_database);
     EXPECT_EQ(drawing().names.text(drawing().layers.back().name), L"DOORS");
+}
+
+TEST_F(Undo, TakesBackTheLinetypeScale) {
+    checkStep([this] { EXPECT_EQ(engine::setLinetypeScale(m_database, 2.5), Vorn::eOk); });
+    checkStep([this] {
+        engine::setLinetypeScale(m_database, 3);
+        engine::setCurrentLayer(m_database, layer(L"Walls"));
+        engine::setLinetypeScale(m_database, 4);
+    });
 }
 
 TEST_F(Undo, IdsOfWhatComesBackAreGoodAgain) {
@@ -320,6 +330,7 @@ TEST_F(Undo, TellsEachKindOfChangeThatStays) {
         {"its layers", [&] { states().removeLayerStateLayers(L"Plan B", walls); }},
         {"its values", [this] { states().saveLayerState(L"Plan B", MaskColor); }},
         {"the current layer", [this] { engine::setCurrentLayer(m_database, layer(L"Doors")); }},
+        {"the linetype scale", [this] { engine::setLinetypeScale(m_database, 2); }},
         {"a viewport", [this] { engine::setFrozenInViewport(m_database, viewport().handle, layer(L"Walls"), true); }},
         {"a layer's flag", [this] { setFlag(L"Walls", zdr::kLayerLocked, true); }},
         {"a state that goes", [this] { states().deleteLayerState(L"Plan B"); }},

@@ -151,7 +151,8 @@ struct SameSides {
         return present == side.state.has_value() && (!present || sameState(*side.state, drawing.states[stub->index]));
     }
     bool operator()(const SettingsChange& side) const {
-        return side.currentLayer == drawing.currentLayer && side.lastRestored == drawing.lastRestored;
+        return side.currentLayer == drawing.currentLayer && side.lastRestored == drawing.lastRestored &&
+               side.linetypeScale == drawing.linetypeScale;
     }
     bool operator()(const ViewportChange& side) const {
         const zdr::Viewport* viewport = findViewport(drawing, side.handle);
@@ -224,6 +225,7 @@ void PlotStyleChange::exchange(zdr::Drawing& drawing, ObjectDirectory& objects) 
 void SettingsChange::exchange(zdr::Drawing& drawing, ObjectDirectory&) {
     std::swap(drawing.currentLayer, currentLayer);
     std::swap(drawing.lastRestored, lastRestored);
+    std::swap(drawing.linetypeScale, linetypeScale);
 }
 
 void ViewportChange::exchange(zdr::Drawing& drawing, ObjectDirectory&) {

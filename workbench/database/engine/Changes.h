@@ -38,6 +38,7 @@ struct PlotStyleChange {
 struct SettingsChange {
     std::size_t currentLayer = 0;
     std::optional<std::wstring> lastRestored;
+    double linetypeScale = 1;
     void exchange(zdr::Drawing& drawing, ObjectDirectory& objects);
 };
 

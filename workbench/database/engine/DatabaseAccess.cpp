@@ -81,6 +81,13 @@ KelDbObjectId currentViewportId(const KelDbDatabase& database) {
                                                            : KelDbObjectId();
 }
 
+Vorn::ErrorStatus setLinetypeScale(KelDbDatabase& database, double scale) {
+    if (!zdr::isLinetypeScale(scale))
+        return Vorn::eInvalidInput;
+    impOf(database).setLinetypeScale(scale);
+    return Vorn::eOk;
+}
+
 // A new layer has the properties of a new drawing's layer.
 Vorn::ErrorStatus addLayer(KelDbDatabase& database, std::wstring_view name) {
     DatabaseImp& imp = impOf(database);

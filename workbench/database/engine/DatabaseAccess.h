@@ -41,6 +41,9 @@ KELDB_API Vorn::ErrorStatus setCurrentViewport(KelDbDatabase& database, std::opt
 /// The current viewport's id; null on the model tab and in paper space itself.
 KELDB_API KelDbObjectId currentViewportId(const KelDbDatabase& database);
 
+/// Multiplies the lengths of all dashes. eInvalidInput for what isn't a linetype scale.
+KELDB_API Vorn::ErrorStatus setLinetypeScale(KelDbDatabase& database, double scale);
+
 /// Changes of layers; the statuses are those of engine/LayerEditing.h. Layers are given by index.
 KELDB_API Vorn::ErrorStatus addLayer(KelDbDatabase& database, std::wstring_view name);
 KELDB_API Vorn::ErrorStatus renameLayer(KelDbDatabase& database, std::size_t layer, std::wstring_view name);

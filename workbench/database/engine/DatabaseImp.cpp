@@ -80,6 +80,12 @@ void DatabaseImp::setLastRestored(std::optional<std::wstring> name) {
     m_drawing.lastRestored = std::move(name);
 }
 
+void DatabaseImp::setLinetypeScale(double scale) {
+    m_history.beforeSettings(m_drawing);
+    const Writing writing(m_lookups, {});
+    m_drawing.linetypeScale = scale;
+}
+
 // Nothing that is looked up rests on it.
 void DatabaseImp::setActiveSpace(std::optional<std::size_t> layout, std::optional<zdr::Handle> viewport) {
     m_drawing.activeLayout = layout;

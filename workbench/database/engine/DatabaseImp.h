@@ -57,6 +57,7 @@ class DatabaseImp : public KelDbImpDatabase {
     [[nodiscard]] Editor<zdr::Viewport> editViewport(const zdr::Viewport& viewport);
     void setCurrentLayer(std::size_t index);
     void setLastRestored(std::optional<std::wstring> name);
+    void setLinetypeScale(double scale);
     /// Puts a state in after the drawing's own ones, or at `position`, and gives it a handle.
     void insertState(zdr::LayerState&& state, std::optional<std::size_t> position = std::nullopt);
     void removeState(std::size_t index);

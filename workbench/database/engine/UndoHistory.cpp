@@ -154,7 +154,7 @@ void UndoHistory::beforeColumns(const zdr::Drawing& drawing) {
 void UndoHistory::beforeSettings(const zdr::Drawing& drawing) {
     if (m_open.settings)
         return;
-    add(SettingsChange{drawing.currentLayer, drawing.lastRestored});
+    add(SettingsChange{drawing.currentLayer, drawing.lastRestored, drawing.linetypeScale});
     m_open.settings = true;
 }
 

@@ -134,6 +134,7 @@ TEST_F(CommandsTest, VariablesHelpAndNew) {
         .then(answerBox(L"Save the changes to Drawing1?", IDNO))
         .then(said(L"A new drawing is open."))
         .look("the title", [](const View& view) { EXPECT_EQ(view.title(), L"Drawing1 - Kel Workbench"); })
+        .then(ask(L"SETVAR LTSCALE", L"LTSCALE = 1.0000"))
         .then(command(L"QUIT"));
     runWith(script);
 }

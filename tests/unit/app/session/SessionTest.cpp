@@ -9,6 +9,7 @@
 #include "SystemRegistry.h"
 
 #include "files/DrawingFile.h"
+#include "files/FileFormat.h"
 #include "files/TextCoding.h"
 
 #include "drawing_generated.h"
@@ -52,7 +53,7 @@ void failWithoutWord() {
 std::string drawingOfNewerVersion() {
     flatbuffers::FlatBufferBuilder builder;
     const auto start = builder.StartTable();
-    builder.AddElement<std::uint32_t>(zdr::file::Drawing::VT_VERSION, 3, 0);
+    builder.AddElement<std::uint32_t>(zdr::file::Drawing::VT_VERSION, zdr::kFileVersion + 1, 0);
     builder.Finish(flatbuffers::Offset<zdr::file::Drawing>(builder.EndTable(start)), zdr::file::DrawingIdentifier());
     return {reinterpret_cast<const char*>(builder.GetBufferPointer()), builder.GetSize()};
 }
