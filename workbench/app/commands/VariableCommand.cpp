@@ -58,9 +58,9 @@ void setTileMode(Session& session, const std::wstring& value) {
     if (value == L"1")
         session.showModel();
     else if (value != L"0")
-        session.window().print(L"TILEMODE takes 1 for model space or 0 for a layout.\n");
+        session.refuse(L"TILEMODE takes 1 for model space or 0 for a layout.\n");
     else if (drawing.layouts.empty())
-        session.window().print(L"The drawing has no layout that TILEMODE could show: leave it at 1.\n");
+        session.refuse(L"The drawing has no layout that TILEMODE could show: leave it at 1.\n");
     else
         session.showTab(drawing.activeLayout.value_or(0) + 1);
 }
@@ -68,7 +68,7 @@ void setTileMode(Session& session, const std::wstring& value) {
 void setCurrentViewport(Session& session, const std::wstring& value) {
     const int number = parseViewportNumber(value);
     if (number < 0)
-        session.window().print(L"CVPORT takes the number of a viewport, or 0 for the paper.\n");
+        session.refuse(L"CVPORT takes the number of a viewport, or 0 for the paper.\n");
     else
         session.makeViewportCurrent(number);
 }
@@ -84,7 +84,7 @@ void setCurrentLayer(Session& session, const std::wstring& name) {
 void setLinetypeScale(Session& session, const std::wstring& value) {
     const auto scale = parseNumber(value);
     if (!scale || !zdr::isLinetypeScale(*scale)) {
-        session.window().print(quotation(value) + L" is no value of LTSCALE: give " + zdr::kLinetypeScaleText + L".\n");
+        session.refuse(quotation(value) + L" is no value of LTSCALE: give " + zdr::kLinetypeScaleText + L".\n");
         return;
     }
     session.change([&](KelDbDatabase& database) {
@@ -121,7 +121,7 @@ void set(Session& session, const std::wstring& name, const std::wstring& typed) 
     if (runtime::setSystemVariable(name.c_str(), unquoted(typed)) == Vorn::eOk)
         session.window().print(name + L" = " + VariableRead(name).text() + L"\n");
     else
-        session.window().print(name + L" tells about the drawing: SETVAR can only show it.\n");
+        session.refuse(name + L" tells about the drawing: SETVAR can only show it.\n");
 }
 
 } // namespace
@@ -134,8 +134,8 @@ void setVariable(Session& session, const CommandText& text) {
     std::wstring name = zdr::foldCase(unquoted(text.words[0]));
     const VariableRead read(name);
     if (!read.isFound())
-        session.window().print(L"There is no system variable " + quotation(unquoted(text.words[0])) +
-                               L": SETVAR alone lists them.\n");
+        session.refuse(L"There is no system variable " + quotation(unquoted(text.words[0])) +
+                       L": SETVAR alone lists them.\n");
     else if (text.words.size() == 1)
         session.window().print(name + L" = " + read.text() + L"\n");
     else

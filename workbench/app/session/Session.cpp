@@ -103,6 +103,16 @@ void Session::replaceDrawing(zdr::Drawing drawing, std::wstring path, const zdr:
     m_savedContent = engine::contentNumber(this->database());
 }
 
+void Session::refuse(const std::wstring& text) {
+    m_refused = true;
+    m_window.print(text);
+}
+
+void Session::fail(const std::wstring& text) {
+    m_refused = true;
+    m_window.showFailure(text);
+}
+
 void Session::newDrawing() {
     if (!mayClose())
         return;
@@ -117,15 +127,14 @@ std::optional<Session::ReadDrawing> Session::readDrawing(const std::wstring& pat
     const Vorn::ErrorStatus status = zdr::readDrawingFile(path, read.drawing, reason, &read.stamp);
     if (status == Vorn::eOk)
         return read;
-    m_window.showFailure(
-        advised(reason, status == Vorn::eFileNotFound ? L"check its name and folder" : L"choose another one"));
+    fail(advised(reason, status == Vorn::eFileNotFound ? L"check its name and folder" : L"choose another one"));
     return std::nullopt;
 }
 
 void Session::open(const std::wstring& path) {
     const auto chosen = path.empty() ? m_window.chooseFileToOpen() : path;
     if (!chosen) {
-        m_window.tellNothingChosen();
+        tellNothingChosen();
         return;
     }
     const std::wstring full = fullPath(*chosen);
@@ -156,13 +165,13 @@ bool Session::write(const std::wstring& path, zdr::FileStamp stamp) {
     Vorn::ErrorStatus status = zdr::writeDrawingFile(path, drawing(), reason, stamp);
     if (status == Vorn::eFileChangedOnDisk) {
         if (!m_window.askToOverwrite(reason)) {
-            m_window.print(L"The file stays as it is, and the drawing isn't saved.\n");
+            refuse(L"The file stays as it is, and the drawing isn't saved.\n");
             return false;
         }
         status = zdr::writeDrawingFile(path, drawing(), reason, stamp, zdr::Overwrite::Always);
     }
     if (status != Vorn::eOk) {
-        m_window.showFailure(advised(reason, L"choose another name or folder by SAVEAS"));
+        fail(advised(reason, L"choose another name or folder by SAVEAS"));
         return false;
     }
     m_path = path;
@@ -182,7 +191,7 @@ bool Session::saveAs(const std::wstring& path) {
     const std::wstring proposal = m_path.empty() ? name() + kExtension : m_path;
     const auto chosen = path.empty() ? m_window.chooseFileToSave(proposal) : path;
     if (!chosen) {
-        m_window.tellNothingChosen();
+        tellNothingChosen();
         return false;
     }
     const std::wstring full = fullPath(*chosen);
@@ -200,13 +209,13 @@ bool Session::mayClose() {
     case SaveAnswer::Cancel:
         break;
     }
-    m_window.print(L"The drawing stays open.\n");
+    refuse(L"The drawing stays open.\n");
     return false;
 }
 
 void Session::undo() {
     if (!engine::undo(database())) {
-        m_window.print(L"There is nothing to undo: change the drawing first.\n");
+        refuse(L"There is nothing to undo: change the drawing first.\n");
         return;
     }
     m_window.print(L"The last change is undone.\n");
@@ -215,7 +224,7 @@ void Session::undo() {
 
 void Session::redo() {
     if (!engine::redo(database())) {
-        m_window.print(L"There is nothing to redo: take a change back by UNDO first.\n");
+        refuse(L"There is nothing to redo: take a change back by UNDO first.\n");
         return;
     }
     m_window.print(L"The change is made again.\n");
@@ -266,8 +275,8 @@ void Session::showLayout(const std::wstring& name) {
     names.reserve(layouts.size());
     for (const zdr::Layout& layout : layouts)
         names.push_back(quotation(layout.name));
-    m_window.print(L"The drawing has no layout " + quotation(name) +
-                   (names.empty() ? L": MODEL shows all that it has.\n" : L": give one of " + listed(names) + L".\n"));
+    refuse(L"The drawing has no layout " + quotation(name) +
+           (names.empty() ? L": MODEL shows all that it has.\n" : L": give one of " + listed(names) + L".\n"));
 }
 
 void Session::showTab(std::size_t tab) {
@@ -280,7 +289,7 @@ void Session::showTab(std::size_t tab) {
 void Session::makeViewportCurrent(int number) {
     const auto active = drawing().activeLayout;
     if (!active) {
-        m_window.print(L"The model tab has no viewports: LAYOUT shows a layout.\n");
+        refuse(L"The model tab has no viewports: LAYOUT shows a layout.\n");
         return;
     }
     if (number == 0) {
@@ -300,15 +309,15 @@ void Session::makeViewportCurrent(int number) {
     for (const zdr::Viewport& viewport : viewports)
         if (viewport.number > 0)
             numbers.push_back(std::to_wstring(viewport.number));
-    m_window.print(L"The layout has no viewport " + std::to_wstring(number) + L": give " +
-                   (numbers.empty() ? L"" : listed(numbers) + L", or ") + L"NONE.\n");
+    refuse(L"The layout has no viewport " + std::to_wstring(number) + L": give " +
+           (numbers.empty() ? L"" : listed(numbers) + L", or ") + L"NONE.\n");
 }
 
 void Session::change(const std::function<void(KelDbDatabase&)>& step) {
     {
         const Transaction transaction(*runtime::currentDocument()->transactionManager());
         if (!transaction.isStarted()) {
-            m_window.print(L"The drawing can't be changed now: end what is under way and try again.\n");
+            refuse(L"The drawing can't be changed now: end what is under way and try again.\n");
             return;
         }
         step(database());

@@ -31,6 +31,16 @@ class Session {
     const std::wstring& path() const { return m_path; }
     bool isModified() const;
 
+    /// To be called before each command.
+    void beginCommand() { m_refused = false; }
+    /// Tells in a line why the command that runs can't be done.
+    void refuse(const std::wstring& text);
+    /// The same, so that it can't be missed.
+    void fail(const std::wstring& text);
+    void tellNothingChosen() { refuse(L"No file is chosen, and nothing has changed.\n"); }
+    /// Whether the command that runs, or ran last, couldn't be done.
+    bool isRefused() const { return m_refused; }
+
     // Each tells the user when it fails, and leaves everything as it was then. For an empty path the user is asked.
     void newDrawing();
     void open(const std::wstring& path);
@@ -77,6 +87,7 @@ class Session {
     SessionWindow& m_window;
     std::wstring m_path;
     zdr::FileStamp m_stamp;
+    bool m_refused = false;
     std::uint64_t m_savedContent = 0; ///< the content's number when the drawing was opened or last saved
 };
 

@@ -19,7 +19,7 @@ CommandFixture::~CommandFixture() {
 
 std::wstring CommandFixture::run(const std::wstring& line) {
     window.printed.clear();
-    workbench::runLine(session, line);
+    done = workbench::runLine(session, line);
     const std::wstring echo = L"Command: " + line.substr(0, 1000);
     return window.printed.starts_with(echo) ? window.printed.substr(window.printed.find(L'\n') + 1) : window.printed;
 }

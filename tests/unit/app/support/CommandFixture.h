@@ -12,7 +12,7 @@ class CommandFixture : public RuntimeTest {
     CommandFixture();
     ~CommandFixture() override;
 
-    /// Runs a line and answers what it printed, without the echo of the line.
+    /// Runs a line and answers what it printed, without the echo of the line. `done` tells whether it could be done.
     std::wstring run(const std::wstring& line);
     std::wstring path(const char* name) const;
     void writeBytes(const char* name, const std::string& bytes) const;
@@ -22,6 +22,7 @@ class CommandFixture : public RuntimeTest {
     unsigned flags(const std::wstring& name) const;
     const zdr::Drawing& drawing() const { return session.drawing(); }
 
+    bool done = true;
     std::filesystem::path folder;
     ScriptedWindow window;
     workbench::Session session;
