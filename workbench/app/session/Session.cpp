@@ -100,7 +100,17 @@ void Session::replaceDrawing(zdr::Drawing drawing, std::wstring path, const zdr:
         runtime::closeDocument(*former);
     m_path = std::move(path);
     m_stamp = stamp;
+    m_mark = {};
     m_savedContent = engine::contentNumber(this->database());
+}
+
+/// Marks the file for other programs, and tells when one of them has it open.
+void Session::markOpen() {
+    m_mark = {}; // first, since this drawing's own mark isn't another program's
+    m_mark = zdr::OpenMark(m_path);
+    if (m_mark.isOthers())
+        m_window.print(L"Another program has " + quotation(name()) +
+                       L" open too: whoever saves it later is asked before the other's changes go.\n");
 }
 
 void Session::refuse(const std::wstring& text) {
@@ -153,6 +163,7 @@ void Session::open(const std::wstring& path) {
         m_window.print(L"Reference \"" + problem.name + L"\" is not shown: " + problem.reason + L"\n");
     tellMendedNames();
     m_window.print(L"Opened " + full + L".\n");
+    markOpen();
 }
 
 void Session::tellMendedNames(std::wstring_view prefix) {
@@ -174,12 +185,15 @@ bool Session::write(const std::wstring& path, zdr::FileStamp stamp) {
         fail(advised(reason, L"choose another name or folder by SAVEAS"));
         return false;
     }
+    const bool isElsewhere = path != m_path;
     m_path = path;
     m_stamp = stamp;
     m_savedContent = engine::contentNumber(database());
     runtime::currentDocument()->setPath(path);
     m_window.drawingChanged();
     m_window.print(L"Saved " + path + L".\n");
+    if (isElsewhere)
+        markOpen();
     return true;
 }
 
@@ -211,6 +225,14 @@ bool Session::mayClose() {
     }
     refuse(L"The drawing stays open.\n");
     return false;
+}
+
+bool Session::canUndo() const {
+    return engine::canUndo(database());
+}
+
+bool Session::canRedo() const {
+    return engine::canRedo(database());
 }
 
 void Session::undo() {

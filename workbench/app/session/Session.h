@@ -4,7 +4,7 @@
 
 #include "SessionWindow.h"
 
-#include "files/FileStamp.h"
+#include "files/SystemFile.h"
 #include "model/Drawing.h"
 
 #include <cstdint>
@@ -50,6 +50,8 @@ class Session {
     bool mayClose();
     void undo();
     void redo();
+    bool canUndo() const;
+    bool canRedo() const;
 
     void showModel();
     /// Shows the sheet of that name.
@@ -79,6 +81,7 @@ class Session {
     std::optional<ReadDrawing> readDrawing(const std::wstring& path);
     void replaceDrawing(zdr::Drawing drawing, std::wstring path, const zdr::FileStamp& stamp);
     bool write(const std::wstring& path, zdr::FileStamp stamp);
+    void markOpen();
     template <class Change> bool changeView(Change change);
     bool showSpace(std::optional<std::size_t> layout);
     bool showViewport(std::optional<zdr::Handle> viewport);
@@ -87,6 +90,7 @@ class Session {
     SessionWindow& m_window;
     std::wstring m_path;
     zdr::FileStamp m_stamp;
+    zdr::OpenMark m_mark;
     bool m_refused = false;
     std::uint64_t m_savedContent = 0; ///< the content's number when the drawing was opened or last saved
 };

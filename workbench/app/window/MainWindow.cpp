@@ -103,6 +103,7 @@ ON_WM_DROPFILES()
 ON_MESSAGE(WM_DPICHANGED, OnDpiChanged)
 ON_WM_TIMER()
 ON_WM_ENABLE()
+ON_WM_INITMENUPOPUP()
 END_MESSAGE_MAP()
 
 MainWindow::MainWindow()
@@ -269,6 +270,15 @@ void MainWindow::chooseTab(std::size_t tab) {
         run(tab == 0 ? L"MODEL" : L"LAYOUT " + quotation(m_session->drawing().layouts[tab - 1].name));
     else if (!m_running)
         m_session->showTab(tab);
+}
+
+void MainWindow::OnInitMenuPopup(CMenu* menu, UINT index, BOOL isSystemMenu) {
+    CWnd::OnInitMenuPopup(menu, index, isSystemMenu);
+    const auto enable = [menu](UINT item, bool enabled) {
+        menu->EnableMenuItem(item, MF_BYCOMMAND | (enabled ? MF_ENABLED : MF_GRAYED));
+    };
+    enable(ID_MENU_UNDO, m_session->canUndo());
+    enable(ID_MENU_REDO, m_session->canRedo());
 }
 
 BOOL MainWindow::OnCommand(WPARAM wParam, LPARAM lParam) {

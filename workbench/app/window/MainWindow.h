@@ -53,6 +53,7 @@ class MainWindow : public CWnd, private SessionWindow, private runtime::DisplayO
     afx_msg LRESULT OnDpiChanged(WPARAM dpi, LPARAM rect);
     afx_msg void OnTimer(UINT_PTR timer);
     afx_msg void OnEnable(BOOL enable);
+    afx_msg void OnInitMenuPopup(CMenu* menu, UINT index, BOOL isSystemMenu);
     BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
 
   private:

@@ -6,16 +6,7 @@
 
 #include <fstream>
 
-namespace fs = std::filesystem;
-
-CommandFixture::CommandFixture() : folder(fs::temp_directory_path() / "kel-command-test"), session(window) {
-    fs::remove_all(folder);
-    fs::create_directories(folder);
-}
-
-CommandFixture::~CommandFixture() {
-    fs::remove_all(folder);
-}
+CommandFixture::CommandFixture() : session(window) {}
 
 std::wstring CommandFixture::run(const std::wstring& line) {
     window.printed.clear();

@@ -4,13 +4,13 @@
 #include "CommandDispatch.h"
 #include "RuntimeTest.h"
 #include "ScriptedWindow.h"
+#include "TemporaryFolder.h"
 
 #include <filesystem>
 
 class CommandFixture : public RuntimeTest {
   protected:
     CommandFixture();
-    ~CommandFixture() override;
 
     /// Runs a line and answers what it printed, without the echo of the line. `done` tells whether it could be done.
     std::wstring run(const std::wstring& line);
@@ -23,7 +23,8 @@ class CommandFixture : public RuntimeTest {
     const zdr::Drawing& drawing() const { return session.drawing(); }
 
     bool done = true;
-    std::filesystem::path folder;
+    TemporaryFolder temporary; // goes after the session, which has a file in it open
+    std::filesystem::path folder{temporary.path()};
     ScriptedWindow window;
     workbench::Session session;
 };
