@@ -59,7 +59,6 @@ struct Variable {
     ResultType type;
     VariableValue initial;               ///< of a variable that the application keeps
     VariableValue (*read)(const Facts&); ///< null: the application keeps it
-    bool positive = false;               ///< takes numbers above 0 only
 };
 
 // In alphabetical order. Reading one of the drawing's fails while no drawing is open.
@@ -72,7 +71,7 @@ const Variable kVariables[] = {
      kVariableInt32,
      {},
      [](const Facts& facts) -> VariableValue { return static_cast<std::int32_t>(facts.drawing.layers.size()); }},
-    {L"LTSCALE", kVariableReal, 1.0, nullptr, true},
+    {L"LTSCALE", kVariableReal, {}, [](const Facts& facts) -> VariableValue { return facts.drawing.linetypeScale; }},
     {L"LWDEFAULT",
      kVariableInt16,
      {},
@@ -85,7 +84,7 @@ const Variable kVariables[] = {
      kVariableInt16,
      {},
      [](const Facts& facts) -> VariableValue { return std::int16_t{!facts.drawing.activeLayout}; }},
-    {L"VIEWTWIST", kVariableAngle, 0.0, nullptr},
+    {L"VIEWTWIST", kVariableAngle, {}, [](const Facts&) -> VariableValue { return 0.0; }}, // no view is turned
     {L"ZDRNAME", kVariableString, {}, fileName},
     {L"ZDRPREFIX", kVariableString, {}, filePrefix},
 };
@@ -135,14 +134,10 @@ Vorn::ErrorStatus setSystemVariable(const wchar_t* name, VariableValue value) {
         return Vorn::eKeyNotFound;
     if (variable->read)
         return Vorn::eNotApplicable;
-    if (value.index() != variable->initial.index() || (variable->positive && !(std::get<double>(value) > 0)))
+    if (value.index() != variable->initial.index())
         return Vorn::eInvalidInput;
     setValues()[variable] = std::move(value);
     return Vorn::eOk;
-}
-
-double linetypeScale() {
-    return std::get<double>(*valueOf(*findVariable(L"LTSCALE")));
 }
 
 std::vector<std::wstring> systemVariableNames() {

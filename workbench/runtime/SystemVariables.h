@@ -16,11 +16,8 @@ using VariableValue = std::variant<std::int16_t, std::int32_t, double, std::wstr
 
 /// Gives a variable that the application keeps, such as CPROFILE, another value until the next reset. eKeyNotFound for
 /// a name without a variable, eNotApplicable for one that the drawing answers, eInvalidInput for a value of another
-/// type, and for an LTSCALE that isn't above 0.
+/// type.
 [[nodiscard]] KELDB_API Vorn::ErrorStatus setSystemVariable(const wchar_t* name, VariableValue value);
-
-/// LTSCALE, by which the lengths of all dashes are multiplied: above 0. For the host itself: isn't traced, can't fail.
-KELDB_API double linetypeScale();
 
 /// The names of all variables, in alphabetical order.
 KELDB_API std::vector<std::wstring> systemVariableNames();

@@ -43,7 +43,8 @@ constexpr const wchar_t* kArguments[] = {L"*",
                                          L"\xFC\xDF\x4E2D",
                                          L"*floor*",
                                          L"E",
-                                         L"Plumbing*"};
+                                         L"Plumbing*",
+                                         L"--keep-going"};
 
 constexpr const wchar_t* kFiles[] = {L"house.zdr", L"site.zdr", L"other.zdr", L"missing.zdr",
                                      L"text.zdr",  L"self.scr", L"lines.scr"};

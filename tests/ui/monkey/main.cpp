@@ -70,7 +70,7 @@ class Life {
         AfxGetApp()->m_pMainWnd = &window;
         m_window = window.m_hWnd;
         window.showAtSavedPlace(SW_SHOWNORMAL);
-        window.runLater(firstLines);
+        window.runLater(firstLines, true);
         s_current = this;
         const UINT_PTR timer = SetTimer(nullptr, 0, kTick, [](HWND, UINT, UINT_PTR, DWORD) { s_current->tick(); });
         AfxGetApp()->Run();

@@ -77,7 +77,7 @@ const NamedChange kChanges[] = {
      [](DatabaseImp& d) {
          d.setCurrentLayer(1);
          d.setLastRestored(L"A name that is too long for a short string");
-         d.setActiveSpace(0, viewportOf(d).handle);
+         d.setLinetypeScale(2);
      }},
     {"extended data",
      [](DatabaseImp& d) {

@@ -77,7 +77,7 @@ class RandomEdit {
     RandomEdit& operator=(const RandomEdit&) = delete;
 
     void run() {
-        const std::uint64_t changesBefore = engine::lastingChangeCount(m_database);
+        const std::uint64_t changesBefore = engine::contentNumber(m_database);
         engine::beginUndoGroup(m_database);
         const bool any = readStateLayers(&m_database, m_wide.c_str(), m_layers);
         expectUntouched("after reading");
@@ -90,7 +90,7 @@ class RandomEdit {
         expectTheRestUntouched();
         EXPECT_THAT(wholenessProblems(m_database), testing::IsEmpty());
         // An edit that leaves the state as it was is no step to be undone.
-        if (engine::lastingChangeCount(m_database) != changesBefore)
+        if (engine::contentNumber(m_database) != changesBefore)
             ASSERT_TRUE(engine::undo(m_database));
         expectUntouched("after undo");
     }

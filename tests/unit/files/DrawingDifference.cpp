@@ -235,6 +235,7 @@ void Comparison::rest() {
          });
     same("last restored", m_a.lastRestored, m_b.lastRestored);
     same("default lineweight", m_a.defaultLineWeight, m_b.defaultLineWeight);
+    same("linetype scale", m_a.linetypeScale, m_b.linetypeScale);
     same("next handle", m_a.nextHandle, m_b.nextHandle);
 }
 

@@ -29,6 +29,15 @@ TEST(OldVersions, theSecondIsReadAsItWasWritten) {
     EXPECT_NE(difference(drawing, sampleDrawing()), "");
 }
 
+TEST(OldVersions, theThirdIsReadAsItWasWritten) {
+    Drawing drawing;
+    std::wstring reason;
+    const std::wstring path = widePath(TEST_DATA) + L"/version3.zdr";
+    ASSERT_EQ(readDrawingFile(path, drawing, reason), Vorn::eOk) << toUtf8(reason);
+    EXPECT_EQ(difference(drawing, linetypeScaleDrawing()), "");
+    EXPECT_NE(difference(drawing, sampleDrawing()), "");
+}
+
 TEST(OldVersions, standardsAndTemplatesAreDrawingsUnderOtherNames) {
     for (const wchar_t* name : {L"/version1.zds", L"/version1.zdt"}) {
         KelDbDatabase database(false, true);

@@ -123,13 +123,13 @@ TEST(Reading, aNewerVersionIsRefusedBeforeAnythingElseOfItIsRead) {
     // As a newer program might write it: tables that this one can't know.
     flatbuffers::FlatBufferBuilder builder;
     const auto start = builder.StartTable();
-    builder.AddElement<std::uint32_t>(file::Drawing::VT_VERSION, 3, 0);
+    builder.AddElement<std::uint32_t>(file::Drawing::VT_VERSION, 4, 0);
     builder.AddElement<std::uint64_t>(file::Drawing::VT_LAYERS, 77, 0); // no longer an offset
     builder.Finish(flatbuffers::Offset<file::Drawing>(builder.EndTable(start)), file::DrawingIdentifier());
     std::string reason;
     EXPECT_EQ(refusedBytes(std::as_bytes(std::span(builder.GetBufferPointer(), builder.GetSize())), reason),
               Vorn::eNewerVersion);
-    EXPECT_THAT(reason, HasSubstr("newer version of this program: its format is 3"));
+    EXPECT_THAT(reason, HasSubstr("newer version of this program: its format is 4"));
 }
 
 TEST(Reading, theStampTellsWhatTheFileWas) {

@@ -150,6 +150,12 @@ Drawing namedColorsDrawing() {
     return drawing;
 }
 
+Drawing linetypeScaleDrawing() {
+    Drawing drawing = sampleDrawing();
+    drawing.linetypeScale = 2.5;
+    return drawing;
+}
+
 Drawing plainDrawing() {
     Drawing drawing;
     const NameId continuous = drawing.names.intern(L"Continuous");

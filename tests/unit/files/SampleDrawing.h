@@ -13,5 +13,8 @@ zdr::Drawing namedColorsDrawing();
 /// The colours with names in it that are used, in the order of their table.
 std::vector<KelCmColor> sampleNamedColors();
 
+/// The first one with a linetype scale of its own. The file in tests/data of version 3 holds it.
+zdr::Drawing linetypeScaleDrawing();
+
 /// The least that a drawing can be: one layer.
 zdr::Drawing plainDrawing();

@@ -209,12 +209,12 @@ void Comparison::data() {
 
 void Comparison::rest() {
     const auto orNone = [](const auto& value) { return value ? static_cast<int>(*value) : -1; };
-    number("layout", orNone(m_expected.layout), orNone(m_actual.activeLayout));
+    const Sight& sight = m_model.sight();
+    number("layout", orNone(sight.layout), orNone(m_actual.activeLayout));
     std::optional<zdr::Handle> viewport;
-    if (fine() && m_expected.viewport)
-        viewport = *m_expected.viewport + 1 < kViewportCount
-                       ? m_actual.layouts[0].viewports[*m_expected.viewport].handle
-                       : m_actual.layouts[1].viewports[0].handle;
+    if (fine() && sight.viewport)
+        viewport = *sight.viewport + 1 < kViewportCount ? m_actual.layouts[0].viewports[*sight.viewport].handle
+                                                        : m_actual.layouts[1].viewports[0].handle;
     number("viewport", orNone(viewport), orNone(m_actual.currentViewport));
     lastRestored();
     number("can undo", int{m_model.canUndo()}, int{engine::canUndo(m_database)});

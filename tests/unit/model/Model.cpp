@@ -164,17 +164,14 @@ std::string Model::applyToDrawing(const Operation& operation) {
     case Kind::SetLayout:
         if (a[0] > 2)
             return std::to_string(Vorn::eInvalidInput);
-        m_now.layout = a[0] == 0 ? std::nullopt : std::optional<std::size_t>(a[0] - 1);
-        m_now.viewport.reset();
-        m_changed = true;
+        m_sight = {a[0] == 0 ? std::nullopt : std::optional<std::size_t>(a[0] - 1), std::nullopt};
         return "0";
     case Kind::SetViewport: {
         // The third is off, the fourth is on the second layout.
-        const bool there = a[0] == 0 || (a[0] != 3 && m_now.layout == (a[0] == 4 ? 1u : 0u));
+        const bool there = a[0] == 0 || (a[0] != 3 && m_sight.layout == (a[0] == 4 ? 1u : 0u));
         if (!there)
             return std::to_string(Vorn::eInvalidInput);
-        m_now.viewport = a[0] == 0 ? std::nullopt : std::optional<std::size_t>(a[0] - 1);
-        m_changed = true;
+        m_sight.viewport = a[0] == 0 ? std::nullopt : std::optional<std::size_t>(a[0] - 1);
         return "0";
     }
     case Kind::FreezeInViewport:
@@ -259,6 +256,7 @@ std::string Model::applyToDrawing(const Operation& operation) {
     }
     default:
         m_now = start(a[0] % 2 != 0);
+        m_sight = {};
         forgetSteps();
         m_cloneIsGood = false;
         return "";

@@ -60,14 +60,18 @@ struct Drawing {
     std::vector<State> states;
     int current = 0; ///< id of a layer
     std::optional<std::string> lastRestored;
-    std::optional<std::size_t> layout;
-    std::optional<std::size_t> viewport;
     Viewport viewports[kViewportCount];
     std::vector<std::string> linetypes, plotStyles;
     std::vector<std::string> applications;
     std::map<std::pair<int, std::string>, int> data; ///< by layer and application
     bool resolved = false;                           ///< the reference "site"
     friend bool operator==(const Drawing&, const Drawing&) = default;
+};
+
+/// What is looked at. It belongs to no step.
+struct Sight {
+    std::optional<std::size_t> layout;
+    std::optional<std::size_t> viewport;
 };
 
 /// Equal without regard to case, for the plain letters that the names here are made of.
@@ -82,6 +86,7 @@ class Model {
     std::string apply(const Operation& operation);
 
     const Drawing& drawing() const { return m_now; }
+    const Sight& sight() const { return m_sight; }
     bool canUndo() const { return !m_done.empty() || m_open; }
     bool canRedo() const { return !m_undone.empty() && !m_open; }
 
@@ -137,6 +142,7 @@ class Model {
     Viewport* viewportOf(std::uint32_t argument) { return argument == 0 ? nullptr : &m_now.viewports[argument - 1]; }
 
     Drawing m_now;
+    Sight m_sight;
     bool m_changed = false; ///< by the operation under way
     std::optional<Drawing> m_open;
     std::deque<Drawing> m_done, m_undone;

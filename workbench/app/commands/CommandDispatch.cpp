@@ -14,11 +14,11 @@ bool isCountRight(Session& session, std::size_t words, const Count& count, const
                   const std::wstring& usage) {
     const int given = static_cast<int>(words);
     if (given < count.least)
-        session.window().print(name + L" lacks an argument: type " + usage + L".\n");
+        session.refuse(name + L" lacks an argument: type " + usage + L".\n");
     else if (given > count.most && count.most == 0)
-        session.window().print(name + L" takes no arguments: type " + usage + L" alone.\n");
+        session.refuse(name + L" takes no arguments: type " + usage + L" alone.\n");
     else if (given > count.most)
-        session.window().print(name + L" has too many arguments: type " + usage + L".\n");
+        session.refuse(name + L" has too many arguments: type " + usage + L".\n");
     return given >= count.least && given <= count.most;
 }
 
@@ -27,8 +27,7 @@ void askForOption(Session& session, const Command& command, const Words& words) 
     for (const Option& option : command.options())
         names += (names.empty() ? L"" : L", ") + std::wstring(option.name);
     const std::wstring what = words.empty() ? L" needs an option" : L" has no option " + quotation(words.front());
-    session.window().print(command.name + what + L": type one of " + names + L" behind it, or HELP " + command.name +
-                           L".\n");
+    session.refuse(command.name + what + L": type one of " + names + L" behind it, or HELP " + command.name + L".\n");
 }
 
 void runOwn(Session& session, const Command& command, const CommandText& text) {
@@ -54,7 +53,7 @@ void runCommand(Session& session, const CommandText& command) {
     else if (const KelEdCommand* registered = runtime::commandStack().lookup(command.name.c_str()))
         session.runModuleCommand(registered->function(), command.argument);
     else
-        session.window().print(L"Unknown command " + quotation(command.name) + L": HELP lists the commands.\n");
+        session.refuse(L"Unknown command " + quotation(command.name) + L": HELP lists the commands.\n");
 }
 
 std::wstring widened(const char* text) {
@@ -69,24 +68,25 @@ std::wstring shortened(const std::wstring& line) {
 
 } // namespace
 
-void runLine(Session& session, const std::wstring& line) {
+bool runLine(Session& session, const std::wstring& line) {
+    session.beginCommand();
     if (line.size() > kLongestLine) {
-        session.window().print(L"The line is too long: type " + std::to_wstring(kLongestLine) +
-                               L" characters at the most.\n");
-        return;
+        session.refuse(L"The line is too long: type " + std::to_wstring(kLongestLine) + L" characters at the most.\n");
+        return false;
     }
     const CommandText command = parseCommand(line);
     if (command.name.empty())
-        return;
+        return true;
     session.window().echo(L"Command: " + shortened(line) + L"\n");
     const std::wstring name = command.name.substr(0, 60);
     try {
         runCommand(session, command);
     } catch (const std::exception& failure) {
-        session.window().showFailure(name + L" failed: " + widened(failure.what()) + L".");
+        session.fail(name + L" failed: " + widened(failure.what()) + L".");
     } catch (...) {
-        session.window().showFailure(name + L" failed for an unknown reason.");
+        session.fail(name + L" failed for an unknown reason.");
     }
+    return !session.isRefused();
 }
 
 } // namespace workbench

@@ -3,6 +3,7 @@
 #include "CommandFunctions.h"
 #include "ScriptLines.h"
 #include "Session.h"
+#include "StartOptions.h"
 
 namespace workbench::commands {
 
@@ -23,17 +24,22 @@ void saveAs(Session& session, const CommandText& text) {
 }
 
 void script(Session& session, const CommandText& text) {
-    const auto path = text.argument.empty() ? session.window().chooseScript() : text.argument;
+    const bool keepsGoing = !text.words.empty() && sameName(text.words[0], kKeepGoing);
+    const std::wstring typed = keepsGoing ? parseCommand(text.argument).argument : text.argument;
+    const auto path = typed.empty() ? session.window().chooseScript() : typed;
     if (!path) {
-        session.window().tellNothingChosen();
+        session.tellNothingChosen();
         return;
     }
     std::wstring problem;
-    const std::vector<std::wstring> lines = readScript(*path, problem);
-    if (problem.empty() && !session.window().runScript(lines))
+    std::vector<std::wstring> lines = readScript(*path, problem);
+    if (problem.empty() && !session.window().runScript({*path, std::move(lines), keepsGoing}))
         problem = L"The script " + quotation(*path) +
                   L" isn't run, because too many scripts wait for each other: look for one that runs itself.";
-    session.window().print(problem.empty() ? L"Running " + *path + L".\n" : problem + L"\n");
+    if (problem.empty())
+        session.window().print(L"Running " + *path + L".\n");
+    else
+        session.refuse(problem + L"\n");
 }
 
 void quit(Session& session, const CommandText&) {

@@ -70,7 +70,7 @@ void help(Session& session, const CommandText& text) {
     else if (const KelEdCommand* registered = runtime::commandStack().lookup(name.c_str()))
         session.window().print(explanation(*registered));
     else
-        session.window().print(L"There is no command " + quotation(name) + L": HELP alone lists them.\n");
+        session.refuse(L"There is no command " + quotation(name) + L": HELP alone lists them.\n");
 }
 
 } // namespace workbench::commands

@@ -37,8 +37,10 @@ void editLayers(Session& session, const std::vector<std::size_t>& layers, const 
     if (keptCurrent)
         text += (changed > 0 ? L"; " : L"") + layerQuotation(session, session.drawing().currentLayer) +
                 L" is the current layer, which can't be frozen: make another one current first";
-    if (!text.empty())
+    if (changed > 0)
         session.window().print(text + L".\n");
+    else if (keptCurrent)
+        session.refuse(text + L".\n");
 }
 
 void setFlag(Session& session, std::span<const std::wstring> words, unsigned flag, bool set, const wchar_t* done) {
@@ -74,7 +76,7 @@ void setYesNo(Session& session, const Words& words, const Question& question) {
         setFlag(session, behind(words, 1), question.flag, *answer == question.setByYes,
                 *answer ? question.yes : question.no);
     else
-        session.window().print(quotation(words[0]) + L" is neither yes nor no: give one of them.\n");
+        session.refuse(quotation(words[0]) + L" is neither yes nor no: give one of them.\n");
 }
 
 std::wstring reasonOf(Vorn::ErrorStatus status) {
@@ -99,7 +101,10 @@ std::wstring reasonOf(Vorn::ErrorStatus status) {
 }
 
 void tell(Session& session, Vorn::ErrorStatus status, const std::wstring& done, const std::wstring& failed) {
-    session.window().print(status == Vorn::eOk ? done + L".\n" : failed + L", because " + reasonOf(status) + L".\n");
+    if (status == Vorn::eOk)
+        session.window().print(done + L".\n");
+    else
+        session.refuse(failed + L", because " + reasonOf(status) + L".\n");
 }
 
 /// The layer of exactly that name. When there is none, tells the user so and answers none.
@@ -107,7 +112,7 @@ std::optional<std::size_t> layerOf(Session& session, const std::wstring& word) {
     const std::size_t layer = engine::layerIndex(session.database(), unquoted(word));
     if (layer != zdr::kNone)
         return layer;
-    session.window().print(L"No layer is called " + quotation(unquoted(word)) + L": LAYER LIST shows the names.\n");
+    session.refuse(L"No layer is called " + quotation(unquoted(word)) + L": LAYER LIST shows the names.\n");
     return std::nullopt;
 }
 
@@ -135,7 +140,7 @@ std::vector<std::wstring> namesIn(const Words& words) {
 void makeLayers(Session& session, const Words& words) {
     const std::vector<std::wstring> names = namesIn(words);
     if (names.empty()) {
-        session.window().print(L"No layer is named: give names with commas between.\n");
+        session.refuse(L"No layer is named: give names with commas between.\n");
         return;
     }
     std::size_t made = 0;
@@ -151,7 +156,10 @@ void makeLayers(Session& session, const Words& words) {
         }
     });
     const std::wstring done = made > 0 ? layersAre(made) + L" made" : layersAre(names.size()) + L" there already";
-    session.window().print((failure.empty() ? done : failure) + L".\n");
+    if (failure.empty())
+        session.window().print(done + L".\n");
+    else
+        session.refuse(failure + L".\n");
 }
 
 void make(Session& session, const Words& words) {
@@ -239,7 +247,10 @@ void remove(Session& session, const Words& words) {
     std::wstring text;
     for (const std::wstring& sentence : sentences)
         text += (text.empty() ? L"" : L"; ") + sentence;
-    session.window().print(text + L".\n");
+    if (removed > 0)
+        session.window().print(text + L".\n");
+    else if (!text.empty())
+        session.refuse(text + L".\n");
 }
 
 /// An open object, closed at the end.

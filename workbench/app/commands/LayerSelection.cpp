@@ -42,8 +42,8 @@ std::optional<std::vector<std::size_t>> selectLayers(Session& session, std::span
     for (const std::wstring& word : words)
         for (const std::wstring& pattern : splitList(word))
             if (!add(session, pattern, selected)) {
-                session.window().print(L"No layer is called " + quotation(pattern) +
-                                       L": LAYER LIST shows the names; one with blanks goes in quotes.\n");
+                session.refuse(L"No layer is called " + quotation(pattern) +
+                               L": LAYER LIST shows the names; one with blanks goes in quotes.\n");
                 return std::nullopt;
             }
     std::vector<std::size_t> layers;
@@ -51,7 +51,7 @@ std::optional<std::vector<std::size_t>> selectLayers(Session& session, std::span
         if (selected[layer])
             layers.push_back(layer);
     if (layers.empty()) {
-        session.window().print(L"No layer is named: give names or patterns, with commas between.\n");
+        session.refuse(L"No layer is named: give names or patterns, with commas between.\n");
         return std::nullopt;
     }
     return layers;
@@ -75,16 +75,16 @@ std::wstring layerQuotation(const Session& session, std::size_t layer) {
 std::optional<std::uint32_t> colorOf(Session& session, const std::wstring& text) {
     const auto color = parseColor(unquoted(text));
     if (!color)
-        session.window().print(quotation(text) + L" is no color: give a number from 1 to 255, three from 0 to 255 as "
-                                                 L"r,g,b, or a name such as red.\n");
+        session.refuse(quotation(text) + L" is no color: give a number from 1 to 255, three from 0 to 255 as "
+                                         L"r,g,b, or a name such as red.\n");
     return color;
 }
 
 std::optional<std::int16_t> lineWeightOf(Session& session, const std::wstring& text) {
     const auto weight = parseLineWeight(unquoted(text));
     if (!weight)
-        session.window().print(quotation(text) +
-                               L" is no lineweight: give a standard width in millimeters, such as 0.25, or default.\n");
+        session.refuse(quotation(text) +
+                       L" is no lineweight: give a standard width in millimeters, such as 0.25, or default.\n");
     return weight;
 }
 
@@ -93,22 +93,22 @@ std::optional<std::uint32_t> linetypeOf(Session& session, const std::wstring& te
     const zdr::NameId linetype = findLinetype(drawing, unquoted(text));
     if (linetype != zdr::kNoName)
         return linetype;
-    session.window().print(L"The drawing has no linetype " + quotation(unquoted(text)) + L": give one of " +
-                           namesOf(drawing, drawing.linetypes) + L".\n");
+    session.refuse(L"The drawing has no linetype " + quotation(unquoted(text)) + L": give one of " +
+                   namesOf(drawing, drawing.linetypes) + L".\n");
     return std::nullopt;
 }
 
 std::optional<std::uint32_t> plotStyleOf(Session& session, const std::wstring& text) {
     const zdr::Drawing& drawing = session.drawing();
     if (drawing.colorDependentPlotStyles) {
-        session.window().print(L"The drawing takes its plot styles from colors: change the color instead.\n");
+        session.refuse(L"The drawing takes its plot styles from colors: change the color instead.\n");
         return std::nullopt;
     }
     const zdr::NameId style = findPlotStyle(drawing, unquoted(text));
     if (style != zdr::kNoName)
         return style;
-    session.window().print(L"The drawing has no plot style " + quotation(unquoted(text)) + L": give one of " +
-                           namesOf(drawing, drawing.plotStyles) + L".\n");
+    session.refuse(L"The drawing has no plot style " + quotation(unquoted(text)) + L": give one of " +
+                   namesOf(drawing, drawing.plotStyles) + L".\n");
     return std::nullopt;
 }
 

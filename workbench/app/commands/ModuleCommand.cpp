@@ -37,24 +37,26 @@ constexpr std::size_t kLongestPath = 260;
 void load(Session& session, const Words& words) {
     const std::wstring path = unquoted(words[0]);
     if (path.size() > kLongestPath) {
-        session.window().print(L"The path of the module is too long: give one of at most " +
-                               std::to_wstring(kLongestPath) + L" characters.\n");
+        session.refuse(L"The path of the module is too long: give one of at most " + std::to_wstring(kLongestPath) +
+                       L" characters.\n");
         return;
     }
     const std::wstring problem = session.window().loadModule(path);
-    session.window().print(problem.empty() ? moduleName(session.window().loadedModules().back()) + L" is loaded.\n"
-                                           : problem + L"\n");
+    if (problem.empty())
+        session.window().print(moduleName(session.window().loadedModules().back()) + L" is loaded.\n");
+    else
+        session.refuse(problem + L"\n");
 }
 
 void unloadNamed(Session& session, const Words& words) {
     const std::wstring typed = unquoted(words[0]);
     const std::wstring path = findModule(session.window().loadedModules(), typed);
     if (path.empty())
-        session.window().print(L"No module " + quotation(typed) + L" is loaded: MODULE LIST names those that are.\n");
+        session.refuse(L"No module " + quotation(typed) + L" is loaded: MODULE LIST names those that are.\n");
     else if (session.window().unloadModule(path))
         session.window().print(moduleName(path) + L" is unloaded.\n");
     else
-        session.window().print(moduleName(path) + L" stays until the Workbench ends: it takes no unloading before.\n");
+        session.refuse(moduleName(path) + L" stays until the Workbench ends: it takes no unloading before.\n");
 }
 
 void list(Session& session, const Words&) {

@@ -94,9 +94,9 @@ std::vector<std::size_t> referencesNamed(Session& session, const CommandText& te
     names.reserve(references.size());
     for (const zdr::Reference& reference : references)
         names.push_back(quotedWhereNeeded(reference.name));
-    session.window().print(names.empty() ? std::wstring(L"No drawing is attached: ATTACH attaches one.\n")
-                                         : L"No reference is called " + quotation(text.argument) + L": give " +
-                                               listed(names) + L", or * for all.\n");
+    session.refuse(names.empty() ? std::wstring(L"No drawing is attached: ATTACH attaches one.\n")
+                                 : L"No reference is called " + quotation(text.argument) + L": give " + listed(names) +
+                                       L", or * for all.\n");
     return found;
 }
 
@@ -109,7 +109,7 @@ std::wstring nameOf(const Session& session, std::size_t reference) {
 void attach(Session& session, const CommandText& text) {
     const auto chosen = text.words.empty() ? session.window().chooseFileToOpen() : unquoted(text.words[0]);
     if (!chosen) {
-        session.window().tellNothingChosen();
+        session.tellNothingChosen();
         return;
     }
     zdr::Reference reference;
@@ -126,7 +126,7 @@ void attach(Session& session, const CommandText& text) {
             problem = L"The drawing can't be shown.";
     }
     if (!reference.drawing) {
-        session.window().print(problem + L"\n");
+        session.refuse(problem + L"\n");
         return;
     }
     zdr::Drawing drawing = session.drawing();
@@ -142,7 +142,7 @@ void reload(Session& session, const CommandText& text) {
         std::wstring reason;
         const auto drawing = readReferenced(session, session.drawing().references[reference], reason);
         if (!drawing) {
-            session.window().print(nameOf(session, reference) + L" stays as it is: " + reason + L"\n");
+            session.refuse(nameOf(session, reference) + L" stays as it is: " + reason + L"\n");
             continue;
         }
         engine::attachReference(session.database(), reference, drawing);

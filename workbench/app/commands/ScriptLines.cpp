@@ -19,6 +19,33 @@ std::wstring byteByByte(const std::string& line) {
     return out;
 }
 
+std::wstring linesText(std::size_t count) {
+    return count == 1 ? L"1 line" : std::to_wstring(count) + L" lines";
+}
+
+/// "3 lines done, 1 failed, 2 not run."
+std::wstring countsText(std::size_t done, std::size_t failed, std::size_t left) {
+    return linesText(done) + L" done" + (failed > 0 ? L", " + std::to_wstring(failed) + L" failed" : L"") +
+           (left > 0 ? L", " + std::to_wstring(left) + L" not run" : L"") + L".\n";
+}
+
+/// What is told of a script that has ended. The lines of the program's start have no path; nobody asks how many they
+/// were.
+std::wstring summary(const std::wstring& path, std::size_t done, std::size_t failed, std::size_t left, bool stops) {
+    if (path.empty())
+        return left == 0 ? std::wstring() : L"The start has stopped there: " + countsText(done, failed, left);
+    return L"The script " + quotation(path) +
+           (stops ? L" has stopped, because a line couldn't be done: " : L" has ended: ") +
+           countsText(done, failed, left);
+}
+
+/// Whether bytes can be a text. A text may have any encoding in which letters aren't control characters.
+bool isText(const std::string& bytes) {
+    return std::ranges::all_of(bytes, [](char byte) {
+        return static_cast<unsigned char>(byte) >= ' ' || byte == '\t' || byte == '\n' || byte == '\r' || byte == '\f';
+    });
+}
+
 constexpr std::uintmax_t kLargestScript = 16 << 20;
 
 std::string readText(const std::filesystem::path& path, std::wstring& problem) {
@@ -39,6 +66,8 @@ std::string readText(const std::filesystem::path& path, std::wstring& problem) {
         text << file.rdbuf();
     if (!file.is_open() || file.bad() || text.fail())
         problem = name + L" can't be read: check that you may read it.";
+    else if (!isText(text.str()))
+        problem = name + L" isn't text: choose a file of command lines, saved as UTF-8.";
     return text.str();
 }
 
@@ -63,31 +92,76 @@ std::vector<std::wstring> readScript(const std::wstring& path, std::wstring& pro
     return problem.empty() ? scriptLines(text) : std::vector<std::wstring>();
 }
 
-void LineQueue::append(const std::vector<std::wstring>& lines) {
-    for (const std::wstring& line : lines)
-        m_lines.push_back({line, 0});
-}
-
-bool LineQueue::enter(const std::vector<std::wstring>& lines) {
-    if (m_depth >= kDeepest)
+bool LineQueue::enter(Script script) {
+    if (m_scripts.size() >= kDeepest)
         return false;
-    for (auto line = lines.rbegin(); line != lines.rend(); ++line)
-        m_lines.push_front({*line, m_depth + 1});
+    m_scripts.push_back({std::move(script)});
+    m_hasEntered = true;
     return true;
 }
 
 std::optional<std::wstring> LineQueue::next() {
-    if (m_lines.empty())
+    m_hasEntered = false;
+    if (!m_scripts.empty()) {
+        Running& running = m_scripts.back();
+        return std::move(running.script.lines[running.next++]);
+    }
+    if (m_typed.empty())
         return std::nullopt;
-    Line line = std::move(m_lines.front());
-    m_lines.pop_front();
-    m_depth = line.depth;
-    return std::move(line.text);
+    std::wstring line = std::move(m_typed.front());
+    m_typed.pop_front();
+    return line;
+}
+
+std::wstring LineQueue::end(bool done) {
+    // A line that runs a script is counted when that ends, which is now when the script has no lines.
+    const bool waits = m_hasEntered && !m_scripts.back().script.lines.empty();
+    return waits ? std::wstring() : count(done);
+}
+
+/// Counts a line of the innermost script, and, where that ends the script, the line that has run it, and so on.
+std::wstring LineQueue::count(bool done) {
+    const bool isInScript = !m_scripts.empty();
+    std::wstring told;
+    while (!m_scripts.empty()) {
+        Running& running = m_scripts.back();
+        if (running.next > 0)
+            ++(done ? running.done : running.failed);
+        const std::size_t left = running.script.lines.size() - running.next;
+        const bool stops = !done && !running.script.keepsGoing;
+        if (left > 0 && !stops)
+            return told;
+        // Of scripts that stop together the innermost and the outermost one say enough.
+        if (!stops || told.empty() || m_scripts.size() == 1)
+            told += summary(running.script.path, running.done, running.failed, left, stops);
+        done = !stops;
+        m_scripts.pop_back();
+    }
+    return isInScript && !done ? told + dropTyped() : told;
+}
+
+std::wstring LineQueue::dropTyped() {
+    const std::size_t count = m_typed.size();
+    m_typed.clear();
+    return count == 0 ? std::wstring() : L"What was typed meanwhile isn't run: " + linesText(count) + L".\n";
+}
+
+std::wstring LineQueue::stop() {
+    if (isEmpty())
+        return {};
+    std::size_t done = 0, failed = 0, left = 0;
+    for (const Running& running : m_scripts) {
+        done += running.done;
+        failed += running.failed;
+        left += running.script.lines.size() - running.next;
+    }
+    m_scripts.clear();
+    return L"The script is stopped; what it has done stays. " + countsText(done, failed, left) + dropTyped();
 }
 
 void LineQueue::clear() {
-    m_lines.clear();
-    m_depth = 0;
+    m_scripts.clear();
+    m_typed.clear();
 }
 
 } // namespace workbench

@@ -11,7 +11,6 @@
 #include "engine/DatabaseAccess.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace workbench::commands {
 
@@ -29,7 +28,6 @@ class VariableRead {
     VariableRead& operator=(const VariableRead&) = delete;
 
     bool isFound() const { return m_found; }
-    int type() const { return m_value.type; }
     std::wstring text() const {
         switch (m_value.type) {
         case kVariableString:
@@ -51,28 +49,6 @@ class VariableRead {
     bool m_found;
 };
 
-template <class Integer> std::optional<runtime::VariableValue> integerOf(const std::wstring& text) {
-    const auto number = parseNumber(text);
-    const bool fits = number && *number >= std::numeric_limits<Integer>::min() &&
-                      *number <= std::numeric_limits<Integer>::max() &&
-                      *number == static_cast<double>(static_cast<Integer>(*number));
-    return fits ? std::optional<runtime::VariableValue>(static_cast<Integer>(*number)) : std::nullopt;
-}
-
-/// The typed value in the variable's type; none when it isn't one.
-std::optional<runtime::VariableValue> valueOf(const std::wstring& text, int type) {
-    switch (type) {
-    case kVariableString:
-        return unquoted(text);
-    case kVariableInt16:
-        return integerOf<std::int16_t>(text);
-    case kVariableInt32:
-        return integerOf<std::int32_t>(text);
-    default:
-        return parseNumber(text);
-    }
-}
-
 void setCurrentTab(Session& session, const std::wstring& name) {
     session.showLayout(name);
 }
@@ -82,9 +58,9 @@ void setTileMode(Session& session, const std::wstring& value) {
     if (value == L"1")
         session.showModel();
     else if (value != L"0")
-        session.window().print(L"TILEMODE takes 1 for model space or 0 for a layout.\n");
+        session.refuse(L"TILEMODE takes 1 for model space or 0 for a layout.\n");
     else if (drawing.layouts.empty())
-        session.window().print(L"The drawing has no layout that TILEMODE could show: leave it at 1.\n");
+        session.refuse(L"The drawing has no layout that TILEMODE could show: leave it at 1.\n");
     else
         session.showTab(drawing.activeLayout.value_or(0) + 1);
 }
@@ -92,7 +68,7 @@ void setTileMode(Session& session, const std::wstring& value) {
 void setCurrentViewport(Session& session, const std::wstring& value) {
     const int number = parseViewportNumber(value);
     if (number < 0)
-        session.window().print(L"CVPORT takes the number of a viewport, or 0 for the paper.\n");
+        session.refuse(L"CVPORT takes the number of a viewport, or 0 for the paper.\n");
     else
         session.makeViewportCurrent(number);
 }
@@ -105,16 +81,26 @@ void setCurrentLayer(Session& session, const std::wstring& name) {
     set->run(session, {L'"' + name + L'"'});
 }
 
+void setLinetypeScale(Session& session, const std::wstring& value) {
+    const auto scale = parseNumber(value);
+    if (!scale || !zdr::isLinetypeScale(*scale)) {
+        session.refuse(quotation(value) + L" is no value of LTSCALE: give " + zdr::kLinetypeScaleText + L".\n");
+        return;
+    }
+    session.change([&](KelDbDatabase& database) {
+        if (engine::setLinetypeScale(database, *scale) == Vorn::eOk)
+            session.window().print(L"LTSCALE = " + VariableRead(L"LTSCALE").text() + L"\n");
+    });
+}
+
 /// A variable whose value comes from the drawing, and the function that changes the drawing accordingly.
 struct Redirection {
     const wchar_t* name;
     void (*set)(Session& session, const std::wstring& value);
 };
 constexpr Redirection kRedirections[] = {
-    {L"CLAYER", setCurrentLayer},
-    {L"CTAB", setCurrentTab},
-    {L"CVPORT", setCurrentViewport},
-    {L"TILEMODE", setTileMode},
+    {L"CLAYER", setCurrentLayer},   {L"CTAB", setCurrentTab},   {L"CVPORT", setCurrentViewport},
+    {L"LTSCALE", setLinetypeScale}, {L"TILEMODE", setTileMode},
 };
 
 void listAll(Session& session) {
@@ -125,27 +111,17 @@ void listAll(Session& session) {
     session.window().print(text);
 }
 
-void set(Session& session, const std::wstring& name, const std::wstring& typed, int type) {
+void set(Session& session, const std::wstring& name, const std::wstring& typed) {
     const auto* redirection =
         std::ranges::find_if(kRedirections, [&name](const Redirection& row) { return sameName(row.name, name); });
     if (redirection != std::end(kRedirections)) {
         redirection->set(session, unquoted(typed));
         return;
     }
-    const auto value = valueOf(typed, type);
-    const Vorn::ErrorStatus status =
-        value ? runtime::setSystemVariable(name.c_str(), *value) : Vorn::ErrorStatus{Vorn::eInvalidInput};
-    if (status == Vorn::eOk) {
+    if (runtime::setSystemVariable(name.c_str(), unquoted(typed)) == Vorn::eOk)
         session.window().print(name + L" = " + VariableRead(name).text() + L"\n");
-        session.window().drawingChanged(); // LTSCALE changes how it looks
-    } else if (status == Vorn::eNotApplicable)
-        session.window().print(name + L" tells about the drawing: SETVAR can only show it.\n");
-    else if (value) // of the right type, but refused
-        session.window().print(quotation(typed) + L" is no value of " + name + L": give a number above 0.\n");
     else
-        session.window().print(
-            quotation(typed) + L" is no value of " + name +
-            (type == kVariableReal || type == kVariableAngle ? L": give a number.\n" : L": give a whole number.\n"));
+        session.refuse(name + L" tells about the drawing: SETVAR can only show it.\n");
 }
 
 } // namespace
@@ -158,12 +134,12 @@ void setVariable(Session& session, const CommandText& text) {
     std::wstring name = zdr::foldCase(unquoted(text.words[0]));
     const VariableRead read(name);
     if (!read.isFound())
-        session.window().print(L"There is no system variable " + quotation(unquoted(text.words[0])) +
-                               L": SETVAR alone lists them.\n");
+        session.refuse(L"There is no system variable " + quotation(unquoted(text.words[0])) +
+                       L": SETVAR alone lists them.\n");
     else if (text.words.size() == 1)
         session.window().print(name + L" = " + read.text() + L"\n");
     else
-        set(session, name, text.words[1], read.type());
+        set(session, name, text.words[1]);
 }
 
 } // namespace workbench::commands

@@ -70,7 +70,7 @@ void layout(Session& session, const CommandText& text) {
 void viewport(Session& session, const CommandText& text) {
     const int number = parseViewportNumber(text.argument);
     if (number < 0)
-        session.window().print(L"VPORT takes the number of a viewport, or NONE.\n");
+        session.refuse(L"VPORT takes the number of a viewport, or NONE.\n");
     else
         session.makeViewportCurrent(number);
 }

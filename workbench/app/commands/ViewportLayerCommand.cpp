@@ -36,7 +36,7 @@ Handles viewportsNamed(const zdr::Layout& layout, const std::wstring& name) {
 std::optional<Target> targetOf(Session& session, const Words& words) {
     const zdr::Drawing& drawing = session.drawing();
     if (!drawing.activeLayout) {
-        session.window().print(L"The model tab has no viewports: LAYOUT shows a layout.\n");
+        session.refuse(L"The model tab has no viewports: LAYOUT shows a layout.\n");
         return std::nullopt;
     }
     const std::span<const std::wstring> all(words);
@@ -45,13 +45,13 @@ std::optional<Target> targetOf(Session& session, const Words& words) {
                       viewportsNamed(drawing.layouts[*drawing.activeLayout], words.back())};
         if (!target.viewports.empty())
             return target;
-        session.window().print(L"The layout has no viewport " + quotation(words.back()) +
-                               L": give the number of one, or ALL.\n");
+        session.refuse(L"The layout has no viewport " + quotation(words.back()) +
+                       L": give the number of one, or ALL.\n");
         return std::nullopt;
     }
     if (drawing.currentViewport)
         return Target{all, {*drawing.currentViewport}};
-    session.window().print(L"No viewport is current: VPORT makes one so, or end the line with IN and its number.\n");
+    session.refuse(L"No viewport is current: VPORT makes one so, or end the line with IN and its number.\n");
     return std::nullopt;
 }
 
@@ -101,7 +101,7 @@ void override(Session& session, const Words& words, std::uint32_t bit, Read read
     if (!target)
         return;
     if (target->words.empty()) {
-        session.window().print(L"VPLAYER lacks a value: give one before IN.\n");
+        session.refuse(L"VPLAYER lacks a value: give one before IN.\n");
         return;
     }
     const auto value = read(session, target->words[0]);

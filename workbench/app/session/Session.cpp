@@ -67,7 +67,7 @@ class UndoGroup {
 
 Session::Session(SessionWindow& window) : m_window(window) {
     runtime::openDocument(std::make_unique<KelDbDatabase>(true, false), {});
-    m_savedCount = engine::lastingChangeCount(database());
+    m_savedContent = engine::contentNumber(database());
 }
 
 Session::~Session() {
@@ -88,7 +88,7 @@ std::wstring Session::name() const {
 }
 
 bool Session::isModified() const {
-    return engine::lastingChangeCount(database()) != m_savedCount;
+    return engine::contentNumber(database()) != m_savedContent;
 }
 
 void Session::replaceDrawing(zdr::Drawing drawing, std::wstring path, const zdr::FileStamp& stamp) {
@@ -100,7 +100,27 @@ void Session::replaceDrawing(zdr::Drawing drawing, std::wstring path, const zdr:
         runtime::closeDocument(*former);
     m_path = std::move(path);
     m_stamp = stamp;
-    m_savedCount = engine::lastingChangeCount(this->database());
+    m_mark = {};
+    m_savedContent = engine::contentNumber(this->database());
+}
+
+/// Marks the file for other programs, and tells when one of them has it open.
+void Session::markOpen() {
+    m_mark = {}; // first, since this drawing's own mark isn't another program's
+    m_mark = zdr::OpenMark(m_path);
+    if (m_mark.isOthers())
+        m_window.print(L"Another program has " + quotation(name()) +
+                       L" open too: whoever saves it later is asked before the other's changes go.\n");
+}
+
+void Session::refuse(const std::wstring& text) {
+    m_refused = true;
+    m_window.print(text);
+}
+
+void Session::fail(const std::wstring& text) {
+    m_refused = true;
+    m_window.showFailure(text);
 }
 
 void Session::newDrawing() {
@@ -117,15 +137,14 @@ std::optional<Session::ReadDrawing> Session::readDrawing(const std::wstring& pat
     const Vorn::ErrorStatus status = zdr::readDrawingFile(path, read.drawing, reason, &read.stamp);
     if (status == Vorn::eOk)
         return read;
-    m_window.showFailure(
-        advised(reason, status == Vorn::eFileNotFound ? L"check its name and folder" : L"choose another one"));
+    fail(advised(reason, status == Vorn::eFileNotFound ? L"check its name and folder" : L"choose another one"));
     return std::nullopt;
 }
 
 void Session::open(const std::wstring& path) {
     const auto chosen = path.empty() ? m_window.chooseFileToOpen() : path;
     if (!chosen) {
-        m_window.tellNothingChosen();
+        tellNothingChosen();
         return;
     }
     const std::wstring full = fullPath(*chosen);
@@ -144,6 +163,7 @@ void Session::open(const std::wstring& path) {
         m_window.print(L"Reference \"" + problem.name + L"\" is not shown: " + problem.reason + L"\n");
     tellMendedNames();
     m_window.print(L"Opened " + full + L".\n");
+    markOpen();
 }
 
 void Session::tellMendedNames(std::wstring_view prefix) {
@@ -156,21 +176,24 @@ bool Session::write(const std::wstring& path, zdr::FileStamp stamp) {
     Vorn::ErrorStatus status = zdr::writeDrawingFile(path, drawing(), reason, stamp);
     if (status == Vorn::eFileChangedOnDisk) {
         if (!m_window.askToOverwrite(reason)) {
-            m_window.print(L"The file stays as it is, and the drawing isn't saved.\n");
+            refuse(L"The file stays as it is, and the drawing isn't saved.\n");
             return false;
         }
         status = zdr::writeDrawingFile(path, drawing(), reason, stamp, zdr::Overwrite::Always);
     }
     if (status != Vorn::eOk) {
-        m_window.showFailure(advised(reason, L"choose another name or folder by SAVEAS"));
+        fail(advised(reason, L"choose another name or folder by SAVEAS"));
         return false;
     }
+    const bool isElsewhere = path != m_path;
     m_path = path;
     m_stamp = stamp;
-    m_savedCount = engine::lastingChangeCount(database());
+    m_savedContent = engine::contentNumber(database());
     runtime::currentDocument()->setPath(path);
-    m_window.drawingReplaced();
+    m_window.drawingChanged();
     m_window.print(L"Saved " + path + L".\n");
+    if (isElsewhere)
+        markOpen();
     return true;
 }
 
@@ -182,7 +205,7 @@ bool Session::saveAs(const std::wstring& path) {
     const std::wstring proposal = m_path.empty() ? name() + kExtension : m_path;
     const auto chosen = path.empty() ? m_window.chooseFileToSave(proposal) : path;
     if (!chosen) {
-        m_window.tellNothingChosen();
+        tellNothingChosen();
         return false;
     }
     const std::wstring full = fullPath(*chosen);
@@ -200,13 +223,21 @@ bool Session::mayClose() {
     case SaveAnswer::Cancel:
         break;
     }
-    m_window.print(L"The drawing stays open.\n");
+    refuse(L"The drawing stays open.\n");
     return false;
+}
+
+bool Session::canUndo() const {
+    return engine::canUndo(database());
+}
+
+bool Session::canRedo() const {
+    return engine::canRedo(database());
 }
 
 void Session::undo() {
     if (!engine::undo(database())) {
-        m_window.print(L"There is nothing to undo: change the drawing first.\n");
+        refuse(L"There is nothing to undo: change the drawing first.\n");
         return;
     }
     m_window.print(L"The last change is undone.\n");
@@ -215,21 +246,17 @@ void Session::undo() {
 
 void Session::redo() {
     if (!engine::redo(database())) {
-        m_window.print(L"There is nothing to redo: take a change back by UNDO first.\n");
+        refuse(L"There is nothing to redo: take a change back by UNDO first.\n");
         return;
     }
     m_window.print(L"The change is made again.\n");
     m_window.drawingChanged();
 }
 
-// The file keeps which space and viewport are shown, but looking at another one doesn't make the drawing one that has
-// to be saved.
+// The file keeps which space and viewport are shown, but looking at another one is no change of the drawing.
 template <class Change> bool Session::changeView(Change change) {
-    const bool wasModified = isModified();
     if (change(database()) != Vorn::eOk)
         return false;
-    if (!wasModified)
-        m_savedCount = engine::lastingChangeCount(database());
     m_window.drawingChanged();
     return true;
 }
@@ -270,8 +297,8 @@ void Session::showLayout(const std::wstring& name) {
     names.reserve(layouts.size());
     for (const zdr::Layout& layout : layouts)
         names.push_back(quotation(layout.name));
-    m_window.print(L"The drawing has no layout " + quotation(name) +
-                   (names.empty() ? L": MODEL shows all that it has.\n" : L": give one of " + listed(names) + L".\n"));
+    refuse(L"The drawing has no layout " + quotation(name) +
+           (names.empty() ? L": MODEL shows all that it has.\n" : L": give one of " + listed(names) + L".\n"));
 }
 
 void Session::showTab(std::size_t tab) {
@@ -284,7 +311,7 @@ void Session::showTab(std::size_t tab) {
 void Session::makeViewportCurrent(int number) {
     const auto active = drawing().activeLayout;
     if (!active) {
-        m_window.print(L"The model tab has no viewports: LAYOUT shows a layout.\n");
+        refuse(L"The model tab has no viewports: LAYOUT shows a layout.\n");
         return;
     }
     if (number == 0) {
@@ -304,15 +331,15 @@ void Session::makeViewportCurrent(int number) {
     for (const zdr::Viewport& viewport : viewports)
         if (viewport.number > 0)
             numbers.push_back(std::to_wstring(viewport.number));
-    m_window.print(L"The layout has no viewport " + std::to_wstring(number) + L": give " +
-                   (numbers.empty() ? L"" : listed(numbers) + L", or ") + L"NONE.\n");
+    refuse(L"The layout has no viewport " + std::to_wstring(number) + L": give " +
+           (numbers.empty() ? L"" : listed(numbers) + L", or ") + L"NONE.\n");
 }
 
 void Session::change(const std::function<void(KelDbDatabase&)>& step) {
     {
         const Transaction transaction(*runtime::currentDocument()->transactionManager());
         if (!transaction.isStarted()) {
-            m_window.print(L"The drawing can't be changed now: end what is under way and try again.\n");
+            refuse(L"The drawing can't be changed now: end what is under way and try again.\n");
             return;
         }
         step(database());

@@ -4,7 +4,7 @@
 
 #include "SessionWindow.h"
 
-#include "files/FileStamp.h"
+#include "files/SystemFile.h"
 #include "model/Drawing.h"
 
 #include <cstdint>
@@ -31,6 +31,16 @@ class Session {
     const std::wstring& path() const { return m_path; }
     bool isModified() const;
 
+    /// To be called before each command.
+    void beginCommand() { m_refused = false; }
+    /// Tells in a line why the command that runs can't be done.
+    void refuse(const std::wstring& text);
+    /// The same, so that it can't be missed.
+    void fail(const std::wstring& text);
+    void tellNothingChosen() { refuse(L"No file is chosen, and nothing has changed.\n"); }
+    /// Whether the command that runs, or ran last, couldn't be done.
+    bool isRefused() const { return m_refused; }
+
     // Each tells the user when it fails, and leaves everything as it was then. For an empty path the user is asked.
     void newDrawing();
     void open(const std::wstring& path);
@@ -40,6 +50,8 @@ class Session {
     bool mayClose();
     void undo();
     void redo();
+    bool canUndo() const;
+    bool canRedo() const;
 
     void showModel();
     /// Shows the sheet of that name.
@@ -69,6 +81,7 @@ class Session {
     std::optional<ReadDrawing> readDrawing(const std::wstring& path);
     void replaceDrawing(zdr::Drawing drawing, std::wstring path, const zdr::FileStamp& stamp);
     bool write(const std::wstring& path, zdr::FileStamp stamp);
+    void markOpen();
     template <class Change> bool changeView(Change change);
     bool showSpace(std::optional<std::size_t> layout);
     bool showViewport(std::optional<zdr::Handle> viewport);
@@ -77,7 +90,9 @@ class Session {
     SessionWindow& m_window;
     std::wstring m_path;
     zdr::FileStamp m_stamp;
-    std::uint64_t m_savedCount = 0; ///< how many changes there had been when the drawing was opened or last saved
+    zdr::OpenMark m_mark;
+    bool m_refused = false;
+    std::uint64_t m_savedContent = 0; ///< the content's number when the drawing was opened or last saved
 };
 
 } // namespace workbench

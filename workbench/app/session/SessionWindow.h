@@ -7,6 +7,13 @@
 
 namespace workbench {
 
+/// The lines of a script file.
+struct Script {
+    std::wstring path;
+    std::vector<std::wstring> lines;
+    bool keepsGoing = false; ///< also after a line that couldn't be done
+};
+
 enum class SaveAnswer { Save, Discard, Cancel };
 
 class SessionWindow {
@@ -27,18 +34,16 @@ class SessionWindow {
     virtual std::optional<std::wstring> chooseFileToOpen() = 0;
     virtual std::optional<std::wstring> chooseFileToSave(const std::wstring& proposal) = 0;
     virtual std::optional<std::wstring> chooseScript() = 0;
-    /// Called when another drawing is open, or the same one under another name.
+    /// Called when another drawing is open.
     virtual void drawingReplaced() = 0;
-    /// Called when the drawing has changed, or the space or the viewport that is shown.
+    /// Called when the drawing has changed, or its name, or the space or the viewport that is shown.
     virtual void drawingChanged() = 0;
     /// Shows all of the drawing.
     virtual void zoomExtents() = 0;
     /// Zooms about the middle of the view.
     virtual void zoomBy(double factor) = 0;
-    /// Tells that the user has cancelled the choice of a file.
-    void tellNothingChosen() { print(L"No file is chosen, and nothing has changed.\n"); }
     /// Runs these lines before all others that wait. False, and nothing is run, when scripts run each other too deep.
-    virtual bool runScript(const std::vector<std::wstring>& lines) = 0;
+    virtual bool runScript(Script script) = 0;
     /// Loads a module into the program; without a folder in the path, one that lies beside the program.
     /// @return empty, or in one sentence why it can't be
     virtual std::wstring loadModule(const std::wstring& path) = 0;

@@ -26,6 +26,8 @@ StartOptions parseStartOptions(const std::vector<std::wstring>& words) {
                 *value = words[i];
             else
                 options.error = L"The switch " + word + L" needs a value.";
+        } else if (word == kKeepGoing) {
+            options.keepsGoing = true;
         } else if (word.starts_with(L"--")) {
             options.error = L"There is no switch " + word + L".";
         } else if (options.drawing.empty()) {

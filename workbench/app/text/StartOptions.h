@@ -6,11 +6,15 @@
 
 namespace workbench {
 
+/// The switch, of the program and of SCRIPT, that lets a script go on after a line that couldn't be done.
+inline constexpr const wchar_t* kKeepGoing = L"--keep-going";
+
 struct StartOptions {
     std::wstring drawing;               ///< empty: start with a new one
     std::wstring module;                ///< empty: the one beside the program
     std::wstring script;                ///< a text file of commands, one a line
     std::vector<std::wstring> commands; ///< run after the start, before the script
+    bool keepsGoing = false;            ///< also after one of them that couldn't be done
     std::wstring error;                 ///< a sentence about the first word that makes no sense
 };
 

@@ -1,7 +1,6 @@
 #include "DrawingView.h"
 
 #include "PicturePainter.h"
-#include "SystemVariables.h"
 
 #include <cmath>
 
@@ -92,7 +91,7 @@ Picture DrawingView::picture(const zdr::Drawing& drawing) {
     screen.width = m_size.cx;
     screen.height = m_size.cy;
     screen.pixelsPerMillimetre = m_look.dpi() / 25.4;
-    screen.linetypeScale = runtime::linetypeScale();
+    screen.linetypeScale = drawing.linetypeScale;
     screen.modelForeground = colors::kModelForeground;
     screen.paperForeground = colors::kPaperForeground;
     screen.paletteRgb = paletteRgb;

@@ -1,10 +1,10 @@
-// Lays out the panes, routes menu items and keys, and runs the lines that wait one after the other, by runLine(). What
-// the commands and the host ask of the window is in MainWindowAnswers.cpp.
+// Lays out the panes, and routes menu items and keys. How the lines are run that wait is in MainWindowLines.cpp, what
+// the commands and the host ask of the window in MainWindowAnswers.cpp.
 
 #include "MainWindow.h"
 
-#include "CommandDispatch.h"
 #include "CommandLineOutput.h"
+#include "CommandText.h"
 #include "Completion.h"
 #include "SavedPlacement.h"
 #include "WorkbenchIds.h"
@@ -14,11 +14,6 @@
 namespace workbench {
 
 namespace {
-
-// A timer runs the lines that wait, because its messages come after all input and painting. Posted messages would come
-// before those, and a long script could be neither watched nor stopped.
-constexpr UINT_PTR kLineTimer = 1;
-constexpr ULONGLONG kLineTime = 20; // milliseconds for which lines are run before input is looked at again
 
 /// A menu item, the line that it runs, and a key that runs the same line.
 struct MenuCommand {
@@ -107,6 +102,8 @@ ON_WM_DESTROY()
 ON_WM_DROPFILES()
 ON_MESSAGE(WM_DPICHANGED, OnDpiChanged)
 ON_WM_TIMER()
+ON_WM_ENABLE()
+ON_WM_INITMENUPOPUP()
 END_MESSAGE_MAP()
 
 MainWindow::MainWindow()
@@ -157,10 +154,7 @@ int MainWindow::OnCreate(LPCREATESTRUCT create) {
         !m_command.createIn(*this, IDC_COMMAND_PANE) || !m_status.createIn(*this, IDC_STATUS_LINE))
         return -1;
     m_view.onViewportChosen([this](int number) { run(number ? L"VPORT " + std::to_wstring(number) : L"VPORT none"); });
-    m_tabs.onChosen([this](std::size_t tab) {
-        if (!m_running)
-            m_session->showTab(tab);
-    });
+    m_tabs.onChosen([this](std::size_t tab) { chooseTab(tab); });
     m_command.edit().onRun([this](const std::wstring& line) { run(line); });
     m_command.edit().onComplete([this](const std::wstring& typed) { return completed(typed); });
     m_command.edit().onStop([this] { stopScript(); });
@@ -267,7 +261,24 @@ void MainWindow::showNextTab(int step) {
     const zdr::Drawing& drawing = m_session->drawing();
     const auto tabs = static_cast<int>(drawing.layouts.size()) + 1;
     const int tab = drawing.activeLayout ? static_cast<int>(*drawing.activeLayout) + 1 : 0;
-    m_session->showTab(static_cast<std::size_t>((tab + step + tabs) % tabs));
+    chooseTab(static_cast<std::size_t>((tab + step + tabs) % tabs));
+}
+
+void MainWindow::chooseTab(std::size_t tab) {
+    // A script must find what its own lines have shown.
+    if (m_waiting.isInScript())
+        run(tab == 0 ? L"MODEL" : L"LAYOUT " + quotation(m_session->drawing().layouts[tab - 1].name));
+    else if (!m_running)
+        m_session->showTab(tab);
+}
+
+void MainWindow::OnInitMenuPopup(CMenu* menu, UINT index, BOOL isSystemMenu) {
+    CWnd::OnInitMenuPopup(menu, index, isSystemMenu);
+    const auto enable = [menu](UINT item, bool enabled) {
+        menu->EnableMenuItem(item, MF_BYCOMMAND | (enabled ? MF_ENABLED : MF_GRAYED));
+    };
+    enable(ID_MENU_UNDO, m_session->canUndo());
+    enable(ID_MENU_REDO, m_session->canRedo());
 }
 
 BOOL MainWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
@@ -280,66 +291,12 @@ BOOL MainWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
     return CWnd::OnCommand(wParam, lParam);
 }
 
-void MainWindow::run(const std::wstring& line) {
-    // A command's dialog disables this window, but posted messages and dropped files would still come through.
-    if (m_running)
-        return;
-    m_waiting.interrupt();
-    runOne(line);
-}
-
-void MainWindow::runOne(const std::wstring& line) {
-    m_running = true;
-    runLine(*m_session, line);
-    m_running = false;
-    if (!m_hWnd)
-        return;
-    refreshTitle();
-    refreshStatus();
-    runNextLine();
-}
-
-void MainWindow::runLater(const std::vector<std::wstring>& lines) {
-    m_waiting.append(lines);
-    runNextLine();
-}
-
-void MainWindow::runNextLine() {
-    if (!m_waiting.isEmpty())
-        SetTimer(kLineTimer, 0, nullptr);
-}
-
-bool MainWindow::runScript(const std::vector<std::wstring>& lines) {
-    return m_waiting.enter(lines);
-}
-
-void MainWindow::stopScript() {
-    if (m_waiting.isEmpty())
-        return;
-    m_waiting.clear();
-    tell(L"The script is stopped; what it has done stays.");
-}
-
 std::wstring MainWindow::completed(const std::wstring& typed) {
     const Completion completion = complete(*m_session, typed);
     if (!completion.candidates.empty() && completion.line == typed) {
         m_command.print(listOf(completion.candidates) + L"\n");
     }
     return completion.line;
-}
-
-void MainWindow::OnTimer(UINT_PTR timer) {
-    if (timer != kLineTimer) {
-        CWnd::OnTimer(timer);
-        return;
-    }
-    if (m_running)
-        return;
-    const ULONGLONG start = ::GetTickCount64();
-    while (m_hWnd && !m_waiting.isEmpty() && ::GetTickCount64() - start < kLineTime)
-        runOne(*m_waiting.next());
-    if (m_hWnd && m_waiting.isEmpty())
-        KillTimer(kLineTimer);
 }
 
 void MainWindow::OnDropFiles(HDROP drop) {
@@ -363,6 +320,14 @@ void MainWindow::OnDestroy() {
     savePlacement(*this);
     CWnd::OnDestroy();
     AfxPostQuitMessage(0);
+}
+
+void MainWindow::refresh() {
+    if (m_gathers || !m_session)
+        return;
+    refreshTabs();
+    refreshTitle();
+    refreshStatus();
 }
 
 void MainWindow::refreshTitle() {

@@ -29,8 +29,9 @@ class MainWindow : public CWnd, private SessionWindow, private runtime::DisplayO
     /// Shows it where it stood last.
     void showAtSavedPlace(int show);
     Session& session() { return *m_session; }
-    /// Runs these lines one after the other as soon as the window is idle.
-    void runLater(const std::vector<std::wstring>& lines);
+    /// Runs these lines one after the other as soon as the window is idle, up to the first that can't be done unless it
+    /// is to keep going.
+    void runLater(std::vector<std::wstring> lines, bool keepsGoing);
     /// The program's modules.
     runtime::ModuleLoader& modules() { return m_modules; }
     /// Prints a line into the history.
@@ -51,12 +52,14 @@ class MainWindow : public CWnd, private SessionWindow, private runtime::DisplayO
     afx_msg void OnDropFiles(HDROP drop);
     afx_msg LRESULT OnDpiChanged(WPARAM dpi, LPARAM rect);
     afx_msg void OnTimer(UINT_PTR timer);
+    afx_msg void OnEnable(BOOL enable);
+    afx_msg void OnInitMenuPopup(CMenu* menu, UINT index, BOOL isSystemMenu);
     BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
 
   private:
     // SessionWindow.
     void print(const std::wstring& text) override;
-    void echo(const std::wstring& text) override { m_command.print(text); }
+    void echo(const std::wstring& text) override;
     void showFailure(const std::wstring& text) override;
     SaveAnswer askToSave(const std::wstring& name) override;
     bool askToOverwrite(const std::wstring& reason) override;
@@ -67,7 +70,7 @@ class MainWindow : public CWnd, private SessionWindow, private runtime::DisplayO
     void drawingChanged() override;
     void zoomExtents() override;
     void zoomBy(double factor) override;
-    bool runScript(const std::vector<std::wstring>& lines) override;
+    bool runScript(Script script) override { return m_waiting.enter(std::move(script)); }
     std::wstring loadModule(const std::wstring& path) override;
     bool unloadModule(const std::wstring& path) override { return m_modules.unload(path); }
     std::vector<std::wstring> loadedModules() const override { return m_modules.paths(); }
@@ -78,15 +81,18 @@ class MainWindow : public CWnd, private SessionWindow, private runtime::DisplayO
     void layersPublished() override;
     void updateDisplay() override;
 
-    /// Runs a line that a person gave.
+    /// Runs a line that a person gave, now or after the script that is running.
     void run(const std::wstring& line);
-    void runOne(const std::wstring& line);
     void runNextLine();
+    void startTimer();
     void stopScript();
+    void chooseTab(std::size_t tab);
     std::wstring completed(const std::wstring& typed);
     void showNextTab(int step);
     bool runKey(const MSG& message);
     void arrange();
+    void say();
+    void refresh();
     void refreshTitle();
     void refreshTabs();
     void refreshStatus();
@@ -101,6 +107,8 @@ class MainWindow : public CWnd, private SessionWindow, private runtime::DisplayO
     LineQueue m_waiting;
     runtime::ModuleLoader m_modules; // behind the session, since modules may use its drawing to their end
     bool m_running = false;          // a command is under way, perhaps with a dialog
+    bool m_gathers = false;          // lines of a script are run: what they say and change is shown a little later
+    std::wstring m_unsaid;           // what they have said
 };
 
 } // namespace workbench

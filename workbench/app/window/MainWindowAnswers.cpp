@@ -7,11 +7,17 @@
 namespace workbench {
 
 void MainWindow::print(const std::wstring& text) {
-    m_command.print(text);
     if (const std::wstring line = lastLine(text); !line.empty())
         m_message = line;
-    if (m_session)
+    echo(text);
+    if (m_session && !m_gathers)
         refreshStatus();
+}
+
+void MainWindow::echo(const std::wstring& text) {
+    m_unsaid += text;
+    if (!m_gathers)
+        say();
 }
 
 void MainWindow::showFailure(const std::wstring& text) {
@@ -50,16 +56,12 @@ std::optional<std::wstring> MainWindow::chooseScript() {
 
 void MainWindow::drawingReplaced() {
     m_view.drawingReplaced();
-    refreshTabs();
-    refreshTitle();
-    refreshStatus();
+    refresh();
 }
 
 void MainWindow::drawingChanged() {
     m_view.regenerate();
-    refreshTabs();
-    refreshTitle();
-    refreshStatus();
+    refresh();
 }
 
 void MainWindow::zoomExtents() {
@@ -85,8 +87,7 @@ void MainWindow::regenerateLayers(const KelArray<KelDbObjectId>&) {
 
 void MainWindow::layersPublished() {
     m_view.regenerate();
-    refreshTitle();
-    refreshStatus();
+    refresh();
 }
 
 void MainWindow::updateDisplay() {

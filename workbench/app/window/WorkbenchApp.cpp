@@ -2,7 +2,6 @@
 
 #include "CommandLineOutput.h"
 #include "ModulePath.h"
-#include "ScriptLines.h"
 #include "StartOptions.h"
 
 #include <commctrl.h>
@@ -53,14 +52,10 @@ BOOL WorkbenchApp::InitInstance() {
     if (!options.drawing.empty())
         lines.push_back(L"OPEN \"" + options.drawing + L"\"");
     lines.insert(lines.end(), options.commands.begin(), options.commands.end());
-    if (!options.script.empty()) {
-        std::wstring problem;
-        const auto script = readScript(options.script, problem);
-        if (!problem.empty())
-            m_window->tell(problem);
-        lines.insert(lines.end(), script.begin(), script.end());
-    }
-    m_window->runLater(lines);
+    if (!options.script.empty())
+        lines.push_back(std::wstring(L"SCRIPT ") + (options.keepsGoing ? std::wstring(kKeepGoing) + L' ' : L"") + L'"' +
+                        options.script + L'"');
+    m_window->runLater(std::move(lines), options.keepsGoing);
     return TRUE;
 }
 

@@ -152,7 +152,7 @@ struct SameSides {
     }
     bool operator()(const SettingsChange& side) const {
         return side.currentLayer == drawing.currentLayer && side.lastRestored == drawing.lastRestored &&
-               side.activeLayout == drawing.activeLayout && side.currentViewport == drawing.currentViewport;
+               side.linetypeScale == drawing.linetypeScale;
     }
     bool operator()(const ViewportChange& side) const {
         const zdr::Viewport* viewport = findViewport(drawing, side.handle);
@@ -225,8 +225,7 @@ void PlotStyleChange::exchange(zdr::Drawing& drawing, ObjectDirectory& objects) 
 void SettingsChange::exchange(zdr::Drawing& drawing, ObjectDirectory&) {
     std::swap(drawing.currentLayer, currentLayer);
     std::swap(drawing.lastRestored, lastRestored);
-    std::swap(drawing.activeLayout, activeLayout);
-    std::swap(drawing.currentViewport, currentViewport);
+    std::swap(drawing.linetypeScale, linetypeScale);
 }
 
 void ViewportChange::exchange(zdr::Drawing& drawing, ObjectDirectory&) {

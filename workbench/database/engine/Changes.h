@@ -38,8 +38,7 @@ struct PlotStyleChange {
 struct SettingsChange {
     std::size_t currentLayer = 0;
     std::optional<std::wstring> lastRestored;
-    std::optional<std::size_t> activeLayout;
-    std::optional<zdr::Handle> currentViewport;
+    double linetypeScale = 1;
     void exchange(zdr::Drawing& drawing, ObjectDirectory& objects);
 };
 

@@ -27,8 +27,8 @@ std::uint64_t changeCount(const KelDbDatabase& database) {
     return impOf(database).changes();
 }
 
-std::uint64_t lastingChangeCount(const KelDbDatabase& database) {
-    return impOf(database).lastingChanges();
+std::uint64_t contentNumber(const KelDbDatabase& database) {
+    return impOf(database).content().value();
 }
 
 KelDbObjectId objectId(const KelDbDatabase& database, zdr::Handle handle) {
@@ -79,6 +79,13 @@ KelDbObjectId currentViewportId(const KelDbDatabase& database) {
     const zdr::Drawing& drawing = drawingOf(database);
     return drawing.activeLayout && drawing.currentViewport ? objectId(database, *drawing.currentViewport)
                                                            : KelDbObjectId();
+}
+
+Vorn::ErrorStatus setLinetypeScale(KelDbDatabase& database, double scale) {
+    if (!zdr::isLinetypeScale(scale))
+        return Vorn::eInvalidInput;
+    impOf(database).setLinetypeScale(scale);
+    return Vorn::eOk;
 }
 
 // A new layer has the properties of a new drawing's layer.

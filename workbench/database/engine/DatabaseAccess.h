@@ -15,11 +15,12 @@ KELDB_API const zdr::Drawing& drawingOf(const KelDbDatabase& database);
 KELDB_API void replaceDrawing(KelDbDatabase& database, zdr::Drawing drawing);
 /// A drawing as New makes one.
 KELDB_API zdr::Drawing makeNewDrawing();
-/// Grows with every change of the database, undo included, so that a view knows when to draw again.
+/// Grows with every change of the database, undo included.
 KELDB_API std::uint64_t changeCount(const KelDbDatabase& database);
-/// The same without the changes of undo groups that left the drawing as it was: what tells whether there is something
-/// to save.
-KELDB_API std::uint64_t lastingChangeCount(const KelDbDatabase& database);
+/// A number for what the drawing holds: another one after each change, and the former one again once everything since
+/// is taken back, by undo or by the undo group itself. It tells whether there is something to save. What is looked at,
+/// the active layout and the current viewport, doesn't count.
+KELDB_API std::uint64_t contentNumber(const KelDbDatabase& database);
 /// The id of a handle; null when no object has it.
 KELDB_API KelDbObjectId objectId(const KelDbDatabase& database, zdr::Handle handle);
 KELDB_API KelDbObjectId layerId(const KelDbDatabase& database, std::size_t index);
@@ -39,6 +40,9 @@ KELDB_API Vorn::ErrorStatus setActiveLayout(KelDbDatabase& database, std::option
 KELDB_API Vorn::ErrorStatus setCurrentViewport(KelDbDatabase& database, std::optional<zdr::Handle> viewport);
 /// The current viewport's id; null on the model tab and in paper space itself.
 KELDB_API KelDbObjectId currentViewportId(const KelDbDatabase& database);
+
+/// Multiplies the lengths of all dashes. eInvalidInput for what isn't a linetype scale.
+KELDB_API Vorn::ErrorStatus setLinetypeScale(KelDbDatabase& database, double scale);
 
 /// Changes of layers; the statuses are those of engine/LayerEditing.h. Layers are given by index.
 KELDB_API Vorn::ErrorStatus addLayer(KelDbDatabase& database, std::wstring_view name);

@@ -80,9 +80,14 @@ void DatabaseImp::setLastRestored(std::optional<std::wstring> name) {
     m_drawing.lastRestored = std::move(name);
 }
 
-void DatabaseImp::setActiveSpace(std::optional<std::size_t> layout, std::optional<zdr::Handle> viewport) {
+void DatabaseImp::setLinetypeScale(double scale) {
     m_history.beforeSettings(m_drawing);
     const Writing writing(m_lookups, {});
+    m_drawing.linetypeScale = scale;
+}
+
+// Nothing that is looked up rests on it.
+void DatabaseImp::setActiveSpace(std::optional<std::size_t> layout, std::optional<zdr::Handle> viewport) {
     m_drawing.activeLayout = layout;
     m_drawing.currentViewport = viewport;
 }
@@ -132,31 +137,32 @@ void DatabaseImp::dropMendedStates(std::wstring_view prefix) {
 }
 
 void DatabaseImp::beginUndoGroup() {
-    if (!m_history.inGroup())
-        m_changesBefore = m_lookups.changes();
     m_history.beginGroup();
 }
 
 void DatabaseImp::endUndoGroup() {
-    if (m_history.endGroup(m_drawing, m_objects))
-        m_undoneChanges += m_lookups.changes() - m_changesBefore;
+    if (const auto former = m_history.endGroup(m_drawing, m_objects))
+        m_content.reach(*former);
 }
 
 bool DatabaseImp::undo() {
-    const std::optional<Parts> parts = m_history.undoable();
-    if (!parts)
-        return false;
-    const Writing writing(m_lookups, *parts);
-    m_history.undo(m_drawing, m_objects);
-    return true;
+    return carry(m_history.undoable(), &UndoHistory::undo);
 }
 
 bool DatabaseImp::redo() {
-    const std::optional<Parts> parts = m_history.redoable();
+    return carry(m_history.redoable(), &UndoHistory::redo);
+}
+
+bool DatabaseImp::carry(const std::optional<Parts>& parts,
+                        std::uint64_t (UndoHistory::*way)(zdr::Drawing&, ObjectDirectory&)) {
     if (!parts)
         return false;
-    const Writing writing(m_lookups, *parts);
-    m_history.redo(m_drawing, m_objects);
+    std::uint64_t former = 0;
+    {
+        const Writing writing(m_lookups, *parts);
+        former = (m_history.*way)(m_drawing, m_objects);
+    }
+    m_content.reach(former);
     return true;
 }
 

@@ -57,7 +57,7 @@ class DatabaseImp : public KelDbImpDatabase {
     [[nodiscard]] Editor<zdr::Viewport> editViewport(const zdr::Viewport& viewport);
     void setCurrentLayer(std::size_t index);
     void setLastRestored(std::optional<std::wstring> name);
-    void setActiveSpace(std::optional<std::size_t> layout, std::optional<zdr::Handle> viewport);
+    void setLinetypeScale(double scale);
     /// Puts a state in after the drawing's own ones, or at `position`, and gives it a handle.
     void insertState(zdr::LayerState&& state, std::optional<std::size_t> position = std::nullopt);
     void removeState(std::size_t index);
@@ -85,6 +85,9 @@ class DatabaseImp : public KelDbImpDatabase {
     void insertPlotStyle(std::size_t index, zdr::PlotStyle style);
     void removePlotStyle(std::size_t index);
 
+    /// What is looked at: no change of the drawing.
+    void setActiveSpace(std::optional<std::size_t> layout, std::optional<zdr::Handle> viewport);
+
     // What attaching a reference changes; not undone.
     void appendLinetype(zdr::Linetype linetype);
     /// Appends many layers to the table at once; each gets a handle.
@@ -100,8 +103,7 @@ class DatabaseImp : public KelDbImpDatabase {
     void endUndoGroup();
     bool undo();
     bool redo();
-    /// Grows with every change, but for the changes of groups that left the drawing as it was.
-    std::uint64_t lastingChanges() const { return m_lookups.changes() - m_undoneChanges; }
+    const ContentNumber& content() const { return m_content; }
 
     /// Whether the dictionary of states has been asked for or isn't empty.
     bool hasStateDictionary() const;
@@ -114,6 +116,7 @@ class DatabaseImp : public KelDbImpDatabase {
         const Writing writing(m_lookups, parts);
         m_history.perform(std::forward<Side>(change), m_drawing, m_objects);
     }
+    bool carry(const std::optional<Parts>& parts, std::uint64_t (UndoHistory::*way)(zdr::Drawing&, ObjectDirectory&));
     std::shared_ptr<zdr::LayerSet> layerSet() const;
 
     KelDbDatabase& m_owner;
@@ -122,9 +125,8 @@ class DatabaseImp : public KelDbImpDatabase {
     zdr::Drawing m_drawing;
     ObjectDirectory m_objects;
     mutable Lookups m_lookups{m_drawing};
-    UndoHistory m_history;
-    std::uint64_t m_changesBefore = 0; ///< the open group
-    std::uint64_t m_undoneChanges = 0; ///< made by groups that left the drawing as it was
+    ContentNumber m_content{m_lookups};
+    UndoHistory m_history{m_content};
     std::shared_ptr<const void> m_identity;
     bool m_stateDictionaryMade = false;
 };

@@ -30,18 +30,19 @@ void UndoHistory::beginGroup() {
         close();
 }
 
-bool UndoHistory::endGroup(const zdr::Drawing& drawing, const ObjectDirectory& objects) {
+std::optional<std::uint64_t> UndoHistory::endGroup(const zdr::Drawing& drawing, const ObjectDirectory& objects) {
     if (m_depth == 0 || --m_depth > 0)
-        return false;
-    const bool unchanged = !m_open.changes.empty() && areUndone(m_open.changes, drawing, objects);
-    if (unchanged) {
+        return std::nullopt;
+    std::optional<std::uint64_t> former;
+    if (!m_open.changes.empty() && areUndone(m_open.changes, drawing, objects)) {
+        former = m_open.content;
         m_open = {};
         m_undone = std::move(m_undoneBefore);
     } else {
         close();
     }
     m_undoneBefore.clear();
-    return unchanged;
+    return former;
 }
 
 void UndoHistory::forgetUndone() {
@@ -72,17 +73,17 @@ std::optional<Parts> UndoHistory::redoable() const {
     return partsOf(m_undone.back().changes);
 }
 
-void UndoHistory::undo(zdr::Drawing& drawing, ObjectDirectory& objects) {
+std::uint64_t UndoHistory::undo(zdr::Drawing& drawing, ObjectDirectory& objects) {
     close();
-    carry(m_done, m_undone, Way::Back, drawing, objects);
+    return carry(m_done, m_undone, Way::Back, drawing, objects);
 }
 
-void UndoHistory::redo(zdr::Drawing& drawing, ObjectDirectory& objects) {
-    carry(m_undone, m_done, Way::Forth, drawing, objects);
+std::uint64_t UndoHistory::redo(zdr::Drawing& drawing, ObjectDirectory& objects) {
+    return carry(m_undone, m_done, Way::Forth, drawing, objects);
 }
 
-void UndoHistory::carry(std::deque<Step>& from, std::deque<Step>& to, Way way, zdr::Drawing& drawing,
-                        ObjectDirectory& objects) {
+std::uint64_t UndoHistory::carry(std::deque<Step>& from, std::deque<Step>& to, Way way, zdr::Drawing& drawing,
+                                 ObjectDirectory& objects) {
     to.emplace_back();
     std::vector<Change>& changes = from.back().changes;
     std::size_t done = 0;
@@ -95,6 +96,7 @@ void UndoHistory::carry(std::deque<Step>& from, std::deque<Step>& to, Way way, z
     }
     to.back() = std::move(from.back());
     from.pop_back();
+    return std::exchange(to.back().content, m_content.value());
 }
 
 // Moves the `done` changes of a step that were exchanged into the new step at the back of `to`.
@@ -105,6 +107,7 @@ void UndoHistory::divide(std::deque<Step>& from, std::deque<Step>& to, Way way, 
     try {
         to.back().changes.assign(std::move_iterator(first), std::move_iterator(first + count));
         changes.erase(first, first + count);
+        to.back().content = m_content.value();
         if (done == 0)
             to.pop_back();
     } catch (const std::bad_alloc&) {
@@ -119,7 +122,14 @@ void UndoHistory::clear() {
     m_open = {};
 }
 
+/// To be called before a change is put into the open step.
+void UndoHistory::open() {
+    if (m_open.changes.empty())
+        m_open.content = m_content.value();
+}
+
 void UndoHistory::add(Change change) {
+    open();
     m_open.changes.push_back(std::move(change));
     forgetUndone();
 }
@@ -144,7 +154,7 @@ void UndoHistory::beforeColumns(const zdr::Drawing& drawing) {
 void UndoHistory::beforeSettings(const zdr::Drawing& drawing) {
     if (m_open.settings)
         return;
-    add(SettingsChange{drawing.currentLayer, drawing.lastRestored, drawing.activeLayout, drawing.currentViewport});
+    add(SettingsChange{drawing.currentLayer, drawing.lastRestored, drawing.linetypeScale});
     m_open.settings = true;
 }
 

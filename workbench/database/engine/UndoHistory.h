@@ -1,7 +1,7 @@
 // The steps that can be undone and done again. A step is all that changed between the outermost start of a group and
 // its end; what changes outside any group is gathered into one step that ends where the next group begins. A group that
 // ends with the drawing as it was at its start is no step: there is nothing to undo, and what could be done again
-// before it still can.
+// before it still can. What is looked at, the active space and the current viewport, belongs to no step.
 #pragma once
 
 #include "Changes.h"
@@ -15,11 +15,30 @@ namespace engine {
 /// How many steps are kept; the oldest are forgotten.
 inline constexpr std::size_t kMaxUndoSteps = 200;
 
+/// A number for what the drawing holds: another one after each change, and the former one again once everything since
+/// is taken back.
+class ContentNumber {
+  public:
+    explicit ContentNumber(const Lookups& lookups) : m_lookups(lookups) {}
+    std::uint64_t value() const { return m_lookups.changes() == m_reachedAt ? m_reached : m_lookups.changes(); }
+    /// To be called when the changes so far have led to what the drawing held under that number.
+    void reach(std::uint64_t number) {
+        m_reached = number;
+        m_reachedAt = m_lookups.changes();
+    }
+
+  private:
+    const Lookups& m_lookups;
+    std::uint64_t m_reached = 0, m_reachedAt = 0;
+};
+
 class UndoHistory {
   public:
+    /// @param content the drawing's, which outlives the history
+    explicit UndoHistory(const ContentNumber& content) : m_content(content) {}
     void beginGroup();
-    /// @return whether this ended the outermost group, and it left the drawing as it was
-    bool endGroup(const zdr::Drawing& drawing, const ObjectDirectory& objects);
+    /// @return the content's number when this ended the outermost group, and it left the drawing as it was
+    std::optional<std::uint64_t> endGroup(const zdr::Drawing& drawing, const ObjectDirectory& objects);
     bool inGroup() const { return m_depth > 0; }
     bool canUndo() const { return !m_done.empty() || !m_open.changes.empty(); }
     bool canRedo() const { return !m_undone.empty() && m_open.changes.empty(); }
@@ -29,8 +48,9 @@ class UndoHistory {
     /// Takes the last step back. When memory runs out on the way, the step is divided in two: what was taken back can
     /// be done again, the rest can still be taken back. When there is no memory for that either, nothing can be undone
     /// any more.
-    void undo(zdr::Drawing& drawing, ObjectDirectory& objects);
-    void redo(zdr::Drawing& drawing, ObjectDirectory& objects);
+    /// @return the number of the content that this has brought back
+    std::uint64_t undo(zdr::Drawing& drawing, ObjectDirectory& objects);
+    std::uint64_t redo(zdr::Drawing& drawing, ObjectDirectory& objects);
     void clear();
 
     /// To be called before anything of that part changes. Once in a step is enough; further calls cost nothing.
@@ -40,6 +60,7 @@ class UndoHistory {
     void beforeViewport(const zdr::Viewport& viewport);
     /// Does a change, by exchanging its sides; when that throws, nothing has happened.
     template <class Side> void perform(Side&& change, zdr::Drawing& drawing, ObjectDirectory& objects) {
+        open();
         m_open.changes.emplace_back(std::forward<Side>(change));
         performLast(drawing, objects);
     }
@@ -47,17 +68,21 @@ class UndoHistory {
   private:
     struct Step {
         std::vector<Change> changes;
+        std::uint64_t content = 0; ///< number of the content on the other side of the step
         bool columns = false, settings = false;
         std::unordered_set<zdr::Handle> objects; // states and viewports that are in `changes` already
     };
+    void open();
     void add(Change change);
     void forgetUndone();
     void performLast(zdr::Drawing& drawing, ObjectDirectory& objects);
     void close();
     enum class Way { Back, Forth };
-    void carry(std::deque<Step>& from, std::deque<Step>& to, Way way, zdr::Drawing& drawing, ObjectDirectory& objects);
+    std::uint64_t carry(std::deque<Step>& from, std::deque<Step>& to, Way way, zdr::Drawing& drawing,
+                        ObjectDirectory& objects);
     void divide(std::deque<Step>& from, std::deque<Step>& to, Way way, std::size_t done) noexcept;
 
+    const ContentNumber& m_content;
     std::deque<Step> m_done, m_undone;
     /// What could be done again before the open group, for as long as it isn't known whether that changes anything.
     std::deque<Step> m_undoneBefore;

@@ -97,6 +97,8 @@ void DrawingCheck::run() {
     checkReferences();
     checkApplications();
     checkExtendedData();
+    if (!isLinetypeScale(m_drawing.linetypeScale))
+        refuse({L"the linetype scale"}, std::wstring(L"isn't ") + kLinetypeScaleText);
 }
 
 void DrawingCheck::checkHandle(Handle handle, const Place& place) {

@@ -220,6 +220,7 @@ void DrawingReader::readCurrent() {
     if (m_source.last_restored())
         m_drawing.lastRestored = m_context.text(m_source.last_restored(), {L"the last restored state"});
     m_drawing.defaultLineWeight = m_source.default_line_weight();
+    m_drawing.linetypeScale = m_source.linetype_scale();
     if (m_source.active_layout() < -1)
         refuseIndex({L"the active tab"}, L"layout", static_cast<std::uint32_t>(m_source.active_layout()),
                     m_drawing.layouts.size());

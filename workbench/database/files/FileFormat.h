@@ -13,8 +13,9 @@ namespace zdr {
 /// what they can.
 inline constexpr std::uint32_t kFirstVersion = 1;
 inline constexpr std::uint32_t kNamedColorsVersion = 2;
+inline constexpr std::uint32_t kLinetypeScaleVersion = 3;
 /// The newest version that this program reads. It grows with every change of the schema.
-inline constexpr std::uint32_t kFileVersion = kNamedColorsVersion;
+inline constexpr std::uint32_t kFileVersion = kLinetypeScaleVersion;
 
 /// No drawing file is larger: offsets in it have 31 bits.
 inline constexpr std::uint64_t kLargestFile = FLATBUFFERS_MAX_BUFFER_SIZE - 1;

@@ -60,6 +60,30 @@ class KELDB_API ReplacementFile {
     std::intptr_t m_handle;
 };
 
+/// What stands behind the name of a marked file in its mark's.
+inline constexpr const wchar_t* kMarkEnding = L".lock";
+
+/// Tells other programs that a file is open in this one, by a file beside it with `.lock` behind the name. Nobody else
+/// can open that while this lives; the system takes it away with this object or with the program, however that ends.
+/// One that is left after the power failed counts for nothing.
+class KELDB_API OpenMark {
+  public:
+    OpenMark();
+    /// Marks a file, unless another program has marked it or its folder can't be written to.
+    explicit OpenMark(const std::wstring& path);
+    ~OpenMark();
+    OpenMark(OpenMark&& other) noexcept;
+    OpenMark& operator=(OpenMark&& other) noexcept;
+
+    /// Whether another program had marked the file already.
+    bool isOthers() const { return m_isOthers; }
+
+  private:
+    std::wstring m_path; // of the mark
+    std::intptr_t m_handle;
+    bool m_isOthers = false;
+};
+
 /// The facts of a file; none when there isn't one.
 std::optional<FileFacts> fileFacts(const std::wstring& path);
 

@@ -11,6 +11,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -167,6 +168,24 @@ void ReplacementFile::replace() {
         writeFailure(L"replacing the old file", errno);
     m_made.clear();
     flushFolder(folder);
+}
+
+OpenMark::OpenMark() : m_handle(-1) {}
+
+OpenMark::OpenMark(const std::wstring& path)
+    : m_path(path + kMarkEnding), m_handle(open(systemPath(m_path).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666)) {
+    if (m_handle < 0 || flock(descriptor(m_handle), LOCK_EX | LOCK_NB) == 0)
+        return;
+    m_isOthers = errno == EWOULDBLOCK;
+    ::close(descriptor(m_handle));
+    m_handle = -1;
+}
+
+OpenMark::~OpenMark() {
+    if (m_handle < 0)
+        return;
+    unlink(systemPath(m_path).c_str());
+    ::close(descriptor(m_handle));
 }
 
 std::optional<FileFacts> fileFacts(const std::wstring& path) {

@@ -179,6 +179,20 @@ void ReplacementFile::replace() {
     placeFile(m_made, m_target);
 }
 
+OpenMark::OpenMark() : m_handle(numberOf(INVALID_HANDLE_VALUE)) {}
+
+OpenMark::OpenMark(const std::wstring& path) : m_path(path + kMarkEnding) {
+    const HANDLE handle = CreateFileW(longPath(m_path).c_str(), GENERIC_WRITE | DELETE, 0, nullptr, OPEN_ALWAYS,
+                                      FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+    m_handle = numberOf(handle);
+    m_isOthers = handle == INVALID_HANDLE_VALUE && GetLastError() == ERROR_SHARING_VIOLATION;
+}
+
+OpenMark::~OpenMark() {
+    if (handleOf(m_handle) != INVALID_HANDLE_VALUE)
+        CloseHandle(handleOf(m_handle));
+}
+
 std::optional<FileFacts> fileFacts(const std::wstring& path) {
     const FileHandle file(longPath(path).c_str(), GENERIC_READ);
     return file ? factsOf(file.get()) : std::nullopt;

@@ -178,6 +178,12 @@ Offset<file::LayerColumns> TableWriter::columns() {
                                     m_emptyVector);
 }
 
+std::uint32_t TableWriter::version() const {
+    if (m_drawing.linetypeScale != 1)
+        return kLinetypeScaleVersion;
+    return m_numbers.namedColors().empty() ? kFirstVersion : kNamedColorsVersion;
+}
+
 void TableWriter::write() {
     constexpr std::uint32_t kUnknownLength = 1; // anything but 0, which the builder would leave out
     const auto styleNames = names(m_numbers.styleNames());
@@ -195,14 +201,14 @@ void TableWriter::write() {
     const auto applicationNames = applications();
     const auto dataTables = extendedData();
     const auto colorTables = namedColors();
-    const std::uint32_t version = m_numbers.namedColors().empty() ? kFirstVersion : kNamedColorsVersion;
     const std::int32_t activeLayout = fileIndex(m_drawing.activeLayout.value_or(kNone));
     const Handle currentViewport = hasCurrentViewport(m_drawing) ? *m_drawing.currentViewport : 0;
-    const auto root = file::CreateDrawing(
-        m_builder, version, m_drawing.nextHandle, styleNames, linetypeTables, plotStyleTables,
-        m_drawing.colorDependentPlotStyles, layerTables, ownColumns, static_cast<std::uint32_t>(m_drawing.currentLayer),
-        setTables, stateTables, lastRestored, entities, layoutTables, activeLayout, currentViewport, referenceTables,
-        applicationNames, dataTables, m_drawing.defaultLineWeight, kUnknownLength, colorTables);
+    const auto root = file::CreateDrawing(m_builder, version(), m_drawing.nextHandle, styleNames, linetypeTables,
+                                          plotStyleTables, m_drawing.colorDependentPlotStyles, layerTables, ownColumns,
+                                          static_cast<std::uint32_t>(m_drawing.currentLayer), setTables, stateTables,
+                                          lastRestored, entities, layoutTables, activeLayout, currentViewport,
+                                          referenceTables, applicationNames, dataTables, m_drawing.defaultLineWeight,
+                                          kUnknownLength, colorTables, m_drawing.linetypeScale);
     file::FinishDrawingBuffer(m_builder, root);
 }
 

@@ -20,6 +20,7 @@ class TableWriter {
     void write();
 
   private:
+    std::uint32_t version() const;
     template <class T> using Vector = flatbuffers::Offset<flatbuffers::Vector<flatbuffers::Offset<T>>>;
     using Text = flatbuffers::Offset<flatbuffers::String>;
 

@@ -157,6 +157,14 @@ struct ColumnTables {
     NamedColors namedColors;
 };
 
+/// The linetype scales that a drawing can have, and how users are told of them.
+inline constexpr double kSmallestLinetypeScale = 0.0001;
+inline constexpr double kLargestLinetypeScale = 1000000;
+inline constexpr const wchar_t* kLinetypeScaleText = L"a number from 0.0001 to 1000000";
+constexpr bool isLinetypeScale(double scale) {
+    return scale >= kSmallestLinetypeScale && scale <= kLargestLinetypeScale;
+}
+
 struct Drawing : ColumnTables {
     Handle nextHandle = 1;
     std::vector<Linetype> linetypes;
@@ -177,6 +185,7 @@ struct Drawing : ColumnTables {
     std::vector<std::wstring> applications; ///< registered for extended data
     std::vector<ExtendedData> extendedData;
     std::int16_t defaultLineWeight = 25; ///< hundredths of a millimetre
+    double linetypeScale = 1;            ///< by which the lengths of all dashes are multiplied
 };
 
 } // namespace zdr

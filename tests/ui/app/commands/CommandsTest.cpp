@@ -1,6 +1,7 @@
 // Every command, typed into the command line of the real window.
 
 #include "KelDbDatabase.h"
+#include "SystemRegistry.h"
 #include "WorkbenchFixture.h"
 #include "WorkbenchIds.h"
 
@@ -134,6 +135,7 @@ TEST_F(CommandsTest, VariablesHelpAndNew) {
         .then(answerBox(L"Save the changes to Drawing1?", IDNO))
         .then(said(L"A new drawing is open."))
         .look("the title", [](const View& view) { EXPECT_EQ(view.title(), L"Drawing1 - Kel Workbench"); })
+        .then(ask(L"SETVAR LTSCALE", L"LTSCALE = 1.0000"))
         .then(command(L"QUIT"));
     runWith(script);
 }
@@ -168,6 +170,85 @@ TEST_F(CommandsTest, ScriptAsksForAFile) {
     runAndThrowAway(script);
 }
 
+TEST_F(CommandsTest, AScriptStopsAtALineThatCouldntBeDone) {
+    writeText("stops.scr", "LAYER NEW First\nOPEN \"" + ui::narrow(path("missing.zdr")) + "\"\nLAYER DELETE First\n");
+    Script script;
+    script.then(command(L"SCRIPT " + path("stops.scr")))
+        .then(answerBox(L"missing.zdr", IDOK))
+        .then(said(L"has stopped, because a line couldn't be done: 1 line done, 1 failed, 1 not run."))
+        .look("the last line wasn't run", [this](const View&) { EXPECT_EQ(drawing().layers.size(), 2u); })
+        .then(command(L"SCRIPT --keep-going " + path("stops.scr")))
+        .then(answerBox(L"missing.zdr", IDOK))
+        .then(said(L"has ended: 2 lines done, 1 failed."))
+        .look("now it was", [this](const View&) { EXPECT_EQ(drawing().layers.size(), 1u); });
+    runAndThrowAway(script);
+}
+
+TEST_F(CommandsTest, AScriptStopsWhereTheChoiceOfADrawingIsCancelled) {
+    writeText("stops.scr", "LAYER NEW First\nOPEN\nLAYER DELETE First\n");
+    Script script;
+    script.then(command(L"SCRIPT " + path("stops.scr")))
+        .waitUntil("the file dialog", [](const View& view) { return view.title() == L"Open"; })
+        .press(VK_ESCAPE)
+        .then(said(L"No file is chosen, and nothing has changed.\r\nThe script "))
+        .then(said(L": 1 line done, 1 failed, 1 not run."))
+        .look("the last line wasn't run", [this](const View&) { EXPECT_EQ(drawing().layers.size(), 2u); });
+    runAndThrowAway(script);
+}
+
+TEST_F(CommandsTest, ADrawingIsNoScript) {
+    writeSample("plan.zdr");
+    Script script;
+    script.then(command(L"SCRIPT " + path("plan.zdr")))
+        .then(said(L"plan.zdr\" isn't text: choose a file of command lines, saved as UTF-8."))
+        .look("nothing was run",
+              [](const View& view) {
+                  const std::wstring history = View(view.control(IDC_COMMAND_PANE)).text(IDC_COMMAND_HISTORY);
+                  EXPECT_EQ(history.find(L"Unknown command"), std::wstring::npos);
+              })
+        .then(command(L"QUIT"));
+    runWith(script);
+}
+
+std::wstring g_statusInScript;
+
+/// A command that, for as long as input waits, takes so much time that the window looks at input after it. So the input
+/// is dealt with before a script of many such commands ends.
+void letInputIn() {
+    constexpr ULONGLONG kLongEnough = 25; // milliseconds; the window runs lines for less
+    const ULONGLONG start = GetTickCount64();
+    while (HIWORD(GetQueueStatus(QS_INPUT)) && GetTickCount64() - start < kLongEnough) {
+    }
+}
+
+// A command of the script itself plays the person, so that the input comes while the script runs. Another one notes
+// what the status line shows before the end.
+TEST_F(CommandsTest, WhatIsTypedAndWhichTabIsChosenWaitForTheEndOfTheScript) {
+    runtime::commandStack().addCommand(L"TEST", L"TYPE", L"TYPE", 0, [] {
+        ui::typeText(L"LAYER NEW Typed");
+        ui::pressKey(VK_RETURN);
+        ui::pressKey(VK_NEXT, ui::holdControl);
+    });
+    runtime::commandStack().addCommand(L"TEST", L"N", L"N", 0, letInputIn);
+    runtime::commandStack().addCommand(L"TEST", L"NOTE", L"NOTE", 0, [] {
+        g_statusInScript = View(AfxGetApp()->m_pMainWnd->m_hWnd).text(IDC_STATUS_LINE);
+    });
+    std::string lines = "TYPE\n";
+    for (int i = 0; i < 1000; ++i)
+        lines += "N\n";
+    writeText("long.scr", lines + "NOTE\nLAYER NEW Scripted\n");
+    Script script;
+    script.then(command(L"SCRIPT " + path("long.scr")))
+        .then(said(L"long.scr\" has ended: 1003 lines done.\r\nCommand: LAYER NEW Typed\r\n1 layer is made."))
+        .then(said(L"Command: LAYOUT \"Layout1\"\r\nThe layout \"Layout1\" is shown."))
+        .look("the script's layer came first", [this](const View&) {
+            ASSERT_EQ(drawing().layers.size(), 3u);
+            EXPECT_EQ(drawing().names.text(drawing().layers[1].name), L"Scripted");
+            EXPECT_EQ(g_statusInScript, L"Base | Model | The script goes first, then \"LAYOUT \"Layout1\"\".");
+        });
+    runAndThrowAway(script);
+}
+
 TEST_F(CommandsTest, EscStopsAScript) {
     std::string lines;
     for (int i = 0; i < 100000; ++i)
@@ -178,6 +259,7 @@ TEST_F(CommandsTest, EscStopsAScript) {
         .then(said(L"Command: REGEN"))
         .press(VK_ESCAPE)
         .then(said(L"The script is stopped; what it has done stays."))
+        .then(said(L" not run."))
         .then(command(L"QUIT"));
     runWith(script);
 }

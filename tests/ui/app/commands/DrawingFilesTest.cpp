@@ -37,6 +37,35 @@ Script expectTitle(const std::wstring& title) {
     return script;
 }
 
+/// The other program that has a drawing open.
+class Holder {
+  public:
+    explicit Holder(const std::wstring& drawing) {
+        wchar_t program[1024];
+        GetModuleFileNameW(nullptr, program, 1024);
+        std::wstring line =
+            L'"' + (fs::path(program).parent_path() / "drawing_holder.exe").wstring() + L"\" \"" + drawing + L'"';
+        STARTUPINFOW info{};
+        info.cb = sizeof info;
+        EXPECT_TRUE(
+            CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &info, &m_process));
+    }
+    ~Holder() {
+        CloseHandle(m_process.hThread);
+        CloseHandle(m_process.hProcess);
+    }
+    Holder(const Holder&) = delete;
+    Holder& operator=(const Holder&) = delete;
+
+    void kill() {
+        TerminateProcess(m_process.hProcess, 1);
+        WaitForSingleObject(m_process.hProcess, INFINITE);
+    }
+
+  private:
+    PROCESS_INFORMATION m_process{};
+};
+
 /// Sends the message that the system sends when a file is dropped on the window.
 void drop(HWND target, const std::wstring& path) {
     const SIZE_T size = sizeof(DROPFILES) + (path.size() + 2) * sizeof(wchar_t);
@@ -185,4 +214,31 @@ TEST_F(DrawingFilesTest, TheEndOfTheSystemsSessionAsksAboutUnsavedChanges) {
     script.then(ends()).then(answerBox(L"Save the changes to Drawing1?", IDNO)).then(answers(TRUE));
     script.then(command(L"QUIT")).then(answerBox(L"Save the changes to Drawing1?", IDNO));
     runWith(script);
+}
+
+TEST_F(DrawingFilesTest, ADrawingThatAnotherProgramHasOpenIsToldUntilThatIsKilled) {
+    writeSample("plan.zdr");
+    Holder holder(path("plan.zdr"));
+    const std::wstring told = L"Another program has \"plan.zdr\" open too";
+    Script script;
+    script
+        .waitUntil("the other program has it open",
+                   [this](const View&) { return fs::exists(path("plan.zdr") + L".lock"); })
+        .then(command(L"OPEN " + path("plan.zdr")))
+        .then(said(L"Opened " + path("plan.zdr") + L".\r\n" + told))
+        .look("the status line tells it too",
+              [told](const View& view) { EXPECT_NE(view.text(IDC_STATUS_LINE).find(told), std::wstring::npos); })
+        .look("the other program is killed", [&holder](const View&) { holder.kill(); })
+        .then(command(L"NEW"))
+        .then(command(L"OPEN " + path("plan.zdr")))
+        .then(said(L"Command: NEW\r\nA new drawing is open.\r\nCommand: OPEN " + path("plan.zdr") + L"\r\nOpened " +
+                   path("plan.zdr")))
+        .look("nothing more is told",
+              [this](const View& view) {
+                  EXPECT_TRUE(view.text(IDC_STATUS_LINE).ends_with(L"Opened " + path("plan.zdr") + L"."));
+              })
+        .then(command(L"QUIT"));
+    runWith(script);
+    window.reset();
+    EXPECT_FALSE(fs::exists(path("plan.zdr") + L".lock")) << "nothing is left beside the drawing";
 }

@@ -137,6 +137,10 @@ TEST_F(DrawingViewTest, BreaksADashedLine) {
         .then(expectRed("a dash as long as the line", [](long red) { return red > 800; }))
         .then(command(L"SETVAR LTSCALE 1"))
         .then(expectRed("half of the line again", [](long red) { return red > 300 && red < 800; }))
+        .then(command(L"U"))
+        .then(expectRed("the long dash, as before", [](long red) { return red > 800; }))
+        .then(command(L"U"))
+        .then(expectRed("half of the line as at first", [](long red) { return red > 300 && red < 800; }))
         .then(command(L"QUIT"));
     runWith(script);
 }

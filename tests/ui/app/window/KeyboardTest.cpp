@@ -283,3 +283,27 @@ TEST_F(KeyboardTest, EverythingHasANameForThoseWhoCantSeeIt) {
     script.then(command(L"QUIT"));
     runWith(script);
 }
+
+TEST_F(KeyboardTest, UndoAndRedoAreGreyWhenThereIsNothing) {
+    const auto isGrey = [](const View& view, UINT item) {
+        return (GetMenuState(GetMenu(view.window()), item, MF_BYCOMMAND) & MF_GRAYED) != 0;
+    };
+    // Opens the menu, looks at both items, and presses one's letter.
+    const auto inMenu = [&](bool undo, bool redo, WORD letter) {
+        Script script;
+        script.pressAlt(L'e')
+            .waitUntil("the items are as they should be",
+                       [=](const View& view) {
+                           return isGrey(view, ID_MENU_UNDO) == !undo && isGrey(view, ID_MENU_REDO) == !redo;
+                       })
+            .press(letter);
+        return script;
+    };
+    Script script;
+    script.then(inMenu(false, false, VK_ESCAPE)).press(VK_ESCAPE);
+    script.then(command(L"LAYER NEW Walls")).then(inMenu(true, false, 'U')).then(said(L"Command: UNDO"));
+    script.then(inMenu(false, true, 'R')).then(said(L"Command: REDO"));
+    script.then(inMenu(true, false, 'U')).then(said(L"Command: REDO\r\nThe change is made again.\r\nCommand: UNDO"));
+    script.then(command(L"QUIT"));
+    runWith(script);
+}

@@ -29,6 +29,7 @@ class BadArgumentsTest : public CommandFixture {
                                 line.begin() + static_cast<std::ptrdiff_t>(std::min<std::size_t>(line.size(), 60)));
         const std::uint64_t before = engine::changeCount(session.database());
         const std::wstring said = run(line);
+        EXPECT_EQ(done, line == L"LAYER NEW Walls") << about << ": a layer that is there is what was wanted";
         EXPECT_THAT(said, EndsWith(L".\n")) << about;
         EXPECT_EQ(std::ranges::count(said, L'\n'), 1) << about;
         EXPECT_LT(said.size(), 600u) << about << ": a message that long can't be read";
@@ -73,6 +74,7 @@ TEST_F(BadArgumentsTest, EnormousOnesAreRefusedByEveryCommand) {
         expectRefusal(line + kEnormous);
     for (const std::wstring line : {L"OPEN ", L"SAVEAS "}) {
         run(line + kEnormous);
+        EXPECT_FALSE(done);
         EXPECT_EQ(window.failures.size(), 1u) << "a file that can't be used is told so that it can't be missed";
         window.failures.clear();
     }

@@ -1,4 +1,4 @@
-// SCRIPT, and the lines that wait.
+// SCRIPT, and the lines of script files.
 
 #include "CommandFixture.h"
 #include "ScriptLines.h"
@@ -6,7 +6,6 @@
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::IsEmpty;
-using workbench::LineQueue;
 using workbench::scriptLines;
 
 using ScriptTest = CommandFixture;
@@ -41,10 +40,40 @@ TEST_F(ScriptTest, TellsWhenTheFileCantBeRead) {
     EXPECT_THAT(run(L"SCRIPT " + path("large.scr")), EndsWith(L" is larger than 16 MB: split it.\n"));
 }
 
+TEST_F(ScriptTest, StopsAtALineThatCantBeDoneUnlessItIsToKeepGoing) {
+    writeBytes("a b.scr", "MODEL\n");
+    for (const std::wstring& typed : {L"\"" + path("a b.scr") + L"\"", path("a b.scr")}) {
+        run(L"SCRIPT " + typed);
+        EXPECT_FALSE(window.scriptKeepsGoing);
+        EXPECT_EQ(run(L"SCRIPT --Keep-Going " + typed), L"Running " + path("a b.scr") + L".\n");
+        EXPECT_TRUE(window.scriptKeepsGoing);
+        EXPECT_THAT(window.scriptLines, ElementsAre(L"MODEL"));
+    }
+    window.chosenFile = path("a b.scr");
+    EXPECT_EQ(run(L"SCRIPT --keep-going"), L"Running " + path("a b.scr") + L".\n");
+    EXPECT_TRUE(window.scriptKeepsGoing);
+}
+
+TEST_F(ScriptTest, RefusesAFileThatIsntText) {
+    writeDrawing("house.zdr", drawing());
+    writeBytes("wide.scr", std::string("M\0O\0", 4));
+    writeBytes("bell.scr", "MODEL\n\x07\n");
+    for (const char* name : {"house.zdr", "wide.scr", "bell.scr"}) {
+        EXPECT_EQ(run(L"SCRIPT " + path(name)),
+                  L"The script \"" + path(name) + L"\" isn't text: choose a file of command lines, saved as UTF-8.\n");
+        EXPECT_FALSE(done);
+    }
+    EXPECT_THAT(window.scriptLines, IsEmpty());
+    writeBytes("text.scr", "\tMODEL\r\n\f\nLAYER NEW T\xFCr\n");
+    run(L"SCRIPT " + path("text.scr"));
+    EXPECT_EQ(window.scriptLines.size(), 3u) << "tabs, ends of lines and pages, and letters of other codes are text";
+}
+
 TEST_F(ScriptTest, TellsWhenScriptsGoTooDeep) {
     writeBytes("a.scr", "MODEL\n");
     window.takesScripts = false;
     EXPECT_THAT(run(L"SCRIPT " + path("a.scr")), EndsWith(L"look for one that runs itself.\n"));
+    EXPECT_FALSE(done);
 }
 
 TEST(ScriptLines, LeaveOutCommentsAndEmptyLines) {
@@ -54,47 +83,4 @@ TEST(ScriptLines, LeaveOutCommentsAndEmptyLines) {
 
 TEST(ScriptLines, AreUtf8) {
     EXPECT_THAT(scriptLines("OPEN B\xC3\xA4r.zdr\n"), ElementsAre(L"OPEN B\u00E4r.zdr"));
-}
-
-TEST(LineQueue, GivesLinesInOrder) {
-    LineQueue queue;
-    EXPECT_TRUE(queue.isEmpty());
-    queue.append({L"one", L"two"});
-    queue.append({L"three"});
-    EXPECT_EQ(queue.next(), L"one");
-    EXPECT_EQ(queue.next(), L"two");
-    EXPECT_EQ(queue.next(), L"three");
-    EXPECT_EQ(queue.next(), std::nullopt);
-}
-
-TEST(LineQueue, AScriptWithinAScriptGoesInFrontOfTheRest) {
-    LineQueue queue;
-    queue.append({L"SCRIPT inner", L"outer"});
-    queue.next();
-    EXPECT_TRUE(queue.enter({L"inner one", L"inner two"}));
-    EXPECT_EQ(queue.next(), L"inner one");
-    EXPECT_EQ(queue.next(), L"inner two");
-    EXPECT_EQ(queue.next(), L"outer");
-}
-
-TEST(LineQueue, AScriptThatRunsItselfIsStoppedAtALimit) {
-    LineQueue queue;
-    int runs = 0;
-    ASSERT_TRUE(queue.enter({L"SCRIPT self"}));
-    while (queue.next() && runs < 1000)
-        runs += queue.enter({L"SCRIPT self"});
-    EXPECT_EQ(runs, LineQueue::kDeepest - 1);
-}
-
-TEST(LineQueue, APersonsLineBeginsAnew) {
-    LineQueue queue;
-    for (int depth = 0; depth < LineQueue::kDeepest; ++depth) {
-        ASSERT_TRUE(queue.enter({L"SCRIPT self"}));
-        queue.next();
-    }
-    EXPECT_FALSE(queue.enter({L"x"}));
-    queue.interrupt();
-    EXPECT_TRUE(queue.enter({L"x"}));
-    queue.clear();
-    EXPECT_TRUE(queue.isEmpty());
 }

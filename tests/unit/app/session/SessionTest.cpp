@@ -7,8 +7,10 @@
 #include "RuntimeTest.h"
 #include "ScriptedWindow.h"
 #include "SystemRegistry.h"
+#include "TemporaryFolder.h"
 
 #include "files/DrawingFile.h"
+#include "files/FileFormat.h"
 #include "files/TextCoding.h"
 
 #include "drawing_generated.h"
@@ -21,6 +23,7 @@ using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 using testing::StartsWith;
 using workbench::SaveAnswer;
 
@@ -52,21 +55,18 @@ void failWithoutWord() {
 std::string drawingOfNewerVersion() {
     flatbuffers::FlatBufferBuilder builder;
     const auto start = builder.StartTable();
-    builder.AddElement<std::uint32_t>(zdr::file::Drawing::VT_VERSION, 3, 0);
+    builder.AddElement<std::uint32_t>(zdr::file::Drawing::VT_VERSION, zdr::kFileVersion + 1, 0);
     builder.Finish(flatbuffers::Offset<zdr::file::Drawing>(builder.EndTable(start)), zdr::file::DrawingIdentifier());
     return {reinterpret_cast<const char*>(builder.GetBufferPointer()), builder.GetSize()};
 }
 
 class SessionTest : public RuntimeTest {
   protected:
-    SessionTest() : folder(fs::temp_directory_path() / "kel-session-test"), session(window) {
-        fs::remove_all(folder);
-        fs::create_directories(folder);
+    SessionTest() : session(window) {
         runtime::commandStack().addCommand(L"TEST", L"TURNOFF", L"AUSSCHALTEN", 0, turnBaseLayerOff);
         runtime::commandStack().addCommand(L"TEST", L"THROW", L"THROW", 0, failWithoutWord);
         runtime::commandStack().addCommand(L"TEST", L"SEE", L"SEHEN", 0, seeArguments);
     }
-    ~SessionTest() override { fs::remove_all(folder); }
 
     void run(const std::wstring& line) {
         window.printed.clear();
@@ -78,7 +78,8 @@ class SessionTest : public RuntimeTest {
     }
     bool isBaseOn() const { return session.drawing().columns.flags[0] & zdr::kLayerOn; }
 
-    fs::path folder;
+    TemporaryFolder temporary; // goes after the session, which has a file in it open
+    fs::path folder{temporary.path()};
     ScriptedWindow window;
     workbench::Session session;
 };
@@ -163,6 +164,23 @@ TEST_F(SessionTest, SavesAndOpensAgain) {
     EXPECT_THAT(window.printed, EndsWith(L"Opened " + path("a b.zdr") + L".\n"));
 }
 
+TEST_F(SessionTest, IsUnmodifiedOnceWhatWasSavedIsBack) {
+    run(L"TURNOFF");
+    run(L"UNDO");
+    EXPECT_FALSE(session.isModified());
+    run(L"REDO");
+    EXPECT_TRUE(session.isModified());
+    run(L"SAVEAS " + path("off.zdr"));
+    run(L"UNDO");
+    EXPECT_TRUE(session.isModified()) << "the file holds what was taken back";
+    run(L"REDO");
+    EXPECT_FALSE(session.isModified());
+    run(L"UNDO");
+    run(L"TURNOFF");
+    EXPECT_TRUE(session.isModified()) << "nothing tells that this is the change that was saved";
+    EXPECT_THAT(window.questions, IsEmpty());
+}
+
 TEST_F(SessionTest, ADrawingThatCantBeReadLeavesTheOpenOneUntouched) {
     run(L"TURNOFF");
     run(L"SAVEAS " + path("good.zdr"));
@@ -191,6 +209,40 @@ TEST_F(SessionTest, ADrawingThatCantBeReadLeavesTheOpenOneUntouched) {
     EXPECT_TRUE(session.isModified());
     EXPECT_TRUE(isBaseOn());
     EXPECT_EQ(window.replaced, before);
+}
+
+TEST_F(SessionTest, TellsWhenAnotherProgramHasTheDrawingOpen) {
+    const wchar_t* told = L"Another program has \"a.zdr\" open too: whoever saves it later is asked before the other's "
+                          L"changes go.\n";
+    run(L"SAVEAS " + path("a.zdr"));
+    EXPECT_TRUE(zdr::OpenMark(path("a.zdr")).isOthers()) << "seen by others from when it is saved there";
+    run(L"OPEN " + path("a.zdr"));
+    EXPECT_THAT(window.printed, Not(HasSubstr(told))) << "it is open here";
+    run(L"NEW");
+    {
+        const zdr::OpenMark other(path("a.zdr"));
+        EXPECT_FALSE(other.isOthers()) << "it isn't open any more";
+        run(L"OPEN " + path("a.zdr"));
+        EXPECT_THAT(window.printed, EndsWith(L"Opened " + path("a.zdr") + L".\n" + told));
+        run(L"SAVE");
+        EXPECT_THAT(window.printed, EndsWith(L"Saved " + path("a.zdr") + L".\n")) << "it has been told";
+    }
+    run(L"OPEN " + path("a.zdr"));
+    EXPECT_THAT(window.printed, EndsWith(L"Opened " + path("a.zdr") + L".\n"));
+    const zdr::OpenMark other(path("b.zdr"));
+    run(L"SAVEAS " + path("b.zdr"));
+    EXPECT_THAT(window.printed, HasSubstr(L"Another program has \"b.zdr\" open too"));
+    EXPECT_FALSE(zdr::OpenMark(path("a.zdr")).isOthers());
+}
+
+TEST_F(SessionTest, KnowsWhetherThereIsSomethingToUndoOrRedo) {
+    EXPECT_FALSE(session.canUndo() || session.canRedo());
+    run(L"TURNOFF");
+    EXPECT_TRUE(session.canUndo() && !session.canRedo());
+    run(L"U");
+    EXPECT_TRUE(!session.canUndo() && session.canRedo());
+    run(L"REDO");
+    EXPECT_TRUE(session.canUndo() && !session.canRedo());
 }
 
 TEST_F(SessionTest, AsksForAPathThatWasntGiven) {

@@ -114,6 +114,8 @@ inline constexpr const wchar_t* kWrongLines[] = {
     L"SETVAR LTSCALE much",
     L"SETVAR LTSCALE 0",
     L"SETVAR LTSCALE -1",
+    L"SETVAR LTSCALE 1e-300",
+    L"SETVAR LTSCALE 1e300",
     L"SETVAR LAYERCOUNT 7",
     L"SETVAR TILEMODE 2",
     L"SETVAR CVPORT x",

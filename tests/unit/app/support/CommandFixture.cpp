@@ -6,20 +6,11 @@
 
 #include <fstream>
 
-namespace fs = std::filesystem;
-
-CommandFixture::CommandFixture() : folder(fs::temp_directory_path() / "kel-command-test"), session(window) {
-    fs::remove_all(folder);
-    fs::create_directories(folder);
-}
-
-CommandFixture::~CommandFixture() {
-    fs::remove_all(folder);
-}
+CommandFixture::CommandFixture() : session(window) {}
 
 std::wstring CommandFixture::run(const std::wstring& line) {
     window.printed.clear();
-    workbench::runLine(session, line);
+    done = workbench::runLine(session, line);
     const std::wstring echo = L"Command: " + line.substr(0, 1000);
     return window.printed.starts_with(echo) ? window.printed.substr(window.printed.find(L'\n') + 1) : window.printed;
 }

@@ -4,15 +4,15 @@
 #include "CommandDispatch.h"
 #include "RuntimeTest.h"
 #include "ScriptedWindow.h"
+#include "TemporaryFolder.h"
 
 #include <filesystem>
 
 class CommandFixture : public RuntimeTest {
   protected:
     CommandFixture();
-    ~CommandFixture() override;
 
-    /// Runs a line and answers what it printed, without the echo of the line.
+    /// Runs a line and answers what it printed, without the echo of the line. `done` tells whether it could be done.
     std::wstring run(const std::wstring& line);
     std::wstring path(const char* name) const;
     void writeBytes(const char* name, const std::string& bytes) const;
@@ -22,7 +22,9 @@ class CommandFixture : public RuntimeTest {
     unsigned flags(const std::wstring& name) const;
     const zdr::Drawing& drawing() const { return session.drawing(); }
 
-    std::filesystem::path folder;
+    bool done = true;
+    TemporaryFolder temporary; // goes after the session, which has a file in it open
+    std::filesystem::path folder{temporary.path()};
     ScriptedWindow window;
     workbench::Session session;
 };

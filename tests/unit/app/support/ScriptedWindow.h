@@ -17,6 +17,7 @@ class ScriptedWindow : public workbench::SessionWindow {
     int replaced = 0, changed = 0, zoomed = 0, quits = 0;
     double scale = 1;
     std::vector<std::wstring> scriptLines;
+    bool scriptKeepsGoing = false;
     bool takesScripts = true;
     std::vector<std::wstring> modules;
     std::wstring moduleProblem;
@@ -50,9 +51,11 @@ class ScriptedWindow : public workbench::SessionWindow {
     void drawingChanged() override { ++changed; }
     void zoomExtents() override { ++zoomed; }
     void zoomBy(double factor) override { scale *= factor; }
-    bool runScript(const std::vector<std::wstring>& lines) override {
-        if (takesScripts)
-            scriptLines = lines;
+    bool runScript(workbench::Script script) override {
+        if (takesScripts) {
+            scriptLines = std::move(script.lines);
+            scriptKeepsGoing = script.keepsGoing;
+        }
         return takesScripts;
     }
     std::wstring loadModule(const std::wstring& path) override {

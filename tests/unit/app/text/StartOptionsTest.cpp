@@ -15,6 +15,9 @@ TEST(StartOptions, TakeADrawingAndSwitchesInAnyOrder) {
     EXPECT_EQ(options.module, L"m.xmod");
     EXPECT_EQ(options.script, L"s");
     EXPECT_THAT(options.commands, ElementsAre(L"LAYERSTATE", L"QUIT"));
+    EXPECT_FALSE(options.keepsGoing);
+    EXPECT_TRUE(parseStartOptions({L"--keep-going", L"house.zdr"}).keepsGoing);
+    EXPECT_EQ(parseStartOptions({L"--keep-going", L"house.zdr"}).drawing, L"house.zdr");
     EXPECT_EQ(options.error, L"");
 }
 

@@ -1,0 +1,94 @@
+// The lines that wait, those of scripts among them: they are run one after the other, by runLine(), and now and then
+// input is looked at.
+
+#include "MainWindow.h"
+
+#include "CommandDispatch.h"
+#include "CommandText.h"
+
+namespace workbench {
+
+namespace {
+
+// A timer runs the lines that wait, because its messages come after all input and painting. Posted messages would come
+// before those, and a long script could be neither watched nor stopped.
+constexpr UINT_PTR kLineTimer = 1;
+constexpr ULONGLONG kLineTime = 20; // milliseconds for which lines are run before input is looked at again
+
+} // namespace
+
+void MainWindow::run(const std::wstring& line) {
+    // A command's dialog disables this window, but posted messages and dropped files would still come through.
+    if (m_running)
+        return;
+    const bool waits = !m_waiting.isEmpty();
+    m_waiting.append(line);
+    if (waits)
+        tell(L"The script goes first, then " + quotation(line) + L".");
+    else
+        runNextLine();
+}
+
+void MainWindow::runNextLine() {
+    const auto line = m_waiting.next();
+    m_running = true;
+    const bool done = !line || runLine(*m_session, *line);
+    m_running = false;
+    if (!m_hWnd)
+        return;
+    if (const std::wstring told = m_waiting.end(done); !told.empty())
+        print(told);
+    refresh();
+    startTimer();
+}
+
+void MainWindow::runLater(std::vector<std::wstring> lines, bool keepsGoing) {
+    if (!lines.empty() && m_waiting.enter({{}, std::move(lines), keepsGoing}))
+        startTimer();
+}
+
+void MainWindow::startTimer() {
+    if (!m_gathers && !m_waiting.isEmpty())
+        SetTimer(kLineTimer, 0, nullptr);
+}
+
+void MainWindow::stopScript() {
+    if (const std::wstring told = m_waiting.stop(); !told.empty())
+        print(told);
+}
+
+void MainWindow::OnTimer(UINT_PTR timer) {
+    if (timer != kLineTimer) {
+        CWnd::OnTimer(timer);
+        return;
+    }
+    if (m_running)
+        return;
+    const ULONGLONG start = ::GetTickCount64();
+    m_gathers = true;
+    while (m_hWnd && !m_waiting.isEmpty() && ::GetTickCount64() - start < kLineTime)
+        runNextLine();
+    m_gathers = false;
+    if (!m_hWnd)
+        return;
+    say();
+    refresh();
+    if (m_waiting.isEmpty())
+        KillTimer(kLineTimer);
+}
+
+void MainWindow::OnEnable(BOOL enable) {
+    CWnd::OnEnable(enable);
+    // A dialog opens over this window, which has to show how things stand.
+    m_gathers = false;
+    say();
+    refresh();
+}
+
+/// Shows in the history what has been gathered.
+void MainWindow::say() {
+    m_command.print(m_unsaid);
+    m_unsaid.clear();
+}
+
+} // namespace workbench
