@@ -48,7 +48,7 @@ class UndoHistory {
     struct Step {
         std::vector<Change> changes;
         bool columns = false, settings = false;
-        std::unordered_set<zdr::Handle> objects; // states and viewports that are in `changes` already
+        std::unordered_set<zdr::Handle, zdr::HandleHash> objects; // states and viewports that are in `changes` already
     };
     void add(Change change);
     void forgetUndone();

@@ -3,6 +3,7 @@
 #include "TextCoding.h"
 #include "values/NameRules.h"
 
+#include <unordered_map>
 #include <unordered_set>
 
 namespace zdr {
@@ -19,12 +20,12 @@ bool needsMending(const LayerState& state) {
 /// The names that states have, and others that are free beside them.
 class StateNames {
   public:
-    void take(std::wstring_view name) { m_taken.insert(foldCase(name)); }
+    void take(const std::wstring& name) { m_taken.insert(name); }
     /// The name itself, or else a numbered one. It is taken from then on.
     std::wstring free(const std::wstring& name) {
         std::wstring candidate = name;
         const std::wstring stem(cutToUnits(name, engine::kMaxNameLength - kRoomForNumber));
-        while (!m_taken.insert(foldCase(candidate)).second)
+        while (!m_taken.insert(candidate).second)
             candidate = stem + L' ' + std::to_wstring(nextNumber(stem));
         return candidate;
     }
@@ -33,13 +34,13 @@ class StateNames {
     static constexpr std::size_t kRoomForNumber = 11; // a blank and ten digits
 
     /// A number for each name would be sought from the beginning again, and a file can hold very many.
-    std::uint32_t nextNumber(std::wstring_view stem) {
-        std::uint32_t& last = m_lastNumbers.try_emplace(foldCase(stem), 1).first->second;
+    std::uint32_t nextNumber(const std::wstring& stem) {
+        std::uint32_t& last = m_lastNumbers.try_emplace(stem, 1).first->second;
         return ++last;
     }
 
-    std::unordered_set<std::wstring> m_taken; // folded
-    std::unordered_map<std::wstring, std::uint32_t> m_lastNumbers;
+    std::unordered_set<std::wstring, FoldedHash, FoldedEqual> m_taken;
+    std::unordered_map<std::wstring, std::uint32_t, FoldedHash, FoldedEqual> m_lastNumbers;
 };
 
 } // namespace
