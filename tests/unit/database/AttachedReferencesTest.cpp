@@ -242,12 +242,12 @@ TEST_F(NestedReferences, ThatAreNotThereLeaveTheirLayersUnresolved) {
 
 TEST_F(NestedReferences, TellWhichOfTheirStatesTheirFilesCallOtherwise) {
     zdr::Drawing garden = *site(), plot = *showing({{L"garden", nullptr}});
-    garden.mendedStates = {{L"Sum/mer", L"Summer"}};
+    garden.mendedNames = {{L"Sum/mer", L"Summer"}};
     plot.references[0].drawing = std::make_shared<const zdr::Drawing>(garden);
-    plot.mendedStates = {{L"a:b", L"a_b"}};
+    plot.mendedNames = {{L"a:b", L"a_b"}};
     const auto told = [this] {
         std::vector<std::wstring> names;
-        for (const zdr::MendedName& name : drawing().mendedStates)
+        for (const zdr::MendedName& name : drawing().mendedNames)
             names.push_back(name.was + L" " + name.now);
         return names;
     };
@@ -256,7 +256,7 @@ TEST_F(NestedReferences, TellWhichOfTheirStatesTheirFilesCallOtherwise) {
         EXPECT_THAT(told(), ElementsAre(L"site!a:b site!a_b", L"site!garden!Sum/mer site!garden!Summer"));
     }
     zdr::Drawing again = drawing();
-    again.mendedStates.insert(again.mendedStates.begin(), {L"own?", L"own_"});
+    again.mendedNames.insert(again.mendedNames.begin(), {L"own?", L"own_"});
     use(std::move(again));
     EXPECT_THAT(told(), ElementsAre(L"own? own_", L"site!a:b site!a_b", L"site!garden!Sum/mer site!garden!Summer"));
     detach();
@@ -265,7 +265,7 @@ TEST_F(NestedReferences, TellWhichOfTheirStatesTheirFilesCallOtherwise) {
 
 TEST_F(NestedReferences, AreFollowedByTheLastRestoredStateWhereTheirFileCallsItOtherwise) {
     zdr::Drawing garden = *site();
-    garden.mendedStates = {{L"Sum/mer", L"Summer"}};
+    garden.mendedNames = {{L"Sum/mer", L"Summer"}};
     zdr::Drawing outer = drawing();
     outer.lastRestored = L"SITE!garden!sum/mer";
     outer.references[0].drawing = showing({{L"garden", std::make_shared<const zdr::Drawing>(garden)}});

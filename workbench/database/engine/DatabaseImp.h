@@ -95,8 +95,8 @@ class DatabaseImp : public KelDbImpDatabase {
     void removeStates(const std::vector<bool>& gone);
     void followLinetype(std::size_t index, zdr::Linetype theirs);
     void followLayer(std::size_t index, std::wstring description, bool unresolvedInside);
-    void appendMendedState(zdr::MendedName name) { m_drawing.mendedStates.push_back(std::move(name)); }
-    template <class Goes> void dropMendedStates(Goes goes) { std::erase_if(m_drawing.mendedStates, goes); }
+    void appendMendedName(zdr::MendedName name) { m_drawing.mendedNames.push_back(std::move(name)); }
+    template <class Goes> void dropMendedNames(Goes goes) { std::erase_if(m_drawing.mendedNames, goes); }
     void setReferenceDrawing(std::size_t reference, std::shared_ptr<const zdr::Drawing> drawing);
     UndoHistory& history() { return m_history; }
     const UndoHistory& history() const { return m_history; }

@@ -72,7 +72,7 @@ class Attachment {
         enterMissingStyles();
         for (const zdr::LayerState& state : m_from.states)
             enterState(state);
-        enterMendedStates();
+        enterMendedNames();
     }
 
   private:
@@ -190,13 +190,13 @@ class Attachment {
     }
 
     // The drawing may have kept as its last restored state one that its reference's file calls otherwise.
-    void enterMendedStates() {
-        for (const zdr::MendedName& theirs : m_from.mendedStates) {
-            zdr::MendedName name{m_prefix + theirs.was, m_prefix + theirs.now};
+    void enterMendedNames() {
+        for (const zdr::MendedName& theirs : m_from.mendedNames) {
+            zdr::MendedName name{m_prefix + theirs.was, m_prefix + theirs.now, theirs.bearer};
             const std::optional<std::wstring>& last = m_database.drawing().lastRestored;
-            if (last && zdr::equalFolded(*last, name.was))
+            if (name.bearer == zdr::Bearer::LayerState && last && zdr::equalFolded(*last, name.was))
                 m_database.setLastRestored(name.now);
-            m_database.appendMendedState(std::move(name));
+            m_database.appendMendedName(std::move(name));
         }
     }
 
@@ -261,7 +261,7 @@ void attachReference(DatabaseImp& database, std::size_t reference, std::shared_p
     const ForgottenHistory forgotten(database);
     dropStates(database, [reference](const zdr::LayerState& state) { return state.reference == reference; });
     const std::wstring prefix = database.drawing().references[reference].name + kReferenceSeparator;
-    database.dropMendedStates([&prefix](const zdr::MendedName& name) { return name.now.starts_with(prefix); });
+    database.dropMendedNames([&prefix](const zdr::MendedName& name) { return name.now.starts_with(prefix); });
     enterReference(database, reference, std::move(drawing));
 }
 
@@ -274,7 +274,7 @@ void attachReferences(DatabaseImp& database) {
         return state.reference != zdr::kNone && references[state.reference].drawing;
     };
     dropStates(database, isShown);
-    database.dropMendedStates(
+    database.dropMendedNames(
         [](const zdr::MendedName& name) { return name.now.find(kReferenceSeparator) != std::wstring::npos; });
     for (std::size_t index = 0; index < references.size(); ++index)
         if (references[index].drawing)

@@ -25,6 +25,12 @@ void checkPoint(const Point& point, const Place& place) {
     checkNumber(point.y, place);
 }
 
+/// Refuses a name by the status that the rules for names give it.
+void requireAllowed(Vorn::ErrorStatus status, const Place& place) {
+    if (status != Vorn::eOk)
+        refuse(place, L"has a character in its name that isn't allowed there");
+}
+
 /// Names of one kind, which must differ without regard to case.
 class UniqueTexts {
   public:
@@ -163,6 +169,7 @@ void DrawingCheck::checkStyles() {
     for (std::size_t i = 0; i < m_drawing.linetypes.size(); ++i) {
         const Place place{L"linetype", i};
         linetypes.add(m_drawing.linetypes[i].name, place, kLongestReferenceName);
+        requireAllowed(engine::checkQualifiedName(m_drawing.names.text(m_drawing.linetypes[i].name)), place);
         for (const double length : m_drawing.linetypes[i].pattern)
             checkNumber(length, place);
     }
@@ -170,6 +177,7 @@ void DrawingCheck::checkStyles() {
     for (std::size_t i = 0; i < m_drawing.plotStyles.size(); ++i) {
         const Place place{L"plot style", i};
         plotStyles.add(m_drawing.plotStyles[i].name, place, kLongestReferenceName);
+        requireAllowed(engine::checkQualifiedName(m_drawing.names.text(m_drawing.plotStyles[i].name)), place);
     }
 }
 
@@ -180,8 +188,15 @@ void DrawingCheck::checkLayers() {
         Place place{L"layer", i};
         names.add(layer.name, place, layer.reference == kNone ? engine::kMaxNameLength : kLongestReferenceName);
         place.name = m_drawing.names.text(layer.name);
-        if (layer.reference != kNone && layer.reference >= m_drawing.references.size())
+        requireAllowed(
+            layer.reference == kNone ? engine::checkName(place.name) : engine::checkQualifiedName(place.name), place);
+        if (layer.reference == kNone)
+            continue;
+        if (layer.reference >= m_drawing.references.size())
             refuseIndex(place, L"reference", layer.reference, m_drawing.references.size());
+        const std::wstring prefix = m_drawing.references[layer.reference].name + engine::kReferenceSeparator;
+        if (!equalFolded(place.name.substr(0, prefix.size()), prefix))
+            refuse(place, L"doesn't bear the name of its reference, \"" + prefix + L"\"");
     }
     if (m_drawing.currentLayer >= m_drawing.layers.size())
         refuseIndex({L"the current layer"}, L"layer", m_drawing.currentLayer, m_drawing.layers.size());
@@ -203,8 +218,7 @@ void DrawingCheck::checkStates() {
             continue; // belongs to another file
         const Place place{L"layer state", i, state.name};
         names.add(state.name, place);
-        if (engine::checkStateName(state.name) != Vorn::eOk)
-            refuse(place, L"has a character in its name that isn't allowed there");
+        requireAllowed(engine::checkStateName(state.name), place);
         if (!state.layers)
             refuse(place, L"has no layers");
         checkLayerSet(*state.layers, place);
@@ -311,6 +325,7 @@ void DrawingCheck::checkReferences() {
         const Reference& reference = m_drawing.references[i];
         const Place place{L"reference", i, reference.name};
         names.add(reference.name, place);
+        requireAllowed(engine::checkName(reference.name), place);
         if (reference.path.empty())
             refuse(place, L"has no path");
         checkPoint(reference.insertion, place);
