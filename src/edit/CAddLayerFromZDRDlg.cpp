@@ -13,8 +13,8 @@
 #include "resource.h"
 
 #include <memory>
+#include <set>
 #include <string_view>
-#include <unordered_set>
 
 namespace {
 
@@ -84,8 +84,8 @@ void CAddLayerFromZDRDlg::readLayers(const KelDbLayerTable& table) {
         return;
     }
     const std::unique_ptr<KelDbLayerTableIterator> iterator(found);
-    // Equal names are those that KelString finds equal: the same characters.
-    std::unordered_set<std::wstring_view> inState;
+    // Equal names are those that KelString finds equal: the same characters. Names may be chosen to have equal hashes.
+    std::set<std::wstring_view> inState;
     for (const KelString& existing : m_existingNames)
         inState.insert(existing.kwszPtr());
     for (; !iterator->done(); iterator->step(true, true)) {

@@ -6,8 +6,8 @@
 #include <afx.h>
 
 #include <memory>
+#include <set>
 #include <string>
-#include <unordered_set>
 
 /// The names that the list's rows bear, asked for without regard to case.
 class RowNames {
@@ -17,7 +17,7 @@ class RowNames {
     bool hold(const wchar_t* name) const;
 
   private:
-    std::unordered_set<std::wstring> m_names; ///< in lower case
+    std::set<std::wstring> m_names; ///< in lower case; names from files may be chosen to have equal hashes
 };
 
 /// Finds the first of the drawing's states, in the host's order, that has no row in the list, which is still the one

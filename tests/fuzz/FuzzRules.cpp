@@ -21,7 +21,7 @@ zdr::Drawing savedAndRead(const zdr::Drawing& drawing) {
     zdr::Drawing again;
     stopUnless(zdr::readDrawingBytes(written, L"saved", again, reason) == Vorn::eOk, "what was saved can't be read",
                zdr::toUtf8(reason));
-    stopUnless(again.mendedStates.empty(), "what was saved has names to be mended");
+    stopUnless(again.mendedNames.empty(), "what was saved has names to be mended");
     const std::string lost = difference(drawing, again);
     stopUnless(lost.empty(), "saving loses something", lost);
     return again;

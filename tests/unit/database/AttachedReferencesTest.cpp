@@ -149,6 +149,16 @@ TEST_F(AttachedReferences, AnUnresolvedLayerIsNotOverriddenEither) {
     EXPECT_EQ(shown.colors[layer(L"site!Trees")], 5u);
 }
 
+TEST_F(AttachedReferences, LayersThatTheStateDoesNotHoldAreTurnedOffUnresolvedOrNot) {
+    states().saveLayerState(L"Plan", MaskColor);
+    attach();
+    detach();
+    EXPECT_EQ(restore(L"Plan", RestoreFlagLayerNotFound), Vorn::eOk);
+    EXPECT_FALSE(hasFlag(L"site!Trees", zdr::kLayerOn));
+    EXPECT_FALSE(hasFlag(L"site!Base", zdr::kLayerOn));
+    EXPECT_TRUE(hasFlag(L"Walls", zdr::kLayerOn));
+}
+
 TEST_F(AttachedReferences, HeldByANewDrawingAreAttachedWithIt) {
     zdr::Drawing withReference = makeDrawing();
     withReference.references.push_back({.name = L"site", .path = L"site.zdr", .insertion = {}, .drawing = site()});
@@ -232,12 +242,12 @@ TEST_F(NestedReferences, ThatAreNotThereLeaveTheirLayersUnresolved) {
 
 TEST_F(NestedReferences, TellWhichOfTheirStatesTheirFilesCallOtherwise) {
     zdr::Drawing garden = *site(), plot = *showing({{L"garden", nullptr}});
-    garden.mendedStates = {{L"Sum/mer", L"Summer"}};
+    garden.mendedNames = {{L"Sum/mer", L"Summer"}};
     plot.references[0].drawing = std::make_shared<const zdr::Drawing>(garden);
-    plot.mendedStates = {{L"a:b", L"a_b"}};
+    plot.mendedNames = {{L"a:b", L"a_b"}};
     const auto told = [this] {
         std::vector<std::wstring> names;
-        for (const zdr::MendedName& name : drawing().mendedStates)
+        for (const zdr::MendedName& name : drawing().mendedNames)
             names.push_back(name.was + L" " + name.now);
         return names;
     };
@@ -246,7 +256,7 @@ TEST_F(NestedReferences, TellWhichOfTheirStatesTheirFilesCallOtherwise) {
         EXPECT_THAT(told(), ElementsAre(L"site!a:b site!a_b", L"site!garden!Sum/mer site!garden!Summer"));
     }
     zdr::Drawing again = drawing();
-    again.mendedStates.insert(again.mendedStates.begin(), {L"own?", L"own_"});
+    again.mendedNames.insert(again.mendedNames.begin(), {L"own?", L"own_"});
     use(std::move(again));
     EXPECT_THAT(told(), ElementsAre(L"own? own_", L"site!a:b site!a_b", L"site!garden!Sum/mer site!garden!Summer"));
     detach();
@@ -255,7 +265,7 @@ TEST_F(NestedReferences, TellWhichOfTheirStatesTheirFilesCallOtherwise) {
 
 TEST_F(NestedReferences, AreFollowedByTheLastRestoredStateWhereTheirFileCallsItOtherwise) {
     zdr::Drawing garden = *site();
-    garden.mendedStates = {{L"Sum/mer", L"Summer"}};
+    garden.mendedNames = {{L"Sum/mer", L"Summer"}};
     zdr::Drawing outer = drawing();
     outer.lastRestored = L"SITE!garden!sum/mer";
     outer.references[0].drawing = showing({{L"garden", std::make_shared<const zdr::Drawing>(garden)}});
@@ -303,6 +313,51 @@ TEST_F(AttachedReferences, ALayerThatTheirFileNoLongerHasStaysUnresolvedWhileSom
     EXPECT_FALSE(record->isResolved());
 }
 
+TEST_F(AttachedReferences, LayersThatGoTakeAlongOnlyWhatIsSaidOfThem) {
+    attach();
+    engine::addLayer(m_database, L"Last");
+    engine::setCurrentLayer(m_database, layer(L"Last"));
+    states().saveLayerState(L"Plan", MaskAllProperties);
+    setColor(L"Last", 4);
+    zdr::Drawing drawn = drawing();
+    drawn.layouts[0].entities.push_back({.layer = layer(L"Last"), .color = {}, .geometry = zdr::Circle{}});
+    use(std::move(drawn));
+    const zdr::Handle seen = viewport().handle;
+    for (const wchar_t* name : {L"site!Base", L"site!Trees", L"Last"}) {
+        engine::setFrozenInViewport(m_database, seen, layer(name), true);
+        engine::setOverride(m_database, seen, {layer(name), MaskColor, 6});
+    }
+    const KelDbObjectId last = layerId(L"Last"), trees = layerId(L"site!Trees");
+    engine::attachReference(m_database, 0, std::make_shared<const zdr::Drawing>(makeDrawing()));
+    ASSERT_EQ(drawing().layers.size(), 4u) << "Base, Walls, site!Base and Last";
+    const std::size_t now = layer(L"Last");
+    EXPECT_EQ(now, 3u);
+    EXPECT_EQ(drawing().layerSet->names[now], nameId(L"Last"));
+    EXPECT_EQ(drawing().currentLayer, now);
+    EXPECT_EQ(drawing().layouts[0].entities[0].layer, now);
+    EXPECT_EQ(values(L"Last").color, 4u);
+    EXPECT_EQ(viewport().frozen, (std::vector<bool>{false, false, true, true}));
+    EXPECT_THAT(viewport().overrides,
+                ElementsAre(zdr::ViewportOverride{2, MaskColor, 6}, zdr::ViewportOverride{3, MaskColor, 6}));
+    EXPECT_EQ(engine::layerIndex(m_database, last), now);
+    EXPECT_EQ(engine::layerIndex(m_database, trees), zdr::kNone) << "erased";
+    EXPECT_EQ(restore(L"Plan"), Vorn::eOk);
+    EXPECT_EQ(values(L"Last").color, 7u);
+}
+
+TEST_F(AttachedReferences, StatesOfOthersStayWhenOneIsLeftOut) {
+    zdr::Drawing two = makeDrawing();
+    for (const wchar_t* name : {L"north", L"south"})
+        two.references.push_back({.name = name, .path = L"site.zdr", .insertion = {}, .drawing = site()});
+    use(std::move(two));
+    states().saveLayerState(L"Plan", MaskAllProperties);
+    engine::attachReference(m_database, 0, nullptr);
+    EXPECT_THAT(stateNames(), ElementsAre(L"Plan", L"south!Summer"));
+    EXPECT_EQ(restore(L"south!Summer"), Vorn::eOk);
+    engine::attachReference(m_database, 0, site());
+    EXPECT_THAT(stateNames(), ElementsAre(L"Plan", L"south!Summer", L"north!Summer"));
+}
+
 TEST_F(AttachedReferences, TheirLinetypesFollowTheirFile) {
     attach();
     zdr::Drawing changed = *site();
@@ -310,4 +365,23 @@ TEST_F(AttachedReferences, TheirLinetypesFollowTheirFile) {
     engine::attachReference(m_database, 0, std::make_shared<const zdr::Drawing>(std::move(changed)));
     EXPECT_THAT(drawing().linetypes.back().pattern, ElementsAre(9, -9));
     EXPECT_EQ(drawing().linetypes.size(), 4u);
+}
+
+TEST_F(AttachedReferences, StylesThatTheirLayersNameAloneAreListedWithThem) {
+    zdr::Drawing bare = makeDrawing({{.name = L"Trees", .linetype = L"Wavy", .plotStyle = L"Bold"}});
+    engine::attachReference(m_database, 0, std::make_shared<const zdr::Drawing>(std::move(bare)));
+    ASSERT_EQ(values(L"site!Trees").linetype, nameId(L"site!Wavy"));
+    EXPECT_EQ(drawing().linetypes.back().name, nameId(L"site!Wavy"));
+    EXPECT_TRUE(drawing().linetypes.back().pattern.empty());
+    EXPECT_EQ(drawing().plotStyles.back().name, nameId(L"site!Bold"));
+    states().saveLayerState(L"Plan", MaskAllProperties);
+    change(L"site!Trees", [this](engine::LayerValues& trees) {
+        trees.linetype = nameId(L"Dotted");
+        trees.plotStyle = nameId(L"Fine");
+    });
+    EXPECT_EQ(restore(L"Plan"), Vorn::eOk);
+    EXPECT_EQ(values(L"site!Trees").linetype, nameId(L"site!Wavy"));
+    EXPECT_EQ(values(L"site!Trees").plotStyle, nameId(L"site!Bold"));
+    attach();
+    EXPECT_THAT(drawing().linetypes.back().pattern, ElementsAre(2, -1)) << "the file has it now";
 }

@@ -9,6 +9,7 @@
 namespace {
 
 int g_allocationsLeft = 0; // counts down to the one that fails; 0: none is to
+std::size_t g_allocatedBytes = 0;
 
 bool g_measures = false;
 std::int64_t g_allocated = 0; // bytes since the measuring began; what is older may go meanwhile
@@ -52,10 +53,15 @@ bool FailingAllocation::hasStruck() const {
     return g_allocationsLeft == 0;
 }
 
+std::size_t allocatedBytes() {
+    return g_allocatedBytes;
+}
+
 // All forms but the aligned ones are replaced, so that no block comes from one allocator and goes back to another.
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     if (g_allocationsLeft > 0 && --g_allocationsLeft == 0)
         return nullptr;
+    g_allocatedBytes += size;
     return allocate(size);
 }
 void* operator new(std::size_t size) {

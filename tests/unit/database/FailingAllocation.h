@@ -23,3 +23,6 @@ class PeakMemory {
     PeakMemory& operator=(const PeakMemory&) = delete;
     std::size_t bytes() const;
 };
+
+/// The bytes that all allocations so far have asked for, given back or not.
+std::size_t allocatedBytes();

@@ -200,11 +200,15 @@ TEST_F(StateRestore, AnswersAMissingLinetypeAndDoesTheRest) {
 }
 
 TEST_F(StateRestore, MissesNoStyleThatTheLayerHasAlready) {
-    // A layer whose reference isn't there names styles that only the reference would bring.
+    // Names that are known, but of no style.
     zdr::Drawing source = drawing();
-    source.columns.linetypes.set(1, source.names.intern(L"site!Wavy"));
-    source.columns.plotStyles.set(1, source.names.intern(L"site!Bold"));
+    source.names.intern(L"site!Wavy");
+    source.names.intern(L"site!Bold");
     use(std::move(source));
+    change(L"Walls", [this](engine::LayerValues& walls) {
+        walls.linetype = nameId(L"site!Wavy");
+        walls.plotStyle = nameId(L"site!Bold");
+    });
     ASSERT_EQ(states().saveLayerState(L"Plan", MaskAllProperties), Vorn::eOk);
     setColor(L"Walls", 3);
     EXPECT_EQ(restore(L"Plan"), Vorn::eOk);

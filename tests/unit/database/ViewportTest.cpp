@@ -169,6 +169,22 @@ TEST_F(Viewports, AStateSavedInOneIsRestoredWithoutOneToTheLayers) {
     EXPECT_FALSE(hasFlag(L"Doors", zdr::kLayerViewportFrozen));
 }
 
+TEST_F(Viewports, ALinetypeThatIsMissingIsNotMissedWhereTheViewportShowsItAlready) {
+    zdr::Drawing source = drawing();
+    source.names.intern(L"site!Wavy"); // the name of no linetype
+    use(std::move(source));
+    change(L"Walls", [this](engine::LayerValues& walls) { walls.linetype = nameId(L"site!Wavy"); });
+    ASSERT_EQ(states().saveLayerState(L"Plan", MaskLinetype), Vorn::eOk);
+    EXPECT_EQ(restore(L"Plan", RestoreFlagAsOverrides, viewportId()), Vorn::eOk);
+    engine::setOverride(m_database, viewport().handle,
+                        {.layer = 1, .mask = MaskLinetype, .linetype = nameId(L"Dotted")});
+    EXPECT_EQ(restore(L"Plan", RestoreFlagAsOverrides, viewportId()), Vorn::eStyleMissing);
+    engine::setOverride(m_database, viewport().handle,
+                        {.layer = 1, .mask = MaskLinetype, .linetype = nameId(L"site!Wavy")});
+    change(L"Walls", [this](engine::LayerValues& walls) { walls.linetype = nameId(L"Dotted"); });
+    EXPECT_EQ(restore(L"Plan", RestoreFlagAsOverrides, viewportId()), Vorn::eOk);
+}
+
 TEST_F(Viewports, ALinetypeThatIsMissingIsNotOverridden) {
     zdr::Drawing source = makeDrawing({{.name = L"Walls", .color = 4, .linetype = L"Wavy"}});
     KelDbDatabase other(false, true);

@@ -103,6 +103,23 @@ TEST_F(TempLayerState, PutsBackEveryPropertyAndTheCurrentLayer) {
     EXPECT_EQ(drawing().currentLayer, layer(L"Doors"));
 }
 
+TEST_F(TempLayerState, IsGoneAfterwardsWhereLayersNameStylesThatTheDrawingDoesNotList) {
+    zdr::Drawing source = drawing();
+    source.columns.linetypes.set(1, source.names.intern(L"site!Wavy"));
+    source.columns.plotStyles.set(2, source.names.intern(L"site!Bold"));
+    use(std::move(source));
+    {
+        const CTempLayerState guard;
+        task();
+        change(L"Walls", [this](engine::LayerValues& walls) { walls.linetype = nameId(L"Dotted"); });
+        change(L"Doors", [this](engine::LayerValues& doors) { doors.plotStyle = nameId(L"Normal"); });
+    }
+    EXPECT_TRUE(layersAreBack());
+    EXPECT_EQ(values(L"Walls").linetype, nameId(L"site!Wavy"));
+    EXPECT_EQ(values(L"Doors").plotStyle, nameId(L"site!Bold"));
+    EXPECT_THAT(stateNames(), IsEmpty());
+}
+
 TEST_F(TempLayerState, IsNotTheLastRestoredState) {
     states().saveLayerState(L"Plan", MaskAllProperties);
     restore(L"Plan");

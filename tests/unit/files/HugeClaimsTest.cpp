@@ -1,4 +1,5 @@
 // Small files that claim to hold very much, because many of their tables lead to the same bytes.
+#include "FilePatch.h"
 #include "SampleDrawing.h"
 #include "files/DrawingFile.h"
 #include "files/TextCoding.h"
@@ -124,4 +125,57 @@ TEST(HugeClaims, viewportsThatEachFreezeTheLastOfManyLayersAreRefused) {
     file.layouts = file.builder.CreateVector(std::vector<Offset<file::Layout>>{layout});
     EXPECT_THAT(file.readingFails(), HasSubstr("its viewports have more layers than a drawing can hold"));
     EXPECT_EQ(file.status, Vorn::eFileCutOff);
+}
+
+namespace {
+
+/// A drawing of so many layers whose states all share its columns. Its flags, read as the length of a column, are the
+/// number of layers again, so that a column may begin at any of them.
+constexpr std::uint32_t kLayersLikeFlags = 0x0404;
+
+Drawing drawingOfSharedColumns(std::size_t states) {
+    Drawing drawing = plainDrawing();
+    auto set = std::make_shared<LayerSet>(*drawing.layerSet);
+    for (std::uint32_t i = 1; i < kLayersLikeFlags; ++i) {
+        drawing.layers.push_back({drawing.names.intern(L"L" + std::to_wstring(i)), drawing.nextHandle++, L"", kNone});
+        set->names.push_back(drawing.layers.back().name);
+    }
+    drawing.layerSet = std::move(set);
+    forEachColumn(
+        [](auto& column) {
+            const auto value = column[0];
+            while (column.size() < kLayersLikeFlags)
+                column.insert(column.size(), value);
+        },
+        drawing.columns);
+    for (std::size_t layer = 0; layer < kLayersLikeFlags; ++layer)
+        drawing.columns.flags.set(layer, layer % 4 < 2 ? 4 : 0);
+    for (std::size_t i = 0; i < states; ++i) {
+        LayerState& state = drawing.states.emplace_back();
+        state.name = L"State " + std::to_wstring(i);
+        state.handle = drawing.nextHandle++;
+        state.layers = drawing.layerSet;
+        state.columns = drawing.columns;
+    }
+    return drawing;
+}
+
+} // namespace
+
+TEST(HugeClaims, statesMayShareColumnsAsOftenAsTheyLike) {
+    FilePatch file(drawingOfSharedColumns(200));
+    Drawing drawing;
+    std::wstring reason;
+    EXPECT_EQ(readDrawingBytes(file.bytes(), L"shared.zdr", drawing, reason), Vorn::eOk) << toUtf8(reason);
+}
+
+TEST(HugeClaims, columnsThatEachBeginAFewBytesBehindTheOneBeforeAreRefused) {
+    FilePatch file(drawingOfSharedColumns(200));
+    const auto* flags = reinterpret_cast<const std::uint8_t*>(file.root().columns()->flags());
+    for (unsigned i = 0; i < 200; ++i)
+        file.lead(file.root().states()->Get(i)->columns(), file::LayerColumns::VT_FLAGS, flags + 4 * i);
+    Drawing drawing;
+    std::wstring reason;
+    EXPECT_EQ(readDrawingBytes(file.bytes(), L"claims.zdr", drawing, reason), Vorn::eFileCutOff);
+    EXPECT_THAT(toUtf8(reason), HasSubstr("its parts overlap"));
 }

@@ -78,7 +78,7 @@ TEST(RoundTrip, statesOfReferencesStayInTheirOwnFile) {
 }
 
 TEST(RoundTrip, whatComesFromAReferenceMayHaveALongerName) {
-    const std::wstring name = std::wstring(255, L'r') + L"!" + std::wstring(255, L's');
+    const std::wstring name = L"plan!" + std::wstring(255, L'r') + L"!" + std::wstring(255, L's');
     Drawing drawing = sampleDrawing();
     drawing.layers[3].name = drawing.names.intern(name);
     drawing.linetypes.push_back({drawing.layers[3].name, drawing.nextHandle++, L"", {}});

@@ -314,6 +314,7 @@ void Model::forgetSteps() {
 // What comes from the reference isn't in the drawing's file, and reading that file doesn't read the reference's.
 void Model::reload() {
     dropDependentStates();
+    listStylesOfLayers();
     m_now.resolved = false;
     m_cloneIsGood = false;
     forgetSteps();

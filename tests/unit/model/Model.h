@@ -126,6 +126,7 @@ class Model {
     void attach(const Drawing& site);
     void reload();
     void dropDependentStates();
+    void listStylesOfLayers();
 
     bool undo();
     bool redo();

@@ -210,6 +210,18 @@ void Model::dropDependentStates() {
     std::erase_if(m_now.states, [](const State& state) { return state.dependent; });
 }
 
+// Whatever brings layers in lists the styles that layers name.
+void Model::listStylesOfLayers() {
+    const auto list = [](std::vector<std::string>& styles, const std::string& name) {
+        if (!name.empty() && !has(styles, name))
+            styles.push_back(name);
+    };
+    for (const Layer& layer : m_now.layers) {
+        list(m_now.linetypes, layer.look.linetype);
+        list(m_now.plotStyles, layer.look.plotStyle);
+    }
+}
+
 // A style that the drawing has under the same name is used for the reference's; the others come in under the
 // reference's name. A layer that the drawing has from an earlier attachment keeps the drawing's values, and goes when
 // the reference no longer has it.
@@ -243,6 +255,7 @@ void Model::attach(const Drawing& site) {
         else
             m_now.layers.push_back(
                 {m_nextId++, prefixed(theirs.name), theirs.description, translated(theirs.look), true});
+    listStylesOfLayers();
     for (State state : site.states) {
         state.id = m_nextId++;
         state.name = prefixed(state.name);

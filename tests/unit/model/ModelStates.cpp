@@ -206,14 +206,14 @@ struct Restore {
     std::uint32_t overridden; ///< properties of the viewport's overrides
     bool styleMissing = false, unresolved = false;
 
-    /// `own` is the style that a layer has already: it doesn't miss that one.
+    /// `own` is the style that a layer or viewport shows already: it doesn't miss that one.
     bool available(const std::vector<std::string>& styles, const std::string& style, std::string_view own) {
         const bool there = style.empty() || has(styles, style);
         styleMissing |= !there && !same(style, own);
         return there;
     }
     /// Writes the properties of the mask; answers the ones that it could write.
-    std::uint32_t write(Look& look, const Look& held, std::uint32_t mask, const Look& own = {}) {
+    std::uint32_t write(Look& look, const Look& held, std::uint32_t mask, const Look& own) {
         if ((mask & MaskLinetype) && !available(drawing.linetypes, held.linetype, own.linetype))
             mask &= ~MaskLinetype;
         if ((mask & MaskPlotStyle) && !available(drawing.plotStyles, held.plotStyle, own.plotStyle))
@@ -233,11 +233,17 @@ struct Restore {
         else
             unresolved |= look != layer.look;
     }
-    void writeOverride(Viewport& viewport, int layer, const Look& held, bool resolved) {
+    void writeOverride(Viewport& viewport, const Layer& of, const Look& held, bool resolved) {
+        const int layer = of.id;
         const auto old = viewport.overrides.find(layer);
         const Override before = old == viewport.overrides.end() ? Override{} : old->second;
         Override after = before;
-        after.mask |= write(after.look, held, overridden);
+        Look own = of.look;
+        if (before.mask & MaskLinetype)
+            own.linetype = before.look.linetype;
+        if (before.mask & MaskPlotStyle)
+            own.plotStyle = before.look.plotStyle;
+        after.mask |= write(after.look, held, overridden, own);
         if (!resolved)
             unresolved |= after.mask != before.mask || after.look != before.look;
         else if (after.mask)
@@ -271,7 +277,7 @@ int Model::restore(const State& stored, Viewport* viewport, std::uint32_t flags,
         }
         restore.writeLayer(layer, held->look, isResolved(layer));
         if (overridden)
-            restore.writeOverride(*viewport, layer.id, held->look, isResolved(layer));
+            restore.writeOverride(*viewport, layer, held->look, isResolved(layer));
         if (viewport && state.withViewport && (restore.direct & MaskViewportFrozen))
             restore.writeFreezing(*viewport, layer.id, held->look, isResolved(layer));
     }

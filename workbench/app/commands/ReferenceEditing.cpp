@@ -1,5 +1,6 @@
 #include "ReferenceEditing.h"
 
+#include "model/SeededHash.h"
 #include "values/NameRules.h"
 
 #include <algorithm>
@@ -74,7 +75,7 @@ class LayerRemoval {
     zdr::Drawing& m_drawing;
     std::vector<std::size_t> m_places; // the new index of a layer; kNone for one that goes
     std::vector<std::size_t> m_kept;
-    std::unordered_set<zdr::Handle> m_gone;
+    std::unordered_set<zdr::Handle, zdr::HandleHash> m_gone;
 };
 
 void removeStates(zdr::Drawing& drawing, std::size_t reference) {

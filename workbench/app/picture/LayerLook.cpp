@@ -5,7 +5,6 @@
 #include "values/NameRules.h"
 
 #include <algorithm>
-#include <cwctype>
 #include <string>
 #include <unordered_map>
 
@@ -52,13 +51,6 @@ void apply(const zdr::Drawing& drawing, const zdr::ViewportOverride& own, LayerL
         look.lineWeight = plainWeight(drawing, own.lineWeight);
 }
 
-std::wstring folded(std::wstring_view name) {
-    std::wstring out(name);
-    std::transform(out.begin(), out.end(), out.begin(),
-                   [](wchar_t letter) { return static_cast<wchar_t>(std::towupper(static_cast<wint_t>(letter))); });
-    return out;
-}
-
 } // namespace
 
 std::vector<LayerLook> layerLooks(const zdr::Drawing& drawing, const zdr::Viewport* viewport) {
@@ -79,14 +71,14 @@ std::vector<LayerLook> layerLooks(const zdr::Drawing& drawing, const zdr::Viewpo
 std::vector<LayerLook> referencedLooks(const zdr::Drawing& drawing, const std::vector<LayerLook>& looks,
                                        std::size_t reference) {
     const zdr::Drawing& shown = *drawing.references[reference].drawing;
-    std::unordered_map<std::wstring, std::size_t> known;
+    std::unordered_map<std::wstring_view, std::size_t, zdr::FoldedHash, zdr::FoldedEqual> known;
     for (std::size_t layer = 0; layer < drawing.layers.size(); ++layer)
         if (drawing.layers[layer].reference == reference)
-            known.emplace(folded(drawing.names.text(drawing.layers[layer].name)), layer);
-    const std::wstring prefix = folded(drawing.references[reference].name) + engine::kReferenceSeparator;
+            known.emplace(drawing.names.text(drawing.layers[layer].name), layer);
+    const std::wstring prefix = drawing.references[reference].name + engine::kReferenceSeparator;
     std::vector<LayerLook> out = layerLooks(shown, nullptr);
     for (std::size_t layer = 0; layer < out.size(); ++layer) {
-        const auto found = known.find(prefix + folded(shown.names.text(shown.layers[layer].name)));
+        const auto found = known.find(prefix + shown.names.text(shown.layers[layer].name));
         if (found != known.end())
             out[layer] = looks[found->second];
     }

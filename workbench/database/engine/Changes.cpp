@@ -1,6 +1,7 @@
 #include "Changes.h"
 
 #include "ObjectDirectory.h"
+#include "model/SeededHash.h"
 
 #include <algorithm>
 #include <tuple>
@@ -40,12 +41,6 @@ template <class Action> void forEachViewport(zdr::Drawing& drawing, Action actio
             action(viewport);
 }
 
-/// Makes room for one more element, so that inserting it can't fail.
-template <class List> void makeRoom(List& list) {
-    if (list.size() == list.capacity())
-        list.reserve(std::max<std::size_t>(2 * list.size(), 8));
-}
-
 WholeLayer takeOut(zdr::Drawing& drawing, std::size_t index) {
     WholeLayer whole{{}, valuesAt(drawing.columns, index), {}, {}, drawing.names.text(drawing.layers[index].name)};
     makeRoomForValues(drawing.columns, 0);
@@ -76,11 +71,11 @@ WholeLayer takeOut(zdr::Drawing& drawing, std::size_t index) {
 
 /// Does all that can fail before putIn(): asks for its memory, and gives the layer's name its spelling back.
 void makeRoomFor(zdr::Drawing& drawing, std::size_t index, const WholeLayer& whole) {
-    makeRoom(drawing.layers);
+    zdr::makeRoom(drawing.layers, 1);
     makeRoomForValues(drawing.columns, 1);
     forEachViewport(drawing, [index](zdr::Viewport& viewport) {
         viewport.frozen.reserve(std::max(viewport.frozen.size(), index) + 1);
-        makeRoom(viewport.overrides);
+        zdr::makeRoom(viewport.overrides, 1);
     });
     if (!whole.spelling.empty())
         drawing.names.respell(whole.layer.name, whole.spelling);
@@ -166,7 +161,7 @@ struct SameSides {
 
 bool areUndone(const std::vector<Change>& changes, const zdr::Drawing& drawing, const ObjectDirectory& objects) {
     // The first change of a state holds what it was before the others.
-    std::unordered_set<zdr::Handle> seen;
+    std::unordered_set<zdr::Handle, zdr::HandleHash> seen;
     const SameSides same{drawing, objects};
     return std::ranges::all_of(changes, [&](const Change& change) {
         const auto* state = std::get_if<StateChange>(&change);
@@ -201,7 +196,7 @@ void StateChange::exchange(zdr::Drawing& drawing, ObjectDirectory& objects) {
         drawing.states.erase(drawing.states.begin() + static_cast<Offset>(position));
         objects.removeState(position);
     } else if (state) {
-        makeRoom(drawing.states);
+        zdr::makeRoom(drawing.states, 1);
         objects.insertState(position, handle);
         drawing.states.insert(drawing.states.begin() + static_cast<Offset>(position), std::move(*state));
         state.reset();
@@ -209,7 +204,7 @@ void StateChange::exchange(zdr::Drawing& drawing, ObjectDirectory& objects) {
 }
 
 void PlotStyleChange::exchange(zdr::Drawing& drawing, ObjectDirectory& objects) {
-    makeRoom(drawing.plotStyles);
+    zdr::makeRoom(drawing.plotStyles, 1);
     const auto place = drawing.plotStyles.begin() + static_cast<Offset>(position);
     if (style) {
         objects.insertPlotStyle(position, handle);
@@ -268,7 +263,7 @@ void ExtendedDataChange::exchange(zdr::Drawing& drawing, ObjectDirectory&) {
             return;
         zdr::ExtendedData fresh{object, application, {}};
         const auto place = behind - all.begin();
-        makeRoom(all);
+        zdr::makeRoom(all, 1);
         fresh.values.swap(values);
         all.insert(all.begin() + place, std::move(fresh));
         return;

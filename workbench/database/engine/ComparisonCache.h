@@ -2,6 +2,7 @@
 #pragma once
 
 #include "model/Drawing.h"
+#include "model/SeededHash.h"
 
 #include <unordered_map>
 
@@ -28,7 +29,7 @@ class ComparisonCache {
         zdr::Handle viewport = 0;
         bool matches = false;
     };
-    std::unordered_map<zdr::Handle, Answer> m_answers;
+    std::unordered_map<zdr::Handle, Answer, zdr::HandleHash> m_answers;
 };
 
 } // namespace engine

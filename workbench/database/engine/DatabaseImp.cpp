@@ -93,10 +93,9 @@ void DatabaseImp::setActiveSpace(std::optional<std::size_t> layout, std::optiona
 }
 
 void DatabaseImp::insertState(zdr::LayerState&& state, std::optional<std::size_t> position) {
-    std::size_t behindOwn = m_drawing.states.size();
-    while (behindOwn > 0 && m_drawing.states[behindOwn - 1].reference != zdr::kNone)
-        --behindOwn;
-    const std::size_t index = position.value_or(behindOwn);
+    std::size_t index = position.value_or(m_drawing.states.size());
+    while (!position && index > 0 && m_drawing.states[index - 1].reference != zdr::kNone)
+        --index;
     state.handle = newHandle();
     const zdr::Handle handle = state.handle;
     perform(StateChange{handle, index, std::move(state)}, {});
@@ -124,16 +123,6 @@ void DatabaseImp::registerApplication(std::wstring name) {
 void DatabaseImp::setExtendedData(zdr::Handle object, std::wstring application,
                                   std::vector<zdr::ExtendedValue> values) {
     perform(ExtendedDataChange{object, std::move(application), std::move(values)}, {});
-}
-
-void DatabaseImp::setReferenceDrawing(std::size_t reference, std::shared_ptr<const zdr::Drawing> drawing) {
-    const Writing writing(m_lookups, {});
-    m_drawing.references[reference].drawing = std::move(drawing);
-}
-
-void DatabaseImp::dropMendedStates(std::wstring_view prefix) {
-    std::erase_if(m_drawing.mendedStates,
-                  [prefix](const zdr::MendedName& name) { return name.now.starts_with(prefix); });
 }
 
 void DatabaseImp::beginUndoGroup() {

@@ -89,13 +89,17 @@ class DatabaseImp : public KelDbImpDatabase {
     void setActiveSpace(std::optional<std::size_t> layout, std::optional<zdr::Handle> viewport);
 
     // What attaching a reference changes; not undone.
-    void appendLinetype(zdr::Linetype linetype);
-    /// Appends many layers to the table at once; each gets a handle.
+    /// Append to a table; each layer or style gets a handle.
+    void appendLinetypes(std::vector<zdr::Linetype> linetypes);
+    void appendPlotStyles(std::vector<zdr::PlotStyle> styles);
     void appendLayers(std::vector<WholeLayer> layers);
+    /// Takes out the layers at all marked places. Nothing may be drawn on them, and none may be current.
+    void removeLayers(const std::vector<bool>& gone);
+    void removeStates(const std::vector<bool>& gone);
     void followLinetype(std::size_t index, zdr::Linetype theirs);
     void followLayer(std::size_t index, std::wstring description, bool unresolvedInside);
-    void appendMendedState(zdr::MendedName name) { m_drawing.mendedStates.push_back(std::move(name)); }
-    void dropMendedStates(std::wstring_view prefix);
+    void appendMendedName(zdr::MendedName name) { m_drawing.mendedNames.push_back(std::move(name)); }
+    template <class Goes> void dropMendedNames(Goes goes) { std::erase_if(m_drawing.mendedNames, goes); }
     void setReferenceDrawing(std::size_t reference, std::shared_ptr<const zdr::Drawing> drawing);
     UndoHistory& history() { return m_history; }
     const UndoHistory& history() const { return m_history; }
@@ -117,6 +121,8 @@ class DatabaseImp : public KelDbImpDatabase {
         m_history.perform(std::forward<Side>(change), m_drawing, m_objects);
     }
     bool carry(const std::optional<Parts>& parts, std::uint64_t (UndoHistory::*way)(zdr::Drawing&, ObjectDirectory&));
+    template <class Style>
+    void appendStyles(std::vector<Style>& list, std::vector<Style> more, ObjectKind kind, const Parts& parts);
     std::shared_ptr<zdr::LayerSet> layerSet() const;
 
     KelDbDatabase& m_owner;

@@ -125,45 +125,6 @@ void DatabaseImp::setLayerDescription(std::size_t index, std::wstring descriptio
     perform(LayerChange{layer.handle, layer, m_drawing.names.text(layer.name), m_drawing.layerSet}, {});
 }
 
-void DatabaseImp::appendLayers(std::vector<WholeLayer> layers) {
-    if (layers.empty())
-        return;
-    auto set = layerSet();
-    for (const WholeLayer& whole : layers)
-        set->names.push_back(whole.layer.name);
-    m_drawing.layers.reserve(m_drawing.layers.size() + layers.size());
-    makeRoomForValues(m_drawing.columns, layers.size());
-    m_objects.expectLayers(m_drawing.nextHandle, layers.size());
-    const Writing writing(m_lookups, {.layers = true}); // nothing fails from here on
-    for (WholeLayer& whole : layers) {
-        whole.layer.handle = newHandle();
-        m_objects.insertLayer(m_drawing.layers.size(), whole.layer.handle);
-        m_drawing.layers.push_back(std::move(whole.layer));
-        appendValues(m_drawing.columns, whole.values);
-    }
-    m_drawing.layerSet = std::move(set);
-}
-
-void DatabaseImp::followLayer(std::size_t index, std::wstring description, bool unresolvedInside) {
-    const Writing writing(m_lookups, {});
-    m_drawing.layers[index].description = std::move(description);
-    m_drawing.layers[index].unresolvedInside = unresolvedInside;
-}
-
-void DatabaseImp::followLinetype(std::size_t index, zdr::Linetype theirs) {
-    const Writing writing(m_lookups, {});
-    m_drawing.linetypes[index].description = std::move(theirs.description);
-    m_drawing.linetypes[index].pattern = std::move(theirs.pattern);
-}
-
-void DatabaseImp::appendLinetype(zdr::Linetype linetype) {
-    linetype.handle = newHandle();
-    m_drawing.linetypes.reserve(m_drawing.linetypes.size() + 1);
-    m_objects.appendLinetype(linetype.handle);
-    const Writing writing(m_lookups, {.linetypes = true});
-    m_drawing.linetypes.push_back(std::move(linetype));
-}
-
 void DatabaseImp::insertPlotStyle(std::size_t index, zdr::PlotStyle style) {
     style.handle = newHandle();
     perform(PlotStyleChange{style.handle, index, style}, {.plotStyles = true});

@@ -3,6 +3,7 @@
 #include "values/NameRules.h"
 
 #include <algorithm>
+#include <unordered_map>
 #include <unordered_set>
 
 namespace engine {
@@ -38,12 +39,26 @@ void joinLayerSets(zdr::Drawing& drawing) {
             set->names.push_back(layer.name);
         drawing.layerSet = std::move(set);
     }
+    // Whether a set is the drawing's: many states may share one that takes long to compare.
+    std::unordered_map<std::shared_ptr<const zdr::LayerSet>, bool> known;
     for (zdr::LayerState& state : drawing.states) {
         if (!state.layers)
             state.layers = std::make_shared<zdr::LayerSet>();
-        if (state.layers != drawing.layerSet && state.layers->names == drawing.layerSet->names)
+        const auto [set, isNew] = known.try_emplace(state.layers);
+        if (isNew)
+            set->second = state.layers->names == drawing.layerSet->names;
+        if (set->second)
             state.layers = drawing.layerSet;
     }
+}
+
+void addMissingStyles(zdr::Drawing& drawing) {
+    const auto add = [&](auto& styles, const zdr::Column<zdr::NameId>& used) {
+        for (auto& missing : missingStyles(styles, used, drawing.names.size()))
+            styles.push_back(std::move(missing));
+    };
+    add(drawing.linetypes, drawing.columns.linetypes);
+    add(drawing.plotStyles, drawing.columns.plotStyles);
 }
 
 void orderExtendedData(zdr::Drawing& drawing) {
@@ -86,6 +101,7 @@ zdr::Drawing newDrawing() {
 }
 
 void completeDrawing(zdr::Drawing& drawing) {
+    addMissingStyles(drawing);
     giveHandles(drawing);
     joinLayerSets(drawing);
     orderExtendedData(drawing);

@@ -20,6 +20,11 @@ KelDbStub* ObjectDirectory::make(Content& content, zdr::Handle handle, ObjectKin
 
 void ObjectDirectory::fill(const zdr::Drawing& drawing) {
     Content fresh;
+    std::size_t count =
+        drawing.layers.size() + drawing.linetypes.size() + drawing.plotStyles.size() + drawing.states.size();
+    for (const zdr::Layout& layout : drawing.layouts)
+        count += layout.viewports.size();
+    fresh.byHandle.reserve(count);
     for (const ObjectKind kind : {ObjectKind::LayerTable, ObjectKind::LinetypeTable, ObjectKind::PlotStyleDictionary,
                                   ObjectKind::StateDictionary})
         make(fresh, fixedHandle(kind), kind, 0);
@@ -51,10 +56,32 @@ KelDbStub* ObjectDirectory::find(zdr::Handle handle) const {
     return found == m_content.byHandle.end() ? nullptr : found->second;
 }
 
-void ObjectDirectory::expectLayers(zdr::Handle first, std::size_t count) {
-    m_content.layers.reserve(m_content.layers.size() + count);
+ObjectDirectory::List& ObjectDirectory::list(ObjectKind kind) {
+    switch (kind) {
+    case ObjectKind::Layer:
+        return m_content.layers;
+    case ObjectKind::Linetype:
+        return m_content.linetypes;
+    case ObjectKind::PlotStyle:
+        return m_content.plotStyles;
+    default:
+        return m_content.states;
+    }
+}
+
+void ObjectDirectory::expect(ObjectKind kind, zdr::Handle first, std::size_t count) {
+    zdr::makeRoom(list(kind), count);
     for (zdr::Handle handle = first; handle < first + count; ++handle)
-        make(m_content, handle, ObjectKind::Layer, 0);
+        make(m_content, handle, kind, 0);
+}
+
+void ObjectDirectory::removeMarked(ObjectKind kind, const std::vector<bool>& gone) {
+    List& objects = list(kind);
+    for (std::size_t i = 0; i < objects.size(); ++i)
+        objects[i]->erased = objects[i]->erased || gone[i];
+    zdr::eraseMarked(objects, gone);
+    for (std::size_t i = 0; i < objects.size(); ++i)
+        objects[i]->index = i;
 }
 
 void ObjectDirectory::insert(List& list, std::size_t index, zdr::Handle handle, ObjectKind kind) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Stub.h"
+#include "model/SeededHash.h"
 
 #include <deque>
 #include <unordered_map>
@@ -29,8 +30,11 @@ class ObjectDirectory {
     /// Deletes the objects that callers forgot to close; for the database's end.
     void deleteOpenObjects();
 
-    /// Gets ready for layers with handles from `first` on; putting them in can't fail then.
-    void expectLayers(zdr::Handle first, std::size_t count);
+    /// Gets ready for objects with handles from `first` on; appending them can't fail then.
+    void expect(ObjectKind kind, zdr::Handle first, std::size_t count);
+    void append(ObjectKind kind, zdr::Handle handle) { insert(list(kind), list(kind).size(), handle, kind); }
+    /// Takes the objects at all marked places out. Never fails.
+    void removeMarked(ObjectKind kind, const std::vector<bool>& gone);
     /// Follow the drawing's list in which an object is put in or taken out at an index. A handle that was in the
     /// drawing before gets its stub back. When putting in throws, everything is as before.
     void insertLayer(std::size_t index, zdr::Handle handle) {
@@ -41,9 +45,6 @@ class ObjectDirectory {
         insert(m_content.states, index, handle, ObjectKind::State);
     }
     void removeState(std::size_t index) { remove(m_content.states, index); }
-    void appendLinetype(zdr::Handle handle) {
-        insert(m_content.linetypes, m_content.linetypes.size(), handle, ObjectKind::Linetype);
-    }
     void insertPlotStyle(std::size_t index, zdr::Handle handle) {
         insert(m_content.plotStyles, index, handle, ObjectKind::PlotStyle);
     }
@@ -53,9 +54,10 @@ class ObjectDirectory {
     using List = std::vector<KelDbStub*>;
     /// The stubs that are in the drawing, or were in it and may come back by undo.
     struct Content {
-        std::unordered_map<zdr::Handle, KelDbStub*> byHandle;
+        std::unordered_map<zdr::Handle, KelDbStub*, zdr::HandleHash> byHandle;
         List layers, linetypes, plotStyles, states;
     };
+    List& list(ObjectKind kind);
     KelDbStub* make(Content& content, zdr::Handle handle, ObjectKind kind, std::size_t index);
     void insert(List& list, std::size_t index, zdr::Handle handle, ObjectKind kind);
     static void remove(List& list, std::size_t index);

@@ -7,13 +7,49 @@
 
 #include "LayerEditing.h"
 #include "LayerStates.h"
+#include "NewDrawing.h"
 #include "values/NameRules.h"
 
 #include <algorithm>
+#include <map>
+#include <unordered_map>
 #include <unordered_set>
 
 namespace engine {
 namespace {
+
+/// Columns of the reference and what became of them here, so that states which shared a column still share it.
+template <class T> class ColumnTranslation {
+  public:
+    /// `make` makes the drawing's column of one that wasn't met before.
+    template <class Make> const zdr::Column<T>& of(const zdr::Column<T>& column, Make make) {
+        const auto [entry, isNew] = m_known.try_emplace({column.values().data(), column.size()});
+        if (isNew)
+            entry->second = make();
+        return entry->second;
+    }
+
+  private:
+    std::map<std::pair<const T*, std::size_t>, zdr::Column<T>> m_known;
+};
+
+/// Layers that something is drawn on, and the current one.
+std::vector<bool> usedLayers(const zdr::Drawing& drawing) {
+    std::vector<bool> used(drawing.layers.size());
+    const auto mark = [&used](std::size_t layer) {
+        if (layer < used.size())
+            used[layer] = true;
+    };
+    const auto markAll = [&mark](const std::vector<zdr::Entity>& entities) {
+        for (const zdr::Entity& entity : entities)
+            mark(entity.layer);
+    };
+    mark(drawing.currentLayer);
+    markAll(drawing.entities);
+    for (const zdr::Layout& layout : drawing.layouts)
+        markAll(layout.entities);
+    return used;
+}
 
 class Attachment {
   public:
@@ -25,15 +61,18 @@ class Attachment {
     void run() {
         for (const zdr::Linetype& linetype : m_from.linetypes)
             enterLinetype(linetype);
+        m_database.appendLinetypes(std::move(m_freshLinetypes));
         for (const zdr::PlotStyle& style : m_from.plotStyles)
             enterPlotStyle(style);
+        m_database.appendPlotStyles(std::move(m_freshPlotStyles));
         for (std::size_t layer = 0; layer < m_from.layers.size(); ++layer)
             enterLayer(layer);
         dropLayersThatAreGone();
         m_database.appendLayers(std::move(m_fresh));
+        enterMissingStyles();
         for (const zdr::LayerState& state : m_from.states)
             enterState(state);
-        enterMendedStates();
+        enterMendedNames();
     }
 
   private:
@@ -53,7 +92,7 @@ class Attachment {
             m_database.followLinetype(known, std::move(linetype));
             return;
         }
-        m_database.appendLinetype(std::move(linetype));
+        m_freshLinetypes.push_back(std::move(linetype));
     }
 
     void enterPlotStyle(zdr::PlotStyle style) {
@@ -63,7 +102,7 @@ class Attachment {
         if (m_database.hasPlotStyle(name))
             return;
         style.name = name;
-        m_database.insertPlotStyle(m_database.drawing().plotStyles.size(), style);
+        m_freshPlotStyles.push_back(style);
     }
 
     // The drawing's name for a style of the reference. Made here for a style that no drawing has: a state may name one.
@@ -71,6 +110,14 @@ class Attachment {
         if (m_styles[name] == zdr::kNoName)
             m_styles[name] = prefixed(name);
         return m_styles[name];
+    }
+
+    // Styles that the reference's layers name and its drawing lacks.
+    void enterMissingStyles() {
+        const zdr::Drawing& drawing = m_database.drawing();
+        const std::size_t names = drawing.names.size();
+        m_database.appendLinetypes(missingStyles(drawing.linetypes, drawing.columns.linetypes, names));
+        m_database.appendPlotStyles(missingStyles(drawing.plotStyles, drawing.columns.plotStyles, names));
     }
 
     void enterLayer(std::size_t index) {
@@ -91,40 +138,50 @@ class Attachment {
 
     void dropLayersThatAreGone() {
         const zdr::Drawing& drawing = m_database.drawing();
-        for (std::size_t index = drawing.layers.size(); index-- > 0;) {
-            const zdr::Layer& layer = drawing.layers[index];
-            if (layer.reference != m_reference || m_names.contains(layer.name))
-                continue;
-            if (index == drawing.currentLayer || isLayerUsed(drawing, index))
-                m_database.followLayer(index, layer.description, true);
-            else
-                m_database.removeLayer(index);
-        }
+        std::vector<bool> gone(drawing.layers.size());
+        for (std::size_t index = 0; index < gone.size(); ++index)
+            gone[index] =
+                drawing.layers[index].reference == m_reference && !m_names.contains(drawing.layers[index].name);
+        if (std::ranges::find(gone, true) == gone.end())
+            return;
+        const std::vector<bool> used = usedLayers(drawing);
+        for (std::size_t index = 0; index < gone.size(); ++index)
+            if (gone[index] && used[index]) {
+                gone[index] = false;
+                m_database.followLayer(index, drawing.layers[index].description, true);
+            }
+        m_database.removeLayers(gone);
     }
 
     std::shared_ptr<const zdr::LayerSet> layerSet(const std::shared_ptr<const zdr::LayerSet>& set) {
-        if (set == m_lastSet)
-            return m_lastEntered;
-        auto entered = std::make_shared<zdr::LayerSet>();
-        for (const zdr::NameId name : set->names)
-            entered->names.push_back(prefixed(name));
-        m_lastSet = set;
-        m_lastEntered = std::move(entered);
-        return m_lastEntered;
+        std::shared_ptr<const zdr::LayerSet>& known = m_sets[set.get()];
+        if (!known && set) {
+            auto entered = std::make_shared<zdr::LayerSet>();
+            entered->names.reserve(set->names.size());
+            for (const zdr::NameId name : set->names)
+                entered->names.push_back(prefixed(name));
+            known = std::move(entered);
+        }
+        return known;
     }
 
     zdr::Column<zdr::NameId> styles(const zdr::Column<zdr::NameId>& column) {
-        std::vector<zdr::NameId> names;
-        names.reserve(column.size());
-        for (const zdr::NameId name : column.values())
-            names.push_back(styleName(name));
-        return zdr::Column<zdr::NameId>(std::move(names));
+        return m_styleColumns.of(column, [&] {
+            std::vector<zdr::NameId> names;
+            names.reserve(column.size());
+            for (const zdr::NameId name : column.values())
+                names.push_back(styleName(name));
+            return zdr::Column<zdr::NameId>(std::move(names));
+        });
+    }
+    zdr::Column<zdr::ColorId> colors(const zdr::Column<zdr::ColorId>& column) {
+        return m_colorColumns.of(column, [&] { return m_database.take(column, m_from.namedColors); });
     }
 
     void enterState(zdr::LayerState state) {
         state.name = m_prefix + state.name;
         state.layers = layerSet(state.layers);
-        state.columns.colors = m_database.take(state.columns.colors, m_from.namedColors);
+        state.columns.colors = colors(state.columns.colors);
         state.columns.linetypes = styles(state.columns.linetypes);
         state.columns.plotStyles = styles(state.columns.plotStyles);
         state.currentLayer = prefixed(state.currentLayer);
@@ -133,13 +190,13 @@ class Attachment {
     }
 
     // The drawing may have kept as its last restored state one that its reference's file calls otherwise.
-    void enterMendedStates() {
-        for (const zdr::MendedName& theirs : m_from.mendedStates) {
-            zdr::MendedName name{m_prefix + theirs.was, m_prefix + theirs.now};
+    void enterMendedNames() {
+        for (const zdr::MendedName& theirs : m_from.mendedNames) {
+            zdr::MendedName name{m_prefix + theirs.was, m_prefix + theirs.now, theirs.bearer};
             const std::optional<std::wstring>& last = m_database.drawing().lastRestored;
-            if (last && zdr::equalFolded(*last, name.was))
+            if (name.bearer == zdr::Bearer::LayerState && last && zdr::equalFolded(*last, name.was))
                 m_database.setLastRestored(name.now);
-            m_database.appendMendedState(std::move(name));
+            m_database.appendMendedName(std::move(name));
         }
     }
 
@@ -150,7 +207,11 @@ class Attachment {
     std::vector<zdr::NameId> m_styles;       // the drawing's names by the reference's
     std::unordered_set<zdr::NameId> m_names; // of all layers that the reference has
     std::vector<WholeLayer> m_fresh;         // layers that the drawing doesn't know yet
-    std::shared_ptr<const zdr::LayerSet> m_lastSet, m_lastEntered;
+    std::vector<zdr::Linetype> m_freshLinetypes;
+    std::vector<zdr::PlotStyle> m_freshPlotStyles;
+    std::unordered_map<const zdr::LayerSet*, std::shared_ptr<const zdr::LayerSet>> m_sets; // the drawing's
+    ColumnTranslation<zdr::NameId> m_styleColumns;
+    ColumnTranslation<zdr::ColorId> m_colorColumns;
 };
 
 /// Clears the undo history when a change that can't be undone ends, also when an exception ends it half done.
@@ -165,11 +226,12 @@ class ForgottenHistory {
     DatabaseImp& m_database;
 };
 
-void dropStates(DatabaseImp& database, std::size_t reference) {
-    for (std::size_t index = database.drawing().states.size(); index-- > 0;)
-        if (database.drawing().states[index].reference == reference)
-            database.removeState(index);
-    database.dropMendedStates(database.drawing().references[reference].name + kReferenceSeparator);
+template <class Goes> void dropStates(DatabaseImp& database, Goes goes) {
+    std::vector<bool> gone;
+    gone.reserve(database.drawing().states.size());
+    for (const zdr::LayerState& state : database.drawing().states)
+        gone.push_back(goes(state));
+    database.removeStates(gone);
 }
 
 // A copy of a referenced drawing with its own references attached, so that their layers come along with its own as
@@ -185,21 +247,38 @@ std::shared_ptr<const zdr::Drawing> withItsReferences(const DatabaseImp& databas
     return std::make_shared<const zdr::Drawing>(inner->release());
 }
 
-} // namespace
-
-void attachReference(DatabaseImp& database, std::size_t reference, std::shared_ptr<const zdr::Drawing> drawing) {
-    const ForgottenHistory forgotten(database);
-    dropStates(database, reference);
+// The drawing holds none of the reference's states.
+void enterReference(DatabaseImp& database, std::size_t reference, std::shared_ptr<const zdr::Drawing> drawing) {
     drawing = withItsReferences(database, std::move(drawing));
     database.setReferenceDrawing(reference, drawing);
     if (drawing)
         Attachment(database, reference, *drawing).run();
 }
 
+} // namespace
+
+void attachReference(DatabaseImp& database, std::size_t reference, std::shared_ptr<const zdr::Drawing> drawing) {
+    const ForgottenHistory forgotten(database);
+    dropStates(database, [reference](const zdr::LayerState& state) { return state.reference == reference; });
+    const std::wstring prefix = database.drawing().references[reference].name + kReferenceSeparator;
+    database.dropMendedNames([&prefix](const zdr::MendedName& name) { return name.now.starts_with(prefix); });
+    enterReference(database, reference, std::move(drawing));
+}
+
 void attachReferences(DatabaseImp& database) {
-    for (std::size_t index = 0; index < database.drawing().references.size(); ++index)
-        if (const auto drawing = database.drawing().references[index].drawing)
-            attachReference(database, index, drawing);
+    const auto& references = database.drawing().references;
+    if (std::ranges::all_of(references, [](const zdr::Reference& reference) { return reference.drawing == nullptr; }))
+        return;
+    const ForgottenHistory forgotten(database);
+    const auto isShown = [&references](const zdr::LayerState& state) {
+        return state.reference != zdr::kNone && references[state.reference].drawing;
+    };
+    dropStates(database, isShown);
+    database.dropMendedNames(
+        [](const zdr::MendedName& name) { return name.now.find(kReferenceSeparator) != std::wstring::npos; });
+    for (std::size_t index = 0; index < references.size(); ++index)
+        if (references[index].drawing)
+            enterReference(database, index, references[index].drawing);
 }
 
 } // namespace engine

@@ -157,7 +157,10 @@ class Restore {
             const auto value = (m_state.columns.*property.column)[row];
             if constexpr (property.isStyle)
                 if (!hasStyle(property, value)) {
-                    m_styleMissing = true;
+                    const bool isOverridden = layer.mask & property.bit;
+                    const zdr::NameId shown =
+                        isOverridden ? layer.*property.overriding : (m_before.*property.column)[layer.layer];
+                    m_styleMissing |= shown != value;
                     return;
                 }
             layer.mask |= property.bit;

@@ -70,7 +70,7 @@ class UndoHistory {
         std::vector<Change> changes;
         std::uint64_t content = 0; ///< number of the content on the other side of the step
         bool columns = false, settings = false;
-        std::unordered_set<zdr::Handle> objects; // states and viewports that are in `changes` already
+        std::unordered_set<zdr::Handle, zdr::HandleHash> objects; // states and viewports that are in `changes` already
     };
     void open();
     void add(Change change);

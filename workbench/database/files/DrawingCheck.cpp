@@ -3,6 +3,7 @@
 #include "ResultBuffer.h"
 #include "TextCoding.h"
 
+#include <algorithm>
 #include <cmath>
 #include <unordered_map>
 
@@ -24,46 +25,63 @@ void checkPoint(const Point& point, const Place& place) {
     checkNumber(point.y, place);
 }
 
+/// Refuses a name by the status that the rules for names give it.
+void requireAllowed(Vorn::ErrorStatus status, const Place& place) {
+    if (status != Vorn::eOk)
+        refuse(place, L"has a character in its name that isn't allowed there");
+}
+
 /// Names of one kind, which must differ without regard to case.
 class UniqueTexts {
   public:
+    /// The text must outlive this.
     void add(std::wstring_view name, const Place& place) {
         checkName(name, place);
-        const auto [entry, isNew] = m_first.emplace(foldCase(name), place.index);
+        const auto [entry, isNew] = m_first.emplace(name, place.index);
         if (!isNew)
             refuse(place, L"has the name of " + Place{place.kind, entry->second}.text());
     }
 
   private:
-    std::unordered_map<std::wstring, std::size_t> m_first;
+    std::unordered_map<std::wstring_view, std::size_t, FoldedHash, FoldedEqual> m_first;
 };
 
-/// The same for names of the drawing's table.
+/// The same for names of the drawing's table, for one list of them after the other.
 class UniqueNames {
   public:
-    explicit UniqueNames(const NameTable& names) : m_names(names), m_first(names.size(), kNone) {}
+    explicit UniqueNames(const NameTable& names) : m_names(names), m_first(names.size()) {}
+    /// What was added so far counts no longer. Takes no time: a file can have very many lists.
+    void startList() { ++m_list; }
     void add(NameId name, Place place, std::size_t longest = engine::kMaxNameLength) {
         if (name >= m_names.size())
             refuseIndex(place, L"name", name, m_names.size());
         place.name = m_names.text(name);
         checkName(place.name, place, longest);
-        if (m_first[name] != kNone)
-            refuse(place, L"has the name of " + Place{place.kind, m_first[name]}.text());
-        m_first[name] = place.index;
+        Bearer& first = m_first[name];
+        if (first.list == m_list)
+            refuse(place, L"has the name of " + Place{place.kind, first.index}.text());
+        first = {m_list, place.index};
     }
 
   private:
+    struct Bearer {
+        std::size_t list = 0; ///< in which the name was met last
+        std::size_t index = 0;
+    };
+
     const NameTable& m_names;
-    std::vector<std::size_t> m_first;
+    std::vector<Bearer> m_first;
+    std::size_t m_list = 1;
 };
 
 class DrawingCheck {
   public:
-    explicit DrawingCheck(const Drawing& drawing) : m_drawing(drawing) {}
+    explicit DrawingCheck(const Drawing& drawing) : m_drawing(drawing), m_layersOfSet(drawing.names) {}
     void run();
 
   private:
-    void checkHandle(Handle handle, const Place& place);
+    template <class Action> void forEachHandle(Action action) const;
+    void checkHandles() const;
     void checkStyles();
     void checkLayers();
     void checkLayerSet(const LayerSet& set, const Place& place);
@@ -80,7 +98,7 @@ class DrawingCheck {
     void checkExtendedData();
 
     const Drawing& m_drawing;
-    std::unordered_map<Handle, std::wstring> m_handles; // with the place that has it
+    UniqueNames m_layersOfSet;
     std::set<const LayerSet*> m_sets;
 };
 
@@ -94,6 +112,7 @@ void DrawingCheck::run() {
     checkStates();
     checkEntities(m_drawing.entities, nullptr);
     checkLayouts();
+    checkHandles();
     checkReferences();
     checkApplications();
     checkExtendedData();
@@ -101,15 +120,50 @@ void DrawingCheck::run() {
         refuse({L"the linetype scale"}, std::wstring(L"isn't ") + kLinetypeScaleText);
 }
 
-void DrawingCheck::checkHandle(Handle handle, const Place& place) {
-    if (handle == 0)
-        refuse(place, L"has no handle");
-    if (handle >= m_drawing.nextHandle)
-        refuse(place, L"has the handle " + std::to_wstring(handle) + L", but the next handle to give is " +
-                          std::to_wstring(m_drawing.nextHandle));
-    const auto [entry, isNew] = m_handles.emplace(handle, place.text());
-    if (!isNew)
-        refuse(place, L"has the handle " + std::to_wstring(handle) + L", which is the handle of " + entry->second);
+/// Calls `action` with each handle and the place that has it.
+template <class Action> void DrawingCheck::forEachHandle(Action action) const {
+    for (std::size_t i = 0; i < m_drawing.linetypes.size(); ++i)
+        action(m_drawing.linetypes[i].handle, Place{L"linetype", i});
+    for (std::size_t i = 0; i < m_drawing.plotStyles.size(); ++i)
+        action(m_drawing.plotStyles[i].handle, Place{L"plot style", i});
+    for (std::size_t i = 0; i < m_drawing.layers.size(); ++i)
+        action(m_drawing.layers[i].handle, Place{L"layer", i, m_drawing.names.text(m_drawing.layers[i].name)});
+    for (std::size_t i = 0; i < m_drawing.states.size(); ++i)
+        if (m_drawing.states[i].reference == kNone)
+            action(m_drawing.states[i].handle, Place{L"layer state", i, m_drawing.states[i].name});
+    for (std::size_t i = 0; i < m_drawing.layouts.size(); ++i) {
+        const Layout& layout = m_drawing.layouts[i];
+        const Place outer{L"layout", i, layout.name};
+        for (std::size_t j = 0; j < layout.viewports.size(); ++j)
+            action(layout.viewports[j].handle, Place{L"viewport", j, {}, &outer});
+    }
+}
+
+// Sorted and not hashed: most files have their handles in order. Only one that is refused needs the places once more.
+void DrawingCheck::checkHandles() const {
+    std::vector<std::pair<Handle, std::size_t>> bearers; // each with its number in the order of the walk
+    forEachHandle([&](Handle handle, const Place& place) {
+        if (handle == 0)
+            refuse(place, L"has no handle");
+        if (handle >= m_drawing.nextHandle)
+            refuse(place, L"has the handle " + std::to_wstring(handle) + L", but the next handle to give is " +
+                              std::to_wstring(m_drawing.nextHandle));
+        bearers.emplace_back(handle, bearers.size());
+    });
+    if (!std::ranges::is_sorted(bearers))
+        std::ranges::sort(bearers);
+    const auto same = [](const auto& a, const auto& b) { return a.first == b.first; };
+    const auto twice = std::ranges::adjacent_find(bearers, same);
+    if (twice == bearers.end())
+        return;
+    std::size_t number = 0;
+    std::wstring first;
+    forEachHandle([&](Handle handle, const Place& place) {
+        if (number == twice->second)
+            first = place.text();
+        if (number++ == (twice + 1)->second)
+            refuse(place, L"has the handle " + std::to_wstring(handle) + L", which is the handle of " + first);
+    });
 }
 
 void DrawingCheck::checkStyles() {
@@ -117,7 +171,7 @@ void DrawingCheck::checkStyles() {
     for (std::size_t i = 0; i < m_drawing.linetypes.size(); ++i) {
         const Place place{L"linetype", i};
         linetypes.add(m_drawing.linetypes[i].name, place, kLongestReferenceName);
-        checkHandle(m_drawing.linetypes[i].handle, place);
+        requireAllowed(engine::checkQualifiedName(m_drawing.names.text(m_drawing.linetypes[i].name)), place);
         for (const double length : m_drawing.linetypes[i].pattern)
             checkNumber(length, place);
     }
@@ -125,7 +179,7 @@ void DrawingCheck::checkStyles() {
     for (std::size_t i = 0; i < m_drawing.plotStyles.size(); ++i) {
         const Place place{L"plot style", i};
         plotStyles.add(m_drawing.plotStyles[i].name, place, kLongestReferenceName);
-        checkHandle(m_drawing.plotStyles[i].handle, place);
+        requireAllowed(engine::checkQualifiedName(m_drawing.names.text(m_drawing.plotStyles[i].name)), place);
     }
 }
 
@@ -136,9 +190,15 @@ void DrawingCheck::checkLayers() {
         Place place{L"layer", i};
         names.add(layer.name, place, layer.reference == kNone ? engine::kMaxNameLength : kLongestReferenceName);
         place.name = m_drawing.names.text(layer.name);
-        checkHandle(layer.handle, place);
-        if (layer.reference != kNone && layer.reference >= m_drawing.references.size())
+        requireAllowed(
+            layer.reference == kNone ? engine::checkName(place.name) : engine::checkQualifiedName(place.name), place);
+        if (layer.reference == kNone)
+            continue;
+        if (layer.reference >= m_drawing.references.size())
             refuseIndex(place, L"reference", layer.reference, m_drawing.references.size());
+        const std::wstring prefix = m_drawing.references[layer.reference].name + engine::kReferenceSeparator;
+        if (!equalFolded(place.name.substr(0, prefix.size()), prefix))
+            refuse(place, L"doesn't bear the name of its reference, \"" + prefix + L"\"");
     }
     if (m_drawing.currentLayer >= m_drawing.layers.size())
         refuseIndex({L"the current layer"}, L"layer", m_drawing.currentLayer, m_drawing.layers.size());
@@ -147,9 +207,9 @@ void DrawingCheck::checkLayers() {
 void DrawingCheck::checkLayerSet(const LayerSet& set, const Place& place) {
     if (!m_sets.insert(&set).second)
         return;
-    UniqueNames names(m_drawing.names);
+    m_layersOfSet.startList();
     for (std::size_t i = 0; i < set.names.size(); ++i)
-        names.add(set.names[i], {L"layer", i, {}, &place}, kLongestReferenceName);
+        m_layersOfSet.add(set.names[i], {L"layer", i, {}, &place}, kLongestReferenceName);
 }
 
 void DrawingCheck::checkStates() {
@@ -160,9 +220,7 @@ void DrawingCheck::checkStates() {
             continue; // belongs to another file
         const Place place{L"layer state", i, state.name};
         names.add(state.name, place);
-        if (engine::checkStateName(state.name) != Vorn::eOk)
-            refuse(place, L"has a character in its name that isn't allowed there");
-        checkHandle(state.handle, place);
+        requireAllowed(engine::checkStateName(state.name), place);
         if (!state.layers)
             refuse(place, L"has no layers");
         checkLayerSet(*state.layers, place);
@@ -227,7 +285,6 @@ void DrawingCheck::checkEntities(const std::vector<Entity>& entities, const Plac
 }
 
 void DrawingCheck::checkViewport(const Viewport& viewport, const Place& place) {
-    checkHandle(viewport.handle, place);
     checkPoint(viewport.corner, place);
     checkPoint(viewport.viewCenter, place);
     for (const double number : {viewport.width, viewport.height, viewport.scale})
@@ -270,6 +327,7 @@ void DrawingCheck::checkReferences() {
         const Reference& reference = m_drawing.references[i];
         const Place place{L"reference", i, reference.name};
         names.add(reference.name, place);
+        requireAllowed(engine::checkName(reference.name), place);
         if (reference.path.empty())
             refuse(place, L"has no path");
         checkPoint(reference.insertion, place);
@@ -300,12 +358,15 @@ void checkExtendedValue(const ExtendedValue& value, const Place& place) {
 }
 
 void DrawingCheck::checkExtendedData() {
-    std::set<std::pair<Handle, std::wstring>> blocks;
+    const auto before = [](const ExtendedData* a, const ExtendedData* b) {
+        return a->object != b->object ? a->object < b->object : compareFolded(a->application, b->application) < 0;
+    };
+    std::set<const ExtendedData*, decltype(before)> blocks;
     for (std::size_t i = 0; i < m_drawing.extendedData.size(); ++i) {
         const ExtendedData& data = m_drawing.extendedData[i];
         const Place place{L"extended data", i, data.application};
         checkName(data.application, place);
-        if (!blocks.emplace(data.object, foldCase(data.application)).second)
+        if (!blocks.insert(&data).second)
             refuse(place, L"is the second of its application for the object " + std::to_wstring(data.object));
         for (std::size_t j = 0; j < data.values.size(); ++j)
             checkExtendedValue(data.values[j], {L"value", j, {}, &place});

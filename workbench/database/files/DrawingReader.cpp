@@ -53,7 +53,7 @@ Drawing DrawingReader::read() {
     readApplications();
     readCurrent();
     giveHandles();
-    mendStateNames(m_drawing);
+    mendNames(m_drawing);
     check();
     return std::move(m_drawing);
 }

@@ -27,10 +27,11 @@ void FileNumbers::useStyles(const Drawing& drawing) {
         m_styles.use(linetype.name);
     for (const PlotStyle& style : drawing.plotStyles)
         m_styles.use(style.name);
-    useStyles(drawing.columns);
+    std::set<const NameId*> seen;
+    useStyles(drawing.columns, seen);
     for (const LayerState& state : drawing.states)
         if (state.reference == kNone)
-            useStyles(state.columns);
+            useStyles(state.columns, seen);
     useStyles(drawing.entities);
     for (const Layout& layout : drawing.layouts) {
         useStyles(layout.entities);
@@ -42,11 +43,14 @@ void FileNumbers::useStyles(const Drawing& drawing) {
     }
 }
 
-void FileNumbers::useStyles(const LayerColumns& columns) {
-    for (const NameId name : columns.linetypes.values())
-        m_styles.use(name);
-    for (const NameId name : columns.plotStyles.values())
-        m_styles.use(name);
+// Many states may share a column: it is looked at once.
+void FileNumbers::useStyles(const LayerColumns& columns, std::set<const NameId*>& seen) {
+    for (const Column<NameId>* column : {&columns.linetypes, &columns.plotStyles}) {
+        if (!seen.insert(column->values().data()).second)
+            continue;
+        for (const NameId name : column->values())
+            m_styles.use(name);
+    }
 }
 
 void FileNumbers::useStyles(const std::vector<Entity>& entities) {
@@ -55,10 +59,11 @@ void FileNumbers::useStyles(const std::vector<Entity>& entities) {
 }
 
 void FileNumbers::useColors(const Drawing& drawing) {
-    useColors(drawing.columns.colors);
+    std::set<const ColorId*> seen;
+    useColors(drawing.columns.colors, seen);
     for (const LayerState& state : drawing.states)
         if (state.reference == kNone)
-            useColors(state.columns.colors);
+            useColors(state.columns.colors, seen);
     useColors(drawing.entities);
     for (const Layout& layout : drawing.layouts) {
         useColors(layout.entities);
@@ -68,7 +73,9 @@ void FileNumbers::useColors(const Drawing& drawing) {
     }
 }
 
-void FileNumbers::useColors(const Column<ColorId>& colors) {
+void FileNumbers::useColors(const Column<ColorId>& colors, std::set<const ColorId*>& seen) {
+    if (!seen.insert(colors.values().data()).second)
+        return;
     for (const ColorId color : colors.values())
         useColor(color);
 }

@@ -4,6 +4,8 @@
 
 #include "model/Drawing.h"
 
+#include <set>
+
 namespace zdr {
 
 /// Numbers without gaps, in the same order, for the entries of a table that are used.
@@ -52,10 +54,10 @@ class FileNumbers {
 
   private:
     void useStyles(const Drawing& drawing);
-    void useStyles(const LayerColumns& columns);
+    void useStyles(const LayerColumns& columns, std::set<const NameId*>& seen);
     void useStyles(const std::vector<Entity>& entities);
     void useColors(const Drawing& drawing);
-    void useColors(const Column<ColorId>& colors);
+    void useColors(const Column<ColorId>& colors, std::set<const ColorId*>& seen);
     void useColors(const std::vector<Entity>& entities);
     void useColor(ColorId color) {
         if (isNamedColor(color))

@@ -1,30 +1,30 @@
 #include "NameMending.h"
 
+#include "DrawingCheck.h"
 #include "TextCoding.h"
 #include "values/NameRules.h"
 
+#include <unordered_map>
 #include <unordered_set>
 
 namespace zdr {
 namespace {
 
-bool isOwn(const LayerState& state) {
-    return state.reference == kNone;
-}
+using engine::kReferenceSeparator;
 
-bool needsMending(const LayerState& state) {
-    return isOwn(state) && engine::checkStateName(state.name) != Vorn::eOk;
-}
-
-/// The names that states have, and others that are free beside them.
-class StateNames {
+/// The names that things of one kind have, and others that are free beside them.
+class TakenNames {
   public:
-    void take(std::wstring_view name) { m_taken.insert(foldCase(name)); }
-    /// The name itself, or else a numbered one. It is taken from then on.
+    void take(const std::wstring& name) { m_taken.insert(name); }
+    /// The name itself, or else one with a number behind it. It is taken from then on.
     std::wstring free(const std::wstring& name) {
         std::wstring candidate = name;
-        const std::wstring stem(cutToUnits(name, engine::kMaxNameLength - kRoomForNumber));
-        while (!m_taken.insert(foldCase(candidate)).second)
+        const std::size_t separator = name.rfind(kReferenceSeparator); // behind it stands the thing's own name
+        const std::size_t own = separator == std::wstring::npos ? 0 : separator + 1;
+        const std::wstring_view last = std::wstring_view(name).substr(own);
+        const std::wstring stem =
+            name.substr(0, own) + std::wstring(cutToUnits(last, engine::kMaxNameLength - kRoomForNumber));
+        while (!m_taken.insert(candidate).second)
             candidate = stem + L' ' + std::to_wstring(nextNumber(stem));
         return candidate;
     }
@@ -33,32 +33,134 @@ class StateNames {
     static constexpr std::size_t kRoomForNumber = 11; // a blank and ten digits
 
     /// A number for each name would be sought from the beginning again, and a file can hold very many.
-    std::uint32_t nextNumber(std::wstring_view stem) {
-        std::uint32_t& last = m_lastNumbers.try_emplace(foldCase(stem), 1).first->second;
+    std::uint32_t nextNumber(const std::wstring& stem) {
+        std::uint32_t& last = m_lastNumbers.try_emplace(stem, 1).first->second;
         return ++last;
     }
 
-    std::unordered_set<std::wstring> m_taken; // folded
-    std::unordered_map<std::wstring, std::uint32_t> m_lastNumbers;
+    std::unordered_set<std::wstring, FoldedHash, FoldedEqual> m_taken;
+    std::unordered_map<std::wstring, std::uint32_t, FoldedHash, FoldedEqual> m_lastNumbers;
 };
+
+// Such a name of anything but a layer state is damage, and the drawing is refused.
+bool isDamaged(std::wstring_view name, std::size_t longest) {
+    return nameFault(name, longest).has_value();
+}
+
+/// Things that bear a text of their own.
+template <class Thing, class NeedsMending, class Mended>
+std::vector<MendedName> mendTexts(std::vector<Thing>& things, Bearer bearer, NeedsMending needsMending, Mended mended) {
+    std::vector<MendedName> changes;
+    if (std::ranges::none_of(things, needsMending))
+        return changes;
+    TakenNames names;
+    for (const Thing& thing : things)
+        if (!needsMending(thing))
+            names.take(thing.name);
+    for (Thing& thing : things) {
+        if (!needsMending(thing))
+            continue;
+        const std::wstring now = names.free(mended(thing.name));
+        changes.push_back({std::exchange(thing.name, now), now, bearer});
+    }
+    return changes;
+}
+
+/// Names of the drawing's table. One that is mended keeps its number there, so that whatever names it follows; and what
+/// else bears it, of another kind, gets the new name with it.
+class TableMending {
+  public:
+    TableMending(Drawing& drawing, const std::vector<std::wstring>& formerReferences)
+        : m_drawing(drawing), m_formerReferences(formerReferences) {}
+
+    void run() {
+        for (const Layer& layer : m_drawing.layers)
+            look(layer.name, layer.reference, Bearer::Layer);
+        for (const Linetype& linetype : m_drawing.linetypes)
+            look(linetype.name, kNone, Bearer::Linetype);
+        for (const PlotStyle& style : m_drawing.plotStyles)
+            look(style.name, kNone, Bearer::PlotStyle);
+        if (!m_wanted.empty())
+            rename();
+    }
+
+  private:
+    /// What a name should be, but for others that may have it already.
+    std::wstring wanted(std::wstring_view name, std::size_t reference, Bearer bearer) const {
+        if (reference < m_drawing.references.size()) {
+            const std::size_t own = m_formerReferences[reference].size() + 1;
+            const bool isPrefixed = name.size() >= own && name[own - 1] == kReferenceSeparator &&
+                                    equalFolded(name.substr(0, own - 1), m_formerReferences[reference]);
+            return m_drawing.references[reference].name + kReferenceSeparator +
+                   engine::mendedQualifiedName(isPrefixed ? name.substr(own) : name);
+        }
+        return bearer == Bearer::Layer ? engine::mendedName(name) : engine::mendedQualifiedName(name);
+    }
+    bool isLeft(const std::wstring& name, std::size_t reference, Bearer bearer) const {
+        if (bearer == Bearer::Layer && reference == kNone)
+            return engine::checkName(name) == Vorn::eOk || isDamaged(name, engine::kMaxNameLength);
+        if (engine::checkQualifiedName(name) != Vorn::eOk)
+            return isDamaged(name, kLongestReferenceName);
+        return reference >= m_drawing.references.size() || equalFolded(wanted(name, reference, bearer), name);
+    }
+    void look(NameId name, std::size_t reference, Bearer bearer) {
+        const std::wstring& text = m_drawing.names.text(name);
+        if (isLeft(text, reference, bearer))
+            return;
+        m_wanted.try_emplace(name, wanted(text, reference, bearer));
+        m_bearers.push_back({name, bearer});
+    }
+    void rename() {
+        TakenNames taken;
+        const NameTable before = m_drawing.names;
+        for (NameId name = 1; name < before.size(); ++name)
+            if (!m_wanted.contains(name))
+                taken.take(before.text(name));
+        NameTable after;
+        for (NameId name = 1; name < before.size(); ++name) {
+            const auto mended = m_wanted.find(name);
+            after.intern(mended == m_wanted.end() ? before.text(name) : taken.free(mended->second));
+        }
+        m_drawing.names = std::move(after);
+        for (const auto& [name, bearer] : m_bearers)
+            m_drawing.mendedNames.push_back({before.text(name), m_drawing.names.text(name), bearer});
+    }
+
+    Drawing& m_drawing;
+    const std::vector<std::wstring>& m_formerReferences; // the names of references before they were mended
+    std::unordered_map<NameId, std::wstring> m_wanted;
+    std::vector<std::pair<NameId, Bearer>> m_bearers; // as they are told
+};
+
+void append(std::vector<MendedName>& all, std::vector<MendedName> more) {
+    all.insert(all.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
+}
 
 } // namespace
 
-void mendStateNames(Drawing& drawing) {
-    if (std::ranges::none_of(drawing.states, needsMending))
-        return;
-    StateNames names;
-    for (const LayerState& state : drawing.states)
-        if (!needsMending(state))
-            names.take(state.name);
-    for (LayerState& state : drawing.states) {
-        if (!needsMending(state))
-            continue;
-        const std::wstring now = names.free(engine::mendedStateName(state.name));
-        if (drawing.lastRestored && equalFolded(*drawing.lastRestored, state.name))
-            drawing.lastRestored = now;
-        drawing.mendedStates.push_back({std::exchange(state.name, now), now});
-    }
+void mendNames(Drawing& drawing) {
+    std::vector<std::wstring> formerReferences;
+    for (const Reference& reference : drawing.references)
+        formerReferences.push_back(reference.name);
+    append(drawing.mendedNames, mendTexts(
+                                    drawing.references, Bearer::Reference,
+                                    [](const Reference& reference) {
+                                        return engine::checkName(reference.name) != Vorn::eOk &&
+                                               !isDamaged(reference.name, engine::kMaxNameLength);
+                                    },
+                                    [](std::wstring_view name) { return engine::mendedName(name); }));
+    TableMending(drawing, formerReferences).run();
+    const auto ownAndRefused = [](const LayerState& state) {
+        return state.reference == kNone && engine::checkStateName(state.name) != Vorn::eOk;
+    };
+    std::vector<MendedName> states = mendTexts(drawing.states, Bearer::LayerState, ownAndRefused,
+                                               [](std::wstring_view name) { return engine::mendedStateName(name); });
+    const auto isLastRestored = [&drawing](const MendedName& name) {
+        return drawing.lastRestored && equalFolded(*drawing.lastRestored, name.was);
+    };
+    if (const auto last = std::ranges::find_if(states, isLastRestored); last != states.end())
+        drawing.lastRestored = last->now;
+    append(drawing.mendedNames, std::move(states));
 }
 
 } // namespace zdr

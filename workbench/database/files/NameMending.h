@@ -1,5 +1,6 @@
-// What is done with names of layer states in a file that the rules for names refuse. Such a state could be deleted, but
-// not saved again under its name, and an update does both.
+// What is done with names in a file that the rules for names refuse. A layer state of such a name could be deleted, but
+// not saved again, and an update does both; a layer of the drawing itself with the name of one that a reference brings
+// would stand in its place.
 #pragma once
 
 #include "KelExport.h"
@@ -7,9 +8,10 @@
 
 namespace zdr {
 
-/// Gives the drawing's own states whose names the rules refuse the nearest names that they allow and that no other
-/// state has, and enters them in the drawing's mendedStates. What names such a state follows. Allowed names stay, also
-/// two that are the same.
-KELDB_API void mendStateNames(Drawing& drawing);
+/// Gives what has a name that the rules refuse the nearest name that they allow and that nothing else of its kind has,
+/// and enters it in the drawing's mendedNames: the drawing's own states, layers, linetypes, plot styles and references.
+/// What comes from a reference has the reference's name in front, and the rules hold for each part of its name. What
+/// names such a thing follows. Allowed names stay, also two that are the same.
+KELDB_API void mendNames(Drawing& drawing);
 
 } // namespace zdr

@@ -4,10 +4,23 @@
 
 namespace zdr {
 
-void ReadContext::claim(std::size_t bytes) {
-    if (bytes > m_unclaimed)
+namespace {
+
+void take(std::size_t bytes, std::size_t& unclaimed) {
+    if (bytes > unclaimed)
         throw Refusal{Vorn::eFileCutOff, L"is damaged: its parts overlap, and claim more bytes than the file holds"};
-    m_unclaimed -= bytes;
+    unclaimed -= bytes;
+}
+
+} // namespace
+
+void ReadContext::claim(std::size_t bytes) {
+    take(bytes, m_unclaimed);
+}
+
+void ReadContext::claimColumn(const void* values, std::size_t bytes) {
+    if (m_columns.emplace(values, bytes).second)
+        take(bytes, m_unclaimedColumns);
 }
 
 void ReadContext::claimFlags(std::size_t count) {

@@ -7,6 +7,7 @@
 #include <flatbuffers/flatbuffers.h>
 
 #include <memory>
+#include <set>
 
 namespace zdr {
 
@@ -14,7 +15,7 @@ class ReadContext {
   public:
     /// `bytes` are the file's, kept alive by `owner`; texts become names of `names`.
     ReadContext(std::span<const std::byte> bytes, std::shared_ptr<const void> owner, NameTable& names)
-        : m_owner(std::move(owner)), m_unclaimed(bytes.size()), m_names(names) {}
+        : m_owner(std::move(owner)), m_unclaimed(bytes.size()), m_unclaimedColumns(bytes.size()), m_names(names) {}
 
     /// A text of the file; empty for one that the file doesn't have.
     std::wstring text(const flatbuffers::String* source, const Place& place);
@@ -37,15 +38,20 @@ class ReadContext {
     void claimFlags(std::size_t count);
 
     /// A column that uses the file's bytes in place.
-    template <class T> Column<T> view(const flatbuffers::Vector<T>& source) const {
+    template <class T> Column<T> view(const flatbuffers::Vector<T>& source) {
+        claimColumn(source.data(), source.size() * sizeof(T));
         return Column<T>(m_owner, std::span<const T>(source.data(), source.size()));
     }
     /// A column of style numbers as names of the drawing: the file's bytes themselves when they agree.
     Column<NameId> styles(const flatbuffers::Vector<std::uint32_t>& source, const Place& place);
 
   private:
+    /// Columns may be the same, but not overlap: each is looked at once, and all together are no larger than the file.
+    void claimColumn(const void* values, std::size_t bytes);
+
     std::shared_ptr<const void> m_owner;
-    std::size_t m_unclaimed;
+    std::size_t m_unclaimed, m_unclaimedColumns;
+    std::set<std::pair<const void*, std::size_t>> m_columns;
     std::size_t m_unclaimedFlags = std::size_t{1} << 30; // 128 MB of flags: 50,000 viewports over 20,000 layers
     NameTable& m_names;
     std::vector<NameId> m_styles;

@@ -2,6 +2,8 @@
 
 #include "CaseFolding.h"
 
+#include "SeededHash.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -114,10 +116,10 @@ int compareFolded(std::wstring_view a, std::wstring_view b) {
 
 std::size_t FoldedHash::operator()(std::wstring_view text) const {
     const FoldTable& table = foldTable();
-    std::uint64_t hash = 0xCBF29CE484222325;
+    SeededHash hash;
     for (const wchar_t character : text)
-        hash = (hash ^ fold(table, character)) * 0x100000001B3;
-    return static_cast<std::size_t>(hash);
+        hash.add(fold(table, character));
+    return hash.value();
 }
 
 } // namespace zdr

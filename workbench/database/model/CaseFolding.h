@@ -21,7 +21,8 @@ inline bool equalFolded(std::wstring_view a, std::wstring_view b) {
     return a.size() == b.size() && compareFolded(a, b) == 0;
 }
 
-/// Hash and equality for containers keyed by name. They fold as they go, so that a look-up takes no memory.
+/// Hash and equality for containers keyed by name. They fold as they go, so that a look-up takes no memory; the hash is
+/// seeded.
 struct FoldedHash {
     using is_transparent = void;
     KELDB_API std::size_t operator()(std::wstring_view text) const;

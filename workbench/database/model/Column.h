@@ -8,9 +8,30 @@
 #include <memory>
 #include <span>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace zdr {
+
+/// Makes room for `more` elements, so that appending them can't fail; the room at least doubles, so that it takes no
+/// longer in many small steps than in one.
+template <class List> void makeRoom(List& list, std::size_t more) {
+    if (list.capacity() - list.size() < more)
+        list.reserve(std::max(list.size() + more, 2 * list.size()));
+}
+
+/// Takes the elements at all marked places out of a list, in one pass and without memory.
+template <class List> void eraseMarked(List& list, const std::vector<bool>& gone) {
+    std::size_t kept = 0;
+    for (std::size_t i = 0; i < list.size(); ++i) {
+        if (gone[i])
+            continue;
+        if (kept != i)
+            list[kept] = std::move(list[i]);
+        ++kept;
+    }
+    list.erase(list.begin() + static_cast<std::ptrdiff_t>(kept), list.end());
+}
 
 template <class T> class Column {
     static_assert(std::is_trivially_copyable_v<T>);
@@ -62,6 +83,13 @@ template <class T> class Column {
     void erase(std::size_t index) {
         makeRoom(0);
         m_own->erase(m_own->begin() + static_cast<std::ptrdiff_t>(index));
+        m_values = *m_own;
+    }
+
+    /// Takes the values at all marked places out.
+    void eraseMarked(const std::vector<bool>& gone) {
+        makeRoom(0);
+        zdr::eraseMarked(*m_own, gone);
         m_values = *m_own;
     }
 

@@ -145,10 +145,13 @@ struct ExtendedData {
     std::vector<ExtendedValue> values; ///< without the node that names the application
 };
 
-/// A layer state whose name the file had otherwise. One of a reference has the reference's name in
-/// front of both.
+/// What bears a name.
+enum class Bearer { LayerState, Layer, Linetype, PlotStyle, Reference };
+
+/// A name that the file had otherwise. What comes from a reference has the reference's name in front of both.
 struct MendedName {
     std::wstring was, now;
+    Bearer bearer = Bearer::LayerState;
 };
 
 /// What the numbers in columns stand for. Both tables only grow, so that what undo brings back still means the same.
@@ -176,7 +179,7 @@ struct Drawing : ColumnTables {
     std::size_t currentLayer = 0;
     std::vector<LayerState> states;           ///< drawing order; those of references come last
     std::optional<std::wstring> lastRestored; ///< name of a state
-    std::vector<MendedName> mendedStates;     ///< when the drawing was read; not saved
+    std::vector<MendedName> mendedNames;      ///< when the drawing was read; not saved
     std::vector<Entity> entities;             ///< in model space
     std::vector<Layout> layouts;
     std::optional<std::size_t> activeLayout; ///< none: the model tab

@@ -6,7 +6,7 @@
 
 #include <cstdint>
 #include <deque>
-#include <unordered_map>
+#include <vector>
 
 namespace zdr {
 
@@ -28,8 +28,17 @@ class KELDB_API NameTable {
     std::size_t size() const { return m_names.size(); }
 
   private:
+    /// A place of the hash table: no pointers, so that a table can be copied, and the names stand in one list alone.
+    struct Slot {
+        NameId id = kNoName; ///< kNoName: free
+        std::uint32_t hash = 0;
+    };
+    /// The place in which a name stands, or would stand.
+    std::size_t slotOf(std::wstring_view name, std::uint32_t hash) const;
+    void makeRoom();
+
     std::deque<std::wstring> m_names;
-    std::unordered_map<std::wstring, NameId, FoldedHash, FoldedEqual> m_ids;
+    std::vector<Slot> m_slots; // a power of two, half of them free
 };
 
 } // namespace zdr

@@ -1,16 +1,21 @@
 #include "NamedColors.h"
 
+#include "SeededHash.h"
+
 #include <algorithm>
 #include <string_view>
 
 namespace zdr {
 
 std::size_t NamedColors::Hash::operator()(const KelCmColor& color) const {
-    constexpr std::size_t kFactor = 0x9E3779B97F4A7C15;
-    std::size_t hash = color.packed();
-    for (const std::wstring_view name : {color.colorName(), color.bookName()})
-        hash = hash * kFactor + std::hash<std::wstring_view>()(name);
-    return hash;
+    SeededHash hash;
+    hash.add(color.packed());
+    for (const std::wstring_view name : {color.colorName(), color.bookName()}) {
+        for (const wchar_t character : name)
+            hash.add(static_cast<std::uint32_t>(character));
+        hash.add(0);
+    }
+    return hash.value();
 }
 
 ColorId NamedColors::intern(const KelCmColor& color) {

@@ -6,6 +6,7 @@
 #include "model/CaseFolding.h"
 
 #include <algorithm>
+#include <array>
 
 using instruments::HostCall;
 
@@ -17,12 +18,21 @@ bool isControl(wchar_t character) {
     return code < 0x20 || (code >= 0x7F && code < 0xA0);
 }
 
+// A table, because every name of a file is looked at.
+constexpr std::array<bool, 0x80> kNotInExtendedNames = [] {
+    std::array<bool, 0x80> table{};
+    for (const char character : std::string_view("<>:\"/\\?*!"))
+        table[static_cast<std::size_t>(character)] = true;
+    return table;
+}();
+
 bool allowedInExtendedName(wchar_t character, bool allowVerticalBar) {
     if (isControl(character))
         return false;
     if (character == L'|')
         return allowVerticalBar;
-    return std::wstring_view(L"<>:\"/\\?*!").find(character) == std::wstring_view::npos;
+    const auto code = static_cast<std::uint32_t>(character);
+    return code >= kNotInExtendedNames.size() || !kNotInExtendedNames[code];
 }
 
 bool allowedInOldName(wchar_t character, bool allowVerticalBar) {
@@ -47,13 +57,52 @@ Vorn::ErrorStatus checkStateName(std::wstring_view name) {
     return status == Vorn::eOk && zdr::lengthInUnits(name) > kMaxNameLength ? Vorn::eNameTooLong : status;
 }
 
+namespace {
+
+std::wstring mendedName(std::wstring_view name, std::size_t mostUnits) {
+    std::wstring mended(zdr::cutToUnits(name, mostUnits));
+    std::ranges::replace_if(
+        mended, [](wchar_t c) { return !allowedInExtendedName(c, false); }, L'_');
+    return mended.empty() ? L"Unnamed" : mended;
+}
+
+/// Calls the action with each name between separators.
+template <class Action> void forEachPart(std::wstring_view name, Action action) {
+    std::size_t end = name.find(kReferenceSeparator);
+    while (end != std::wstring_view::npos) {
+        action(name.substr(0, end));
+        name.remove_prefix(end + 1);
+        end = name.find(kReferenceSeparator);
+    }
+    action(name);
+}
+
+} // namespace
+
+std::wstring mendedName(std::wstring_view name) {
+    return mendedName(name, kMaxNameLength);
+}
+
 std::wstring mendedStateName(std::wstring_view name) {
-    const std::size_t mark = name.starts_with(kHiddenMark) ? 1 : 0;
-    std::wstring mended(zdr::cutToUnits(name, kMaxNameLength));
-    std::replace_if(
-        mended.begin() + static_cast<std::ptrdiff_t>(mark), mended.end(),
-        [](wchar_t c) { return !allowedInExtendedName(c, false); }, L'_');
-    return mended.size() == mark ? mended + L"Unnamed" : mended;
+    if (!name.starts_with(kHiddenMark))
+        return mendedName(name);
+    return kHiddenMark + mendedName(name.substr(1), kMaxNameLength - 1);
+}
+
+Vorn::ErrorStatus checkQualifiedName(std::wstring_view name) {
+    Vorn::ErrorStatus status = Vorn::eOk;
+    forEachPart(name, [&status](std::wstring_view part) {
+        if (status == Vorn::eOk)
+            status = checkName(part);
+    });
+    return status;
+}
+
+std::wstring mendedQualifiedName(std::wstring_view name) {
+    std::wstring mended;
+    forEachPart(name, [&mended](std::wstring_view part) { mended += mendedName(part) + kReferenceSeparator; });
+    mended.pop_back();
+    return mended;
 }
 
 Vorn::ErrorStatus checkColorName(std::wstring_view name) {

@@ -30,6 +30,13 @@ inline Vorn::ErrorStatus checkName(std::wstring_view name) {
 /// The rule for the name of a colour or of its book, which is text for people: eOk, eInvalidInput for control
 /// characters, or eNameTooLong.
 Vorn::ErrorStatus checkColorName(std::wstring_view name);
+/// The rules for what may come from a reference, or from one within it: names given today with the separator between
+/// them.
+KELDB_API Vorn::ErrorStatus checkQualifiedName(std::wstring_view name);
+/// The nearest name that the rules for a name given today allow: with '_' for what is not allowed, cut where it is too
+/// long, "Unnamed" where there is none. And the same for the names between separators, each by itself.
+std::wstring mendedName(std::wstring_view name);
+std::wstring mendedQualifiedName(std::wstring_view name);
 bool isReservedLayer(std::wstring_view name);
 
 /// Stands before the name of a layer state that lists don't show; part of no other name.
@@ -37,8 +44,7 @@ inline constexpr wchar_t kHiddenMark = L'*';
 /// The rules for the name of a state that a drawing holds: those for a name given today, but a hidden one has the mark
 /// in front, which counts for its length.
 KELDB_API Vorn::ErrorStatus checkStateName(std::wstring_view name);
-/// The nearest name that checkStateName() allows, which is `name` itself when that is allowed: with '_' for what is not
-/// allowed, cut where it is too long, "Unnamed" where there is none.
+/// The nearest name that checkStateName() allows, which is `name` itself when that is allowed.
 std::wstring mendedStateName(std::wstring_view name);
 
 } // namespace engine

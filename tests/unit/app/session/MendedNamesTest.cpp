@@ -95,11 +95,24 @@ TEST(MendedNamesText, IsEmptyWhereThereAreNone) {
     EXPECT_EQ(workbench::mendedNamesText(zdr::Drawing()), L"");
 }
 
+TEST(MendedNamesText, TellsWhatBearsEachName) {
+    zdr::Drawing drawing;
+    drawing.mendedNames = {{L"a/b", L"a_b", zdr::Bearer::Layer},
+                           {L"a/b", L"a_b", zdr::Bearer::Linetype},
+                           {L"a/b", L"a_b", zdr::Bearer::PlotStyle},
+                           {L"a/b", L"a_b", zdr::Bearer::Reference},
+                           {L"a/b", L"a_b"}};
+    const std::wstring text = workbench::mendedNamesText(drawing);
+    for (const wchar_t* word : {L"layer", L"linetype", L"plot style", L"reference", L"layer state"})
+        EXPECT_THAT(text, HasSubstr(L"The name of " + std::wstring(word) +
+                                    L" \"a/b\" can't be used: it is called \"a_b\" now.\n"));
+}
+
 TEST(MendedNamesText, OfVeryManyTellsTheFirstHundredAndTheNumberOfTheRest) {
     zdr::Drawing drawing;
-    drawing.mendedStates.assign(100, {L"a/b", L"a_b"});
+    drawing.mendedNames.assign(100, {L"a/b", L"a_b"});
     EXPECT_THAT(workbench::mendedNamesText(drawing), Not(HasSubstr(L" more.")));
-    drawing.mendedStates.assign(350, {L"a/b", L"a_b"});
+    drawing.mendedNames.assign(350, {L"a/b", L"a_b"});
     const std::wstring text = workbench::mendedNamesText(drawing);
     EXPECT_EQ(std::ranges::count(text, L'\n'), 102);
     EXPECT_THAT(text, EndsWith(L" now.\nSo it is with 250 more.\n" + kAdvice));
