@@ -23,7 +23,7 @@ constexpr std::uint64_t kLargestFile = std::numeric_limits<std::uint32_t>::max()
     throw RemoteFailure{eInetCutOff, L"wasn't transferred: the line to its server was cut before the end of the file"};
 }
 
-Address redirected(const Address& from, const HttpExchange& exchange) {
+Address redirected(const Address& from, Request request, const HttpExchange& exchange) {
     const auto location = exchange.header(WINHTTP_QUERY_LOCATION);
     if (!location)
         throw RemoteFailure{eInetBadRedirect, L"wasn't transferred: its server sends on without saying where"};
@@ -31,6 +31,10 @@ Address redirected(const Address& from, const HttpExchange& exchange) {
     if (target.kind != AddressKind::Remote)
         throw RemoteFailure{eInetBadRedirect, L"wasn't transferred: its server sends on to \"" +
                                                   shownAddress(*location) + L"\", which " + target.cause};
+    if (request == Request::Upload && !isSameServer(from, target.address))
+        throw RemoteFailure{eInetBadRedirect, L"wasn't transferred: its server sends the file on to \"" +
+                                                  shownAddress(*location) +
+                                                  L"\", which is another server, port or scheme"};
     return target.address;
 }
 
@@ -45,16 +49,31 @@ template <class Send> HttpExchange exchangeWith(Address address, Request request
                 throw RemoteFailure(*failure);
             return exchange;
         }
-        address = redirected(address, exchange);
+        address = redirected(address, request, exchange);
     }
     throw RemoteFailure{eInetBadRedirect, L"wasn't transferred: its server sends on again and again"};
 }
 
-HttpExchange askFor(const Address& address) {
-    HttpExchange exchange(address, L"GET");
+HttpExchange ask(const Address& address, const wchar_t* verb) {
+    HttpExchange exchange(address, verb);
     exchange.begin(0);
     exchange.receiveAnswer();
     return exchange;
+}
+
+HttpExchange askFor(const Address& address) {
+    return ask(address, L"GET");
+}
+
+/// Asks for the head of the answer that a fetch would get. A server that doesn't know that question is asked for the
+/// file, which then isn't read.
+HttpExchange askAbout(const Address& address) {
+    {
+        HttpExchange exchange = ask(address, L"HEAD");
+        if (!isVerbUnknown(exchange.status()))
+            return exchange;
+    }
+    return askFor(address);
 }
 
 /// How many bytes the body of an answer has. Throws when the answer doesn't announce that: not every system's client
@@ -93,6 +112,10 @@ void sendFile(HttpExchange& exchange, zdr::InputFile& file, std::uint64_t size) 
 }
 
 } // namespace
+
+void requireThere(const Address& address) {
+    exchangeWith(address, Request::Fetch, askAbout);
+}
 
 RemoteFile::RemoteFile(const Address& address)
     : m_exchange(exchangeWith(address, Request::Fetch, askFor)), m_size(announcedSize(m_exchange)) {}

@@ -10,6 +10,9 @@
 
 namespace remote {
 
+/// Asks a server whether it has a file, without fetching it; follows redirects. Throws when it doesn't have it.
+void requireThere(const Address& address);
+
 /// A file on a server, found and about to be fetched.
 class RemoteFile {
   public:
@@ -23,7 +26,7 @@ class RemoteFile {
     std::uint64_t m_size;
 };
 
-/// Puts a local file on a server.
+/// Puts a local file on the server of the address, and on no other one: redirects are followed on that server alone.
 void uploadFile(const Address& address, const std::wstring& path);
 
 } // namespace remote
