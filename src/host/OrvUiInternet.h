@@ -13,7 +13,7 @@ enum CProxyInetStatus : int {
     eInetUnknownMode = 20004,     ///< the mode is neither kInetFetch nor kInetUpload
     eInetHostNotFound = 20005,    ///< no server of that name is known
     eInetNoConnection = 20006,    ///< the server can't be reached, or refuses to be connected to
-    eInetTimedOut = 20007,        ///< the server didn't answer in time
+    eInetTimedOut = 20007,        ///< the server didn't answer in time, or the line to it is too slow
     eInetCutOff = 20008,          ///< the line was cut before everything had been sent or had come
     eInetNotUnderstood = 20009,   ///< the answer isn't HTTP, or doesn't say how long the file is
     eInetNotSecure = 20010,       ///< https: the server's certificate isn't trusted, or there was no handshake
@@ -29,13 +29,15 @@ enum CProxyInetStatus : int {
     eInetLocalUnwritable = 20020, ///< fetch: the local file can't be written
     eInetNoMemory = 20021,
     eInetSystemFailed = 20022, ///< the system's client failed in a way of its own
+    eInetCancelled = 20023,    ///< the user has cancelled the transfer
 };
 
 /// Modes of CProxyInet::TransferFile.
 inline constexpr int kInetFetch = 1;
 inline constexpr int kInetUpload = 4;
 
-/// The host's remote file service. The calls end when the transfer has ended.
+/// The host's remote file service. The calls end when the transfer has ended. One that takes longer than a second is shown
+/// in a window in which the user can cancel it; no other window of the program can be used meanwhile.
 class KELUI_API CProxyInet {
   public:
     /// The one service of this process, which is the host's. Null when there is none.

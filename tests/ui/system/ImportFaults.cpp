@@ -211,7 +211,10 @@ std::vector<Function>& table() {
         FUNCTION(WinHttpWriteData, FALSE, ERROR_NOT_ENOUGH_MEMORY),
         FUNCTION(WinHttpReceiveResponse, FALSE, ERROR_WINHTTP_CONNECTION_ERROR),
         FUNCTION(WinHttpQueryHeaders, FALSE, ERROR_WINHTTP_INTERNAL_ERROR),
+        FUNCTION(WinHttpQueryDataAvailable, FALSE, ERROR_WINHTTP_CONNECTION_ERROR),
         FUNCTION(WinHttpReadData, FALSE, ERROR_WINHTTP_CONNECTION_ERROR),
+        FUNCTION(CreateEventW, nullptr, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(CreateThread, nullptr, ERROR_NOT_ENOUGH_MEMORY),
         FUNCTION(IdnToAscii, 0, ERROR_NOT_ENOUGH_MEMORY),
         // text
         FUNCTION(CompareStringEx, 0, ERROR_INVALID_PARAMETER),
