@@ -164,6 +164,7 @@ std::vector<Function>& table() {
         FUNCTION(LoadStringW, 0, ERROR_NOT_ENOUGH_MEMORY),
         FUNCTION(LoadImageW, nullptr, ERROR_NOT_ENOUGH_MEMORY),
         // windows
+        FUNCTION(CreateDialogParamW, nullptr, ERROR_NO_SYSTEM_RESOURCES),
         FUNCTION(CreateDialogIndirectParamW, nullptr, ERROR_NO_SYSTEM_RESOURCES),
         FUNCTION(CreateWindowExW, nullptr, ERROR_NO_SYSTEM_RESOURCES),
         FUNCTION(RegisterClassW, 0, ERROR_NOT_ENOUGH_MEMORY),

@@ -14,7 +14,7 @@ using std::chrono::milliseconds;
 // As often as an eye can follow a number.
 constexpr milliseconds kBetweenRefreshes{100};
 
-milliseconds g_delay = LongWork::kUsualDelay;
+milliseconds g_delay = kUsualDelay;
 
 } // namespace
 

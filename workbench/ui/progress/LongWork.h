@@ -14,6 +14,9 @@
 
 namespace framework {
 
+/// After how long a window comes.
+inline constexpr std::chrono::milliseconds kUsualDelay{1'000};
+
 class KELUI_API LongWork {
   public:
     /// @param title     what is done, as the title of a window: "Fetching File"
@@ -35,9 +38,8 @@ class KELUI_API LongWork {
     /// @param end is signalled at its end
     Waited waitFor(HANDLE end, std::chrono::milliseconds bound);
 
-    /// After how long a window comes; a second unless a test says otherwise.
+    /// Changes after how long a window comes, for tests.
     static void setDelay(std::chrono::milliseconds delay);
-    static constexpr std::chrono::milliseconds kUsualDelay{1'000};
 
   private:
     using Clock = std::chrono::steady_clock;

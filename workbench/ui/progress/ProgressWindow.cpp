@@ -21,13 +21,6 @@ HWND windowInFront() {
     return mainWindow ? GetLastActivePopup(mainWindow->GetSafeHwnd()) : nullptr;
 }
 
-void dropInput() {
-    MSG message;
-    while (PeekMessageW(&message, nullptr, WM_KEYFIRST, WM_KEYLAST, PM_REMOVE) ||
-           PeekMessageW(&message, nullptr, WM_MOUSEFIRST, WM_MOUSELAST, PM_REMOVE)) {
-    }
-}
-
 /// Fills the bar as far as that; before the total is known it only shows that something is going on.
 void fillBar(HWND bar, const ProgressFacts& facts) {
     const LONG_PTR style = GetWindowLongPtrW(bar, GWL_STYLE);
@@ -80,15 +73,26 @@ void ProgressWindow::setText(int control, const std::wstring& text) {
         SetDlgItemTextW(m_window, control, text.c_str());
 }
 
+bool ProgressWindow::isEnd(const MSG& message) {
+    if (message.message != WM_QUIT)
+        return false;
+    PostQuitMessage(static_cast<int>(message.wParam)); // for the loop behind this window
+    return m_cancelled = true;
+}
+
+void ProgressWindow::dropInput() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, WM_KEYFIRST, WM_KEYLAST, PM_REMOVE) ||
+           PeekMessageW(&message, nullptr, WM_MOUSEFIRST, WM_MOUSELAST, PM_REMOVE))
+        if (isEnd(message)) // which comes whatever is asked for
+            return;
+}
+
 void ProgressWindow::handleMessages() {
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-        if (message.message == WM_QUIT) {
-            // For the loop behind this window.
-            PostQuitMessage(static_cast<int>(message.wParam));
-            m_cancelled = true;
+        if (isEnd(message))
             return;
-        }
         if (IsDialogMessageW(m_window, &message))
             continue;
         TranslateMessage(&message);

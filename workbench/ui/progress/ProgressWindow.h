@@ -40,6 +40,9 @@ class ProgressWindow {
 
   private:
     static INT_PTR CALLBACK dialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    /// Whether the message ends the program; if so, the work is cancelled.
+    bool isEnd(const MSG& message);
+    void dropInput();
     void setText(int control, const std::wstring& text);
 
     HWND m_owner; ///< what it stands over; asked for before the others are disabled
