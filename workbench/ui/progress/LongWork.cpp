@@ -49,7 +49,7 @@ LongWork::Waited LongWork::waitFor(HANDLE end, milliseconds bound) {
             return isCancelled() ? Waited::Cancelled : Waited::Signalled;
         if (waited == WAIT_OBJECT_0 + 1)
             m_window->handleMessages();
-        else if (left == milliseconds{0})
+        if (left == milliseconds{0})
             return Waited::TooLong;
     }
     return Waited::Cancelled;

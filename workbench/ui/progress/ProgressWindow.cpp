@@ -89,8 +89,11 @@ void ProgressWindow::dropInput() {
 }
 
 void ProgressWindow::handleMessages() {
+    // Timers that are due again as soon as they have been handled would keep the work from going on.
+    constexpr std::chrono::milliseconds kLongest{50};
+    const auto start = std::chrono::steady_clock::now();
     MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+    while (std::chrono::steady_clock::now() - start < kLongest && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
         if (isEnd(message))
             return;
         if (IsDialogMessageW(m_window, &message))

@@ -33,7 +33,7 @@ class ProgressWindow {
 
     bool isOpen() const { return m_window != nullptr; }
     void show(const ProgressFacts& facts);
-    /// Dispatches the messages of this thread that have come.
+    /// Dispatches the messages of this thread that have come, or as many of them as a moment is enough for.
     void handleMessages();
     /// Whether the user has cancelled, or the program is to end.
     bool isCancelled() const { return m_cancelled; }

@@ -147,6 +147,21 @@ TEST_F(Progress, comesAfterASecondAndNoSooner) {
     EXPECT_NE(progressWindow(), nullptr);
 }
 
+TEST_F(Progress, aWaitEndsInTimeAlsoWhileMessagesNeverEnd) {
+    LongWork work(kTitle, L"a", L"b");
+    // Each message brings the next one.
+    SetWindowLongPtrW(
+        m_main, GWLP_WNDPROC,
+        reinterpret_cast<LONG_PTR>(+[](HWND window, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
+            if (message == WM_APP)
+                PostMessageW(window, WM_APP, 0, 0);
+            return DefWindowProcW(window, message, wParam, lParam);
+        }));
+    PostMessageW(m_main, WM_APP, 0, 0);
+    EXPECT_EQ(work.waitFor(m_never.get(), 300ms), LongWork::Waited::TooLong);
+    EXPECT_NE(progressWindow(), nullptr);
+}
+
 TEST_F(Progress, ofWhatHasEndedIsntAskedAnythingMore) {
     LongWork work(kTitle, L"a", L"b");
     SetEvent(m_never.get());
