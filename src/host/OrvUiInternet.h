@@ -36,8 +36,8 @@ enum CProxyInetStatus : int {
 inline constexpr int kInetFetch = 1;
 inline constexpr int kInetUpload = 4;
 
-/// The host's remote file service. The calls end when the transfer has ended. One that takes longer than a second is shown
-/// in a window in which the user can cancel it; no other window of the program can be used meanwhile.
+/// The host's remote file service. The calls end when the transfer has ended. One that takes longer than a second is
+/// shown in a window in which the user can cancel it; no other window of the program can be used meanwhile.
 class KELUI_API CProxyInet {
   public:
     /// The one service of this process, which is the host's. Null when there is none.
