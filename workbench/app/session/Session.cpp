@@ -117,8 +117,11 @@ std::optional<Session::ReadDrawing> Session::readDrawing(const std::wstring& pat
     const Vorn::ErrorStatus status = zdr::readDrawingFile(path, read.drawing, reason, &read.stamp);
     if (status == Vorn::eOk)
         return read;
-    m_window.showFailure(
-        advised(reason, status == Vorn::eFileNotFound ? L"check its name and folder" : L"choose another one"));
+    if (status == Vorn::eCancelled)
+        m_window.print(reason + L"\n");
+    else
+        m_window.showFailure(
+            advised(reason, status == Vorn::eFileNotFound ? L"check its name and folder" : L"choose another one"));
     return std::nullopt;
 }
 
@@ -160,6 +163,10 @@ bool Session::write(const std::wstring& path, zdr::FileStamp stamp) {
             return false;
         }
         status = zdr::writeDrawingFile(path, drawing(), reason, stamp, zdr::Overwrite::Always);
+    }
+    if (status == Vorn::eCancelled) {
+        m_window.print(reason + L"\n");
+        return false;
     }
     if (status != Vorn::eOk) {
         m_window.showFailure(advised(reason, L"choose another name or folder by SAVEAS"));

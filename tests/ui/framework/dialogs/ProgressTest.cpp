@@ -3,6 +3,8 @@
 #include "DialogFixture.h"
 
 #include "ImportFaults.h"
+#include "files/FileProgress.h"
+#include "files/Refusal.h"
 #include "progress/LongWork.h"
 #include "progress/ProgressIds.h"
 
@@ -176,6 +178,23 @@ TEST_F(Progress, aProgramThatIsToEndCancelsItAndEnds) {
     MSG message;
     ASSERT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
     EXPECT_EQ(message.wParam, 17u);
+}
+
+TEST_F(Progress, ofAFileOfTheEnginesIsShownAndCancelled) {
+    const std::pair<zdr::FileWork, const wchar_t*> rows[] = {{zdr::FileWork::Reading, L"Reading File"},
+                                                             {zdr::FileWork::Writing, L"Writing File"}};
+    for (const auto& row : rows) {
+        Script script = whenShown();
+        script.look("what it is about", [title = row.second](const View& view) {
+            EXPECT_EQ(view.title(), title);
+            EXPECT_EQ(view.text(IDC_PROGRESS_TEXT), L"C:\\plan.zdr");
+            EXPECT_EQ(view.text(IDC_PROGRESS_AMOUNT), L"100 MB of 200 MB");
+        });
+        ui::perform(script.press(VK_ESCAPE), [kind = row.first] {
+            zdr::FileProgress progress(kind, L"C:\\plan.zdr");
+            EXPECT_THROW(for (;;) progress.advance(100 * kMega, 200 * kMega), zdr::Refusal);
+        });
+    }
 }
 
 TEST_F(Progress, withoutAWindowTheWorkGoesOnAndNobodyIsLetInMeanwhile) {
