@@ -13,11 +13,11 @@ enum CProxyInetStatus : int {
     eInetUnknownMode = 20004,     ///< the mode is neither kInetFetch nor kInetUpload
     eInetHostNotFound = 20005,    ///< no server of that name is known
     eInetNoConnection = 20006,    ///< the server can't be reached, or refuses to be connected to
-    eInetTimedOut = 20007,        ///< the server didn't answer in time
+    eInetTimedOut = 20007,        ///< the server didn't answer in time, or the line to it is too slow
     eInetCutOff = 20008,          ///< the line was cut before everything had been sent or had come
     eInetNotUnderstood = 20009,   ///< the answer isn't HTTP, or doesn't say how long the file is
     eInetNotSecure = 20010,       ///< https: the server's certificate isn't trusted, or there was no handshake
-    eInetBadRedirect = 20011,     ///< the server sends on too often, out of HTTP, or from https to http
+    eInetBadRedirect = 20011,     ///< the server sends on too often, or to where none is followed
     eInetTargetAbsent = 20012,    ///< fetch: there is no such file
     eInetSignInNeeded = 20013,    ///< the server asks who it is
     eInetRefused = 20014,         ///< the server refuses the request for another reason
@@ -29,13 +29,15 @@ enum CProxyInetStatus : int {
     eInetLocalUnwritable = 20020, ///< fetch: the local file can't be written
     eInetNoMemory = 20021,
     eInetSystemFailed = 20022, ///< the system's client failed in a way of its own
+    eInetCancelled = 20023,    ///< the user has cancelled the transfer
 };
 
 /// Modes of CProxyInet::TransferFile.
 inline constexpr int kInetFetch = 1;
 inline constexpr int kInetUpload = 4;
 
-/// The host's remote file service. The calls end when the transfer has ended.
+/// The host's remote file service. The calls end when the transfer has ended. One that takes longer than a second is
+/// shown in a window in which the user can cancel it; no other window of the program can be used meanwhile.
 class KELUI_API CProxyInet {
   public:
     /// The one service of this process, which is the host's. Null when there is none.
@@ -45,10 +47,10 @@ class KELUI_API CProxyInet {
     /// @param url        "http://..." or "https://...", at most 1023 characters. A path of this computer answers
     ///                   eInetNotRemote at once.
     /// @param localName  the local file. A fetch replaces it as a whole when everything has come; otherwise it stays
-    ///                   as it was. When it is empty, a fetch that goes well makes a temporary file, as
-    ///                   CreateInternetTempFile does, and hands its path back here.
-    /// @param mode       kInetFetch or kInetUpload. After an upload that went well, a temporary file of this service is
-    ///                   deleted.
+    ///                   as it was. When it is empty, a fetch only asks whether the file is there: nothing is fetched,
+    ///                   and it stays empty.
+    /// @param mode       kInetFetch or kInetUpload. After an upload, whether it went well or not, a temporary file of
+    ///                   this service is deleted.
     /// @param flags      always 1, and of no further meaning
     /// @return a CProxyInetStatus
     int TransferFile(const wchar_t* url, OrvXREFString& localName, int mode, int flags);

@@ -33,6 +33,7 @@ enum ErrorStatus : std::int32_t {
     eNewerVersion = 194, ///< the file was written by a newer version than this one understands
     eFileWriteFailed = 195,
     eFileChangedOnDisk = 196, ///< someone else wrote the file since it was read
+    eCancelled = 197,         ///< the user has cancelled it
     eDependentRecord = 200,   ///< the record belongs to an attached reference and can't be changed
     eRecordInUse = 201,
     eReservedName = 202,

@@ -1,8 +1,10 @@
-// Task dialogs and the questions and refusals about names.
+// Task dialogs, the questions and refusals about names, and the window of what takes long.
 
 #include "GalleryTest.h"
 
 #include "OrvUiServices.h"
+#include "progress/LongWork.h"
+#include "progress/ProgressIds.h"
 #include "resources/resource.h"
 
 using gallery::GalleryTest;
@@ -39,6 +41,21 @@ TEST_F(Dialogs, whatTheModuleTellsAndAsks) {
         ASSERT_TRUE(dialog.LoadFromFile(L"/KelTaskDialogs;component/TaskDialogs.xaml", key, pairs, 1)) << name;
         show(name, [&] { dialog.ShowDialog(window().GetSafeHwnd()); });
     }
+}
+
+TEST_F(Dialogs, whatTakesLong) {
+    framework::LongWork::setDelay(std::chrono::milliseconds(0));
+    const HANDLE never = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    Script script;
+    script.waitForControl(IDC_PROGRESS_BAR).then(pictureOfOurs("progress")).press(VK_ESCAPE);
+    showDialog(std::move(script), [never] {
+        framework::LongWork work(L"Fetching File", L"https://server.example/House plans/Ground floor and garden.zdr",
+                                 L"Waiting for the server...");
+        work.advance(912'000'000, 1'073'000'000);
+        EXPECT_EQ(work.waitFor(never, std::chrono::minutes(2)), framework::LongWork::Waited::Cancelled);
+    });
+    CloseHandle(never);
+    framework::LongWork::setDelay(framework::kUsualDelay);
 }
 
 TEST_F(Dialogs, theNameThatExists) {

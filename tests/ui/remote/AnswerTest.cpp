@@ -49,6 +49,47 @@ TEST_F(Answer, ofAnUpload) {
     }
 }
 
+/// Asks whether the file is there: a fetch to nowhere.
+int question(CProxyInet& service, const std::wstring& url) {
+    OrvXREFString nowhere;
+    const int status = service.TransferFile(url.c_str(), nowhere, kInetFetch, 1);
+    EXPECT_STREQ(nowhere, L"");
+    return status;
+}
+
+TEST_F(Answer, ofAQuestionComesWithoutTheContent) {
+    const std::pair<int, int> rows[] = {
+        {200, eInetOk},      {404, eInetTargetAbsent}, {410, eInetTargetAbsent}, {401, eInetSignInNeeded},
+        {403, eInetRefused}, {500, eInetServerFailed}, {302, eInetBadRedirect},
+    };
+    for (const auto& [status, expected] : rows) {
+        // The head tells of content that isn't sent: whoever waited for it would be cut off.
+        const TestServer server(answers("HTTP/1.1 " + std::to_string(status) + " x\r\nContent-Length: 1000\r\n\r\n"));
+        EXPECT_EQ(question(service, server.address()), expected) << status;
+        EXPECT_THAT(server.requests(), ElementsAre("HEAD /plan.las HTTP/1.1")) << status;
+    }
+}
+
+TEST_F(Answer, ofAQuestionIsAskedForOtherwiseWhereTheServerDoesntKnowTheVerb) {
+    for (const char* refusal : {"405 Not Allowed", "501 Not Implemented"}) {
+        const TestServer server([refusal](const TestClient& client) {
+            const bool isHead = client.head().starts_with("HEAD");
+            client.send(std::string("HTTP/1.1 ") + (isHead ? refusal : "404 None") + "\r\nContent-Length: 0\r\n\r\n");
+            client.finish();
+        });
+        EXPECT_EQ(question(service, server.address()), eInetTargetAbsent);
+        EXPECT_THAT(server.requests(), ElementsAre("HEAD /plan.las HTTP/1.1", "GET /plan.las HTTP/1.1"));
+    }
+}
+
+TEST_F(Answer, ofAQuestionIsLookedForWhereTheServerSendsOn) {
+    const TestServer target(of(200));
+    const TestServer server(answers(
+        "HTTP/1.1 301 Moved\r\nContent-Length: 0\r\nLocation: " + printed(target.address(L"/moved.las")) + "\r\n\r\n"));
+    EXPECT_EQ(question(service, server.address()), eInetOk) << printed(problem());
+    EXPECT_THAT(target.requests(), ElementsAre("HEAD /moved.las HTTP/1.1"));
+}
+
 TEST_F(Answer, theTargetIsSentAsItWasEncodedAndNothingOfTheUserIs) {
     std::string head;
     const TestServer server([&head](const TestClient& client) {

@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::StartsWith;
+using testing::SizeIs;
 
 namespace {
 
@@ -65,10 +65,15 @@ class Reading : public RemoteTest {
 TEST_F(Reading, aLayerStateComesFromAServer) {
     EXPECT_EQ(import(nginx::address(L"ground floor.las")), Vorn::eOk) << printed(problem());
     const std::string url = printed(nginx::address(L"ground floor.las"));
-    EXPECT_THAT(instruments::trace(),
-                ElementsAre("getLayerStateManager() = object", "importLayerState(\"" + url + "\") = 0, name=\"Plan\"",
-                            "CProxyInet.GetProxyInet() = object",
-                            StartsWith("CProxyInet.TransferFile(\"" + url + "\", \"\", 1, 1) = 20000")));
+    const std::vector<std::string> calls = instruments::trace();
+    const std::string made = "CProxyInet.CreateInternetTempFile(\"" + url + "\") = 20000, localName=";
+    ASSERT_THAT(calls, SizeIs(5));
+    const std::string local = calls[3].substr(made.size());
+    EXPECT_THAT(
+        calls,
+        ElementsAre("getLayerStateManager() = object", "importLayerState(\"" + url + "\") = 0, name=\"Plan\"",
+                    "CProxyInet.GetProxyInet() = object", made + local,
+                    "CProxyInet.TransferFile(\"" + url + "\", " + local + ", 1, 1) = 20000, localName=" + local));
     EXPECT_STREQ(m_name.kwszPtr(), L"Plan");
     EXPECT_TRUE(states().hasLayerState(L"Plan"));
     expectTold(L"");
@@ -137,6 +142,8 @@ TEST_F(Reading, aFileThatIsDamagedIsRefusedAsOnThisComputer) {
 
 TEST_F(Reading, aServiceThatFailsIsAFileThatCantBeOpened) {
     instruments::failCall("CProxyInet.GetProxyInet", 1);
+    EXPECT_EQ(read(nginx::address(L"house.zdr")), Vorn::eFileUnreadable);
+    instruments::failCall("CProxyInet.CreateInternetTempFile", 1);
     EXPECT_EQ(read(nginx::address(L"house.zdr")), Vorn::eFileUnreadable);
     instruments::failCall("CProxyInet.TransferFile", 1);
     EXPECT_EQ(read(nginx::address(L"house.zdr")), Vorn::eFileUnreadable);

@@ -2,8 +2,10 @@
 
 #include "Nginx.h"
 #include "RemoteFixture.h"
+#include "TestServer.h"
 
 using testing::HasSubstr;
+using testing::IsEmpty;
 
 namespace {
 
@@ -83,6 +85,40 @@ TEST_F(Upload, aRedirectThatMakesItAQuestionIsntFollowed) {
     EXPECT_EQ(upload(nginx::address(L"moved-by-301/a.las")), eInetBadRedirect);
     EXPECT_THAT(printed(problem()), HasSubstr("(301)"));
     EXPECT_FALSE(exists(nginx::file(L"uploads/a.las")));
+}
+
+/// A server that sends every request on to that address.
+TestServer::Behaviour sendsOnTo(const std::wstring& location) {
+    return answers("HTTP/1.1 307 Elsewhere\r\nContent-Length: 0\r\nLocation: " + printed(location) + "\r\n\r\n");
+}
+
+TEST_F(Upload, neverGoesToAnotherServerThanTheOneThatWasTyped) {
+    writeBytes(local, "plan");
+    const TestServer stranger(answers("HTTP/1.1 201 Created\r\nContent-Length: 0\r\n\r\n"));
+    const TestServer typed(sendsOnTo(stranger.address(L"/a.las")));
+    EXPECT_EQ(upload(typed.address()), eInetBadRedirect);
+    EXPECT_THAT(stranger.requests(), IsEmpty());
+    EXPECT_THAT(problem(), HasSubstr(L"its server sends the file on to \"" + stranger.address(L"/a.las") +
+                                     L"\", which is another server, port or scheme."));
+    // A fetch gives nothing away, so it follows.
+    EXPECT_NE(fetch(typed.address()), eInetBadRedirect);
+    EXPECT_THAT(stranger.requests(), testing::ElementsAre("GET /a.las HTTP/1.1"));
+}
+
+TEST_F(Upload, neverGoesToAnotherScheme) {
+    writeBytes(local, "plan");
+    const TestServer typed(sendsOnTo(nginx::address(L"uploads/a.las", nginx::Door::Good)));
+    EXPECT_EQ(upload(typed.address()), eInetBadRedirect);
+    EXPECT_FALSE(exists(nginx::file(L"uploads/a.las")));
+}
+
+TEST_F(Upload, aServersTextIsToldShortAndInOneLine) {
+    writeBytes(local, "plan");
+    const TestServer typed(sendsOnTo(L"ftp://h/\t" + std::wstring(5000, L'x')));
+    EXPECT_EQ(upload(typed.address()), eInetBadRedirect);
+    EXPECT_LT(problem().size(), 700u);
+    EXPECT_THAT(problem(), testing::Each(testing::Ge(L' ')));
+    EXPECT_THAT(problem(), HasSubstr(L"xxx...\", which has a control character"));
 }
 
 TEST_F(Upload, theRoadOfAnExportToANewRemoteFile) {

@@ -164,6 +164,7 @@ std::vector<Function>& table() {
         FUNCTION(LoadStringW, 0, ERROR_NOT_ENOUGH_MEMORY),
         FUNCTION(LoadImageW, nullptr, ERROR_NOT_ENOUGH_MEMORY),
         // windows
+        FUNCTION(CreateDialogParamW, nullptr, ERROR_NO_SYSTEM_RESOURCES),
         FUNCTION(CreateDialogIndirectParamW, nullptr, ERROR_NO_SYSTEM_RESOURCES),
         FUNCTION(CreateWindowExW, nullptr, ERROR_NO_SYSTEM_RESOURCES),
         FUNCTION(RegisterClassW, 0, ERROR_NOT_ENOUGH_MEMORY),
@@ -211,7 +212,10 @@ std::vector<Function>& table() {
         FUNCTION(WinHttpWriteData, FALSE, ERROR_NOT_ENOUGH_MEMORY),
         FUNCTION(WinHttpReceiveResponse, FALSE, ERROR_WINHTTP_CONNECTION_ERROR),
         FUNCTION(WinHttpQueryHeaders, FALSE, ERROR_WINHTTP_INTERNAL_ERROR),
+        FUNCTION(WinHttpQueryDataAvailable, FALSE, ERROR_WINHTTP_CONNECTION_ERROR),
         FUNCTION(WinHttpReadData, FALSE, ERROR_WINHTTP_CONNECTION_ERROR),
+        FUNCTION(CreateEventW, nullptr, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(CreateThread, nullptr, ERROR_NOT_ENOUGH_MEMORY),
         FUNCTION(IdnToAscii, 0, ERROR_NOT_ENOUGH_MEMORY),
         // text
         FUNCTION(CompareStringEx, 0, ERROR_INVALID_PARAMETER),

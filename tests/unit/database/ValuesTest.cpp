@@ -264,6 +264,7 @@ TEST(Status, EveryNamedOneHasATextOfItsOwn) {
                                eNewerVersion,
                                eFileWriteFailed,
                                eFileChangedOnDisk,
+                               eCancelled,
                                eDependentRecord,
                                eRecordInUse,
                                eReservedName,

@@ -225,6 +225,30 @@ TEST(RemoteAddress, aPasswordIsNeverShown) {
     EXPECT_EQ(remote::shownAddress(L"C:\\a@b"), L"C:\\a@b");
 }
 
+TEST(RemoteAddress, isShownInOneShortLineOfWhatCanBeSeen) {
+    EXPECT_EQ(remote::shownAddress(L"http://h/a\nb\tc\x7F\u0085"), L"http://h/a\uFFFDb\uFFFDc\uFFFD\uFFFD");
+    // Marks that turn the direction of a text, join it, or break its line.
+    for (const wchar_t* invisible : {L"\u00AD", L"\u061C", L"\u200B", L"\u200F", L"\u2028", L"\u202E", L"\u2060",
+                                     L"\u2066", L"\u206F", L"\uFEFF", L"\uFFF9"})
+        EXPECT_EQ(remote::shownAddress(std::wstring(L"a") + invisible + L"b"), L"a\uFFFDb");
+    EXPECT_EQ(remote::shownAddress(L"http://h/\u00e4 \u5e73\u200A\u2010\u202F"),
+              L"http://h/\u00e4 \u5e73\u200A\u2010\u202F");
+    EXPECT_EQ(remote::shownAddress(std::wstring(300, L'x')), std::wstring(300, L'x'));
+    EXPECT_EQ(remote::shownAddress(std::wstring(100'000, L'x')), std::wstring(300, L'x') + L"...");
+    const std::wstring firstHalf(1, static_cast<wchar_t>(0xD83C));
+    EXPECT_EQ(remote::shownAddress(std::wstring(299, L'x') + firstHalf + L"yy"), std::wstring(299, L'x') + L"...");
+}
+
+TEST(RemoteAddress, twoAreOnOneServerWhereSchemeNameAndPortAreTheSame) {
+    const auto addressOf = [](const wchar_t* text) { return parseAddress(text).address; };
+    const Address typed = addressOf(L"http://plans.example/a.las");
+    for (const wchar_t* same : {L"http://plans.example/b/c", L"HTTP://Plans.EXAMPLE:80/a.las"})
+        EXPECT_TRUE(remote::isSameServer(typed, addressOf(same))) << printed(same);
+    for (const wchar_t* other : {L"https://plans.example/a.las", L"http://plans.example:81/a.las",
+                                 L"http://plan.example/a.las", L"https://plans.example:80/a.las"})
+        EXPECT_FALSE(remote::isSameServer(typed, addressOf(other))) << printed(other);
+}
+
 TEST(RemoteAddress, whatIsToldOfOneSaysWhyAndWhatToDo) {
     EXPECT_EQ(remote::sentencesAbout(L"http://user:secret@h/", L"is wrong", L"Mend it."),
               L"The address \"http://h/\" is wrong. Mend it.");

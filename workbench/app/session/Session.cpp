@@ -137,7 +137,10 @@ std::optional<Session::ReadDrawing> Session::readDrawing(const std::wstring& pat
     const Vorn::ErrorStatus status = zdr::readDrawingFile(path, read.drawing, reason, &read.stamp);
     if (status == Vorn::eOk)
         return read;
-    fail(advised(reason, status == Vorn::eFileNotFound ? L"check its name and folder" : L"choose another one"));
+    if (status == Vorn::eCancelled)
+        refuse(reason + L"\n");
+    else
+        fail(advised(reason, status == Vorn::eFileNotFound ? L"check its name and folder" : L"choose another one"));
     return std::nullopt;
 }
 
@@ -180,6 +183,10 @@ bool Session::write(const std::wstring& path, zdr::FileStamp stamp) {
             return false;
         }
         status = zdr::writeDrawingFile(path, drawing(), reason, stamp, zdr::Overwrite::Always);
+    }
+    if (status == Vorn::eCancelled) {
+        refuse(reason + L"\n");
+        return false;
     }
     if (status != Vorn::eOk) {
         fail(advised(reason, L"choose another name or folder by SAVEAS"));

@@ -4,6 +4,7 @@
 #include "ContentHash.h"
 #include "DrawingReader.h"
 #include "DrawingWriter.h"
+#include "FileProgress.h"
 #include "Refusal.h"
 #include "SystemFile.h"
 
@@ -34,7 +35,7 @@ template <class Buffer> std::uint64_t readAll(InputFile& file, std::uint64_t siz
     return done;
 }
 
-FileBytes readFile(const std::wstring& path) {
+FileBytes readFile(const std::wstring& path, FileProgress& progress) {
     InputFile file(path);
     FileBytes result;
     result.stamp = {true, file.facts(), 0, fileClock()};
@@ -44,6 +45,7 @@ FileBytes readFile(const std::wstring& path) {
     result.bytes = std::make_shared_for_overwrite<std::byte[]>(static_cast<std::size_t>(size));
     ContentHash hash;
     const std::uint64_t done = readAll(file, size, hash, [&](std::uint64_t at, std::uint64_t count) {
+        progress.advance(at, size);
         return std::span(result.bytes.get() + at, static_cast<std::size_t>(count));
     });
     if (done != size || file.facts() != result.stamp.facts)
@@ -70,15 +72,21 @@ std::optional<std::uint64_t> contentOf(const std::wstring& path, std::uint64_t s
 /// Bytes on their way into a file, with their fingerprint.
 class FileSink final : public ByteSink {
   public:
-    explicit FileSink(ReplacementFile& file) : m_file(file) {}
+    FileSink(ReplacementFile& file, FileProgress& progress, std::uint64_t size)
+        : m_file(file), m_progress(progress), m_size(size) {}
     void write(std::span<const std::byte> bytes) override {
         m_hash.add(bytes);
         m_file.write(bytes);
+        m_done += bytes.size();
+        m_progress.advance(m_done, m_size);
     }
     std::uint64_t content() const { return m_hash.value(); }
 
   private:
     ReplacementFile& m_file;
+    FileProgress& m_progress;
+    std::uint64_t m_size;
+    std::uint64_t m_done = 0;
     ContentHash m_hash;
 };
 
@@ -98,10 +106,11 @@ void refuseChanged(const std::wstring& path, const FileStamp& stamp, Overwrite o
                                   : L"stands there already, and was left as it is"};
 }
 
-FileStamp writeFile(const std::wstring& path, const DrawingWriter& writer, const FileStamp& stamp,
-                    Overwrite overwrite) {
+FileStamp writeFile(const std::wstring& path, const Drawing& drawing, const FileStamp& stamp, Overwrite overwrite) {
+    FileProgress progress(FileWork::Writing, path);
+    const DrawingWriter writer(drawing);
     ReplacementFile file(path);
-    FileSink sink(file);
+    FileSink sink(file, progress, writer.size());
     writer.write(sink);
     FileStamp written{true, file.flush(), sink.content(), fileClock()};
     // Checked once more: writing a large drawing takes long, and someone may have changed the file meanwhile.
@@ -114,7 +123,8 @@ FileStamp writeFile(const std::wstring& path, const DrawingWriter& writer, const
 
 Vorn::ErrorStatus readDrawingFile(const std::wstring& path, Drawing& drawing, std::wstring& reason, FileStamp* stamp) {
     return fileAnswer(path, Vorn::eFileUnreadable, reason, [&] {
-        const FileBytes file = readFile(path);
+        FileProgress progress(FileWork::Reading, path);
+        const FileBytes file = readFile(path, progress);
         drawing = drawingFromBytes(file.span(), file.bytes);
         if (stamp)
             *stamp = file.stamp;
@@ -135,7 +145,7 @@ Vorn::ErrorStatus writeDrawingFile(const std::wstring& path, const Drawing& draw
                                    FileStamp& stamp, Overwrite overwrite) {
     return fileAnswer(path, Vorn::eFileWriteFailed, reason, [&] {
         refuseChanged(path, stamp, overwrite);
-        stamp = writeFile(path, DrawingWriter(drawing), stamp, overwrite);
+        stamp = writeFile(path, drawing, stamp, overwrite);
     });
 }
 

@@ -17,8 +17,9 @@ enum class Overwrite {
 };
 
 /// Reads a drawing file into `drawing`, and what the file was into `stamp` unless that is null. Answers eFileNotFound,
-/// eFileUnreadable, eNotADrawing, eFileCutOff or eNewerVersion and leaves both as they were when it can't; `reason`
-/// then says in a sentence for the user which file, where in it, and why. References come without their drawings.
+/// eFileUnreadable, eNotADrawing, eFileCutOff, eNewerVersion or eCancelled and leaves both as they were when it can't;
+/// `reason` then says in a sentence for the user which file, where in it, and why. References come without their
+/// drawings.
 [[nodiscard]] KELDB_API Vorn::ErrorStatus readDrawingFile(const std::wstring& path, Drawing& drawing,
                                                           std::wstring& reason, FileStamp* stamp = nullptr);
 
@@ -29,8 +30,8 @@ enum class Overwrite {
 /// Saves a drawing: writes a new file beside the old one, waits until it is on the disk, and replaces the old one by
 /// it, so that at every moment one of the two is whole. `stamp` is the one of the last reading or writing, and becomes
 /// that of the new file; a stamp that was never filled says that there is no file yet. Answers eFileChangedOnDisk when
-/// someone else wrote the file since, eFileWriteFailed, or eInvalidInput when the drawing's parts contradict each
-/// other; `reason` says why, and the old file is as it was.
+/// someone else wrote the file since, eFileWriteFailed, eCancelled, or eInvalidInput when the drawing's parts
+/// contradict each other; `reason` says why, and the old file is as it was.
 [[nodiscard]] KELDB_API Vorn::ErrorStatus writeDrawingFile(const std::wstring& path, const Drawing& drawing,
                                                            std::wstring& reason, FileStamp& stamp,
                                                            Overwrite overwrite = Overwrite::IfUnchanged);

@@ -54,6 +54,8 @@ const wchar_t* statusText(Vorn::ErrorStatus status) {
         return L"The file can't be written";
     case Vorn::eFileChangedOnDisk:
         return L"The file was changed by someone else";
+    case Vorn::eCancelled:
+        return L"It was cancelled";
     case Vorn::eDependentRecord:
         return L"The record belongs to a reference";
     case Vorn::eRecordInUse:

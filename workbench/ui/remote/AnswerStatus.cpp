@@ -15,11 +15,13 @@ constexpr unsigned kPermanentRedirect = 308;
 constexpr unsigned kBadRequest = 400;
 constexpr unsigned kUnauthorized = 401;
 constexpr unsigned kNotFound = 404;
+constexpr unsigned kMethodNotAllowed = 405;
 constexpr unsigned kProxyUnauthorized = 407;
 constexpr unsigned kConflict = 409;
 constexpr unsigned kGone = 410;
 constexpr unsigned kContentTooLarge = 413;
 constexpr unsigned kServerError = 500;
+constexpr unsigned kNotImplemented = 501;
 constexpr unsigned kInsufficientStorage = 507;
 constexpr unsigned kBehindErrors = 600;
 
@@ -58,6 +60,10 @@ std::optional<RemoteFailure> failureOfAnswer(Request request, unsigned status) {
         return std::nullopt;
     const Meaning meaning = meaningOf(request, status);
     return RemoteFailure{meaning.status, meaning.cause + (L" (" + std::to_wstring(status)) + L")"};
+}
+
+bool isVerbUnknown(unsigned status) {
+    return status == kMethodNotAllowed || status == kNotImplemented;
 }
 
 bool isRedirect(Request request, unsigned status) {

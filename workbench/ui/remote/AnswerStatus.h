@@ -11,6 +11,8 @@ enum class Request { Fetch, Upload };
 
 /// The failure that a status code stands for; none when it says that all is well.
 std::optional<RemoteFailure> failureOfAnswer(Request request, unsigned status);
+/// Whether the server doesn't know the verb of a request, or not for that file.
+bool isVerbUnknown(unsigned status);
 /// Whether an answer sends on to another address with the same request.
 bool isRedirect(Request request, unsigned status);
 

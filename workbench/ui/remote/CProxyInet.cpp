@@ -77,32 +77,43 @@ template <class Action> int withLocalFile(const wchar_t* url, const std::wstring
     return status == Vorn::eOk ? answer : failed;
 }
 
-int fetch(const wchar_t* url, OrvXREFString& localName) {
-    std::wstring path = static_cast<const wchar_t*>(localName);
-    const bool isTemporary = path.empty();
-    const int answer = withLocalFile(url, path, eInetLocalUnwritable, [&] {
-        const Address address = requireRemote(url);
-        RemoteFile file(address);
-        if (isTemporary)
-            path = temporaryFiles().make(extensionOf(address));
-        file.saveAs(path);
-        if (isTemporary)
-            localName = path.c_str();
-    });
-    if (isTemporary && answer != eInetOk)
-        temporaryFiles().discard(path);
-    return answer;
+// The transfers, with a window that shows how far they are.
+
+constexpr const wchar_t* kWaiting = L"Waiting for the server...";
+
+void requireThereShown(const wchar_t* url) {
+    const Address address = requireRemote(url);
+    framework::LongWork work(L"Asking Server", shownAddress(url), kWaiting);
+    requireThere(work, address);
+}
+
+void fetchShown(const wchar_t* url, const std::wstring& path) {
+    const Address address = requireRemote(url);
+    framework::LongWork work(L"Fetching File", shownAddress(url), kWaiting);
+    RemoteFile(work, address).saveAs(path);
+}
+
+void uploadShown(const wchar_t* url, const std::wstring& path) {
+    const Address address = requireRemote(url);
+    framework::LongWork work(L"Uploading File", shownAddress(url), kWaiting);
+    uploadFile(work, address, path);
+}
+
+int fetch(const wchar_t* url, const OrvXREFString& localName) {
+    const std::wstring path = static_cast<const wchar_t*>(localName);
+    if (path.empty())
+        return answerOf(url, [url] { requireThereShown(url); });
+    return withLocalFile(url, path, eInetLocalUnwritable, [&] { fetchShown(url, path); });
 }
 
 int upload(const wchar_t* url, const OrvXREFString& localName) {
     const std::wstring path = static_cast<const wchar_t*>(localName);
-    const int answer = withLocalFile(url, path, eInetLocalUnreadable, [&] { uploadFile(requireRemote(url), path); });
-    if (answer == eInetOk)
-        temporaryFiles().discard(path);
+    const int answer = withLocalFile(url, path, eInetLocalUnreadable, [&] { uploadShown(url, path); });
+    temporaryFiles().discard(path);
     return answer;
 }
 
-int transfer(const wchar_t* url, OrvXREFString& localName, int mode) {
+int transfer(const wchar_t* url, const OrvXREFString& localName, int mode) {
     const CWaitCursor waiting;
     problem().clear();
     switch (mode) {

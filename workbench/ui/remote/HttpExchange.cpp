@@ -105,41 +105,101 @@ InternetHandle openSession() {
     return session;
 }
 
-} // namespace
+/// Tells when a part of a transfer has taken so long that the user should see what came of it.
+class PartClock {
+  public:
+    bool isOver() const { return std::chrono::steady_clock::now() - m_start >= kPart; }
 
-HttpExchange::HttpExchange(const Address& address, const wchar_t* verb) : m_session(openSession()) {
-    m_connection = owned(WinHttpConnect(m_session.get(), asciiHost(address.host).c_str(), address.port, 0));
-    // The target is encoded already, and a proxy must ask the server itself whether the file is there.
-    constexpr DWORD kAsItIs = WINHTTP_FLAG_ESCAPE_DISABLE | WINHTTP_FLAG_ESCAPE_DISABLE_QUERY | WINHTTP_FLAG_REFRESH;
-    m_request = owned(WinHttpOpenRequest(m_connection.get(), verb, address.target.c_str(), nullptr, WINHTTP_NO_REFERER,
-                                         WINHTTP_DEFAULT_ACCEPT_TYPES,
-                                         kAsItIs | (address.scheme == Scheme::Https ? WINHTTP_FLAG_SECURE : 0)));
-    setNumber(m_request.get(), WINHTTP_OPTION_DISABLE_FEATURE,
-              WINHTTP_DISABLE_COOKIES | WINHTTP_DISABLE_REDIRECTS | WINHTTP_DISABLE_AUTHENTICATION |
-                  WINHTTP_DISABLE_KEEP_ALIVE);
-}
+  private:
+    static constexpr std::chrono::milliseconds kPart{100};
+    std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
+};
 
-void HttpExchange::begin(std::uint32_t bodySize) {
-    require(
-        WinHttpSendRequest(m_request.get(), WINHTTP_NO_ADDITIONAL_HEADERS, 0, WINHTTP_NO_REQUEST_DATA, 0, bodySize, 0));
-}
-
-bool HttpExchange::sendBody(std::span<const std::byte> bytes) {
-    while (!bytes.empty()) {
+/// Sends bytes for as long as a part may take, and answers how many; none when the line is cut.
+std::optional<std::size_t> sendPart(HINTERNET request, std::span<const std::byte> bytes) {
+    // So few that even the slowest line that is waited for takes them within its time.
+    constexpr std::size_t kStep = std::size_t{16} * 1024;
+    std::size_t sent = 0;
+    for (const PartClock clock; sent < bytes.size() && (sent == 0 || !clock.isOver());) {
+        const auto next = bytes.subspan(sent, std::min(kStep, bytes.size() - sent));
         DWORD taken = 0;
-        if (!WinHttpWriteData(m_request.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &taken)) {
+        if (!WinHttpWriteData(request, next.data(), static_cast<DWORD>(next.size()), &taken)) {
             const DWORD error = GetLastError();
             if (!isCutLine(error))
                 throwError(error);
-            return false;
+            return std::nullopt;
         }
-        bytes = bytes.subspan(taken);
+        sent += taken;
     }
-    return true;
+    return sent;
+}
+
+/// Reads bytes for as long as a part may take, and answers how many; 0 at the end.
+std::size_t readPart(HINTERNET request, std::span<std::byte> bytes) {
+    std::size_t read = 0;
+    for (const PartClock clock; read < bytes.size() && (read == 0 || !clock.isOver());) {
+        // Asked for first, because a reading waits until it has all that it asks for.
+        DWORD available = 0;
+        require(WinHttpQueryDataAvailable(request, &available));
+        if (available == 0)
+            break;
+        const auto wanted = static_cast<DWORD>(std::min<std::size_t>(available, bytes.size() - read));
+        DWORD count = 0;
+        require(WinHttpReadData(request, bytes.data() + read, wanted, &count));
+        read += count;
+    }
+    return read;
+}
+
+} // namespace
+
+void throwCancelled() {
+    throw RemoteFailure{eInetCancelled, L"wasn't transferred: it was cancelled"};
+}
+
+void throwTimedOut() {
+    throw RemoteFailure{eInetTimedOut, kTimedOut};
+}
+
+HttpExchange::HttpExchange(framework::LongWork& work, const Address& address, const wchar_t* verb) {
+    m_line->session = openSession();
+    m_line->connection = owned(WinHttpConnect(m_line->session.get(), asciiHost(address.host).c_str(), address.port, 0));
+    // The target is encoded already, and a proxy must ask the server itself whether the file is there.
+    constexpr DWORD kAsItIs = WINHTTP_FLAG_ESCAPE_DISABLE | WINHTTP_FLAG_ESCAPE_DISABLE_QUERY | WINHTTP_FLAG_REFRESH;
+    m_line->request = owned(WinHttpOpenRequest(m_line->connection.get(), verb, address.target.c_str(), nullptr,
+                                               WINHTTP_NO_REFERER, WINHTTP_DEFAULT_ACCEPT_TYPES,
+                                               kAsItIs | (address.scheme == Scheme::Https ? WINHTTP_FLAG_SECURE : 0)));
+    setNumber(request(), WINHTTP_OPTION_DISABLE_FEATURE,
+              WINHTTP_DISABLE_COOKIES | WINHTTP_DISABLE_REDIRECTS | WINHTTP_DISABLE_AUTHENTICATION |
+                  WINHTTP_DISABLE_KEEP_ALIVE);
+    m_thread = std::make_unique<CallThread>(work);
+}
+
+template <class Call> void HttpExchange::run(Call call, std::chrono::milliseconds bound) {
+    // The system's client, which knows its own bounds, is to be the first to give up. Not every one applies them to a
+    // server that sends a byte now and then.
+    constexpr std::chrono::milliseconds kLater{1'000};
+    m_thread->run([line = m_line, call] { call(*line); }, bound + kLater);
+}
+
+void HttpExchange::begin(std::uint32_t bodySize) {
+    run(
+        [bodySize](const Line& line) {
+            require(WinHttpSendRequest(line.request.get(), WINHTTP_NO_ADDITIONAL_HEADERS, 0, WINHTTP_NO_REQUEST_DATA, 0,
+                                       bodySize, 0));
+        },
+        timeouts().begin);
+}
+
+std::optional<std::size_t> HttpExchange::sendBody(std::span<const std::byte> bytes) {
+    const auto sent = std::make_shared<std::optional<std::size_t>>(0);
+    m_line->piece.assign(bytes.begin(), bytes.end());
+    run([sent](const Line& line) { *sent = sendPart(line.request.get(), line.piece); }, timeouts().send);
+    return *sent;
 }
 
 void HttpExchange::receiveAnswer() {
-    require(WinHttpReceiveResponse(m_request.get(), nullptr));
+    run([](const Line& line) { require(WinHttpReceiveResponse(line.request.get(), nullptr)); }, timeouts().receive);
     const auto heads = header(WINHTTP_QUERY_RAW_HEADERS_CRLF);
     if (!heads || heads->size() > kLargestHead)
         throw RemoteFailure{eInetNotUnderstood, kNotHttp};
@@ -148,29 +208,29 @@ void HttpExchange::receiveAnswer() {
 unsigned HttpExchange::status() const {
     DWORD status = 0;
     DWORD size = sizeof status;
-    require(WinHttpQueryHeaders(m_request.get(), WINHTTP_QUERY_STATUS_CODE | WINHTTP_QUERY_FLAG_NUMBER,
+    require(WinHttpQueryHeaders(request(), WINHTTP_QUERY_STATUS_CODE | WINHTTP_QUERY_FLAG_NUMBER,
                                 WINHTTP_HEADER_NAME_BY_INDEX, &status, &size, WINHTTP_NO_HEADER_INDEX));
     return status;
 }
 
 std::optional<std::wstring> HttpExchange::header(DWORD query) const {
     DWORD size = 0;
-    WinHttpQueryHeaders(m_request.get(), query, WINHTTP_HEADER_NAME_BY_INDEX, WINHTTP_NO_OUTPUT_BUFFER, &size,
+    WinHttpQueryHeaders(request(), query, WINHTTP_HEADER_NAME_BY_INDEX, WINHTTP_NO_OUTPUT_BUFFER, &size,
                         WINHTTP_NO_HEADER_INDEX);
     if (GetLastError() != ERROR_INSUFFICIENT_BUFFER)
         return std::nullopt;
     std::wstring text(size / sizeof(wchar_t), L'\0');
-    if (!WinHttpQueryHeaders(m_request.get(), query, WINHTTP_HEADER_NAME_BY_INDEX, text.data(), &size,
+    if (!WinHttpQueryHeaders(request(), query, WINHTTP_HEADER_NAME_BY_INDEX, text.data(), &size,
                              WINHTTP_NO_HEADER_INDEX))
         return std::nullopt;
     text.resize(size / sizeof(wchar_t));
     return text;
 }
 
-std::size_t HttpExchange::readBody(std::span<std::byte> bytes) {
-    DWORD count = 0;
-    require(WinHttpReadData(m_request.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count));
-    return count;
+std::span<const std::byte> HttpExchange::readBody(std::uint64_t atMost) {
+    m_line->piece.resize(static_cast<std::size_t>(std::min<std::uint64_t>(atMost, kPiece)));
+    run([](Line& line) { line.piece.resize(readPart(line.request.get(), line.piece)); }, timeouts().receive);
+    return m_line->piece;
 }
 
 } // namespace remote

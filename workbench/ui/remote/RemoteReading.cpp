@@ -15,10 +15,12 @@ constexpr int kTransferFlags = 1;
 std::wstring fetched(const std::wstring& address, std::wstring& reason) {
     CProxyInet* service = CProxyInet::GetProxyInet();
     OrvXREFString path;
-    const int answer =
-        service ? service->TransferFile(address.c_str(), path, kInetFetch, kTransferFlags) : int{eInetSystemFailed};
+    int answer = service ? service->CreateInternetTempFile(address.c_str(), path) : int{eInetSystemFailed};
+    if (answer == eInetOk)
+        answer = service->TransferFile(address.c_str(), path, kInetFetch, kTransferFlags);
     if (answer == eInetOk)
         return static_cast<const wchar_t*>(path);
+    discardTemporaryFile(static_cast<const wchar_t*>(path));
     reason = lastRemoteProblem();
     // The service leaves this one to its callers, who mostly ask to find out. Who wants to read wants the file.
     if (answer == eInetTargetAbsent)

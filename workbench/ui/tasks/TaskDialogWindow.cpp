@@ -1,11 +1,10 @@
 #include "TaskDialogWindow.h"
 
 #include "OrvUiServices.h"
+#include "base/OtherWindowsDisabled.h"
 #include "base/OutOfMemory.h"
 
 #include <commctrl.h>
-
-#include <utility>
 
 namespace framework {
 namespace {
@@ -72,32 +71,6 @@ std::wstring unmarked(const std::wstring& text) {
     return doubled;
 }
 
-/// Keeps the user from the windows of this thread. The system does that for a task dialog's parent alone, and a
-/// module's dialog that asks a question over the main window would take clicks meanwhile.
-class OtherWindowsDisabled {
-  public:
-    OtherWindowsDisabled() {
-        for (HWND window = nullptr; (window = FindWindowExW(nullptr, window, nullptr, nullptr)) != nullptr;) {
-            const bool ours = GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId();
-            if (ours && IsWindowVisible(window) && IsWindowEnabled(window))
-                m_disabled.push_back(window);
-        }
-        for (const HWND window : m_disabled)
-            EnableWindow(window, FALSE);
-    }
-    ~OtherWindowsDisabled() { enable(); }
-    OtherWindowsDisabled(const OtherWindowsDisabled&) = delete;
-    OtherWindowsDisabled& operator=(const OtherWindowsDisabled&) = delete;
-
-    void enable() {
-        for (const HWND window : std::exchange(m_disabled, {}))
-            EnableWindow(window, TRUE);
-    }
-
-  private:
-    std::vector<HWND> m_disabled;
-};
-
 /// Keeps a parent disabled that a dialog over it has disabled, and leaves the input to that dialog. Wine enables a task
 /// dialog's parent at the end whatever it was before, and gives it the input, so that it comes to lie over the dialog.
 class ParentLeftAsItWas {
@@ -126,7 +99,6 @@ HRESULT CALLBACK onEvent(HWND window, UINT event, WPARAM, LPARAM, LONG_PTR other
         if (isWine())
             center(window);
     }
-    // Before the task dialog goes, or the system would find no window of ours to give the input to.
     if (event == TDN_BUTTON_CLICKED)
         reinterpret_cast<OtherWindowsDisabled*>(others)->enable();
     return S_OK;

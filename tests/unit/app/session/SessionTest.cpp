@@ -11,6 +11,7 @@
 
 #include "files/DrawingFile.h"
 #include "files/FileFormat.h"
+#include "files/FileProgress.h"
 #include "files/TextCoding.h"
 
 #include "drawing_generated.h"
@@ -253,6 +254,29 @@ TEST_F(SessionTest, AsksForAPathThatWasntGiven) {
     window.chosenFile = path("chosen.zdr");
     run(L"SAVE");
     EXPECT_EQ(session.path(), path("chosen.zdr"));
+}
+
+constexpr zdr::ProgressShower kCancelling = {
+    [](zdr::FileWork, const std::wstring&) -> void* { return &argumentsSeen; },
+    [](void*, std::uint64_t, std::uint64_t) { return false; },
+    [](void*) {},
+};
+
+TEST_F(SessionTest, WhatTheUserCancelsIsToldWithoutABoxAndChangesNothing) {
+    run(L"SAVEAS " + path("a.zdr"));
+    run(L"TURNOFF");
+    zdr::setProgressShower(&kCancelling);
+    run(L"SAVE");
+    EXPECT_THAT(window.printed,
+                EndsWith(L"The file \"" + path("a.zdr") + L"\" stays as it is, because writing it was cancelled.\n"));
+    EXPECT_TRUE(session.isModified());
+    run(L"OPEN " + path("a.zdr"));
+    EXPECT_THAT(window.printed,
+                EndsWith(L"The file \"" + path("a.zdr") + L"\" isn't read, because that was cancelled.\n"));
+    zdr::setProgressShower(nullptr);
+    EXPECT_THAT(window.failures, IsEmpty());
+    EXPECT_EQ(session.path(), path("a.zdr"));
+    EXPECT_FALSE(isBaseOn()) << "the drawing is the one that was open";
 }
 
 TEST_F(SessionTest, AsksBeforeUnsavedChangesGo) {

@@ -5,6 +5,8 @@
 #include "HostName.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace remote {
 namespace {
@@ -13,6 +15,8 @@ constexpr std::wstring_view kEndsServer = L"/?#\\";
 // How many characters of an address a sentence shows. What is wrong with a longer address is seen in its beginning or
 // not at all.
 constexpr std::size_t kLongestShown = 300;
+// Stands for a character that isn't shown.
+constexpr wchar_t kMark = L'\uFFFD';
 
 std::wstring lowerCase(std::wstring_view text) {
     std::wstring lower(text);
@@ -28,11 +32,39 @@ std::wstring_view trimmed(std::wstring_view text) {
                                             : text.substr(first, text.find_last_not_of(L' ') - first + 1);
 }
 
+bool isControl(wchar_t character) {
+    const auto code = static_cast<unsigned>(character);
+    return code < 0x20 || (code >= 0x7F && code < 0xA0);
+}
+
 bool holdsControl(std::wstring_view text) {
-    return std::any_of(text.begin(), text.end(), [](wchar_t character) {
-        const auto code = static_cast<unsigned>(character);
-        return code < 0x20 || (code >= 0x7F && code < 0xA0);
-    });
+    return std::any_of(text.begin(), text.end(), isControl);
+}
+
+/// Whether it is the first half of a character that takes two.
+bool isFirstOfPair(wchar_t character) {
+    return character >= 0xD800 && character < 0xDC00;
+}
+
+/// What would change how a line looks without being seen itself: controls, and marks that join, break or turn a text.
+bool isUnshowable(wchar_t character) {
+    constexpr std::pair<unsigned, unsigned> kInvisible[] = {
+        {0xAD, 0xAD},     {0x61C, 0x61C},   {0x180E, 0x180E}, {0x200B, 0x200F},
+        {0x2028, 0x202E}, {0x2060, 0x206F}, {0xFEFF, 0xFEFF}, {0xFFF9, 0xFFFB},
+    };
+    const auto code = static_cast<unsigned>(character);
+    return isControl(character) || std::any_of(std::begin(kInvisible), std::end(kInvisible), [code](const auto& range) {
+               return code >= range.first && code <= range.second;
+           });
+}
+
+std::wstring withoutUser(std::wstring_view text) {
+    const std::size_t server = text.find(L"//");
+    if (server == std::wstring_view::npos)
+        return std::wstring(text);
+    const std::wstring_view rest = text.substr(server + 2);
+    const std::size_t at = rest.substr(0, rest.find_first_of(kEndsServer)).rfind(L'@');
+    return std::wstring(text.substr(0, server + 2)).append(rest.substr(at == std::wstring_view::npos ? 0 : at + 1));
 }
 
 /// The name before the first colon, in lower case; empty when that is no scheme. A single letter is a drive.
@@ -150,6 +182,10 @@ ParsedAddress resolveRedirect(const Address& from, std::wstring_view location) {
     return parseAfterScheme(scheme, std::wstring_view(whole).substr(scheme.size() + 1));
 }
 
+bool isSameServer(const Address& one, const Address& other) {
+    return one.scheme == other.scheme && one.port == other.port && lowerCase(one.host) == lowerCase(other.host);
+}
+
 std::wstring extensionOf(const Address& address) {
     constexpr std::size_t kLongest = 16;
     const std::wstring_view path = std::wstring_view(address.target).substr(0, address.target.find(L'?'));
@@ -163,12 +199,13 @@ std::wstring extensionOf(const Address& address) {
 }
 
 std::wstring shownAddress(std::wstring_view text) {
-    const std::size_t server = text.find(L"//");
-    if (server == std::wstring_view::npos)
-        return std::wstring(text);
-    const std::wstring_view rest = text.substr(server + 2);
-    const std::size_t at = rest.substr(0, rest.find_first_of(kEndsServer)).rfind(L'@');
-    return std::wstring(text.substr(0, server + 2)).append(rest.substr(at == std::wstring_view::npos ? 0 : at + 1));
+    std::wstring shown = withoutUser(text);
+    if (shown.size() > kLongestShown) {
+        const bool isWithinPair = isFirstOfPair(shown[kLongestShown - 1]);
+        shown.replace(kLongestShown - (isWithinPair ? 1 : 0), std::wstring::npos, L"...");
+    }
+    std::replace_if(shown.begin(), shown.end(), isUnshowable, kMark);
+    return shown;
 }
 
 const wchar_t* adviceOn(AddressKind kind) {
@@ -183,10 +220,7 @@ const wchar_t* adviceOn(AddressKind kind) {
 }
 
 std::wstring sentencesAbout(std::wstring_view text, const std::wstring& cause, const std::wstring& advice) {
-    std::wstring shown = shownAddress(text);
-    if (shown.size() > kLongestShown)
-        shown.replace(kLongestShown, std::wstring::npos, L"...");
-    return L"The address \"" + shown + L"\" " + cause + (advice.empty() ? L"." : L". ") + advice;
+    return L"The address \"" + shownAddress(text) + L"\" " + cause + (advice.empty() ? L"." : L". ") + advice;
 }
 
 } // namespace remote

@@ -41,16 +41,20 @@ ParsedAddress parseAddress(std::wstring_view text);
 /// @param location as the server wrote it: absolute, or relative to `from`
 ParsedAddress resolveRedirect(const Address& from, std::wstring_view location);
 
+/// Whether both are on one server: the same scheme, name and port.
+bool isSameServer(const Address& one, const Address& other);
+
 /// The extension of the file at an address, without the point; empty when there is none of up to 16 ASCII letters and
 /// digits.
 std::wstring extensionOf(const Address& address);
 
-/// The address for a sentence, without a user's name and password.
+/// The address for a sentence: without a user's name and password, in at most 300 characters, and with a mark in the
+/// place of each character that can't be seen or that turns what stands around it.
 std::wstring shownAddress(std::wstring_view text);
 
 /// A sentence with what the user can do about a text of that kind; empty when there is nothing to do.
 const wchar_t* adviceOn(AddressKind kind);
-/// What a user is told about an address, which may be shortened in it.
+/// What a user is told about an address.
 /// @param cause  the end of the sentence that begins with the address
 /// @param advice the sentence after it, or empty
 std::wstring sentencesAbout(std::wstring_view text, const std::wstring& cause, const std::wstring& advice);
