@@ -8,9 +8,10 @@
 /// Messages of kelrtEntryPoint.
 inline constexpr unsigned int kelrtLoadMessage = 1;
 inline constexpr unsigned int kelrtUnloadMessage = 2;
-/// Answers of kelrtEntryPoint.
+/// Answers of kelrtEntryPoint. With any but the first the module isn't loaded, and has left nothing in the host.
 inline constexpr int kelrtAnswerOk = 0;
-inline constexpr int kelrtAnswerLoadFailed = 3;
+inline constexpr int kelrtAnswerNoResources = 3; ///< its resource module can't be loaded
+inline constexpr int kelrtAnswerFailed = 4;      ///< it failed in another way, mostly for lack of memory
 /// Version of this interface, the major number in the high half: what kelrtGetApiVersion of a module answers.
 inline constexpr unsigned int kelrtApiVersion = 0x00110000;
 
