@@ -26,7 +26,8 @@ class KELDB_API KelRtDictionary : public KelRtObject {
 
     /// The object of that name, which stays the dictionary's, or null.
     KelRtObject* at(const wchar_t* name) const;
-    /// Enters an object and takes it over. One of that name that stood there is deleted.
+    /// Enters an object and takes it over. One of that name that stood there is deleted. Without memory for the entry
+    /// the dictionary stays as it was, and the object is deleted, unless it is a class.
     void atPut(const wchar_t* name, KelRtObject* object);
     /// Takes the entry out and hands its object to the caller, who deletes it; null when there is none.
     KelRtObject* remove(const wchar_t* name);
@@ -48,7 +49,8 @@ inline constexpr const wchar_t* kelrtCommandStackKey = L"VORN_REGISTERED_COMMAND
 class KELDB_API KelRtDynamicLinker : public KelRtObject {
     KELRT_DECLARE_CLASS
   public:
-    /// Lets the module of that packet be unloaded again on request; without this call it stays until the end.
+    /// Lets the module of that packet be unloaded again on request; without this call, and when memory runs out, it
+    /// stays until the end.
     void acceptApplication(void* packet);
 };
 
@@ -103,5 +105,6 @@ class KELDB_API KelEdCommandStack : public KelRtObject {
     Commands* m_commands;
 };
 
-/// Reports a broken invariant and ends the process. The format follows the Microsoft runtime's meaning.
+/// Reports a broken invariant and ends the process. The format follows the Microsoft runtime's meaning; without memory
+/// for the text, the format itself is reported.
 [[noreturn]] KELDB_API void kelrt_abort(const wchar_t* format, ...);

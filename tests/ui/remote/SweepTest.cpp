@@ -37,7 +37,7 @@ class RemoteSweep : public RemoteTest {
 
     /// @return how many failures there were
     int sweep() {
-        const ImportFaults faults({L"kelui.dll", L"keldb.dll"});
+        const ImportFaults faults({L"kelui.dll", L"keldb.dll", L"kelmfc.dll"});
         run({}, 0); // makes what is made once and kept
         run({}, 0);
         std::map<std::string, int> calls;
