@@ -66,15 +66,22 @@ HostOperation declaring(const char* name, bool isSilent, bool (*call)(void* pack
     return operation;
 }
 
-HostOperation transaction() {
-    return {"startTransaction", [](Database& database) {
+/// How many steps can be undone decides whether there is room for one more.
+HostOperation transaction(const char* name, int stepsBefore) {
+    return {name, [stepsBefore](Database& database) {
                 auto manager = std::make_shared<runtime::TransactionManager>(database);
-                // A change outside any transaction, which the start of one has to close as a step of its own.
-                static_cast<void>(engine::setCurrentLayer(database, 0));
-                return [manager] {
+                // Changes outside any transaction, which the start of one has to close as a step of its own. The last
+                // of them can be undone while no transaction is open.
+                for (int step = 0; step <= stepsBefore; ++step) {
+                    static_cast<void>(engine::setCurrentLayer(database, step % 2 == 0 ? 0 : 2));
+                    if (step < stepsBefore && manager->startTransaction())
+                        static_cast<void>(manager->endTransaction());
+                }
+                return [manager, &database] {
                     const bool started = manager->startTransaction() != nullptr;
                     const Vorn::ErrorStatus ended = manager->endTransaction();
-                    const bool fits = ended == (started ? Vorn::eOk : Vorn::eNotApplicable) && manager->depth() == 0;
+                    const bool fits = ended == (started ? Vorn::eOk : Vorn::eNotApplicable) && manager->depth() == 0 &&
+                                      (started || (engine::undo(database) && engine::redo(database)));
                     return fits ? answerOf(started) : Answer::Other;
                 };
             }};
@@ -123,7 +130,12 @@ std::vector<HostOperation> runtimeOperations() {
                       return true;
                   }),
         plain("keldbRegApp", [] { return keldbRegApp(kLongName); }),
-        transaction(),
+        transaction("startTransaction", 0),
+        transaction("startTransaction after 1 step", 1),
+        transaction("startTransaction after 2 steps", 2),
+        transaction("startTransaction after 3 steps", 3),
+        transaction("startTransaction after 4 steps", 4),
+        transaction("startTransaction after 5 steps", 5),
         variable(),
         printing(),
     };
