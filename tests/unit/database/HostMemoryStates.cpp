@@ -3,6 +3,7 @@
 #include "EngineTest.h"
 #include "HostMemory.h"
 #include "SweepScenarios.h"
+#include "TemporaryFolder.h"
 
 namespace {
 
@@ -105,6 +106,40 @@ HostOperation importFromDatabase() {
             }};
 }
 
+/// A status of an operation on a file, which has one of its own for the lack of memory.
+Answer answerOf(Vorn::ErrorStatus status, Vorn::ErrorStatus noMemory) {
+    return status == noMemory ? Answer::Failed : ::answerOf(status);
+}
+
+HostOperation importFromFile() {
+    return {"importLayerState", [](Database& database) {
+                auto folder = std::make_shared<TemporaryFolder>();
+                const std::wstring path = folder->file(L"state.las");
+                States* states = database.getLayerStateManager();
+                states->exportLayerState(L"Cut", path.c_str());
+                states->renameLayerState(L"Cut", L"Cut before");
+                auto name = std::make_shared<KelString>();
+                return [=] {
+                    static_cast<void>(folder); // held until the end
+                    const Vorn::ErrorStatus status = states->importLayerState(path.c_str(), *name);
+                    const bool told = status != Vorn::eOk || name->compare(L"Cut") == 0;
+                    return told ? answerOf(status, Vorn::eFileUnreadable) : Answer::Other;
+                };
+            }};
+}
+
+HostOperation exportToFile() {
+    return {"exportLayerState", [](Database& database) {
+                auto folder = std::make_shared<TemporaryFolder>();
+                const std::wstring path = folder->file(L"state.las");
+                States* states = database.getLayerStateManager();
+                return [=] {
+                    static_cast<void>(folder); // held until the end
+                    return answerOf(states->exportLayerState(L"Cut", path.c_str()), Vorn::eFileWriteFailed);
+                };
+            }};
+}
+
 } // namespace
 
 std::vector<HostOperation> stateOperations() {
@@ -149,6 +184,8 @@ std::vector<HostOperation> stateOperations() {
         onStates("layerStateHasViewportData",
                  [](States& s, Database&) { return s.layerStateHasViewportData(L"Same"); }),
         importFromDatabase(),
+        importFromFile(),
+        exportToFile(),
         onStates("layerStatesDictionaryId",
                  [](States& s, Database&) { return !s.layerStatesDictionaryId(true).isNull(); }),
         updateLayer(),
