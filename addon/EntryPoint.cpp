@@ -8,8 +8,8 @@ int load(void* packet) {
     if (auto* linker = kelrtCast<KelRtDynamicLinker>(kelrtSystemRegistry()->at(kelrtDynamicLinkerKey)))
         linker->acceptApplication(packet);
     kelrtRegisterAppMDIAware(packet);
-    registerSnapshotCommand();
-    return kelrtAnswerOk;
+    // The last step, so a load that fails has left nothing; what is declared of the packet goes with it.
+    return registerSnapshotCommand() ? kelrtAnswerOk : kelrtAnswerFailed;
 }
 
 int unload() {
@@ -23,7 +23,7 @@ extern "C" int kelrtEntryPoint(unsigned int message, void* packet) {
     try {
         return message == kelrtLoadMessage ? load(packet) : message == kelrtUnloadMessage ? unload() : kelrtAnswerOk;
     } catch (...) {
-        return kelrtAnswerLoadFailed; // all that the host can be told
+        return kelrtAnswerFailed; // all that the host can be told
     }
 }
 

@@ -112,9 +112,9 @@ KelEdCommandStack* commandStack() {
 
 } // namespace
 
-void registerSnapshotCommand() {
-    if (KelEdCommandStack* stack = commandStack())
-        stack->addCommand(kCommandGroup, kCommandName, kCommandName, 0, runSnapshotCommand);
+bool registerSnapshotCommand() {
+    KelEdCommandStack* stack = commandStack();
+    return stack && stack->addCommand(kCommandGroup, kCommandName, kCommandName, 0, runSnapshotCommand) == Vorn::eOk;
 }
 
 void unregisterSnapshotCommand() {

@@ -1,5 +1,6 @@
 // The command LAYERSNAPSHOT, by which a person takes, restores, lists and deletes snapshots.
 #pragma once
 
-void registerSnapshotCommand();
+/// Answers whether the command stands on the stack.
+bool registerSnapshotCommand();
 void unregisterSnapshotCommand();

@@ -32,6 +32,25 @@ KELMFC_COLLECTION(CUIntArray, CUIntArrayBase)
 KELMFC_COLLECTION(CDWordArray, CDWordArrayBase)
 KELMFC_COLLECTION(CWordArray, CWordArrayBase)
 KELMFC_COLLECTION(CStringList, CStringListBase)
-KELMFC_COLLECTION(CObList, CObListBase)
 KELMFC_COLLECTION(CPtrList, CPtrListBase)
 #undef KELMFC_COLLECTION
+
+/// Objects by pointer. Read through const it answers pointers to const, as in MFC.
+class AFXMFC_API CObList : public CObListBase {
+    DECLARE_DYNCREATE(CObList)
+  public:
+    using CObListBase::CObListBase;
+    CObList();
+    ~CObList() override;
+
+    CObject*& GetHead() { return CObListBase::GetHead(); }
+    const CObject* GetHead() const { return CObListBase::GetHead(); }
+    CObject*& GetTail() { return CObListBase::GetTail(); }
+    const CObject* GetTail() const { return CObListBase::GetTail(); }
+    CObject*& GetNext(POSITION& rPosition) { return CObListBase::GetNext(rPosition); }
+    const CObject* GetNext(POSITION& rPosition) const { return CObListBase::GetNext(rPosition); }
+    CObject*& GetPrev(POSITION& rPosition) { return CObListBase::GetPrev(rPosition); }
+    const CObject* GetPrev(POSITION& rPosition) const { return CObListBase::GetPrev(rPosition); }
+    CObject*& GetAt(POSITION position) { return CObListBase::GetAt(position); }
+    const CObject* GetAt(POSITION position) const { return CObListBase::GetAt(position); }
+};

@@ -1,9 +1,10 @@
 // The collection templates CArray and CList with MFC's documented members. POSITION is a node of the list, null at its
-// end. Narrower than MFC: no CMap, no serialization; growing is the standard library's, so a grow-by value is taken and
+// end. An index outside of the array, a null position and the head of an empty list throw a CInvalidArgException, as in
+// MFC. Narrower than MFC: no CMap, no serialization; growing is the standard library's, so a grow-by value is taken and
 // ignored.
 #pragma once
 
-#include "kelmfc/CObject.h"
+#include "kelmfc/CException.h"
 
 #include <utility>
 #include <vector>
@@ -20,17 +21,21 @@ template <class TYPE, class ARG_TYPE = const TYPE&> class CArray : public CObjec
     INT_PTR GetCount() const { return GetSize(); }
     BOOL IsEmpty() const { return m_items.empty() ? TRUE : FALSE; }
     INT_PTR GetUpperBound() const { return GetSize() - 1; }
-    void SetSize(INT_PTR nNewSize, INT_PTR = -1) { m_items.resize(Index(nNewSize)); }
+    void SetSize(INT_PTR nNewSize, INT_PTR = -1) {
+        Require(nNewSize >= 0);
+        m_items.resize(Index(nNewSize));
+    }
     void FreeExtra() { m_items.shrink_to_fit(); }
     void RemoveAll() { m_items.clear(); }
 
-    const TYPE& GetAt(INT_PTR nIndex) const { return m_items.at(Index(nIndex)); }
-    TYPE& GetAt(INT_PTR nIndex) { return m_items.at(Index(nIndex)); }
-    TYPE& ElementAt(INT_PTR nIndex) { return m_items.at(Index(nIndex)); }
+    const TYPE& GetAt(INT_PTR nIndex) const { return m_items[Present(nIndex)]; }
+    TYPE& GetAt(INT_PTR nIndex) { return m_items[Present(nIndex)]; }
+    TYPE& ElementAt(INT_PTR nIndex) { return GetAt(nIndex); }
     const TYPE& operator[](INT_PTR nIndex) const { return GetAt(nIndex); }
     TYPE& operator[](INT_PTR nIndex) { return GetAt(nIndex); }
-    void SetAt(INT_PTR nIndex, ARG_TYPE newElement) { m_items.at(Index(nIndex)) = newElement; }
+    void SetAt(INT_PTR nIndex, ARG_TYPE newElement) { GetAt(nIndex) = newElement; }
     void SetAtGrow(INT_PTR nIndex, ARG_TYPE newElement) {
+        Require(nIndex >= 0);
         // A copy, because the reference may be to an element of this array, which growing moves.
         TYPE element(newElement);
         if (nIndex >= GetSize())
@@ -54,23 +59,34 @@ template <class TYPE, class ARG_TYPE = const TYPE&> class CArray : public CObjec
     }
     void Copy(const CArray& src) { m_items = src.m_items; }
     void InsertAt(INT_PTR nIndex, ARG_TYPE newElement, INT_PTR nCount = 1) {
+        Require(nIndex >= 0 && nCount > 0);
         const TYPE element(newElement);
         if (nIndex > GetSize())
             SetSize(nIndex);
         m_items.insert(m_items.begin() + nIndex, Index(nCount), element);
     }
     void InsertAt(INT_PTR nStartIndex, const CArray* pNewArray) {
+        Require(nStartIndex >= 0 && pNewArray);
         const std::vector<TYPE> copy = pNewArray->m_items;
         if (nStartIndex > GetSize())
             SetSize(nStartIndex);
         m_items.insert(m_items.begin() + nStartIndex, copy.begin(), copy.end());
     }
     void RemoveAt(INT_PTR nIndex, INT_PTR nCount = 1) {
+        Require(nIndex >= 0 && nCount >= 0 && nIndex + nCount <= GetSize());
         m_items.erase(m_items.begin() + nIndex, m_items.begin() + nIndex + nCount);
     }
 
   private:
+    static void Require(bool isValid) {
+        if (!isValid)
+            AfxThrowInvalidArgException();
+    }
     static std::size_t Index(INT_PTR index) { return static_cast<std::size_t>(index); }
+    std::size_t Present(INT_PTR index) const {
+        Require(index >= 0 && index < GetSize());
+        return Index(index);
+    }
 
     std::vector<TYPE> m_items;
 };
@@ -85,10 +101,10 @@ template <class TYPE, class ARG_TYPE = const TYPE&> class CList : public CObject
     INT_PTR GetSize() const { return m_count; }
     BOOL IsEmpty() const { return m_count == 0 ? TRUE : FALSE; }
 
-    TYPE& GetHead() { return m_head->value; }
-    const TYPE& GetHead() const { return m_head->value; }
-    TYPE& GetTail() { return m_tail->value; }
-    const TYPE& GetTail() const { return m_tail->value; }
+    TYPE& GetHead() { return At(m_head)->value; }
+    const TYPE& GetHead() const { return At(m_head)->value; }
+    TYPE& GetTail() { return At(m_tail)->value; }
+    const TYPE& GetTail() const { return At(m_tail)->value; }
 
     POSITION AddHead(ARG_TYPE newElement) { return Link(new Node(newElement), nullptr, m_head); }
     POSITION AddTail(ARG_TYPE newElement) { return Link(new Node(newElement), m_tail, nullptr); }
@@ -100,8 +116,8 @@ template <class TYPE, class ARG_TYPE = const TYPE&> class CList : public CObject
         for (Node* node = pNewList->m_head; node; node = node->next)
             AddTail(node->value);
     }
-    TYPE RemoveHead() { return Take(m_head); }
-    TYPE RemoveTail() { return Take(m_tail); }
+    TYPE RemoveHead() { return Take(At(m_head)); }
+    TYPE RemoveTail() { return Take(At(m_tail)); }
     void RemoveAll() {
         while (m_head)
             Take(m_head);
@@ -162,7 +178,11 @@ template <class TYPE, class ARG_TYPE = const TYPE&> class CList : public CObject
         explicit Node(ARG_TYPE element) : value(element) {}
     };
 
-    static Node* At(POSITION position) { return static_cast<Node*>(position); }
+    static Node* At(POSITION position) {
+        if (!position)
+            AfxThrowInvalidArgException();
+        return static_cast<Node*>(position);
+    }
     POSITION Link(Node* node, Node* previous, Node* next) {
         node->previous = previous;
         node->next = next;

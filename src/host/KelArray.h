@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 /// A growable array. It grows by at least its grow length, and in proportion to its size once it is larger than that,
@@ -22,11 +23,12 @@ template <class T> class KelArray {
 
     /// Appends a copy and answers its index.
     int append(const T& item) {
+        T copy(item); // made first, because the item may be one of the array's own, which growing moves
         if (m_items.size() == m_items.capacity()) {
             const std::size_t atLeast = static_cast<std::size_t>(std::max(m_growLength, 1));
             m_items.reserve(m_items.size() + std::max(atLeast, m_items.size()));
         }
-        m_items.push_back(item);
+        m_items.push_back(std::move(copy));
         return length() - 1;
     }
     /// Sets the logical length; new elements are default values, memory is never given back.

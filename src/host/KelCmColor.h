@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 
 /// A colour value. Index 0 is by block, 1 to 255 the palette, 256 by layer.
 class KELDB_API KelCmColor {
@@ -39,8 +40,8 @@ class KELDB_API KelCmColor {
     const wchar_t* bookName() const;
 
     /// The text for a cell: a localised word for 0 to 7 and 256, the number of any other index, "name" or "r,g,b" of a
-    /// true colour, with "(book)" behind it where there is one. A buffer of the colour's own thread, valid until the
-    /// next call.
+    /// true colour, with "(book)" behind it where there is one; empty when memory runs out. A buffer of the colour's
+    /// own thread, valid until the next call.
     const wchar_t* colorNameForDisplay() const;
 
     /// The value in 32 bits, without the names: the index, or 0xC2 above red, green and blue.
@@ -55,6 +56,7 @@ class KELDB_API KelCmColor {
   private:
     struct Names;
     bool hasNamesOf(const KelCmColor& other) const;
+    std::wstring displayName() const;
 
     static constexpr std::uint32_t trueColorTag = 0xC2;
     std::uint32_t m_value = 7;

@@ -24,7 +24,8 @@ class KELDB_API KelDbDatabase : public KelRtObject {
     KelDbDatabase(const KelDbDatabase&) = delete;
     KelDbDatabase& operator=(const KelDbDatabase&) = delete;
 
-    /// Reads a drawing file. `shareMode` 64 denies nothing to others. On a failure the database is as it was.
+    /// Reads a drawing file. `shareMode` 64 denies nothing to others. On a failure the database is as it was. Without
+    /// memory for the file the answer is eFileUnreadable.
     Vorn::ErrorStatus readZdrFile(const wchar_t* fileName, int shareMode, bool allowConversion,
                                   const wchar_t* password);
     /// The service for the database's layer states, which stays the database's; null when there can be none.

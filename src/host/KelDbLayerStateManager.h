@@ -47,7 +47,8 @@ class KELDB_API KelDbLayerStateManager {
     bool isDependentLayerState(const wchar_t* name);
     /// Whether the state was saved with a viewport.
     bool layerStateHasViewportData(const wchar_t* name);
-    /// Reads a state from a layer states file. On return `name` is the name in the file, also with 23.
+    /// Reads a state from a layer states file. On return `name` is the name in the file, also with 23. Without memory
+    /// for the file the answer is eFileUnreadable, or eFileWriteFailed from exportLayerState().
     Vorn::ErrorStatus importLayerState(const wchar_t* fileName, KelString& name);
     Vorn::ErrorStatus importLayerStateFromDb(const wchar_t* name, KelDbDatabase* source);
     Vorn::ErrorStatus exportLayerState(const wchar_t* name, const wchar_t* fileName);

@@ -26,7 +26,7 @@ class KELDB_API KelDbObject : public KelRtObject {
     KelDbObject(const KelDbObject&) = delete;
     KelDbObject& operator=(const KelDbObject&) = delete;
 
-    /// Ends one open. The pointer isn't to be used afterwards.
+    /// Ends one open; needs no memory. The pointer isn't to be used afterwards.
     Vorn::ErrorStatus close();
     /// The id, null for an object that isn't in a database.
     KelDbObjectId objectId() const;

@@ -26,7 +26,7 @@ class KELDB_API KelDbLinetypeTableRecord : public KelDbSymbolTableRecord {
     KELRT_DECLARE_CLASS
   public:
     explicit KelDbLinetypeTableRecord(KelDbObjectState* state) : KelDbSymbolTableRecord(state) {}
-    /// A new string that the caller frees with kelutDelBuffer.
+    /// A new string that the caller frees with kelutDelBuffer; null when memory runs out.
     wchar_t* description() const;
     /// Parts of the pattern; 0 for a continuous line.
     int numDashes() const;

@@ -13,7 +13,8 @@ class KELDB_API KelTransactionManager {
     virtual ~KelTransactionManager();
     /// Null when no transaction can be opened. Transactions nest.
     virtual KelTransaction* startTransaction() = 0;
-    /// Ends the innermost transaction and keeps its changes. eNotApplicable when none is under way.
+    /// Ends the innermost transaction and keeps its changes, also when memory runs out: what is undone at once may then
+    /// be one step with what follows. eNotApplicable when none is under way.
     virtual Vorn::ErrorStatus endTransaction() = 0;
 };
 
@@ -36,7 +37,8 @@ class KELDB_API KelApDocManager {
 /// The one document manager; never null.
 KELDB_API KelApDocManager* kelDocManagerPtr();
 
-/// Reads a system variable into a node that the caller holds. kResultNormal on success.
+/// Reads a system variable into a node that the caller holds. kResultNormal on success; otherwise, as without memory,
+/// kResultError, and the node is as it was.
 KELDB_API int keledGetVar(const wchar_t* name, ResultBuffer* result);
 /// The current viewport's id, or the null id on the model tab and in paper space itself.
 KELDB_API KelDbObjectId keledGetCurViewportObjectId();

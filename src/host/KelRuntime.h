@@ -8,9 +8,10 @@
 /// Messages of kelrtEntryPoint.
 inline constexpr unsigned int kelrtLoadMessage = 1;
 inline constexpr unsigned int kelrtUnloadMessage = 2;
-/// Answers of kelrtEntryPoint.
+/// Answers of kelrtEntryPoint. With any but the first the module isn't loaded, and has left nothing in the host.
 inline constexpr int kelrtAnswerOk = 0;
-inline constexpr int kelrtAnswerLoadFailed = 3;
+inline constexpr int kelrtAnswerNoResources = 3; ///< its resource module can't be loaded
+inline constexpr int kelrtAnswerFailed = 4;      ///< it failed in another way, mostly for lack of memory
 /// Version of this interface, the major number in the high half: what kelrtGetApiVersion of a module answers.
 inline constexpr unsigned int kelrtApiVersion = 0x00110000;
 
@@ -25,7 +26,8 @@ class KELDB_API KelRtDictionary : public KelRtObject {
 
     /// The object of that name, which stays the dictionary's, or null.
     KelRtObject* at(const wchar_t* name) const;
-    /// Enters an object and takes it over. One of that name that stood there is deleted.
+    /// Enters an object and takes it over. One of that name that stood there is deleted. Without memory for the entry
+    /// the dictionary stays as it was, and the object is deleted, unless it is a class.
     void atPut(const wchar_t* name, KelRtObject* object);
     /// Takes the entry out and hands its object to the caller, who deletes it; null when there is none.
     KelRtObject* remove(const wchar_t* name);
@@ -47,7 +49,8 @@ inline constexpr const wchar_t* kelrtCommandStackKey = L"VORN_REGISTERED_COMMAND
 class KELDB_API KelRtDynamicLinker : public KelRtObject {
     KELRT_DECLARE_CLASS
   public:
-    /// Lets the module of that packet be unloaded again on request; without this call it stays until the end.
+    /// Lets the module of that packet be unloaded again on request; without this call, and when memory runs out, it
+    /// stays until the end.
     void acceptApplication(void* packet);
 };
 
@@ -102,5 +105,6 @@ class KELDB_API KelEdCommandStack : public KelRtObject {
     Commands* m_commands;
 };
 
-/// Reports a broken invariant and ends the process. The format follows the Microsoft runtime's meaning.
+/// Reports a broken invariant and ends the process. The format follows the Microsoft runtime's meaning; without memory
+/// for the text, the format itself is reported.
 [[noreturn]] KELDB_API void kelrt_abort(const wchar_t* format, ...);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 /// A wide string owned by value.
 class KelString {
@@ -9,6 +10,8 @@ class KelString {
     KelString() = default;
     /// Copies `text`; null counts as empty.
     KelString(const wchar_t* text) : m_text(text ? text : L"") {}
+    /// Takes the text over, which needs no memory.
+    explicit KelString(std::wstring&& text) noexcept : m_text(std::move(text)) {}
 
     void assign(const wchar_t* text) { m_text = text ? text : L""; }
     /// Character by character, with case significant: negative, 0 or positive.

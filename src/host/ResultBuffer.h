@@ -48,5 +48,6 @@ KELDB_API void keldbFree(wchar_t* text);
 KELDB_API void kelutDelBuffer(wchar_t*& text);
 /// Frees the string of a system variable. Null is allowed.
 KELDB_API void vorn_free(wchar_t* text);
-/// Prints to the host's command line; the format follows the Microsoft runtime's meaning.
+/// Prints to the host's command line; the format follows the Microsoft runtime's meaning. kResultError when the text
+/// can't be printed, also for lack of memory, and kResultNormal otherwise.
 KELDB_API int kelutPrintf(const wchar_t* format, ...);

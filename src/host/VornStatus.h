@@ -1,4 +1,10 @@
-// The status that nearly every host operation answers.
+// The status that nearly every host operation answers, and what operations answer when memory runs out.
+//
+// Without memory an operation that answers a status answers eOutOfMemory, one that answers a pointer null, a bool
+// false, an id the null id, one of the dialog framework what it answers for any failure, and one that answers nothing
+// doesn't do its work; where a declaration says otherwise, that holds. Nothing has changed then: neither the drawing,
+// nor what is open, nor the arguments. No exception leaves an operation. Only making an object of the host, with `new`
+// or as a local, throws std::bad_alloc, and so do strings and arrays, which are values of whoever uses them.
 #pragma once
 
 #include "KelExport.h"

@@ -13,29 +13,71 @@ namespace {
 /// What the framework keeps of an extension module.
 AFX_EXTENSION_MODULE extensionModule;
 
-/// Links the module into the framework, which takes the link object over. When that fails, the load goes on: the
-/// module's resources are found through CResourceScope.
-void joinFramework() {
-    if (!AfxInitExtensionModule(extensionModule, g_moduleInstance))
-        return;
-    try {
-        new CDynLinkLibrary(extensionModule, FALSE);
-    } catch (CMemoryException* exception) {
-        exception->Delete();
-    } catch (const std::bad_alloc&) {
-        // The framework and the language each have their own exception for lack of memory.
+// A load that ends by an exception has to leave the module as it found it, which is running where this was a second
+// load. So its steps are guards, which take back what they did unless they are kept.
+
+/// The resource module, once it is loaded.
+class ResourceModuleStep {
+  public:
+    ResourceModuleStep() : m_before(std::exchange(g_resourceModule, loadResourceModule())) {}
+    ~ResourceModuleStep() {
+        // The system counts loads, and the unload frees one.
+        if (const HINSTANCE spare = m_kept ? m_before : std::exchange(g_resourceModule, m_before))
+            FreeLibrary(spare);
     }
-}
+    ResourceModuleStep(const ResourceModuleStep&) = delete;
+    ResourceModuleStep& operator=(const ResourceModuleStep&) = delete;
+    void keep() { m_kept = true; }
+
+  private:
+    HINSTANCE m_before;
+    bool m_kept = false;
+};
+
+/// The module's link into the framework, which takes the link object over. When it can't be made the load goes on: the
+/// module's resources are found through CResourceScope.
+class FrameworkStep {
+  public:
+    FrameworkStep() : m_wasLinked(extensionModule.bInitialized) {
+        if (!AfxInitExtensionModule(extensionModule, g_moduleInstance))
+            return;
+        try {
+            m_link = new CDynLinkLibrary(extensionModule, FALSE);
+        } catch (CMemoryException* exception) {
+            exception->Delete();
+        } catch (const std::bad_alloc&) {
+            // The framework and the language each have their own exception for lack of memory.
+        }
+    }
+    ~FrameworkStep() {
+        if (m_kept)
+            return;
+        delete m_link;
+        if (!m_wasLinked)
+            AfxTermExtensionModule(extensionModule, FALSE);
+    }
+    FrameworkStep(const FrameworkStep&) = delete;
+    FrameworkStep& operator=(const FrameworkStep&) = delete;
+    void keep() { m_kept = true; }
+
+  private:
+    BOOL m_wasLinked;
+    CDynLinkLibrary* m_link = nullptr;
+    bool m_kept = false;
+};
 
 int load(void* packet) {
-    g_resourceModule = loadResourceModule();
+    ResourceModuleStep resources;
     if (!g_resourceModule)
-        return kelrtAnswerLoadFailed;
+        return kelrtAnswerNoResources;
+    // What is declared of the packet goes with it when the host drops the module.
     if (auto* linker = kelrtCast<KelRtDynamicLinker>(kelrtSystemRegistry()->at(kelrtDynamicLinkerKey)))
         linker->acceptApplication(packet);
     kelrtRegisterAppMDIAware(packet);
-    joinFramework();
+    FrameworkStep framework;
     registerLayerStateCommand();
+    framework.keep();
+    resources.keep();
     return kelrtAnswerOk;
 }
 
@@ -68,7 +110,7 @@ extern "C" int kelrtEntryPoint(unsigned int message, void* packet) {
     } catch (...) {
         // No exception may reach the host; all that it can be told is that the message failed.
     }
-    return kelrtAnswerLoadFailed;
+    return kelrtAnswerFailed;
 }
 
 extern "C" unsigned int kelrtGetApiVersion() {

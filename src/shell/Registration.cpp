@@ -33,11 +33,12 @@ KelEdCommandStack* commandStack() {
     return entry && stackClass && entry->isKindOf(stackClass) ? static_cast<KelEdCommandStack*>(entry) : nullptr;
 }
 
-} // namespace
+void removeService() {
+    if (KelRtDictionary* services = registeredDictionary(kelrtServiceDictionaryKey))
+        delete services->remove(kServiceName);
+}
 
-void registerLayerStateCommand() {
-    if (!kelrtServiceIsRegistered(kServiceName))
-        kelrtRegisterService(kServiceName);
+void addCommand() {
     KelEdCommandStack* stack = commandStack();
     const CString localName = loadResourceString(IDS_LSTATE_COMMAND);
     if (stack)
@@ -45,10 +46,22 @@ void registerLayerStateCommand() {
                           kNoFunctionCode, nullptr, nullptr);
 }
 
+} // namespace
+
+void registerLayerStateCommand() {
+    const bool isNew = !kelrtServiceIsRegistered(kServiceName) && kelrtRegisterService(kServiceName);
+    try {
+        addCommand();
+    } catch (...) {
+        if (isNew)
+            removeService();
+        throw;
+    }
+}
+
 void unregisterLayerStateCommand() {
     if (kelrtServiceIsRegistered(kServiceName))
-        if (KelRtDictionary* services = registeredDictionary(kelrtServiceDictionaryKey))
-            delete services->remove(kServiceName);
+        removeService();
     if (KelEdCommandStack* stack = commandStack())
         stack->removeGroup(kCommandGroup);
 }

@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <new>
+#include <optional>
 
 using instruments::HostCall;
 
@@ -16,6 +17,15 @@ namespace {
 
 runtime::OutputSink g_sink;
 runtime::AbortHandler g_abortHandler;
+
+/// None when memory runs out.
+std::optional<std::wstring> formatted(const wchar_t* format, std::va_list arguments) {
+    try {
+        return runtime::formatForCommandLine(format, arguments);
+    } catch (const std::bad_alloc&) {
+        return std::nullopt;
+    }
+}
 
 /// Where memory runs out nothing is told.
 void printProblem(const std::wstring& sentence) {
@@ -31,24 +41,28 @@ void printProblem(const std::wstring& sentence) {
 int kelutPrintf(const wchar_t* format, ...) {
     std::va_list arguments;
     va_start(arguments, format);
-    const std::wstring text = runtime::formatForCommandLine(format, arguments);
+    const std::optional<std::wstring> text = formatted(format, arguments);
     va_end(arguments);
-    HostCall call("kelutPrintf", text);
-    if (call.fault())
-        return call.answer(kResultError);
-    runtime::print(text);
-    return call.answer(kResultNormal);
+    if (!text)
+        return kResultError;
+    HostCall call("kelutPrintf", *text);
+    return call.valueOr(kResultError, [&text] {
+        runtime::print(*text);
+        return kResultNormal;
+    });
 }
 
 void kelrt_abort(const wchar_t* format, ...) {
     std::va_list arguments;
     va_start(arguments, format);
-    const std::wstring text = runtime::formatForCommandLine(format, arguments);
+    const std::optional<std::wstring> text = formatted(format, arguments);
     va_end(arguments);
-    HostCall call("kelrt_abort", text);
-    if (g_abortHandler)
-        g_abortHandler(text);
-    std::fprintf(stderr, "%ls\n", text.c_str());
+    if (text) {
+        HostCall call("kelrt_abort", *text);
+        if (g_abortHandler)
+            g_abortHandler(*text);
+    }
+    std::fprintf(stderr, "%ls\n", text ? text->c_str() : format);
     std::abort();
 }
 

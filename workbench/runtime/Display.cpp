@@ -21,23 +21,27 @@ int keledRegenPending() {
 void keledRegenLayers(const KelArray<KelDbObjectId>& layers, int pending) {
     HostCall call("keledRegenLayers", layers.length(), pending);
     g_regenerationDue = false;
-    if (g_observer)
-        g_observer->regenerateLayers(layers);
+    call.perform([&layers] {
+        if (g_observer)
+            g_observer->regenerateLayers(layers);
+    });
 }
 
 Vorn::ErrorStatus applyCurZdrLayerTableChanges() {
     HostCall call("applyCurZdrLayerTableChanges");
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    if (g_observer)
-        g_observer->layersPublished();
-    return call.answer(Vorn::eOk);
+    return call.status([] {
+        if (g_observer)
+            g_observer->layersPublished();
+        return Vorn::eOk;
+    });
 }
 
 void keledUpdateDisplay() {
     HostCall call("keledUpdateDisplay");
-    if (g_observer)
-        g_observer->updateDisplay();
+    call.perform([] {
+        if (g_observer)
+            g_observer->updateDisplay();
+    });
 }
 
 namespace runtime {

@@ -49,13 +49,14 @@ TransactionManager::~TransactionManager() {
 
 KelTransaction* TransactionManager::startTransaction() {
     HostCall call("startTransaction");
-    if (call.fault())
-        return call.answer(static_cast<KelTransaction*>(nullptr));
-    m_open.push_back(std::make_unique<KelTransaction>());
-    KelTransaction* transaction = m_open.back().get();
-    instruments::entrust(transaction, "transaction");
-    engine::beginUndoGroup(m_database);
-    return call.answer(transaction);
+    return call.valueOr<KelTransaction*>(nullptr, [this] {
+        auto transaction = std::make_unique<KelTransaction>();
+        m_open.reserve(m_open.size() + 1);
+        engine::beginUndoGroup(m_database);
+        m_open.push_back(std::move(transaction));
+        instruments::entrust(m_open.back().get(), "transaction");
+        return m_open.back().get();
+    });
 }
 
 Vorn::ErrorStatus TransactionManager::endTransaction() {

@@ -59,6 +59,7 @@ void setWorkingDatabase(KelDbDatabase* database) {
 bool keldbRegApp(const wchar_t* name) {
     HostCall call("keldbRegApp", name);
     KelDbDatabase* database = runtime::workingDatabase();
-    return call.answer(!call.fault() && database && name &&
-                       engine::registerApplication(engine::impOf(*database), name));
+    return call.valueOr(false, [database, name] {
+        return database && name && engine::registerApplication(engine::impOf(*database), name);
+    });
 }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 using instruments::HostCall;
@@ -27,10 +28,10 @@ class RegisteredCommand : public KelEdCommand {
     int commandFlags() const override { return m_flags; }
     KelEdCommandFunction function() const override { return m_function; }
 
-    bool answersTo(const std::wstring& foldedName) const {
-        return zdr::foldCase(m_globalName) == foldedName || zdr::foldCase(m_localName) == foldedName;
+    bool answersTo(std::wstring_view name) const {
+        return zdr::equalFolded(m_globalName, name) || zdr::equalFolded(m_localName, name);
     }
-    bool isOfGroup(const std::wstring& foldedGroup) const { return zdr::foldCase(m_group) == foldedGroup; }
+    bool isOfGroup(std::wstring_view group) const { return zdr::equalFolded(m_group, group); }
 
   private:
     std::wstring m_group;
@@ -64,34 +65,33 @@ Vorn::ErrorStatus KelEdCommandStack::addCommand(const wchar_t* group, const wcha
                   resourceHandle, added);
     if (added)
         *added = nullptr;
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    if (!isGiven(group) || !isGiven(globalName) || !function)
-        return call.answer(Vorn::eInvalidInput);
-    auto command = std::make_unique<RegisteredCommand>(group, globalName, isGiven(localName) ? localName : globalName,
-                                                       flags, function);
-    if (added)
-        *added = command.get();
-    m_commands->oldestFirst.push_back(std::move(command));
-    return call.answer(Vorn::eOk);
+    return call.status([&] {
+        if (!isGiven(group) || !isGiven(globalName) || !function)
+            return Vorn::eInvalidInput;
+        m_commands->oldestFirst.push_back(std::make_unique<RegisteredCommand>(
+            group, globalName, isGiven(localName) ? localName : globalName, flags, function));
+        if (added)
+            *added = m_commands->oldestFirst.back().get();
+        return Vorn::eOk;
+    });
 }
 
 Vorn::ErrorStatus KelEdCommandStack::removeGroup(const wchar_t* group) {
     HostCall call("removeGroup", group);
     if (const auto status = call.fault())
         return call.answer(*status);
-    const std::wstring folded = zdr::foldCase(group ? group : L"");
+    const std::wstring_view wanted = group ? group : L"";
     const auto removed =
-        std::erase_if(m_commands->oldestFirst, [&folded](const auto& command) { return command->isOfGroup(folded); });
+        std::erase_if(m_commands->oldestFirst, [wanted](const auto& command) { return command->isOfGroup(wanted); });
     return call.answer(removed ? Vorn::eOk : Vorn::eKeyNotFound);
 }
 
 KelEdCommand* KelEdCommandStack::lookup(const wchar_t* name) const {
     HostCall call("lookup", name);
-    const std::wstring folded = zdr::foldCase(name ? name : L"");
+    const std::wstring_view wanted = name ? name : L"";
     const auto& commands = m_commands->oldestFirst;
     const auto newest = std::find_if(commands.rbegin(), commands.rend(),
-                                     [&folded](const auto& command) { return command->answersTo(folded); });
+                                     [wanted](const auto& command) { return command->answersTo(wanted); });
     return call.answer(newest == commands.rend() ? nullptr : newest->get());
 }
 

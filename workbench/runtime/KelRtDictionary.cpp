@@ -2,15 +2,18 @@
 #include "instruments/HostCalls.h"
 #include "objects/RtClass.h"
 
+#include <functional>
 #include <map>
+#include <new>
 #include <string>
+#include <string_view>
 
 using instruments::HostCall;
 
 KELRT_DEFINE_CLASS(KelRtDictionary, KelRtObject)
 
 struct KelRtDictionary::Entries {
-    std::map<std::wstring, KelRtObject*> objects;
+    std::map<std::wstring, KelRtObject*, std::less<>> objects; // looked up by the text itself, which takes no memory
 };
 
 namespace {
@@ -21,7 +24,7 @@ void drop(KelRtObject* object) {
         delete object;
 }
 
-const wchar_t* orEmpty(const wchar_t* text) {
+std::wstring_view orEmpty(const wchar_t* text) {
     return text ? text : L"";
 }
 
@@ -34,7 +37,7 @@ KelRtObject* KelRtDictionaryAccess::find(const KelRtDictionary& dictionary, cons
 }
 
 void KelRtDictionaryAccess::put(KelRtDictionary& dictionary, const wchar_t* name, KelRtObject* object) {
-    KelRtObject*& place = dictionary.m_entries->objects[orEmpty(name)];
+    KelRtObject*& place = dictionary.m_entries->objects[std::wstring(orEmpty(name))];
     if (place != object)
         drop(place);
     place = object;
@@ -55,7 +58,11 @@ KelRtObject* KelRtDictionary::at(const wchar_t* name) const {
 
 void KelRtDictionary::atPut(const wchar_t* name, KelRtObject* object) {
     HostCall call("atPut", name, object);
-    KelRtDictionaryAccess::put(*this, name, object);
+    try {
+        KelRtDictionaryAccess::put(*this, name, object);
+    } catch (const std::bad_alloc&) {
+        drop(object);
+    }
 }
 
 KelRtObject* KelRtDictionary::remove(const wchar_t* name) {

@@ -48,8 +48,7 @@ template <class Function> Function exported(HMODULE library, const char* name) {
     return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(library, name)));
 }
 
-// What the user is told when a module answers kelrtAnswerLoadFailed: the one failure with that answer is that of its
-// resources.
+// What the user is told when a module answers kelrtAnswerNoResources.
 std::wstring resourceSentence(const std::filesystem::path& path) {
     const std::filesystem::path resources = path.parent_path() / (path.stem().wstring() + L"Res.dll");
     std::error_code ignored;
@@ -81,10 +80,9 @@ struct ModuleLoader::Module {
         try {
             return entry(message, this);
         } catch (...) {
-            return kThrown;
+            return kelrtAnswerFailed;
         }
     }
-    static constexpr int kThrown = -1;
 
     std::wstring name() const { return path.filename().wstring(); }
     std::wstring bind();
@@ -112,9 +110,9 @@ std::wstring ModuleLoader::Module::bind() {
 std::wstring ModuleLoader::Module::start() {
     const SearchFolder folder(path.parent_path());
     const int answer = send(kelrtLoadMessage);
-    if (answer == kelrtAnswerLoadFailed)
+    if (answer == kelrtAnswerNoResources)
         return resourceSentence(path);
-    if (answer == kThrown)
+    if (answer == kelrtAnswerFailed)
         return name() + L" could not start: it failed while it was loaded.";
     if (answer != kelrtAnswerOk)
         return name() + L" could not start: it answered " + std::to_wstring(answer) + L" to being loaded.";

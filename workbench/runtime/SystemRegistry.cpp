@@ -23,8 +23,8 @@ class RegisteredService : public KelRtObject {};
 std::unique_ptr<KelRtDictionary> g_registry;
 std::map<const void*, runtime::ModuleDeclarations> g_declarations;
 
-KelRtDictionary* makeClassDictionary() {
-    auto* classes = new KelRtDictionary;
+std::unique_ptr<KelRtDictionary> makeClassDictionary() {
+    auto classes = std::make_unique<KelRtDictionary>();
     KelRtClass* const records[] = {
         KelRtObject::desc(),
         KelRtClass::desc(),
@@ -51,13 +51,20 @@ KelRtDictionary* makeClassDictionary() {
     return classes;
 }
 
+void enter(KelRtDictionary& dictionary, const wchar_t* name, std::unique_ptr<KelRtObject> object) {
+    KelRtDictionaryAccess::put(dictionary, name, object.get());
+    static_cast<void>(object.release()); // the dictionary's now
+}
+
+// Made by the first call, which is the host's own. When that throws there is no registry yet.
 KelRtDictionary& registry() {
     if (!g_registry) {
-        g_registry = std::make_unique<KelRtDictionary>();
-        KelRtDictionaryAccess::put(*g_registry, kelrtClassDictionaryKey, makeClassDictionary());
-        KelRtDictionaryAccess::put(*g_registry, kelrtServiceDictionaryKey, new KelRtDictionary);
-        KelRtDictionaryAccess::put(*g_registry, kelrtDynamicLinkerKey, new KelRtDynamicLinker);
-        KelRtDictionaryAccess::put(*g_registry, kelrtCommandStackKey, new KelEdCommandStack);
+        auto fresh = std::make_unique<KelRtDictionary>();
+        enter(*fresh, kelrtClassDictionaryKey, makeClassDictionary());
+        enter(*fresh, kelrtServiceDictionaryKey, std::make_unique<KelRtDictionary>());
+        enter(*fresh, kelrtDynamicLinkerKey, std::make_unique<KelRtDynamicLinker>());
+        enter(*fresh, kelrtCommandStackKey, std::make_unique<KelEdCommandStack>());
+        g_registry = std::move(fresh);
     }
     return *g_registry;
 }
@@ -76,33 +83,33 @@ KelRtDictionary* kelrtSystemRegistry() {
 
 bool kelrtServiceIsRegistered(const wchar_t* name) {
     HostCall call("kelrtServiceIsRegistered", name);
-    const KelRtDictionary* dictionary = services();
-    return call.answer(!call.fault() && dictionary && KelRtDictionaryAccess::find(*dictionary, name) != nullptr);
+    return call.valueOr(false, [name] {
+        const KelRtDictionary* dictionary = services();
+        return dictionary && KelRtDictionaryAccess::find(*dictionary, name) != nullptr;
+    });
 }
 
 KelRtObject* kelrtRegisterService(const wchar_t* name) {
     HostCall call("kelrtRegisterService", name);
-    KelRtDictionary* dictionary = services();
-    KelRtObject* service = nullptr;
-    const bool possible = dictionary && name && *name && !KelRtDictionaryAccess::find(*dictionary, name);
-    if (!call.fault() && possible) {
-        service = new RegisteredService;
-        KelRtDictionaryAccess::put(*dictionary, name, service);
-    }
-    return call.answer(service);
+    return call.valueOr<KelRtObject*>(nullptr, [name]() -> KelRtObject* {
+        KelRtDictionary* dictionary = services();
+        if (!dictionary || !name || !*name || KelRtDictionaryAccess::find(*dictionary, name))
+            return nullptr;
+        auto made = std::make_unique<RegisteredService>();
+        KelRtObject* const service = made.get();
+        enter(*dictionary, name, std::move(made));
+        return service;
+    });
 }
 
 void KelRtDynamicLinker::acceptApplication(void* packet) {
     HostCall call("acceptApplication", packet);
-    g_declarations[packet].acceptsUnload = true;
+    call.perform([packet] { g_declarations[packet].acceptsUnload = true; });
 }
 
 bool kelrtRegisterAppMDIAware(void* packet) {
     HostCall call("kelrtRegisterAppMDIAware", packet);
-    if (call.fault())
-        return call.answer(false);
-    g_declarations[packet].mdiAware = true;
-    return call.answer(true);
+    return call.valueOr(false, [packet] { return g_declarations[packet].mdiAware = true; });
 }
 
 namespace runtime {

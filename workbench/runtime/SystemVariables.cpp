@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <iterator>
 #include <map>
-#include <optional>
 
 using instruments::HostCall;
 
@@ -104,13 +103,8 @@ const Variable* findVariable(const wchar_t* name) {
     return found == std::end(kVariables) ? nullptr : found;
 }
 
-std::optional<VariableValue> valueOf(const Variable& variable) {
-    if (variable.read) {
-        const Document* document = currentDocument();
-        if (!document)
-            return std::nullopt;
-        return variable.read({engine::drawingOf(document->data()), document->path()});
-    }
+/// The value of a variable that the application keeps.
+const VariableValue& keptValue(const Variable& variable) {
     const auto own = setValues().find(&variable);
     return own == setValues().end() ? variable.initial : own->second;
 }
@@ -121,10 +115,19 @@ struct Filler {
     bool operator()(std::int32_t value) const { return result.value.int32 = value, true; }
     bool operator()(double value) const { return result.value.real = value, true; }
     bool operator()(const std::wstring& value) const {
-        result.value.string = engine::handOutText(value, "string of a system variable");
-        return result.value.string != nullptr;
+        wchar_t* const copy = engine::handOutText(value, "string of a system variable");
+        return copy && (result.value.string = copy, true);
     }
 };
+
+// Without a copy of the value: the library's variants don't survive one that finds no memory.
+bool fill(ResultBuffer& result, const Variable& variable) {
+    if (!variable.read)
+        return std::visit(Filler{result}, keptValue(variable));
+    const Document* document = currentDocument();
+    return document &&
+           std::visit(Filler{result}, variable.read({engine::drawingOf(document->data()), document->path()}));
+}
 
 } // namespace
 
@@ -155,12 +158,11 @@ void resetSystemVariables() {
 
 int keledGetVar(const wchar_t* name, ResultBuffer* result) {
     HostCall call("keledGetVar", name);
-    const runtime::Variable* variable = runtime::findVariable(name);
-    if (call.fault() || !result || !variable)
-        return call.answer(kResultError);
-    const auto value = runtime::valueOf(*variable);
-    if (!value)
-        return call.answer(kResultError);
-    result->type = variable->type;
-    return call.answer(std::visit(runtime::Filler{*result}, *value) ? kResultNormal : kResultError);
+    return call.valueOr(kResultError, [&] {
+        const runtime::Variable* variable = runtime::findVariable(name);
+        if (!result || !variable || !runtime::fill(*result, *variable))
+            return kResultError;
+        result->type = variable->type;
+        return kResultNormal;
+    });
 }

@@ -28,6 +28,8 @@ class AFXMFC_API CButton : public CWnd {
 
     /// Draws a BS_OWNERDRAW button; the base draws nothing.
     virtual void DrawItem(LPDRAWITEMSTRUCT) {}
+
+  protected:
     BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
 };
 
@@ -49,5 +51,7 @@ class AFXMFC_API CStatic : public CWnd {
 
     /// Draws an SS_OWNERDRAW control; the base draws nothing.
     virtual void DrawItem(LPDRAWITEMSTRUCT) {}
+
+  protected:
     BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
 };

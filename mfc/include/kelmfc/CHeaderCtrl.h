@@ -33,6 +33,8 @@ class AFXMFC_API CHeaderCtrl : public CWnd {
 
     /// Draws an item with HDF_OWNERDRAW; the base draws nothing.
     virtual void DrawItem(LPDRAWITEMSTRUCT) {}
+
+  protected:
     BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
 
   private:

@@ -63,6 +63,8 @@ class AFXMFC_API CListBox : public CWnd {
     virtual void MeasureItem(LPMEASUREITEMSTRUCT) {}
     virtual int CompareItem(LPCOMPAREITEMSTRUCT) { return 0; }
     virtual void DeleteItem(LPDELETEITEMSTRUCT) {}
+
+  protected:
     BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
 
   private:
@@ -128,6 +130,8 @@ class AFXMFC_API CComboBox : public CWnd {
     virtual void MeasureItem(LPMEASUREITEMSTRUCT) {}
     virtual int CompareItem(LPCOMPAREITEMSTRUCT) { return 0; }
     virtual void DeleteItem(LPDELETEITEMSTRUCT) {}
+
+  protected:
     BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
 
   private:

@@ -105,7 +105,7 @@ class AFXMFC_API CListCtrl : public CWnd {
 
     // --- selection ---
     UINT GetSelectedCount() const { return static_cast<UINT>(SendMessage(LVM_GETSELECTEDCOUNT)); }
-    int GetSelectionMark() const { return static_cast<int>(SendMessage(LVM_GETSELECTIONMARK)); }
+    int GetSelectionMark() { return static_cast<int>(SendMessage(LVM_GETSELECTIONMARK)); }
     int SetSelectionMark(int iIndex) { return static_cast<int>(SendMessage(LVM_SETSELECTIONMARK, 0, iIndex)); }
     /// For GetNextSelectedItem; null without a selection.
     POSITION GetFirstSelectedItemPosition() const;
@@ -115,10 +115,7 @@ class AFXMFC_API CListCtrl : public CWnd {
     // --- geometry ---
     /// Client coordinates.
     BOOL GetItemRect(int nItem, LPRECT lpRect, UINT nCode) const;
-    BOOL GetSubItemRect(int iItem, int iSubItem, int nArea, LPRECT lpRect) const;
-    BOOL GetSubItemRect(int iItem, int iSubItem, int nArea, CRect& ref) const {
-        return GetSubItemRect(iItem, iSubItem, nArea, static_cast<LPRECT>(ref));
-    }
+    BOOL GetSubItemRect(int iItem, int iSubItem, int nArea, CRect& ref) const;
     BOOL GetItemPosition(int nItem, LPPOINT lpPoint) const {
         return Is(SendMessage(LVM_GETITEMPOSITION, W(nItem), L(lpPoint)));
     }
@@ -146,6 +143,8 @@ class AFXMFC_API CListCtrl : public CWnd {
 
     /// Draws an LVS_OWNERDRAWFIXED list; the base draws nothing.
     virtual void DrawItem(LPDRAWITEMSTRUCT) {}
+
+  protected:
     BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
 
   private:

@@ -5,6 +5,9 @@
 
 #include "diagnostics.h"
 
+#include <cstddef>
+#include <new>
+
 class CObject;
 
 /// What DECLARE_DYNAMIC and DECLARE_DYNCREATE add to a class: its name, its base and, for the latter, how to make one.
@@ -27,6 +30,12 @@ class AFXMFC_API CObject {
     CObject(const CObject&) = delete;
     CObject& operator=(const CObject&) = delete;
     virtual ~CObject();
+
+    // As in MFC these hide the other forms: `new (std::nothrow)` of a derived class doesn't compile.
+    static void* operator new(std::size_t size) { return ::operator new(size); }
+    static void* operator new(std::size_t, void* place) { return place; }
+    static void operator delete(void* memory) { ::operator delete(memory); }
+    static void operator delete(void*, void*) {}
 
     virtual CRuntimeClass* GetRuntimeClass() const;
     BOOL IsKindOf(const CRuntimeClass* pClass) const;

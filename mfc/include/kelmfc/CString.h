@@ -121,7 +121,7 @@ class AFXMFC_API CString {
     void FormatMessage(LPCTSTR pszFormat, ...);
     void FormatMessage(UINT nFormatID, ...);
     void FormatMessageV(LPCTSTR pszFormat, va_list* pArgs);
-    /// FALSE, and an empty string, when there is no such string.
+    /// FALSE when there is no such string; the text stays as it was.
     BOOL LoadString(UINT nID);
     BOOL LoadString(HINSTANCE hInstance, UINT nID);
     BOOL LoadString(HINSTANCE hInstance, UINT nID, WORD wLanguageID);

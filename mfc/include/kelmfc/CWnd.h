@@ -252,7 +252,6 @@ class AFXMFC_API CWnd : public CCmdTarget {
     CWnd* GetNextDlgTabItem(CWnd* pWndCtl, BOOL bPrevious = FALSE) const;
     BOOL IsDialogMessage(LPMSG lpMsg) { return ::IsDialogMessage(m_hWnd, lpMsg); }
     BOOL UpdateData(BOOL bSaveAndValidate = TRUE);
-    virtual void DoDataExchange(CDataExchange*) {}
 
     // --- modal loop ---
     int RunModalLoop(DWORD dwFlags = 0);
@@ -260,10 +259,6 @@ class AFXMFC_API CWnd : public CCmdTarget {
     virtual void EndModalLoop(int nResult);
 
     // --- routing ---
-    virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
-    virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult);
-    /// A message that a control sent to its parent comes back to the control here.
-    virtual BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
     BOOL SendChildNotifyLastMsg(LRESULT* pResult = nullptr);
     static BOOL ReflectLastMsg(HWND hWndChild, LRESULT* pResult = nullptr);
     BOOL ReflectChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
@@ -274,6 +269,11 @@ class AFXMFC_API CWnd : public CCmdTarget {
     int m_nFlags = 0;
 
   protected:
+    virtual void DoDataExchange(CDataExchange*) {}
+    virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
+    virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult);
+    /// A message that a control sent to its parent comes back to the control here.
+    virtual BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
     virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
     virtual BOOL OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
     virtual LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam);

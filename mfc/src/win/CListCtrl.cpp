@@ -133,10 +133,10 @@ BOOL CListCtrl::GetItemRect(int nItem, LPRECT lpRect, UINT nCode) const {
     return Is(SendMessage(LVM_GETITEMRECT, W(nItem), L(lpRect)));
 }
 
-BOOL CListCtrl::GetSubItemRect(int iItem, int iSubItem, int nArea, LPRECT lpRect) const {
-    lpRect->top = iSubItem;
-    lpRect->left = nArea;
-    return Is(SendMessage(LVM_GETSUBITEMRECT, W(iItem), L(lpRect)));
+BOOL CListCtrl::GetSubItemRect(int iItem, int iSubItem, int nArea, CRect& ref) const {
+    ref.top = iSubItem;
+    ref.left = nArea;
+    return Is(SendMessage(LVM_GETSUBITEMRECT, W(iItem), L(&ref)));
 }
 
 int CListCtrl::HitTest(CPoint pt, UINT* pFlags) const {

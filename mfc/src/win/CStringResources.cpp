@@ -12,12 +12,17 @@ LPCWSTR stringInBlock(LPCWSTR block, UINT id) {
 
 } // namespace
 
+// A string that isn't there leaves the text as it was.
 BOOL CString::LoadString(UINT nID) {
+    CString text;
     for (int capacity = 256;; capacity *= 2) {
-        const int length = AfxLoadString(nID, GetBuffer(capacity), static_cast<UINT>(capacity));
-        ReleaseBuffer(length);
-        if (length < capacity - 1)
-            return length > 0;
+        const int length = AfxLoadString(nID, text.GetBuffer(capacity), static_cast<UINT>(capacity));
+        text.ReleaseBuffer(length);
+        if (length >= capacity - 1)
+            continue;
+        if (length > 0)
+            *this = text;
+        return length > 0;
     }
 }
 
@@ -25,19 +30,20 @@ BOOL CString::LoadString(HINSTANCE hInstance, UINT nID) {
     // Without a buffer the system answers where the string lies in the resource.
     LPCWSTR text = nullptr;
     const int length = ::LoadString(hInstance, nID, reinterpret_cast<LPWSTR>(&text), 0);
-    SetString(text, length);
+    if (length > 0)
+        SetString(text, length);
     return length > 0;
 }
 
 BOOL CString::LoadString(HINSTANCE hInstance, UINT nID, WORD wLanguageID) {
-    Empty();
     const HRSRC found = ::FindResourceEx(hInstance, RT_STRING, MAKEINTRESOURCE(nID / 16 + 1), wLanguageID);
     const HGLOBAL loaded = found ? ::LoadResource(hInstance, found) : nullptr;
     if (!loaded)
         return FALSE;
     const LPCWSTR text = stringInBlock(static_cast<LPCWSTR>(::LockResource(loaded)), nID);
-    SetString(text + 1, *text);
-    return !IsEmpty();
+    if (*text > 0)
+        SetString(text + 1, *text);
+    return *text > 0;
 }
 
 void CString::Format(UINT nFormatID, ...) {

@@ -115,10 +115,11 @@ BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, HMODULE hModule) {
 void AfxTermExtensionModule(AFX_EXTENSION_MODULE& state, BOOL) {
     if (!state.bInitialized)
         return;
-    const std::vector<CDynLinkLibrary*> libraries = kelmfc::theState().libraries;
-    for (CDynLinkLibrary* library : libraries) {
-        if (library->m_hModule == state.hModule)
-            delete library;
+    // From the end, since each takes itself out of the list; a copy of it would need memory in the midst of an unload.
+    const auto& libraries = kelmfc::theState().libraries;
+    for (std::size_t index = libraries.size(); index-- > 0;) {
+        if (libraries[index]->m_hModule == state.hModule)
+            delete libraries[index];
     }
     // Emptied, because the module may be loaded again into the same memory.
     state = {};

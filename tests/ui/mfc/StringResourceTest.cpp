@@ -11,16 +11,14 @@ TEST(StringResource, IsLoadedById) {
     EXPECT_EQ(CString(MAKEINTRESOURCE(IDS_PLAIN)), L"A plain text.");
 }
 
-TEST(StringResource, ThatIsMissingIsEmpty) {
+TEST(StringResource, ThatIsMissingLeavesTheTextAsItWas) {
     CString text = L"before";
     EXPECT_FALSE(text.LoadString(IDS_NOWHERE));
-    EXPECT_TRUE(text.IsEmpty());
-    text = L"before";
+    EXPECT_EQ(text, L"before");
     EXPECT_FALSE(text.LoadString(::GetModuleHandle(nullptr), IDS_NOWHERE));
-    EXPECT_TRUE(text.IsEmpty());
-    text = L"before";
+    EXPECT_EQ(text, L"before");
     EXPECT_FALSE(text.LoadString(::GetModuleHandle(nullptr), IDS_NOWHERE, 0x0409));
-    EXPECT_TRUE(text.IsEmpty());
+    EXPECT_EQ(text, L"before");
 }
 
 TEST(StringResource, ThatIsLongIsWhole) {

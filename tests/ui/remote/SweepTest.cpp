@@ -15,6 +15,7 @@
 #include <functional>
 #include <map>
 #include <new>
+#include <optional>
 
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
@@ -36,8 +37,8 @@ class RemoteSweep : public RemoteTest {
     }
 
     /// @return how many failures there were
-    int sweep() {
-        const ImportFaults faults({L"kelui.dll", L"keldb.dll"});
+    int sweep(const std::vector<std::wstring>& libraries = {L"kelui.dll", L"keldb.dll"}) {
+        const ImportFaults faults(libraries);
         run({}, 0); // makes what is made once and kept
         run({}, 0);
         std::map<std::string, int> calls;
@@ -75,7 +76,7 @@ class RemoteSweep : public RemoteTest {
         }
         ImportFaults::end();
         // How often memory is asked for depends on how much room earlier runs have left in the buffers that are kept.
-        EXPECT_TRUE(ImportFaults::struck() == (nth > 0) || function == ImportFaults::kMemory);
+        EXPECT_TRUE(ImportFaults::struck() == (nth > 0) || function == ImportFaults::kMemory || function == "malloc");
         EXPECT_GE(status, eInetOk);
         EXPECT_LE(status, eInetSystemFailed);
         EXPECT_TRUE(problem().empty() == (status == eInetOk) || status == eInetNoMemory) << status;
@@ -116,6 +117,21 @@ TEST_F(RemoteSweep, ofAFetchIntoATemporaryFile) {
     const auto before = entriesOf(fs::temp_directory_path());
     EXPECT_GT(sweep(), 20);
     EXPECT_EQ(entriesOf(fs::temp_directory_path()), before);
+}
+
+// Texts take their memory in the standard library.
+TEST_F(RemoteSweep, ofATemporaryFileByTheMemoryOfItsPath) {
+    std::optional<OrvXREFString> name; // a new one each time, without room from the time before
+    const std::wstring url = L"http://h/plan.las";
+    prepare = [&name] { name.emplace(); };
+    operate = [this, &name, &url] { return service.CreateInternetTempFile(url.c_str(), *name); };
+    check = [&name](int status) {
+        const wchar_t* const path = *name;
+        EXPECT_EQ(*path == L'\0', status != eInetOk) << status;
+        if (status == eInetOk)
+            EXPECT_TRUE(DeleteFileW(path));
+    };
+    EXPECT_GT(sweep({L"libstdc++-6.dll"}), 3);
 }
 
 TEST_F(RemoteSweep, ofAnUpload) {

@@ -8,7 +8,10 @@
 #include "LayerStateCommand.h"
 #include "ModuleHandles.h"
 #include "SystemRegistry.h"
+#include "instruments/HostCalls.h"
 #include "resource.h"
+
+#include <gmock/gmock.h>
 
 extern "C" int kelrtEntryPoint(unsigned int message, void* packet);
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID reserved);
@@ -17,6 +20,8 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID reserved
 void runLayerStateCommand() {}
 
 namespace {
+
+using testing::ElementsAre;
 
 class FrameworkSetUp : public ui::HostTest {
   protected:
@@ -50,6 +55,13 @@ class FrameworkSetUp : public ui::HostTest {
         EXPECT_EQ(runtime::commandStack().count(), 1);
     }
 
+    void expectNothingLeft() {
+        EXPECT_FALSE(kelrtServiceIsRegistered(L"KelLayerApps"));
+        EXPECT_EQ(runtime::commandStack().count(), 0);
+        EXPECT_EQ(GetModuleHandleW(m_resources.c_str()), nullptr);
+        EXPECT_NE(placeOfTemplate(), m_module);
+    }
+
     const std::filesystem::path m_file = ui::programFolder() / L"Stand-in.xmod";
     const std::filesystem::path m_resources = ui::programFolder() / L"Stand-inRes.dll";
     HMODULE m_module = nullptr;
@@ -77,9 +89,56 @@ TEST_F(FrameworkSetUp, ALinkObjectThatCantBeMadeDoesntStopTheLoad) {
     EXPECT_EQ(linkObjectsMade(), m_linkObjectsBefore);
 }
 
-TEST_F(FrameworkSetUp, AnExceptionInTheLoadEndsAtTheDoorAsAFailure) {
+TEST_F(FrameworkSetUp, AnExceptionInTheLoadTakesBackWhatTheLoadHasDone) {
+    expectLoaded(); // the module looks up the class record of the stack once, which isn't to be among the calls
+    EXPECT_EQ(kelrtEntryPoint(kelrtUnloadMessage, this), 0);
+    const int linkObjectsBefore = linkObjectsMade();
+    instruments::clearTrace();
     failFramework(FrameworkCall::loadString);
-    EXPECT_EQ(kelrtEntryPoint(kelrtLoadMessage, this), kelrtAnswerLoadFailed);
+    EXPECT_EQ(kelrtEntryPoint(kelrtLoadMessage, this), kelrtAnswerFailed);
+    EXPECT_THAT(instruments::trace(),
+                ElementsAre("kelrtSystemRegistry()", "at(\"DynamicLinker\") = object", "acceptApplication(object)",
+                            "kelrtRegisterAppMDIAware(object) = true",
+                            "kelrtServiceIsRegistered(\"KelLayerApps\") = false",
+                            "kelrtRegisterService(\"KelLayerApps\") = object", "kelrtSystemRegistry()",
+                            "at(\"VORN_REGISTERED_COMMANDS\") = object",
+                            // There is no command yet, and the service is taken out again.
+                            "kelrtSystemRegistry()", "at(\"ServiceDictionary\") = object",
+                            "remove(\"KelLayerApps\") = object"));
+    EXPECT_EQ(linkObjectsMade(), linkObjectsBefore + 1);
+    expectNothingLeft();
+    expectLoaded();
+}
+
+TEST_F(FrameworkSetUp, AnExceptionInASecondLoadLeavesTheModuleRunning) {
+    expectLoaded();
+    const HINSTANCE resources = g_resourceModule;
+    failFramework(FrameworkCall::loadString);
+    EXPECT_EQ(kelrtEntryPoint(kelrtLoadMessage, this), kelrtAnswerFailed);
+    EXPECT_TRUE(kelrtServiceIsRegistered(L"KelLayerApps"));
+    EXPECT_EQ(runtime::commandStack().count(), 1);
+    EXPECT_EQ(g_resourceModule, resources);
+    EXPECT_EQ(GetModuleHandleW(m_resources.c_str()), resources);
+    EXPECT_EQ(placeOfTemplate(), m_module);
+    EXPECT_EQ(kelrtEntryPoint(kelrtUnloadMessage, this), 0);
+    expectNothingLeft();
+}
+
+TEST_F(FrameworkSetUp, ASecondLoadWithoutAResourceModuleLeavesTheModuleRunning) {
+    expectLoaded();
+    const HINSTANCE resources = g_resourceModule;
+    g_moduleInstance = reinterpret_cast<HINSTANCE>(0x1000); // its path can't be told, so there is nothing to load
+    EXPECT_EQ(kelrtEntryPoint(kelrtLoadMessage, this), kelrtAnswerNoResources);
+    g_moduleInstance = m_module;
+    EXPECT_EQ(g_resourceModule, resources);
+    EXPECT_EQ(runtime::commandStack().count(), 1);
+}
+
+TEST_F(FrameworkSetUp, OneUnloadEndsTwoLoads) {
+    expectLoaded();
+    EXPECT_EQ(kelrtEntryPoint(kelrtLoadMessage, this), 0);
+    EXPECT_EQ(kelrtEntryPoint(kelrtUnloadMessage, this), 0);
+    expectNothingLeft();
 }
 
 TEST_F(FrameworkSetUp, TheAttachAloneTellsTheModulesHandle) {

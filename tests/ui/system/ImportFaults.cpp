@@ -131,6 +131,7 @@ std::vector<Function>& table() {
     static std::vector<Function> all = numbered({
         {ImportFaults::kMemory, reinterpret_cast<void*>(&allocate), &g_allocate, &g_allocation},
         FUNCTION(_wcsdup, nullptr, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(malloc, nullptr, ERROR_NOT_ENOUGH_MEMORY), // by which libstdc++-6.dll takes the memory of texts
         // registry
         FUNCTION(RegOpenKeyExW, ERROR_ACCESS_DENIED, ERROR_ACCESS_DENIED),
         FUNCTION(RegCreateKeyExW, ERROR_ACCESS_DENIED, ERROR_ACCESS_DENIED),

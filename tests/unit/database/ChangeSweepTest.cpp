@@ -41,7 +41,11 @@ KelCmColor namedColor() {
 const NamedChange kChanges[] = {
     {"save", [](DatabaseImp& d) { engine::saveState(d, L"A name that is too long for a short string", 5, nullptr); }},
     {"save over", [](DatabaseImp& d) { engine::saveState(d, L"Plan", 5, &viewportOf(d)); }},
-    {"put", [](DatabaseImp& d) { engine::putState(d, L"Cut", d.drawing().states[0]); }},
+    {"put",
+     [](DatabaseImp& d) {
+         std::size_t place = 0;
+         engine::putState(d, L"Cut", d.drawing().states[0], place);
+     }},
     {"delete", [](DatabaseImp& d) { engine::deleteState(d, 0); }},
     {"rename", [](DatabaseImp& d) { engine::renameState(d, 0, L"A name that is too long for a short string"); }},
     {"add layers",

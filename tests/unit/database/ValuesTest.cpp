@@ -375,3 +375,12 @@ TEST(NumberText, WritesRealsAndAngles) {
     keldbAngToS(3.14159265358979, 2, 0, text);
     EXPECT_STREQ(text, L"200g");
 }
+
+TEST(Array, TakesACopyOfOneOfItsOwnElementsAlsoWhenItGrows) {
+    KelArray<KelString> names(1, 1);
+    names.append(L"A name that is too long for a short string");
+    ASSERT_EQ(names.length(), names.physicalLength());
+    EXPECT_EQ(names.append(names[0]), 1);
+    EXPECT_STREQ(names[0].kwszPtr(), L"A name that is too long for a short string");
+    EXPECT_STREQ(names[1].kwszPtr(), L"A name that is too long for a short string");
+}

@@ -17,17 +17,17 @@ std::vector<CString> contents(const CStringArray& array) {
     return all;
 }
 
-std::vector<CObject*> contents(const CObList& list) {
-    std::vector<CObject*> all;
+std::vector<const CObject*> contents(const CObList& list) {
+    std::vector<const CObject*> all;
     for (POSITION at = list.GetHeadPosition(); at;)
         all.push_back(list.GetNext(at));
     return all;
 }
 
-std::vector<CObject*> backwards(const CObList& list) {
-    std::vector<CObject*> all;
+std::vector<const CObject*> backwards(const CObList& list) {
+    std::vector<const CObject*> all;
     for (POSITION at = list.GetTailPosition(); at;)
-        all.push_back(const_cast<CObList&>(list).GetPrev(at));
+        all.push_back(list.GetPrev(at));
     return all;
 }
 
@@ -202,6 +202,57 @@ TEST(List, GoesThroughWhileTheElementJustVisitedIsRemoved) {
     }
     ASSERT_EQ(list.GetCount(), 1);
     EXPECT_EQ(list.GetHead(), L"b");
+}
+
+// MFC throws its exceptions as pointers, which gtest's macros can't take apart.
+template <class Action> bool isRefused(Action action) {
+    try {
+        action();
+        return false;
+    } catch (CInvalidArgException* exception) {
+        exception->Delete();
+        return true;
+    }
+}
+
+TEST(StringArray, RefusesWhatIsOutsideByTheLibrarysOwnException) {
+    CStringArray array;
+    array.Add(L"one");
+    for (const INT_PTR outside : {INT_PTR{-1}, INT_PTR{1}}) {
+        EXPECT_TRUE(isRefused([&] { array.GetAt(outside); })) << outside;
+        EXPECT_TRUE(isRefused([&] { static_cast<const CStringArray&>(array).GetAt(outside); })) << outside;
+        EXPECT_TRUE(isRefused([&] { array.ElementAt(outside); })) << outside;
+        EXPECT_TRUE(isRefused([&] { array[outside]; })) << outside;
+        EXPECT_TRUE(isRefused([&] { array.SetAt(outside, L"two"); })) << outside;
+        EXPECT_TRUE(isRefused([&] { array.RemoveAt(outside); })) << outside;
+    }
+    EXPECT_TRUE(isRefused([&] { array.RemoveAt(0, 2); }));
+    EXPECT_TRUE(isRefused([&] { array.RemoveAt(0, -1); }));
+    EXPECT_TRUE(isRefused([&] { array.SetSize(-1); }));
+    EXPECT_TRUE(isRefused([&] { array.SetAtGrow(-1, L"two"); }));
+    EXPECT_TRUE(isRefused([&] { array.InsertAt(-1, L"two"); }));
+    EXPECT_TRUE(isRefused([&] { array.InsertAt(0, L"two", 0); }));
+    EXPECT_TRUE(isRefused([&] { array.InsertAt(-1, &array); }));
+    EXPECT_TRUE(isRefused([&] { array.InsertAt(0, nullptr); }));
+    EXPECT_THAT(contents(array), ElementsAre(L"one"));
+}
+
+TEST_F(ObListTest, RefusesANullPositionAndTheEndsOfAnEmptyListByTheLibrarysOwnException) {
+    const CObList& read = list;
+    POSITION none = nullptr;
+    EXPECT_TRUE(isRefused([&] { list.GetHead(); }));
+    EXPECT_TRUE(isRefused([&] { read.GetHead(); }));
+    EXPECT_TRUE(isRefused([&] { list.GetTail(); }));
+    EXPECT_TRUE(isRefused([&] { read.GetTail(); }));
+    EXPECT_TRUE(isRefused([&] { list.RemoveHead(); }));
+    EXPECT_TRUE(isRefused([&] { list.RemoveTail(); }));
+    list.AddTail(&a);
+    EXPECT_TRUE(isRefused([&] { list.GetNext(none); }));
+    EXPECT_TRUE(isRefused([&] { read.GetPrev(none); }));
+    EXPECT_TRUE(isRefused([&] { list.GetAt(none); }));
+    EXPECT_TRUE(isRefused([&] { list.SetAt(none, &b); }));
+    EXPECT_TRUE(isRefused([&] { list.RemoveAt(none); }));
+    EXPECT_THAT(contents(list), ElementsAre(&a));
 }
 
 } // namespace

@@ -204,13 +204,13 @@ void StateChange::exchange(zdr::Drawing& drawing, ObjectDirectory& objects) {
 }
 
 void PlotStyleChange::exchange(zdr::Drawing& drawing, ObjectDirectory& objects) {
-    zdr::makeRoom(drawing.plotStyles, 1);
-    const auto place = drawing.plotStyles.begin() + static_cast<Offset>(position);
     if (style) {
+        zdr::makeRoom(drawing.plotStyles, 1);
         objects.insertPlotStyle(position, handle);
-        drawing.plotStyles.insert(place, *style);
+        drawing.plotStyles.insert(drawing.plotStyles.begin() + static_cast<Offset>(position), *style);
         style.reset();
     } else {
+        const auto place = drawing.plotStyles.begin() + static_cast<Offset>(position);
         style = *place;
         drawing.plotStyles.erase(place);
         objects.removePlotStyle(position);

@@ -92,14 +92,26 @@ void DatabaseImp::setActiveSpace(std::optional<std::size_t> layout, std::optiona
     m_drawing.currentViewport = viewport;
 }
 
-void DatabaseImp::insertState(zdr::LayerState&& state, std::optional<std::size_t> position) {
+std::size_t DatabaseImp::insertState(zdr::LayerState&& state, std::optional<std::size_t> position) {
     std::size_t index = position.value_or(m_drawing.states.size());
     while (!position && index > 0 && m_drawing.states[index - 1].reference != zdr::kNone)
         --index;
+    putInState(index, std::move(state));
+    m_lookups.stateInserted(index);
+    return index;
+}
+
+void DatabaseImp::putInState(std::size_t index, zdr::LayerState&& state) {
     state.handle = newHandle();
     const zdr::Handle handle = state.handle;
     perform(StateChange{handle, index, std::move(state)}, {});
-    m_lookups.stateInserted(index);
+}
+
+void DatabaseImp::replaceState(std::size_t index, zdr::LayerState&& state) {
+    m_history.makeRoom(2);
+    putInState(index, std::move(state));
+    // Nothing fails from here on. The index of states knows the name already, and at this place.
+    perform(StateChange{m_drawing.states[index + 1].handle, index + 1, std::nullopt}, {});
 }
 
 void DatabaseImp::removeState(std::size_t index) {

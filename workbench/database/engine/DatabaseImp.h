@@ -55,11 +55,17 @@ class DatabaseImp : public KelDbImpDatabase {
     /// The list of states must not change while the editor lives, which holds the state's address.
     [[nodiscard]] Editor<zdr::LayerState> editState(std::size_t index);
     [[nodiscard]] Editor<zdr::Viewport> editViewport(const zdr::Viewport& viewport);
+    /// Record a part for undo ahead of its change: the next change of it can't fail then.
+    void recordColumns() { m_history.beforeColumns(m_drawing); }
+    void recordSettings() { m_history.beforeSettings(m_drawing); }
+    void recordViewport(const zdr::Viewport& viewport) { m_history.beforeViewport(viewport); }
     void setCurrentLayer(std::size_t index);
     void setLastRestored(std::optional<std::wstring> name);
     void setLinetypeScale(double scale);
-    /// Puts a state in after the drawing's own ones, or at `position`, and gives it a handle.
-    void insertState(zdr::LayerState&& state, std::optional<std::size_t> position = std::nullopt);
+    /// Puts a state in after the drawing's own ones, or at `position`, gives it a handle, and answers its place.
+    std::size_t insertState(zdr::LayerState&& state, std::optional<std::size_t> position = std::nullopt);
+    /// Puts a state with a handle of its own in the place of another one, whose name it bears in whatever spelling.
+    void replaceState(std::size_t index, zdr::LayerState&& state);
     void removeState(std::size_t index);
     void renameState(std::size_t index, std::wstring name);
     /// Appends a layer to the table and answers the handle that it got. The name must be valid and free; from then on
@@ -84,6 +90,8 @@ class DatabaseImp : public KelDbImpDatabase {
     /// Puts a new plot style into the list. Its name must be in the name table and no other style's.
     void insertPlotStyle(std::size_t index, zdr::PlotStyle style);
     void removePlotStyle(std::size_t index);
+    /// Puts a new plot style of the same name in the place of one.
+    void replacePlotStyle(std::size_t index);
 
     /// What is looked at: no change of the drawing.
     void setActiveSpace(std::optional<std::size_t> layout, std::optional<zdr::Handle> viewport);
@@ -124,6 +132,8 @@ class DatabaseImp : public KelDbImpDatabase {
     template <class Style>
     void appendStyles(std::vector<Style>& list, std::vector<Style> more, ObjectKind kind, const Parts& parts);
     std::shared_ptr<zdr::LayerSet> layerSet() const;
+    /// Leaves the index of states as it is.
+    void putInState(std::size_t index, zdr::LayerState&& state);
 
     KelDbDatabase& m_owner;
     KelDbLayerStateManager m_stateManager;

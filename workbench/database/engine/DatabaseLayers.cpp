@@ -134,4 +134,10 @@ void DatabaseImp::removePlotStyle(std::size_t index) {
     perform(PlotStyleChange{m_drawing.plotStyles[index].handle, index, std::nullopt}, {.plotStyles = true});
 }
 
+void DatabaseImp::replacePlotStyle(std::size_t index) {
+    m_history.makeRoom(2);
+    insertPlotStyle(index, {m_drawing.plotStyles[index].name, 0});
+    removePlotStyle(index + 1); // taking out can't fail, once there is room to record it
+}
+
 } // namespace engine

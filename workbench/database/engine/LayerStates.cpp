@@ -18,6 +18,10 @@ bool isDependent(const zdr::LayerState& state) {
     return state.reference != zdr::kNone;
 }
 
+bool isLastRestored(const zdr::Drawing& drawing, std::size_t state) {
+    return drawing.lastRestored && zdr::equalFolded(*drawing.lastRestored, drawing.states[state].name);
+}
+
 std::size_t placeInSet(const zdr::LayerSet& set, zdr::NameId name) {
     const auto found = std::ranges::find(set.names, name);
     return found == set.names.end() ? zdr::kNone : static_cast<std::size_t>(found - set.names.begin());
@@ -74,25 +78,29 @@ Vorn::ErrorStatus saveState(DatabaseImp& database, std::wstring_view name, std::
     return Vorn::eOk;
 }
 
-Vorn::ErrorStatus putState(DatabaseImp& database, std::wstring_view name, zdr::LayerState state) {
+Vorn::ErrorStatus putState(DatabaseImp& database, std::wstring_view name, zdr::LayerState state, std::size_t& place) {
     std::size_t index = zdr::kNone;
     if (const Vorn::ErrorStatus status = placeForName(database, name, index); status != Vorn::eOk)
         return status;
     if (!state.layers)
         return Vorn::eInvalidInput;
-    if (index != zdr::kNone)
-        database.removeState(index);
     state.name = name;
     state.reference = zdr::kNone;
-    database.insertState(std::move(state), index == zdr::kNone ? std::nullopt : std::optional(index));
+    if (index == zdr::kNone)
+        index = database.insertState(std::move(state));
+    else
+        database.replaceState(index, std::move(state));
+    place = index;
     return Vorn::eOk;
 }
 
 void deleteState(DatabaseImp& database, std::size_t index) {
-    const zdr::Drawing& drawing = database.drawing();
-    if (drawing.lastRestored && zdr::equalFolded(*drawing.lastRestored, drawing.states[index].name))
-        database.setLastRestored(std::nullopt);
+    const bool wasLastRestored = isLastRestored(database.drawing(), index);
+    if (wasLastRestored)
+        database.recordSettings();
     database.removeState(index);
+    if (wasLastRestored)
+        database.setLastRestored(std::nullopt);
 }
 
 Vorn::ErrorStatus renameState(DatabaseImp& database, std::size_t index, std::wstring_view name) {
@@ -101,10 +109,14 @@ Vorn::ErrorStatus renameState(DatabaseImp& database, std::size_t index, std::wst
     const std::size_t bearer = database.findState(name);
     if (bearer != zdr::kNone && bearer != index)
         return Vorn::eDuplicateRecordName;
-    const zdr::Drawing& drawing = database.drawing();
-    if (drawing.lastRestored && zdr::equalFolded(*drawing.lastRestored, drawing.states[index].name))
-        database.setLastRestored(std::wstring(name));
+    std::optional<std::wstring> lastRestored;
+    if (isLastRestored(database.drawing(), index)) {
+        lastRestored = name;
+        database.recordSettings();
+    }
     database.renameState(index, std::wstring(name));
+    if (lastRestored)
+        database.setLastRestored(std::move(lastRestored));
     return Vorn::eOk;
 }
 

@@ -10,8 +10,9 @@ namespace engine {
 /// one. eDependentRecord when a state of a reference bears the name; for the name the statuses of checkName().
 Vorn::ErrorStatus saveState(DatabaseImp& database, std::wstring_view name, std::uint32_t mask,
                             const zdr::Viewport* viewport);
-/// Enters a copy of a state under that name, with an id of its own; it replaces a state that bears the name.
-Vorn::ErrorStatus putState(DatabaseImp& database, std::wstring_view name, zdr::LayerState state);
+/// Enters a copy of a state under that name, with an id of its own; it replaces a state that bears the name. `place`
+/// receives where it stands.
+Vorn::ErrorStatus putState(DatabaseImp& database, std::wstring_view name, zdr::LayerState state, std::size_t& place);
 void deleteState(DatabaseImp& database, std::size_t index);
 Vorn::ErrorStatus renameState(DatabaseImp& database, std::size_t index, std::wstring_view name);
 /// Adds layers of the drawing with their present values; a layer that the state holds already keeps its values.

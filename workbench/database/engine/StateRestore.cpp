@@ -32,8 +32,7 @@ class Restore {
             writeOverrides();
         if (m_request.viewport && m_state.hasViewportData && (m_direct & MaskViewportFrozen))
             writeViewportFreezing();
-        if (m_request.remember && m_database.drawing().lastRestored != m_state.name)
-            m_database.setLastRestored(m_state.name);
+        commit();
         return m_currentThawed    ? Vorn::eCannotFreezeCurrentLayer
                : m_styleMissing   ? Vorn::eStyleMissing
                : m_unresolvedKept ? Vorn::eLayerUnresolved
@@ -41,17 +40,38 @@ class Restore {
     }
 
   private:
+    // What the restore makes of the drawing is put together beside it, so that it is done whole or not at all.
+    void commit() {
+        const zdr::Drawing& drawing = m_database.drawing();
+        std::optional<std::wstring> lastRestored;
+        if (m_request.remember && drawing.lastRestored != m_state.name)
+            lastRestored = m_state.name;
+        m_database.recordColumns();
+        if (lastRestored || m_current != drawing.currentLayer)
+            m_database.recordSettings();
+        if (m_overrides || m_frozen)
+            m_database.recordViewport(*m_request.viewport);
+        // Nothing fails from here on.
+        *m_database.editColumns() = std::move(m_after);
+        if (m_current != drawing.currentLayer)
+            m_database.setCurrentLayer(m_current);
+        if (m_overrides)
+            m_database.editViewport(*m_request.viewport)->overrides = std::move(*m_overrides);
+        if (m_frozen)
+            m_database.editViewport(*m_request.viewport)->frozen = std::move(*m_frozen);
+        if (lastRestored)
+            m_database.setLastRestored(std::move(lastRestored));
+    }
+
     void writeLayers() {
-        zdr::LayerColumns columns = m_before;
         const auto flagBits = static_cast<std::uint8_t>(m_direct & kFlagBits);
         if (flagBits)
-            copyBits(columns.flags, m_state.columns.flags, m_mapping, flagBits);
+            copyBits(m_after.flags, m_state.columns.flags, m_mapping, flagBits);
         forEachColumnProperty([&](auto property) {
             if (m_direct & property.bit)
-                copyColumn(property, columns);
+                copyColumn(property);
         });
-        keepUnresolved(columns);
-        *m_database.editColumns() = std::move(columns);
+        keepUnresolved();
     }
 
     template <class Property> bool hasStyle(Property, zdr::NameId name) const {
@@ -64,9 +84,9 @@ class Restore {
 
     // Where the drawing lacks the state's style, the layer keeps the one it had. Nothing is missing to a layer that has
     // the state's already, as one can whose reference isn't there.
-    template <class Property> void copyColumn(Property property, zdr::LayerColumns& columns) {
+    template <class Property> void copyColumn(Property property) {
         const auto& from = m_state.columns.*property.column;
-        auto& to = columns.*property.column;
+        auto& to = m_after.*property.column;
         copyRuns(to, from, m_mapping);
         if constexpr (property.isStyle) {
             if (stylesOf(property).hasAll(from.values()))
@@ -95,13 +115,13 @@ class Restore {
         return rows;
     }
 
-    void keepUnresolved(zdr::LayerColumns& columns) {
+    void keepUnresolved() {
         for (const std::size_t layer : m_unresolved) {
             const LayerValues before = valuesAt(m_before, layer);
-            if (valuesAt(columns, layer) == before)
+            if (valuesAt(m_after, layer) == before)
                 continue;
             m_unresolvedKept = true;
-            setValuesAt(columns, layer, before);
+            setValuesAt(m_after, layer, before);
         }
     }
 
@@ -112,14 +132,13 @@ class Restore {
         std::vector<bool> held(count);
         for (const LayerMapping::Run& run : m_mapping.runs)
             std::fill_n(held.begin() + static_cast<std::ptrdiff_t>(run.drawing), run.count, true);
-        const Editor<zdr::LayerColumns> columns = m_database.editColumns();
-        const std::span<std::uint8_t> values = columns->flags.write();
+        const std::span<std::uint8_t> values = m_after.flags.write();
         for (std::size_t layer = 0; layer < count; ++layer)
             if (!held[layer])
                 values[layer] = static_cast<std::uint8_t>(values[layer] & ~zdr::kLayerOn);
     }
 
-    bool isFrozen(std::size_t layer) const { return m_database.drawing().columns.flags[layer] & zdr::kLayerFrozen; }
+    bool isFrozen(std::size_t layer) const { return m_after.flags[layer] & zdr::kLayerFrozen; }
     bool wasFrozen(std::size_t layer) const { return m_before.flags[layer] & zdr::kLayerFrozen; }
 
     void chooseCurrentLayer() {
@@ -129,16 +148,14 @@ class Restore {
             return;
         const bool staysFrozen = wasFrozen(layer) && isFrozen(layer);
         if (drawing.layers[layer].reference == zdr::kNone && !staysFrozen)
-            m_database.setCurrentLayer(layer);
+            m_current = layer;
     }
 
     void thawCurrentLayer() {
-        const std::size_t layer = m_database.drawing().currentLayer;
-        if (layer >= m_before.flags.size() || !isFrozen(layer) || wasFrozen(layer))
+        if (m_current >= m_before.flags.size() || !isFrozen(m_current) || wasFrozen(m_current))
             return;
         m_currentThawed = true;
-        const Editor<zdr::LayerColumns> columns = m_database.editColumns();
-        columns->flags.set(layer, static_cast<std::uint8_t>(columns->flags[layer] & ~zdr::kLayerFrozen));
+        m_after.flags.set(m_current, static_cast<std::uint8_t>(m_after.flags[m_current] & ~zdr::kLayerFrozen));
     }
 
     // For each layer of the drawing its row in the state; kNone for one that the state doesn't hold.
@@ -174,7 +191,7 @@ class Restore {
     void writeOverrides() {
         const std::vector<zdr::ViewportOverride>& before = m_request.viewport->overrides;
         const std::vector<std::size_t> rows = rowsByLayer();
-        std::vector<zdr::ViewportOverride> after;
+        std::vector<zdr::ViewportOverride>& after = m_overrides.emplace();
         auto old = before.begin();
         for (std::size_t layer = 0; layer < rows.size(); ++layer) {
             // Written in its place: copying an override right after its members were written makes the processor wait.
@@ -188,7 +205,6 @@ class Restore {
             if (after.back().mask == 0)
                 after.pop_back();
         }
-        m_database.editViewport(*m_request.viewport)->overrides = std::move(after);
     }
 
     void writeOverride(std::size_t row, zdr::ViewportOverride& layer) {
@@ -203,7 +219,7 @@ class Restore {
 
     void writeViewportFreezing() {
         const std::vector<std::size_t> rows = rowsByLayer();
-        std::vector<bool> frozen = m_request.viewport->frozen;
+        std::vector<bool>& frozen = m_frozen.emplace(m_request.viewport->frozen);
         frozen.resize(rows.size());
         for (std::size_t layer = 0; layer < rows.size(); ++layer) {
             if (rows[layer] == zdr::kNone)
@@ -214,7 +230,6 @@ class Restore {
             else
                 frozen[layer] = freeze;
         }
-        m_database.editViewport(*m_request.viewport)->frozen = std::move(frozen);
     }
 
     DatabaseImp& m_database;
@@ -223,6 +238,10 @@ class Restore {
     const NameIdIndex &m_linetypes, &m_plotStyles;
     const RestoreRequest m_request;
     const zdr::LayerColumns m_before;
+    zdr::LayerColumns m_after = m_before;
+    std::size_t m_current = m_database.drawing().currentLayer;
+    std::optional<std::vector<zdr::ViewportOverride>> m_overrides;
+    std::optional<std::vector<bool>> m_frozen;
     std::uint32_t m_direct = 0, m_asOverrides = 0;
     std::vector<std::size_t> m_unresolved;
     bool m_currentThawed = false, m_styleMissing = false, m_unresolvedKept = false;

@@ -2,6 +2,7 @@
 
 #include "ObjectDirectory.h"
 
+#include <algorithm>
 #include <iterator>
 #include <utility>
 
@@ -26,20 +27,26 @@ void exchange(Change& change, zdr::Drawing& drawing, ObjectDirectory& objects) {
 } // namespace
 
 void UndoHistory::beginGroup() {
-    if (m_depth++ == 0)
+    if (m_depth == 0)
         close();
+    ++m_depth;
 }
 
-std::optional<std::uint64_t> UndoHistory::endGroup(const zdr::Drawing& drawing, const ObjectDirectory& objects) {
+std::optional<std::uint64_t> UndoHistory::endGroup(const zdr::Drawing& drawing,
+                                                   const ObjectDirectory& objects) noexcept {
     if (m_depth == 0 || --m_depth > 0)
         return std::nullopt;
     std::optional<std::uint64_t> former;
-    if (!m_open.changes.empty() && areUndone(m_open.changes, drawing, objects)) {
-        former = m_open.content;
-        m_open = {};
-        m_undone = std::move(m_undoneBefore);
-    } else {
-        close();
+    try {
+        if (!m_open.changes.empty() && areUndone(m_open.changes, drawing, objects)) {
+            former = m_open.content;
+            m_open = {};
+            m_undone = std::move(m_undoneBefore);
+        } else {
+            close();
+        }
+    } catch (const std::bad_alloc&) {
+        former.reset(); // what the group has changed stays open, and is closed with what comes next
     }
     m_undoneBefore.clear();
     return former;
@@ -120,6 +127,12 @@ void UndoHistory::clear() {
     m_undone.clear();
     m_undoneBefore.clear();
     m_open = {};
+}
+
+void UndoHistory::makeRoom(std::size_t changes) {
+    const std::size_t size = m_open.changes.size();
+    if (m_open.changes.capacity() - size < changes)
+        m_open.changes.reserve(std::max(2 * size, size + changes));
 }
 
 /// To be called before a change is put into the open step.

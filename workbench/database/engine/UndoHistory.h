@@ -37,8 +37,10 @@ class UndoHistory {
     /// @param content the drawing's, which outlives the history
     explicit UndoHistory(const ContentNumber& content) : m_content(content) {}
     void beginGroup();
+    /// Ends the group, also when memory runs out: it may then be a step though it changed nothing, or be one step with
+    /// what comes after it.
     /// @return the content's number when this ended the outermost group, and it left the drawing as it was
-    std::optional<std::uint64_t> endGroup(const zdr::Drawing& drawing, const ObjectDirectory& objects);
+    std::optional<std::uint64_t> endGroup(const zdr::Drawing& drawing, const ObjectDirectory& objects) noexcept;
     bool inGroup() const { return m_depth > 0; }
     bool canUndo() const { return !m_done.empty() || !m_open.changes.empty(); }
     bool canRedo() const { return !m_undone.empty() && m_open.changes.empty(); }
@@ -58,6 +60,8 @@ class UndoHistory {
     void beforeSettings(const zdr::Drawing& drawing);
     void beforeState(const zdr::Drawing& drawing, std::size_t index);
     void beforeViewport(const zdr::Viewport& viewport);
+    /// Gets ready for that many changes: recording them needs no memory then.
+    void makeRoom(std::size_t changes);
     /// Does a change, by exchanging its sides; when that throws, nothing has happened.
     template <class Side> void perform(Side&& change, zdr::Drawing& drawing, ObjectDirectory& objects) {
         open();

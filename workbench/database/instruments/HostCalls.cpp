@@ -197,11 +197,11 @@ void* allocate(std::size_t size) {
     return std::calloc(1, size);
 }
 
-void entrust(const void* key, std::string what) {
+void entrust(const void* key, std::string_view what) {
     if (!g_watching)
         return;
     Entry& entry = theWatch().entries[key];
-    entry.what = std::move(what);
+    entry.what = what;
     ++entry.count;
 }
 

@@ -10,6 +10,7 @@
 #include "VornStatus.h"
 
 #include <cstdint>
+#include <new>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -76,7 +77,7 @@ KELDB_API void clearFaults();
 KELDB_API void* allocate(std::size_t size);
 
 /// The ledger: `what` was opened or handed out under `key`, an address; it may be entered more than once.
-KELDB_API void entrust(const void* key, std::string what);
+KELDB_API void entrust(const void* key, std::string_view what);
 /// Takes one entry of `key` back; false when there is none, which is an error of the caller's.
 KELDB_API bool giveBack(const void* key);
 /// What is still open or not given back, a line each.
@@ -84,8 +85,9 @@ KELDB_API std::vector<std::string> ledger();
 /// The keys of the entries of that kind, for a test that gives back what the code under test keeps on purpose.
 KELDB_API std::vector<const void*> keysOf(std::string_view what);
 
-/// One call across the boundary. A host operation makes one at its start, asks whether it is to fail, and hands its
-/// answer through answer().
+/// One call across the boundary. A host operation makes one at its start, and gives its answer through status(),
+/// valueOr() or valueUnlessNoMemory(), which keep a lack of memory from leaving it as an exception; an operation that
+/// takes no memory may ask fault() and use answer() itself.
 class KELDB_API HostCall {
   public:
     template <class... Args> explicit HostCall(const char* operation, const Args&... args) {
@@ -113,6 +115,32 @@ class KELDB_API HostCall {
         if (g_watching && m_index >= 0)
             m_answer = " = " + describe(value);
         return value;
+    }
+    /// The answer of an operation that answers a status: `work` answers it, unless a failure is planned.
+    template <class Work> Vorn::ErrorStatus status(const Work& work) {
+        if (const auto planned = fault())
+            return answer(*planned);
+        return valueUnlessNoMemory(Vorn::eOutOfMemory, work);
+    }
+    /// What `work` answers; `failure` when one is planned, and when memory runs out.
+    template <class T, class Work> T valueOr(const T& failure, const Work& work) {
+        return fault() ? answer(failure) : valueUnlessNoMemory(failure, work);
+    }
+    /// The same for an operation that can't be made to fail.
+    template <class T, class Work> T valueUnlessNoMemory(const T& failure, const Work& work) {
+        try {
+            return answer<T>(work());
+        } catch (const std::bad_alloc&) {
+            return answer(failure);
+        }
+    }
+    /// Does the work of an operation that answers nothing. Without memory for it, it isn't done.
+    template <class Work> void perform(const Work& work) {
+        try {
+            work();
+        } catch (const std::bad_alloc&) {
+            return;
+        }
     }
     /// Writes an out argument into the trace, after the answer even when answer() is called later.
     template <class T> void out(const char* name, const T& value) {

@@ -26,26 +26,39 @@ void discard(ResultBuffer* chain) {
     }
 }
 
-// Appends a node at `*end`, the last node's link, and moves `end` to the new node's; false when memory runs out.
-bool append(ResultBuffer**& end, std::int16_t code, const std::variant<std::int32_t, std::wstring>& value) {
+// Appends a node at `*end`, the last node's link, and moves `end` to the new node's; null when memory runs out.
+ResultBuffer* append(ResultBuffer**& end, std::int16_t code) {
     auto* node = static_cast<ResultBuffer*>(instruments::allocate(sizeof(ResultBuffer)));
     if (!node)
-        return false;
+        return nullptr;
     if (instruments::g_watching)
         instruments::entrust(node, "chain node of type " + std::to_string(code));
     node->type = code;
     *end = node;
     end = &node->next;
-    if (const auto* text = std::get_if<std::wstring>(&value)) {
-        node->value.string = copyText(*text);
-        return node->value.string != nullptr;
-    }
-    const std::int32_t number = std::get<std::int32_t>(value);
+    return node;
+}
+
+bool appendText(ResultBuffer**& end, std::int16_t code, const std::wstring& text) {
+    ResultBuffer* node = append(end, code);
+    return node && (node->value.string = copyText(text));
+}
+
+bool appendNumber(ResultBuffer**& end, std::int16_t code, std::int32_t number) {
+    ResultBuffer* node = append(end, code);
+    if (!node)
+        return false;
     if (code == kExtendedInt16)
         node->value.int16 = static_cast<std::int16_t>(number);
     else
         node->value.int32 = number;
     return true;
+}
+
+bool appendValue(ResultBuffer**& end, const zdr::ExtendedValue& value) {
+    const auto* text = std::get_if<std::wstring>(&value.value);
+    return text ? appendText(end, value.code, *text)
+                : appendNumber(end, value.code, std::get<std::int32_t>(value.value));
 }
 
 // Texts that were read or stored at different times lie scattered in memory. Asked for a few values ahead, they are
@@ -62,10 +75,10 @@ void fetchAhead(const std::vector<zdr::ExtendedValue>& values, std::size_t index
 ResultBuffer* chainOf(const zdr::ExtendedData& data) {
     ResultBuffer* chain = nullptr;
     ResultBuffer** end = &chain;
-    bool whole = append(end, kExtendedAppName, data.application);
+    bool whole = appendText(end, kExtendedAppName, data.application);
     for (std::size_t index = 0; whole && index < data.values.size(); ++index) {
         fetchAhead(data.values, index);
-        whole = append(end, data.values[index].code, data.values[index].value);
+        whole = appendValue(end, data.values[index]);
     }
     if (whole)
         return chain;

@@ -8,6 +8,8 @@
 #include "files/RemoteFiles.h"
 #include "instruments/HostCalls.h"
 
+#include <memory>
+
 using engine::ObjectKind;
 using instruments::HostCall;
 
@@ -31,10 +33,10 @@ namespace {
 
 template <class T>
 Vorn::ErrorStatus openFixed(HostCall& call, const KelDbDatabase& database, ObjectKind kind, T*& object, int mode) {
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    const KelDbObjectId id(engine::impOf(database).objects().fixed(kind));
-    return call.answer(engine::openAs(object, id, mode, false));
+    return call.status([&] {
+        const KelDbObjectId id(engine::impOf(database).objects().fixed(kind));
+        return engine::openAs(object, id, mode, false);
+    });
 }
 
 KelDbObjectId currentLayerId(const engine::DatabaseImp& database) {
@@ -49,10 +51,10 @@ KelDbObjectId currentLayerId(const engine::DatabaseImp& database) {
 // Only a database without a document is handed out; a document's own is never the module's to delete.
 KelDbDatabase::KelDbDatabase(bool buildDefaultDrawing, bool noDocument) : m_imp(nullptr) {
     HostCall call("database.new", buildDefaultDrawing, noDocument);
-    auto* imp = new engine::DatabaseImp(*this);
-    m_imp = imp;
+    auto imp = std::make_unique<engine::DatabaseImp>(*this);
     if (buildDefaultDrawing)
         imp->adopt(engine::newDrawing());
+    m_imp = imp.release();
     if (noDocument)
         instruments::entrust(this, "side database");
 }
@@ -66,21 +68,21 @@ KelDbDatabase::~KelDbDatabase() {
 Vorn::ErrorStatus KelDbDatabase::readZdrFile(const wchar_t* fileName, int shareMode, bool allowConversion,
                                              const wchar_t* password) {
     HostCall call("readZdrFile", fileName, shareMode, allowConversion, password);
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    if (!fileName)
-        return call.answer(Vorn::eFileNotFound);
-    engine::DatabaseImp& imp = engine::impOf(*this);
-    const zdr::FileToRead file(fileName, imp.fileProblem);
-    if (!file.isHere())
-        return call.answer(Vorn::eFileUnreadable);
-    zdr::Drawing drawing;
-    const Vorn::ErrorStatus status = zdr::readDrawingFile(file.path(), drawing, imp.fileProblem);
-    if (status == Vorn::eOk)
-        imp.adopt(std::move(drawing));
-    else
-        file.tell(imp.fileProblem);
-    return call.answer(status);
+    return call.status([&] {
+        if (!fileName)
+            return Vorn::eFileNotFound;
+        engine::DatabaseImp& imp = engine::impOf(*this);
+        const zdr::FileToRead file(fileName, imp.fileProblem);
+        if (!file.isHere())
+            return Vorn::eFileUnreadable;
+        zdr::Drawing drawing;
+        const Vorn::ErrorStatus status = zdr::readDrawingFile(file.path(), drawing, imp.fileProblem);
+        if (status == Vorn::eOk)
+            imp.adopt(std::move(drawing));
+        else
+            file.tell(imp.fileProblem);
+        return status;
+    });
 }
 
 KelDbLayerStateManager* KelDbDatabase::getLayerStateManager() {
@@ -100,17 +102,17 @@ KelDbObjectId KelDbDatabase::clayer() const {
 
 Vorn::ErrorStatus KelDbDatabase::setClayer(KelDbObjectId layer) {
     HostCall call("setClayer", layer);
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    engine::DatabaseImp& imp = engine::impOf(*this);
-    const KelDbStub* stub = layer.stub();
-    if (!stub || stub->database != &imp || stub->kind != ObjectKind::Layer)
-        return call.answer(Vorn::eInvalidInput);
-    if (stub->erased)
-        return call.answer(Vorn::eWasErased);
-    if (stub->openForWrite)
-        return call.answer(Vorn::eWasOpenForWrite);
-    return call.answer(engine::setCurrentLayer(imp, stub->index));
+    return call.status([&] {
+        engine::DatabaseImp& imp = engine::impOf(*this);
+        const KelDbStub* stub = layer.stub();
+        if (!stub || stub->database != &imp || stub->kind != ObjectKind::Layer)
+            return Vorn::eInvalidInput;
+        if (stub->erased)
+            return Vorn::eWasErased;
+        if (stub->openForWrite)
+            return Vorn::eWasOpenForWrite;
+        return engine::setCurrentLayer(imp, stub->index);
+    });
 }
 
 bool KelDbDatabase::plotStyleMode() const {

@@ -7,7 +7,7 @@
 #include "engine/LayerStates.h"
 #include "values/NameRules.h"
 
-#include <algorithm>
+#include <memory>
 
 using engine::ObjectKind;
 using instruments::HostCall;
@@ -23,15 +23,15 @@ KelDbXrecord::KelDbXrecord() {
 
 KelDbObject* KelDbXrecord::clone() const {
     HostCall call("clone", objectId());
-    if (call.fault())
-        return call.answer<KelDbObject*>(nullptr);
-    auto* copy = new KelDbXrecord;
-    if (const KelDbStub* stub = engine::liveStub(*this))
-        copy->state()->memory =
-            engine::MemoryRecord{stub->database->drawing().states[stub->index], stub->database->identity()};
-    else if (!state()->stub)
-        copy->state()->memory = state()->memory;
-    return call.answer<KelDbObject*>(copy);
+    return call.valueOr<KelDbObject*>(nullptr, [this] {
+        auto copy = std::make_unique<KelDbXrecord>();
+        if (const KelDbStub* stub = engine::liveStub(*this))
+            copy->state()->memory =
+                engine::MemoryRecord{stub->database->drawing().states[stub->index], stub->database->identity()};
+        else if (!state()->stub)
+            copy->state()->memory = state()->memory;
+        return copy.release();
+    });
 }
 
 KelDbPlaceHolder::KelDbPlaceHolder() {
@@ -40,7 +40,7 @@ KelDbPlaceHolder::KelDbPlaceHolder() {
 
 KelDbObject* KelDbPlaceHolder::clone() const {
     HostCall call("clone", objectId());
-    return call.answer<KelDbObject*>(call.fault() ? nullptr : new KelDbPlaceHolder);
+    return call.valueOr<KelDbObject*>(nullptr, [] { return new KelDbPlaceHolder; });
 }
 
 namespace {
@@ -65,10 +65,11 @@ Vorn::ErrorStatus putRecord(engine::DatabaseImp& database, const wchar_t* name, 
         return Vorn::eInvalidInput;
     if (record->drawing.expired() || record->drawing.lock() != database.identity().lock())
         return Vorn::eInvalidInput;
-    const Vorn::ErrorStatus status = engine::putState(database, name, record->state);
+    std::size_t place = zdr::kNone;
+    const Vorn::ErrorStatus status = engine::putState(database, name, record->state, place);
     if (status != Vorn::eOk)
         return status;
-    KelDbStub* stub = database.objects().state(database.findState(name));
+    KelDbStub* stub = database.objects().state(place);
     engine::becomeResident(object, *stub);
     id = KelDbObjectId(stub);
     return Vorn::eOk;
@@ -79,12 +80,14 @@ Vorn::ErrorStatus putPlotStyle(engine::DatabaseImp& database, const wchar_t* nam
     if (!std::holds_alternative<engine::MemoryPlaceHolder>(object.state()->memory))
         return Vorn::eInvalidInput;
     std::size_t index = database.findPlotStyle(database.drawing().names.find(name));
-    if (index != zdr::kNone)
-        database.removePlotStyle(index);
-    else if (const Vorn::ErrorStatus status = engine::checkName(name); status != Vorn::eOk)
-        return status;
-    index = std::min(index, database.drawing().plotStyles.size());
-    database.insertPlotStyle(index, {database.intern(name), 0});
+    if (index != zdr::kNone) {
+        database.replacePlotStyle(index);
+    } else {
+        if (const Vorn::ErrorStatus status = engine::checkName(name); status != Vorn::eOk)
+            return status;
+        index = database.drawing().plotStyles.size();
+        database.insertPlotStyle(index, {database.intern(name), 0});
+    }
     KelDbStub* stub = database.objects().plotStyle(index);
     engine::becomeResident(object, *stub);
     id = KelDbObjectId(stub);
@@ -104,39 +107,39 @@ Vorn::ErrorStatus put(KelDbStub& dictionary, const wchar_t* name, KelDbObject* o
 
 Vorn::ErrorStatus KelDbDictionary::getAt(const wchar_t* name, KelDbObjectId& id) const {
     HostCall call("dictionary.getAt", objectId(), name);
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    const KelDbStub* dictionary = engine::liveStub(*this);
-    KelDbStub* found = dictionary && name ? findEntry(*dictionary, name) : nullptr;
-    if (!found)
-        return call.answer(Vorn::eKeyNotFound);
-    id = KelDbObjectId(found);
-    call.out("id", id);
-    return call.answer(Vorn::eOk);
+    return call.status([&] {
+        const KelDbStub* dictionary = engine::liveStub(*this);
+        KelDbStub* found = dictionary && name ? findEntry(*dictionary, name) : nullptr;
+        if (!found)
+            return Vorn::eKeyNotFound;
+        id = KelDbObjectId(found);
+        call.out("id", id);
+        return Vorn::eOk;
+    });
 }
 
 Vorn::ErrorStatus KelDbDictionary::setAt(const wchar_t* name, KelDbObject* object, KelDbObjectId& id) {
     HostCall call("dictionary.setAt", objectId(), name, object);
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    KelDbStub* dictionary = engine::liveStub(*this);
-    if (!dictionary)
-        return call.answer(Vorn::eNotApplicable);
-    const Vorn::ErrorStatus status = put(*dictionary, name, object, id);
-    call.out("id", id);
-    return call.answer(status);
+    return call.status([&] {
+        KelDbStub* dictionary = engine::liveStub(*this);
+        if (!dictionary)
+            return Vorn::eNotApplicable;
+        const Vorn::ErrorStatus status = put(*dictionary, name, object, id);
+        call.out("id", id);
+        return status;
+    });
 }
 
 Vorn::ErrorStatus KelDbDictionary::newIterator(KelDbDictionaryIterator*& iterator) const {
     HostCall call("dictionary.newIterator", objectId());
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    const KelDbStub* dictionary = engine::liveStub(*this);
-    if (!dictionary)
-        return call.answer(Vorn::eNotApplicable);
-    iterator = new KelDbDictionaryIterator(*dictionary);
-    instruments::entrust(iterator, "iterator of a dictionary");
-    return call.answer(Vorn::eOk);
+    return call.status([&] {
+        const KelDbStub* dictionary = engine::liveStub(*this);
+        if (!dictionary)
+            return Vorn::eNotApplicable;
+        iterator = new KelDbDictionaryIterator(*dictionary);
+        instruments::entrust(iterator, "iterator of a dictionary");
+        return Vorn::eOk;
+    });
 }
 
 KelDbObjectId KelDbDictionaryWithDefault::defaultId() const {

@@ -44,21 +44,21 @@ Vorn::ErrorStatus findViewport(const engine::DatabaseImp& database, KelDbObjectI
 template <class Action>
 Vorn::ErrorStatus withState(HostCall& call, const engine::DatabaseImp& database, const wchar_t* name, bool toChange,
                             Action action) {
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    std::size_t index = zdr::kNone;
-    const Vorn::ErrorStatus status = find(database, name, toChange, index);
-    return call.answer(status == Vorn::eOk ? action(index) : status);
+    return call.status([&] {
+        std::size_t index = zdr::kNone;
+        const Vorn::ErrorStatus status = find(database, name, toChange, index);
+        return status == Vorn::eOk ? action(index) : status;
+    });
 }
 
 Vorn::ErrorStatus save(HostCall& call, engine::DatabaseImp& database, const wchar_t* name, LayerStateMask mask,
                        KelDbObjectId viewportId) {
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    const zdr::Viewport* viewport = nullptr;
-    if (!name || findViewport(database, viewportId, viewport) != Vorn::eOk)
-        return call.answer(Vorn::eInvalidInput);
-    return call.answer(engine::saveState(database, name, mask, viewport));
+    return call.status([&] {
+        const zdr::Viewport* viewport = nullptr;
+        if (!name || findViewport(database, viewportId, viewport) != Vorn::eOk)
+            return Vorn::eInvalidInput;
+        return engine::saveState(database, name, mask, viewport);
+    });
 }
 
 Vorn::ErrorStatus restore(HostCall& call, engine::DatabaseImp& database, const wchar_t* name,
@@ -75,22 +75,23 @@ Vorn::ErrorStatus restore(HostCall& call, engine::DatabaseImp& database, const w
 Vorn::ErrorStatus KelDbLayerStateManager::getLayerStateNames(KelArray<KelString>& names, bool includeHidden,
                                                              bool includeDependent) {
     HostCall call("getLayerStateNames", includeHidden, includeDependent);
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    names.setLogicalLength(0);
-    for (const zdr::LayerState& state : of(m_database).drawing().states) {
-        const bool hidden = state.name.starts_with(engine::kHiddenMark);
-        const bool dependent = state.reference != zdr::kNone;
-        if ((includeHidden || !hidden) && (includeDependent || !dependent))
-            names.append(state.name.c_str());
-    }
-    call.out("names", names);
-    return call.answer(Vorn::eOk);
+    return call.status([&] {
+        KelArray<KelString> found(0, names.growLength());
+        for (const zdr::LayerState& state : of(m_database).drawing().states) {
+            const bool hidden = state.name.starts_with(engine::kHiddenMark);
+            const bool dependent = state.reference != zdr::kNone;
+            if ((includeHidden || !hidden) && (includeDependent || !dependent))
+                found.append(state.name.c_str());
+        }
+        names = std::move(found);
+        call.out("names", names);
+        return Vorn::eOk;
+    });
 }
 
 bool KelDbLayerStateManager::hasLayerState(const wchar_t* name) {
     HostCall call("hasLayerState", name);
-    return call.answer(!call.fault() && findState(of(m_database), name));
+    return call.valueOr(false, [&] { return findState(of(m_database), name) != nullptr; });
 }
 
 Vorn::ErrorStatus KelDbLayerStateManager::saveLayerState(const wchar_t* name, LayerStateMask mask) {
@@ -180,9 +181,10 @@ Vorn::ErrorStatus KelDbLayerStateManager::getLayerStateLayers(KelArray<KelString
     const engine::DatabaseImp& database = of(m_database);
     return withState(call, database, name, false, [&](std::size_t index) {
         const zdr::Drawing& drawing = database.drawing();
-        layers.setLogicalLength(0);
+        KelArray<KelString> found(0, layers.growLength());
         for (const zdr::NameId layer : engine::layersOfState(database, index, invert))
-            layers.append(drawing.names.text(layer).c_str());
+            found.append(drawing.names.text(layer).c_str());
+        layers = std::move(found);
         call.out("layers", layers);
         return Vorn::eOk;
     });
@@ -221,70 +223,73 @@ Vorn::ErrorStatus KelDbLayerStateManager::removeLayerStateLayers(const wchar_t* 
 bool KelDbLayerStateManager::compareLayerStateToDb(const wchar_t* name, const KelDbObjectId& viewport) {
     HostCall call("compareLayerStateToDb", name, viewport);
     const engine::DatabaseImp& database = of(m_database);
-    std::size_t index = zdr::kNone;
-    const zdr::Viewport* shown = nullptr;
-    const bool found = !call.fault() && find(database, name, false, index) == Vorn::eOk &&
-                       findViewport(database, viewport, shown) == Vorn::eOk;
-    return call.answer(found && engine::stateMatches(database, index, shown));
+    return call.valueOr(false, [&] {
+        std::size_t index = zdr::kNone;
+        const zdr::Viewport* shown = nullptr;
+        return find(database, name, false, index) == Vorn::eOk &&
+               findViewport(database, viewport, shown) == Vorn::eOk && engine::stateMatches(database, index, shown);
+    });
 }
 
 Vorn::ErrorStatus KelDbLayerStateManager::getLastRestoredLayerState(KelString& name, KelDbObjectId& restoredId) {
     HostCall call("getLastRestoredLayerState");
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    const engine::DatabaseImp& database = of(m_database);
-    const auto& last = database.drawing().lastRestored;
-    const std::size_t index = last ? database.findState(*last) : zdr::kNone;
-    if (index == zdr::kNone)
-        return call.answer(Vorn::eKeyNotFound);
-    name.assign(database.drawing().states[index].name.c_str());
-    restoredId = KelDbObjectId(database.objects().state(index));
-    call.out("name", name);
-    call.out("id", restoredId);
-    return call.answer(Vorn::eOk);
+    return call.status([&] {
+        const engine::DatabaseImp& database = of(m_database);
+        const auto& last = database.drawing().lastRestored;
+        const std::size_t index = last ? database.findState(*last) : zdr::kNone;
+        if (index == zdr::kNone)
+            return Vorn::eKeyNotFound;
+        name.assign(database.drawing().states[index].name.c_str());
+        restoredId = KelDbObjectId(database.objects().state(index));
+        call.out("name", name);
+        call.out("id", restoredId);
+        return Vorn::eOk;
+    });
 }
 
 bool KelDbLayerStateManager::isDependentLayerState(const wchar_t* name) {
     HostCall call("isDependentLayerState", name);
-    const zdr::LayerState* state = call.fault() ? nullptr : findState(of(m_database), name);
-    return call.answer(state && state->reference != zdr::kNone);
+    return call.valueOr(false, [&] {
+        const zdr::LayerState* state = findState(of(m_database), name);
+        return state && state->reference != zdr::kNone;
+    });
 }
 
 bool KelDbLayerStateManager::layerStateHasViewportData(const wchar_t* name) {
     HostCall call("layerStateHasViewportData", name);
-    const zdr::LayerState* state = call.fault() ? nullptr : findState(of(m_database), name);
-    return call.answer(state && state->hasViewportData);
+    return call.valueOr(false, [&] {
+        const zdr::LayerState* state = findState(of(m_database), name);
+        return state && state->hasViewportData;
+    });
 }
 
 Vorn::ErrorStatus KelDbLayerStateManager::importLayerStateFromDb(const wchar_t* name, KelDbDatabase* source) {
     HostCall call("importLayerStateFromDb", name, source);
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    if (!source)
-        return call.answer(Vorn::eNoDatabase);
-    if (!name)
-        return call.answer(Vorn::eKeyNotFound);
-    return call.answer(engine::importState(of(m_database), name, engine::impOf(*source)));
+    return call.status([&] {
+        if (!source)
+            return Vorn::eNoDatabase;
+        return name ? engine::importState(of(m_database), name, engine::impOf(*source)) : Vorn::eKeyNotFound;
+    });
 }
 
 Vorn::ErrorStatus KelDbLayerStateManager::importLayerState(const wchar_t* fileName, KelString& name) {
     HostCall call("importLayerState", fileName);
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    if (!fileName)
-        return call.answer(Vorn::eFileNotFound);
-    const zdr::FileToRead file(fileName, of(m_database).fileProblem);
-    std::wstring found;
-    Vorn::ErrorStatus status = Vorn::eFileUnreadable;
-    if (file.isHere()) {
-        status = engine::readStateFile(of(m_database), file.path(), found);
-        // About a taken name the caller speaks with the user.
-        if (status != Vorn::eOk && status != Vorn::eDuplicateRecordName)
-            file.tell(of(m_database).fileProblem);
-    }
-    name.assign(found.c_str());
-    call.out("name", name);
-    return call.answer(status);
+    return call.status([&] {
+        if (!fileName)
+            return Vorn::eFileNotFound;
+        const zdr::FileToRead file(fileName, of(m_database).fileProblem);
+        std::wstring found;
+        Vorn::ErrorStatus status = Vorn::eFileUnreadable;
+        if (file.isHere()) {
+            status = engine::readStateFile(of(m_database), file.path(), found);
+            // About a taken name the caller speaks with the user.
+            if (status != Vorn::eOk && status != Vorn::eDuplicateRecordName)
+                file.tell(of(m_database).fileProblem);
+        }
+        name = KelString(std::move(found));
+        call.out("name", name);
+        return status;
+    });
 }
 
 Vorn::ErrorStatus KelDbLayerStateManager::exportLayerState(const wchar_t* name, const wchar_t* fileName) {
@@ -313,8 +318,9 @@ bool KelDbImpLayerStateManager::updateLayerStateLayer(const wchar_t* name, const
                                                       bool isCurrent) {
     HostCall call("imp.updateLayerStateLayer", name, record, isCurrent);
     engine::DatabaseImp& database = of(m_database);
-    std::size_t index = zdr::kNone;
-    if (call.fault() || !record || find(database, name, true, index) != Vorn::eOk)
-        return call.answer(false);
-    return call.answer(engine::updateStateLayer(database, index, engine::stateLayerUpdate(*record, isCurrent)));
+    return call.valueOr(false, [&] {
+        std::size_t index = zdr::kNone;
+        return record && find(database, name, true, index) == Vorn::eOk &&
+               engine::updateStateLayer(database, index, engine::stateLayerUpdate(*record, isCurrent));
+    });
 }

@@ -6,6 +6,8 @@
 #include "RtClass.h"
 #include "values/RuntimeStrings.h"
 
+#include <memory>
+
 using engine::MemoryLayer;
 using instruments::HostCall;
 
@@ -44,13 +46,15 @@ KelDbLayerTableRecord::KelDbLayerTableRecord() {
 
 KelDbObject* KelDbLayerTableRecord::clone() const {
     HostCall call("clone", objectId());
-    const KelDbStub* stub = engine::liveStub(*this);
-    const MemoryLayer* own = engine::memoryLayer(*this);
-    if (call.fault() || (!stub && !own))
-        return call.answer<KelDbObject*>(nullptr);
-    auto* copy = new KelDbLayerTableRecord;
-    copy->state()->memory = own ? *own : engine::copyToMemory(*stub);
-    return call.answer<KelDbObject*>(copy);
+    return call.valueOr<KelDbObject*>(nullptr, [this]() -> KelDbObject* {
+        const KelDbStub* stub = engine::liveStub(*this);
+        const MemoryLayer* own = engine::memoryLayer(*this);
+        if (!stub && !own)
+            return nullptr;
+        auto copy = std::make_unique<KelDbLayerTableRecord>();
+        copy->state()->memory = own ? *own : engine::copyToMemory(*stub);
+        return copy.release();
+    });
 }
 
 bool KelDbLayerTableRecord::isFrozen() const {
@@ -89,12 +93,14 @@ KelCmColor KelDbLayerTableRecord::color() const {
 
 KelDbObjectId KelDbLayerTableRecord::linetypeObjectId() const {
     HostCall call("record.linetypeObjectId", objectId());
-    return call.answer(read(
-        *this, KelDbObjectId(), [](const MemoryLayer& layer) { return layer.linetype; },
-        [this](const zdr::Drawing& drawing, std::size_t index) {
-            const engine::DatabaseImp& database = *state()->stub->database;
-            return idOf(database, database.findLinetype(drawing.columns.linetypes[index]), true);
-        }));
+    return call.valueUnlessNoMemory(KelDbObjectId(), [this] {
+        return read(
+            *this, KelDbObjectId(), [](const MemoryLayer& layer) { return layer.linetype; },
+            [this](const zdr::Drawing& drawing, std::size_t index) {
+                const engine::DatabaseImp& database = *state()->stub->database;
+                return idOf(database, database.findLinetype(drawing.columns.linetypes[index]), true);
+            });
+    });
 }
 
 int KelDbLayerTableRecord::lineWeight() const {
@@ -106,10 +112,10 @@ int KelDbLayerTableRecord::lineWeight() const {
 
 wchar_t* KelDbLayerTableRecord::plotStyleName() const {
     HostCall call("record.plotStyleName", objectId());
-    const std::wstring name = read(
-        *this, std::wstring(), [](const MemoryLayer& layer) { return layer.plotStyle; },
+    const std::wstring_view name = read(
+        *this, std::wstring_view(), [](const MemoryLayer& layer) { return std::wstring_view(layer.plotStyle); },
         [](const zdr::Drawing& drawing, std::size_t index) {
-            return drawing.names.text(drawing.columns.plotStyles[index]);
+            return std::wstring_view(drawing.names.text(drawing.columns.plotStyles[index]));
         });
     wchar_t* copy = name.empty() || call.fault() ? nullptr : engine::copyText(name);
     return call.answer(copy);
@@ -117,18 +123,22 @@ wchar_t* KelDbLayerTableRecord::plotStyleName() const {
 
 KelDbObjectId KelDbLayerTableRecord::plotStyleNameId() const {
     HostCall call("record.plotStyleNameId", objectId());
-    return call.answer(read(
-        *this, KelDbObjectId(), [](const MemoryLayer& layer) { return layer.plotStyleId; },
-        [this](const zdr::Drawing& drawing, std::size_t index) {
-            const engine::DatabaseImp& database = *state()->stub->database;
-            return idOf(database, database.findPlotStyle(drawing.columns.plotStyles[index]), false);
-        }));
+    return call.valueUnlessNoMemory(KelDbObjectId(), [this] {
+        return read(
+            *this, KelDbObjectId(), [](const MemoryLayer& layer) { return layer.plotStyleId; },
+            [this](const zdr::Drawing& drawing, std::size_t index) {
+                const engine::DatabaseImp& database = *state()->stub->database;
+                return idOf(database, database.findPlotStyle(drawing.columns.plotStyles[index]), false);
+            });
+    });
 }
 
 wchar_t* KelDbLayerTableRecord::description() const {
     HostCall call("record.description", objectId());
-    const std::wstring text = read(
-        *this, std::wstring(), [](const MemoryLayer& layer) { return layer.description; },
-        [](const zdr::Drawing& drawing, std::size_t index) { return drawing.layers[index].description; });
+    const std::wstring_view text = read(
+        *this, std::wstring_view(), [](const MemoryLayer& layer) { return std::wstring_view(layer.description); },
+        [](const zdr::Drawing& drawing, std::size_t index) {
+            return std::wstring_view(drawing.layers[index].description);
+        });
     return call.answer(engine::handOutText(text, "description of a layer"));
 }

@@ -83,12 +83,12 @@ ResultBuffer* KelDbObject::getExtendedData(const wchar_t* appName) const {
 
 Vorn::ErrorStatus KelDbObject::setExtendedData(const ResultBuffer* chain) {
     HostCall call("setExtendedData", objectId(), chain);
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    const KelDbStub* stub = engine::liveStub(*this);
-    if (!stub || !stub->openForWrite)
-        return call.answer(Vorn::eNotOpenForWrite);
-    return call.answer(engine::storeChain(*stub->database, stub->handle, chain));
+    return call.status([&] {
+        const KelDbStub* stub = engine::liveStub(*this);
+        if (!stub || !stub->openForWrite)
+            return Vorn::eNotOpenForWrite;
+        return engine::storeChain(*stub->database, stub->handle, chain);
+    });
 }
 
 KelDbObject* KelDbObject::clone() const {
@@ -98,15 +98,11 @@ KelDbObject* KelDbObject::clone() const {
 
 Vorn::ErrorStatus keldbOpenKelDbObject(KelDbObject*& object, KelDbObjectId id, int mode, bool openErased) {
     HostCall call("openObject", id, mode, openErased);
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    return call.answer(engine::openObject(object, id, mode, nullptr, openErased));
+    return call.status([&] { return engine::openObject(object, id, mode, nullptr, openErased); });
 }
 
 Vorn::ErrorStatus keldbOpenKelDbObject(KelDbObject*& object, KelDbObjectId id, int mode, const KelRtClass* kind,
                                        bool openErased) {
     HostCall call("openObject", id, mode, openErased);
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    return call.answer(engine::openObject(object, id, mode, kind, openErased));
+    return call.status([&] { return engine::openObject(object, id, mode, kind, openErased); });
 }

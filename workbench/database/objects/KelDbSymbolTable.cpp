@@ -32,77 +32,77 @@ KelDbStub* findRecord(const KelDbSymbolTable& object, const wchar_t* name) {
 
 Vorn::ErrorStatus KelDbSymbolTable::getAt(const wchar_t* name, KelDbObjectId& id, bool getErased) const {
     HostCall call("table.getAt", objectId(), name, getErased);
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    KelDbStub* found = findRecord(*this, name);
-    if (!found)
-        return call.answer(Vorn::eKeyNotFound);
-    id = KelDbObjectId(found);
-    call.out("id", id);
-    return call.answer(Vorn::eOk);
+    return call.status([&] {
+        KelDbStub* found = findRecord(*this, name);
+        if (!found)
+            return Vorn::eKeyNotFound;
+        id = KelDbObjectId(found);
+        call.out("id", id);
+        return Vorn::eOk;
+    });
 }
 
 bool KelDbSymbolTable::has(const wchar_t* name) const {
     HostCall call("table.has", objectId(), name);
-    return call.answer(!call.fault() && findRecord(*this, name));
+    return call.valueOr(false, [&] { return findRecord(*this, name) != nullptr; });
 }
 
 Vorn::ErrorStatus KelDbLayerTable::getAt(const wchar_t* name, KelDbLayerTableRecord*& record, int mode,
                                          bool openErased) const {
     HostCall call("layerTable.getAt", name, mode, openErased);
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    KelDbStub* found = findRecord(*this, name);
-    if (!found)
-        return call.answer(Vorn::eKeyNotFound);
-    call.out("id", KelDbObjectId(found));
-    return call.answer(engine::openAs(record, KelDbObjectId(found), mode, openErased));
+    return call.status([&] {
+        KelDbStub* found = findRecord(*this, name);
+        if (!found)
+            return Vorn::eKeyNotFound;
+        call.out("id", KelDbObjectId(found));
+        return engine::openAs(record, KelDbObjectId(found), mode, openErased);
+    });
 }
 
 Vorn::ErrorStatus KelDbLayerTable::newIterator(KelDbLayerTableIterator*& iterator, bool atBeginning,
                                                bool skipDeleted) const {
     HostCall call("layerTable.newIterator", atBeginning, skipDeleted);
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    const KelDbStub* table = engine::liveStub(*this);
-    if (!table)
-        return call.answer(Vorn::eNotApplicable);
-    iterator = KelDbIteratorAccess::layers(*table->database, atBeginning);
-    return call.answer(Vorn::eOk);
+    return call.status([&] {
+        const KelDbStub* table = engine::liveStub(*this);
+        if (!table)
+            return Vorn::eNotApplicable;
+        iterator = KelDbIteratorAccess::layers(*table->database, atBeginning);
+        return Vorn::eOk;
+    });
 }
 
 Vorn::ErrorStatus KelDbLinetypeTable::newIterator(KelDbLinetypeTableIterator*& iterator, bool atBeginning,
                                                   bool skipDeleted) const {
     HostCall call("linetypeTable.newIterator", atBeginning, skipDeleted);
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    const KelDbStub* table = engine::liveStub(*this);
-    if (!table)
-        return call.answer(Vorn::eNotApplicable);
-    iterator = KelDbIteratorAccess::linetypes(*table->database, atBeginning);
-    return call.answer(Vorn::eOk);
+    return call.status([&] {
+        const KelDbStub* table = engine::liveStub(*this);
+        if (!table)
+            return Vorn::eNotApplicable;
+        iterator = KelDbIteratorAccess::linetypes(*table->database, atBeginning);
+        return Vorn::eOk;
+    });
 }
 
 Vorn::ErrorStatus KelDbLayerTable::add(KelDbObjectId& id, KelDbLayerTableRecord* record) {
     HostCall call("layerTable.add", record);
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    KelDbStub* table = engine::liveStub(*this);
-    if (!table || !table->openForWrite)
-        return call.answer(Vorn::eNotOpenForWrite);
-    const engine::MemoryLayer* values = record ? engine::memoryLayer(*record) : nullptr;
-    if (!values)
-        return call.answer(Vorn::eInvalidInput);
-    engine::DatabaseImp& database = *table->database;
-    engine::LayerValues row{values->flags, database.intern(values->color),
-                            database.intern(engine::nameOf(values->linetype)), values->lineWeight,
-                            database.intern(values->plotStyle)};
-    const Vorn::ErrorStatus status = engine::addLayer(database, values->name, values->description, row);
-    if (status != Vorn::eOk)
-        return call.answer(status);
-    KelDbStub* stub = database.objects().layer(database.drawing().layers.size() - 1);
-    engine::becomeResident(*record, *stub);
-    id = KelDbObjectId(stub);
-    call.out("id", id);
-    return call.answer(Vorn::eOk);
+    return call.status([&] {
+        KelDbStub* table = engine::liveStub(*this);
+        if (!table || !table->openForWrite)
+            return Vorn::eNotOpenForWrite;
+        const engine::MemoryLayer* values = record ? engine::memoryLayer(*record) : nullptr;
+        if (!values)
+            return Vorn::eInvalidInput;
+        engine::DatabaseImp& database = *table->database;
+        engine::LayerValues row{values->flags, database.intern(values->color),
+                                database.intern(engine::nameOf(values->linetype)), values->lineWeight,
+                                database.intern(values->plotStyle)};
+        const Vorn::ErrorStatus status = engine::addLayer(database, values->name, values->description, row);
+        if (status != Vorn::eOk)
+            return status;
+        KelDbStub* stub = database.objects().layer(database.drawing().layers.size() - 1);
+        engine::becomeResident(*record, *stub);
+        id = KelDbObjectId(stub);
+        call.out("id", id);
+        return Vorn::eOk;
+    });
 }

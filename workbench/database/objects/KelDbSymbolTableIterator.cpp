@@ -59,12 +59,12 @@ Vorn::ErrorStatus KelDbSymbolTableIterator::getRecordId(KelDbObjectId& id) const
 template <class Record>
 static Vorn::ErrorStatus openRecord(KelDbStub* stub, Record*& record, int mode, bool openErased) {
     HostCall call("iterator.getRecord", mode, openErased);
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    if (!stub)
-        return call.answer(Vorn::eNotApplicable);
-    call.out("id", KelDbObjectId(stub));
-    return call.answer(engine::openAs(record, KelDbObjectId(stub), mode, openErased));
+    return call.status([&] {
+        if (!stub)
+            return Vorn::eNotApplicable;
+        call.out("id", KelDbObjectId(stub));
+        return engine::openAs(record, KelDbObjectId(stub), mode, openErased);
+    });
 }
 
 Vorn::ErrorStatus KelDbLayerTableIterator::getRecord(KelDbLayerTableRecord*& record, int mode, bool openErased) const {

@@ -72,9 +72,7 @@ Vorn::ErrorStatus KelDbSymbolTableRecord::getName(wchar_t*& name) const {
 
 Vorn::ErrorStatus KelDbSymbolTableRecord::setName(const wchar_t* name) {
     HostCall call("record.setName", objectId(), name);
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    return call.answer(rename(*this, name));
+    return call.status([&] { return rename(*this, name); });
 }
 
 bool KelDbSymbolTableRecord::isDependent() const {

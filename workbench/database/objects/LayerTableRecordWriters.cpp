@@ -54,39 +54,38 @@ Vorn::ErrorStatus writePlotStyle(const KelDbLayerTableRecord& record, zdr::NameI
 
 Vorn::ErrorStatus KelDbLayerTableRecord::setIsFrozen(bool frozen) {
     HostCall call("record.setIsFrozen", objectId(), frozen);
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    return call.answer(writeFlag(*this, zdr::kLayerFrozen, frozen));
+    return call.status([&] { return writeFlag(*this, zdr::kLayerFrozen, frozen); });
 }
 
 void KelDbLayerTableRecord::setIsOff(bool off) {
     HostCall call("record.setIsOff", objectId(), off);
-    writeFlag(*this, zdr::kLayerOn, !off);
+    call.perform([&] { writeFlag(*this, zdr::kLayerOn, !off); });
 }
 
 void KelDbLayerTableRecord::setIsLocked(bool locked) {
     HostCall call("record.setIsLocked", objectId(), locked);
-    writeFlag(*this, zdr::kLayerLocked, locked);
+    call.perform([&] { writeFlag(*this, zdr::kLayerLocked, locked); });
 }
 
 void KelDbLayerTableRecord::setVPDFLT(bool frozen) {
     HostCall call("record.setVPDFLT", objectId(), frozen);
-    writeFlag(*this, zdr::kLayerNewViewportFrozen, frozen);
+    call.perform([&] { writeFlag(*this, zdr::kLayerNewViewportFrozen, frozen); });
 }
 
 Vorn::ErrorStatus KelDbLayerTableRecord::setIsPlottable(bool plot) {
     HostCall call("record.setIsPlottable", objectId(), plot);
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    return call.answer(writeFlag(*this, zdr::kLayerPlot, plot));
+    return call.status([&] { return writeFlag(*this, zdr::kLayerPlot, plot); });
 }
 
 void KelDbLayerTableRecord::setColor(const KelCmColor& color) {
     HostCall call("record.setColor", objectId(), color);
-    if (MemoryLayer* layer = engine::memoryLayer(*this))
-        layer->color = color;
-    else
-        writeRow(*this, [&](engine::LayerValues& values) { values.color = state()->stub->database->intern(color); });
+    call.perform([&] {
+        if (MemoryLayer* layer = engine::memoryLayer(*this))
+            layer->color = color;
+        else
+            writeRow(*this,
+                     [&](engine::LayerValues& values) { values.color = state()->stub->database->intern(color); });
+    });
 }
 
 // A linetype of another drawing, or none, changes nothing.
@@ -101,68 +100,67 @@ void KelDbLayerTableRecord::setLinetypeObjectId(KelDbObjectId linetype) {
     if (!stub || stub->erased || stub->kind != engine::ObjectKind::Linetype || stub->database != own->database)
         return;
     const zdr::NameId name = own->database->drawing().linetypes[stub->index].name;
-    writeRow(*this, [name](engine::LayerValues& values) { values.linetype = name; });
+    call.perform([&] { writeRow(*this, [name](engine::LayerValues& values) { values.linetype = name; }); });
 }
 
 Vorn::ErrorStatus KelDbLayerTableRecord::setLineWeight(int weight) {
     HostCall call("record.setLineWeight", objectId(), weight);
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    if (!engine::isLineWeight(weight))
-        return call.answer(Vorn::eInvalidInput);
-    const auto value = static_cast<std::int16_t>(weight);
-    if (MemoryLayer* layer = engine::memoryLayer(*this)) {
-        layer->lineWeight = value;
-        return call.answer(Vorn::eOk);
-    }
-    return call.answer(writeRow(*this, [value](engine::LayerValues& values) { values.lineWeight = value; }));
+    return call.status([&] {
+        if (!engine::isLineWeight(weight))
+            return Vorn::eInvalidInput;
+        const auto value = static_cast<std::int16_t>(weight);
+        if (MemoryLayer* layer = engine::memoryLayer(*this)) {
+            layer->lineWeight = value;
+            return Vorn::eOk;
+        }
+        return writeRow(*this, [value](engine::LayerValues& values) { values.lineWeight = value; });
+    });
 }
 
 Vorn::ErrorStatus KelDbLayerTableRecord::setPlotStyleName(const KelDbObjectId& style) {
     HostCall call("record.setPlotStyleName", objectId(), style);
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    const KelDbStub* stub = style.stub();
-    if (!stub || stub->erased || stub->kind != engine::ObjectKind::PlotStyle)
-        return call.answer(Vorn::eInvalidInput);
-    if (MemoryLayer* layer = engine::memoryLayer(*this)) {
-        layer->plotStyle = engine::nameOf(style);
-        layer->plotStyleId = style;
-        return call.answer(Vorn::eOk);
-    }
-    if (stub->database != state()->stub->database)
-        return call.answer(Vorn::eInvalidInput);
-    return call.answer(writePlotStyle(*this, stub->database->drawing().plotStyles[stub->index].name));
+    return call.status([&] {
+        const KelDbStub* stub = style.stub();
+        if (!stub || stub->erased || stub->kind != engine::ObjectKind::PlotStyle)
+            return Vorn::eInvalidInput;
+        if (MemoryLayer* layer = engine::memoryLayer(*this)) {
+            layer->plotStyle = engine::nameOf(style);
+            layer->plotStyleId = style;
+            return Vorn::eOk;
+        }
+        if (stub->database != state()->stub->database)
+            return Vorn::eInvalidInput;
+        return writePlotStyle(*this, stub->database->drawing().plotStyles[stub->index].name);
+    });
 }
 
 Vorn::ErrorStatus KelDbLayerTableRecord::setPlotStyleName(const wchar_t* name) {
     HostCall call("record.setPlotStyleName", objectId(), name);
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    if (!name || !*name)
-        return call.answer(Vorn::eInvalidInput);
-    if (MemoryLayer* layer = engine::memoryLayer(*this)) {
-        layer->plotStyle = name;
-        layer->plotStyleId = {};
-        return call.answer(Vorn::eOk);
-    }
-    const KelDbStub* stub = engine::liveStub(*this);
-    return call.answer(stub ? writePlotStyle(*this, stub->database->drawing().names.find(name))
-                            : Vorn::eNotOpenForWrite);
+    return call.status([&] {
+        if (!name || !*name)
+            return Vorn::eInvalidInput;
+        if (MemoryLayer* layer = engine::memoryLayer(*this)) {
+            layer->plotStyle = name;
+            layer->plotStyleId = {};
+            return Vorn::eOk;
+        }
+        const KelDbStub* stub = engine::liveStub(*this);
+        return stub ? writePlotStyle(*this, stub->database->drawing().names.find(name)) : Vorn::eNotOpenForWrite;
+    });
 }
 
 Vorn::ErrorStatus KelDbLayerTableRecord::setDescription(const wchar_t* description) {
     HostCall call("record.setDescription", objectId(), description);
-    if (const auto status = call.fault())
-        return call.answer(*status);
-    std::wstring text = description ? description : L"";
-    if (MemoryLayer* layer = engine::memoryLayer(*this)) {
-        layer->description = std::move(text);
-        return call.answer(Vorn::eOk);
-    }
-    KelDbStub* stub = nullptr;
-    const Vorn::ErrorStatus status = forWriting(*this, stub);
-    if (status == Vorn::eOk)
-        stub->database->setLayerDescription(stub->index, std::move(text));
-    return call.answer(status);
+    return call.status([&] {
+        std::wstring text = description ? description : L"";
+        if (MemoryLayer* layer = engine::memoryLayer(*this)) {
+            layer->description = std::move(text);
+            return Vorn::eOk;
+        }
+        KelDbStub* stub = nullptr;
+        const Vorn::ErrorStatus status = forWriting(*this, stub);
+        if (status == Vorn::eOk)
+            stub->database->setLayerDescription(stub->index, std::move(text));
+        return status;
+    });
 }

@@ -7,9 +7,8 @@
 namespace engine {
 namespace {
 
-KelDbObject* makeObject(KelDbStub& stub) {
-    auto* state = new KelDbObjectState{&stub, {}};
-    switch (stub.kind) {
+KelDbObject* makeObject(ObjectKind kind, KelDbObjectState* state) {
+    switch (kind) {
     case ObjectKind::LayerTable:
         return new KelDbLayerTable(state);
     case ObjectKind::LinetypeTable:
@@ -30,6 +29,13 @@ KelDbObject* makeObject(KelDbStub& stub) {
         break;
     }
     return new KelDbPlaceHolder(state);
+}
+
+std::unique_ptr<KelDbObject> makeObject(KelDbStub& stub) {
+    std::unique_ptr<KelDbObjectState> state(new KelDbObjectState{&stub, {}});
+    std::unique_ptr<KelDbObject> object(makeObject(stub.kind, state.get()));
+    static_cast<void>(state.release()); // the object's now
+    return object;
 }
 
 void enterInLedger(const KelDbStub& stub, bool forWrite) {
@@ -53,7 +59,7 @@ Vorn::ErrorStatus openObject(KelDbObject*& object, KelDbObjectId id, int mode, c
         return Vorn::eWasOpenForWrite;
     if (mode == KelDb::kForWrite && stub->readers > 0)
         return Vorn::eWasOpenForRead;
-    std::unique_ptr<KelDbObject> fresh(stub->object ? nullptr : makeObject(*stub));
+    std::unique_ptr<KelDbObject> fresh = stub->object ? nullptr : makeObject(*stub);
     KelDbObject* found = fresh ? fresh.get() : stub->object;
     if (kind && !found->isKindOf(kind))
         return Vorn::eNotThatKindOfClass;

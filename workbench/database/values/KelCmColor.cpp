@@ -95,6 +95,16 @@ bool KelCmColor::hasNamesOf(const KelCmColor& other) const {
 
 const wchar_t* KelCmColor::colorNameForDisplay() const {
     static std::wstring text;
+    try {
+        text = displayName();
+    } catch (const std::bad_alloc&) {
+        text.clear();
+    }
+    return text.c_str();
+}
+
+std::wstring KelCmColor::displayName() const {
+    std::wstring text;
     const wchar_t* word = isByPCI() ? engine::colorWord(colorIndex()) : nullptr;
     if (word)
         text = word;
@@ -106,7 +116,7 @@ const wchar_t* KelCmColor::colorNameForDisplay() const {
         text = std::to_wstring(red()) + L"," + std::to_wstring(green()) + L"," + std::to_wstring(blue());
     if (hasBookName())
         text.append(L" (").append(bookName()).append(L")");
-    return text.c_str();
+    return text;
 }
 
 KelCmColor KelCmColor::fromPacked(std::uint32_t value) {

@@ -77,6 +77,13 @@ template <class Action> int withLocalFile(const wchar_t* url, const std::wstring
     return status == Vorn::eOk ? answer : failed;
 }
 
+/// Hands a path out. A path keeps it to itself when there is no memory for its text, so that is looked at here.
+void handOut(const std::wstring& path, OrvXREFString& localName) {
+    localName = path.c_str();
+    if (path != static_cast<const wchar_t*>(localName))
+        throw std::bad_alloc();
+}
+
 // The transfers, with a window that shows how far they are.
 
 constexpr const wchar_t* kWaiting = L"Waiting for the server...";
@@ -129,10 +136,14 @@ int transfer(const wchar_t* url, const OrvXREFString& localName, int mode) {
 
 int makeTemporaryFile(const wchar_t* url, OrvXREFString& localName) {
     problem().clear();
-    return answerOf(url, [&] {
-        const Address address = requireRemote(url);
-        localName = temporaryFiles().make(extensionOf(address)).c_str();
+    std::wstring path;
+    const int answer = answerOf(url, [&] {
+        path = temporaryFiles().make(extensionOf(requireRemote(url)));
+        handOut(path, localName);
     });
+    if (answer != eInetOk)
+        temporaryFiles().discard(path);
+    return answer;
 }
 
 /// Tells the user of a failure, unless it is only that a file isn't there yet, or isn't on a server: that is what

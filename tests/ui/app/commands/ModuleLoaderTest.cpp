@@ -3,6 +3,7 @@
 #include "KelRuntime.h"
 #include "ModuleLoader.h"
 #include "Runtime.h"
+#include "SystemRegistry.h"
 #include "instruments/HostCalls.h"
 
 #include <gtest/gtest.h>
@@ -136,6 +137,17 @@ TEST_F(ModuleLoaderTest, TellsWhichResourceFileIsThereAndCantBeLoaded) {
 TEST_F(ModuleLoaderTest, TellsAnyOtherRefusal) {
     EXPECT_EQ(refusal(module("refusing")), L"refusing.xmod could not start: it answered 7 to being loaded.");
     EXPECT_EQ(refusal(module("throwing")), L"throwing.xmod could not start: it failed while it was loaded.");
+}
+
+TEST_F(ModuleLoaderTest, AnAddOnThatCantAddItsCommandIsntLoaded) {
+    const std::wstring path = (programFolder() / "TrelUiBase.xmod").wstring();
+    instruments::watch(true);
+    instruments::failCall("addCommand", 1, Vorn::eOutOfMemory);
+    EXPECT_EQ(refusal(path), L"TrelUiBase.xmod could not start: it failed while it was loaded.");
+    EXPECT_EQ(runtime::commandStack().count(), 0);
+    instruments::watch(false);
+    EXPECT_EQ(loader.load(path), L"");
+    EXPECT_EQ(runtime::commandStack().count(), 1);
 }
 
 TEST_F(ModuleLoaderTest, TheLayerStatesModuleStartsOnlyWithItsResourceFile) {
