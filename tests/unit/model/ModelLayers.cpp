@@ -198,11 +198,14 @@ int Model::setData(const Layer& layer, std::string_view application, std::uint32
     if (!has(m_now.applications, application))
         return Vorn::eKeyNotFound;
     const std::pair key(layer.id, std::string(application));
-    if (number == 0)
-        m_now.data.erase(key);
-    else
-        m_now.data[key] = static_cast<int>(number);
-    m_changed = true;
+    // Data that is there already is no change.
+    if (number == 0) {
+        m_changed = m_now.data.erase(key) > 0;
+    } else {
+        const auto [place, isNew] = m_now.data.try_emplace(key);
+        m_changed = isNew || place->second != static_cast<int>(number);
+        place->second = static_cast<int>(number);
+    }
     return Vorn::eOk;
 }
 
