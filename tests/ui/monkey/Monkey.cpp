@@ -114,14 +114,18 @@ void Monkey::leave(HWND mainWindow) {
         PostMessageW(front, WM_CLOSE, 0, 0);
 }
 
-bool Monkey::openNewState() {
+bool Monkey::openNextDialog() {
+    constexpr int kOpenedInTurn[] = {IDC_LSTATE_RES_NEW,    IDC_LSTATE_RES_EDIT,   IDC_ADD_LAYERS,
+                                     IDC_LSTATE_RES_IMPORT, IDC_LSTATE_RES_EXPORT, IDC_LSTATE_RES_DELETE};
     const HWND front = GetActiveWindow();
-    if (front == m_front || !GetDlgItem(front, IDC_LSTATE_RES_NEW))
+    const HWND button = m_opened < std::size(kOpenedInTurn) ? GetDlgItem(front, kOpenedInTurn[m_opened]) : nullptr;
+    if (!button)
         return false;
-    m_front = front;
-    note("open the new layer state dialog");
-    PostMessageW(front, WM_COMMAND, IDC_LSTATE_RES_NEW,
-                 reinterpret_cast<LPARAM>(GetDlgItem(front, IDC_LSTATE_RES_NEW)));
+    // All but the first of the manager's buttons are for a state that is selected.
+    if (const HWND list = GetDlgItem(front, IDC_LSTATE_RES_LIST))
+        ListView_SetItemState(list, 0, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    note("open what " + ui::narrow(ui::textOf(button)) + " opens");
+    PostMessageW(front, WM_COMMAND, static_cast<WPARAM>(kOpenedInTurn[m_opened++]), reinterpret_cast<LPARAM>(button));
     return true;
 }
 

@@ -20,8 +20,9 @@ class Monkey {
     void act(HWND mainWindow);
     /// Does one thing that brings the end of the life nearer: closes the window in front.
     void leave(HWND mainWindow);
-    /// Opens the new layer state dialog where the manager has just come to the front. Answers whether it has.
-    bool openNewState();
+    /// Opens the next of the dialogs that the manager opens, and those open, where the window in front has the button
+    /// for it. Answers whether it has.
+    bool openNextDialog();
     long actions() const { return m_actions; }
 
   private:
@@ -40,5 +41,6 @@ class Monkey {
     std::FILE* m_log;
     HWND m_front = nullptr; // the dialog in front at the last action in one, and how long it has been
     int m_patience = 0;
+    std::size_t m_opened = 0; // how many dialogs openNextDialog has opened
     long m_actions = 0;
 };
