@@ -87,6 +87,7 @@ TEST_F(Languages, thePromptBeforeADeleteHasRoomForTheLongestName) {
 
 // The second half of a double click on the button falls where the button was before it opened the panel.
 TEST_F(Languages, noButtonComesToLieWhereTheManagersPanelIsOpened) {
+    int checked = 0;
     for (const Template& each : templatesOf(resources)) {
         if (each.id != L"#" + std::to_wstring(IDD_LSTATE_RES))
             continue;
@@ -103,7 +104,9 @@ TEST_F(Languages, noButtonComesToLieWhereTheManagersPanelIsOpened) {
             EXPECT_FALSE(IntersectRect(&common, &opener, &place)) << "control " << GetDlgCtrlID(child);
         }
         DestroyWindow(dialog);
+        ++checked;
     }
+    EXPECT_EQ(checked, 2) << "English and German";
 }
 
 } // namespace

@@ -110,7 +110,7 @@ TEST_F(RemoteSweep, ofAFetchIntoATemporaryFile) {
     };
     check = [this, &name](int status) {
         const fs::path path = static_cast<const wchar_t*>(name);
-        EXPECT_TRUE(path.empty() || bytesOf(path) == (status == eInetOk ? content : ""));
+        EXPECT_EQ(path.empty() ? std::string() : bytesOf(path), status == eInetOk ? content : "") << status;
         fs::remove(path);
     };
     const auto entriesOf = [](const fs::path& where) { return std::distance(fs::directory_iterator(where), {}); };

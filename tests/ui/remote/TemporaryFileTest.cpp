@@ -63,7 +63,9 @@ TEST_F(TemporaryFile, isDeletedAfterAnUploadThatFailedToo) {
                                     std::wstring(L"http://no-such-server.invalid/temporary.las")}) {
         const fs::path path = make(url);
         writeBytes(path, "plan");
-        EXPECT_NE(upload(path, url), eInetOk);
+        const int status = upload(path, url);
+        EXPECT_NE(status, eInetOk);
+        EXPECT_EQ(status == eInetRefused, url == nginx::address(L"read-only/temporary.las"));
         EXPECT_FALSE(fs::exists(path)) << printed(url);
     }
 }

@@ -257,10 +257,12 @@ TEST_F(NestedReferences, TellWhichOfTheirStatesTheirFilesCallOtherwise) {
     }
     zdr::Drawing again = drawing();
     again.mendedNames.insert(again.mendedNames.begin(), {L"own?", L"own_"});
+    again.mendedNames.insert(again.mendedNames.begin(), {L"missing!a/b", L"missing!a_b"});
     use(std::move(again));
-    EXPECT_THAT(told(), ElementsAre(L"own? own_", L"site!a:b site!a_b", L"site!garden!Sum/mer site!garden!Summer"));
+    EXPECT_THAT(told(), ElementsAre(L"missing!a/b missing!a_b", L"own? own_", L"site!a:b site!a_b",
+                                    L"site!garden!Sum/mer site!garden!Summer"));
     detach();
-    EXPECT_THAT(told(), ElementsAre(L"own? own_"));
+    EXPECT_THAT(told(), ElementsAre(L"missing!a/b missing!a_b", L"own? own_"));
 }
 
 TEST_F(NestedReferences, AreFollowedByTheLastRestoredStateWhereTheirFileCallsItOtherwise) {

@@ -118,12 +118,12 @@ TEST_P(HostMemory, WithoutItAnOperationAnswersThatItHasFailedAndHasChangedNothin
         ASSERT_FALSE(thrown) << "allocation " << nth;
         ASSERT_NE(answer, Answer::Other) << "allocation " << nth;
         const bool unchanged = difference(run.drawing(), before).empty();
-        if (answer == Answer::Failed)
+        if (answer == Answer::Failed) {
             ASSERT_TRUE(struck && unchanged) << "allocation " << nth << ": " << difference(run.drawing(), before);
-        else if (!(GetParam().isSilent && struck && unchanged))
-            ASSERT_EQ(difference(run.drawing(), after), "") << "allocation " << nth;
-        if (answer == Answer::Failed)
             ASSERT_EQ(run.call(), Answer::Done) << "the next call, after allocation " << nth;
+        } else if (!(GetParam().isSilent && struck && unchanged)) {
+            ASSERT_EQ(difference(run.drawing(), after), "") << "allocation " << nth;
+        }
         run.end();
         ASSERT_THAT(wholenessProblems(run.database()), IsEmpty()) << "allocation " << nth;
         ASSERT_TRUE(isClosed(run.database())) << "allocation " << nth;

@@ -8,7 +8,7 @@ JsonReading readByLibrary(std::string_view text) {
     if (text.find('\0') != std::string_view::npos)
         return {JsonVerdict::NotCompared};
     try {
-        static_cast<void>(nlohmann::json::parse(text));
+        [[maybe_unused]] const nlohmann::json tree = nlohmann::json::parse(text);
         return {JsonVerdict::Good};
     } catch (const nlohmann::json::parse_error& error) {
         const std::string_view before = text.substr(0, std::min(error.byte - 1, text.size()));

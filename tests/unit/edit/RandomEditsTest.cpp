@@ -40,9 +40,10 @@ struct Row {
 };
 
 std::uint32_t flagsOf(const CLayerRcd& record) {
-    return (record.m_isOff ? 0u : zdr::kLayerOn) | (record.m_isFrozen ? zdr::kLayerFrozen : 0u) |
-           (record.m_isLocked ? zdr::kLayerLocked : 0u) | (record.m_isPlottable ? zdr::kLayerPlot : 0u) |
-           (record.m_isNewVpFrozen ? zdr::kLayerNewViewportFrozen : 0u);
+    const auto bit = [](bool set, std::uint32_t flag) { return set ? flag : 0; };
+    return bit(!record.m_isOff, zdr::kLayerOn) | bit(record.m_isFrozen, zdr::kLayerFrozen) |
+           bit(record.m_isLocked, zdr::kLayerLocked) | bit(record.m_isPlottable, zdr::kLayerPlot) |
+           bit(record.m_isNewVpFrozen, zdr::kLayerNewViewportFrozen);
 }
 
 std::uint32_t bitOf(int column) {
@@ -90,8 +91,9 @@ class RandomEdit {
         expectTheRestUntouched();
         EXPECT_THAT(wholenessProblems(m_database), testing::IsEmpty());
         // An edit that leaves the state as it was is no step to be undone.
-        if (engine::contentNumber(m_database) != changesBefore)
+        if (engine::contentNumber(m_database) != changesBefore) {
             ASSERT_TRUE(engine::undo(m_database));
+        }
         expectUntouched("after undo");
     }
 
@@ -157,10 +159,12 @@ class RandomEdit {
         EXPECT_EQ(flagsOf(actual), expected.look.flags);
         EXPECT_TRUE(actual.m_color == expected.look.color);
         EXPECT_EQ(actual.m_lineWeight, expected.look.weight);
-        if (!actual.m_linetypeId.isNull()) // the drawing has it
+        if (!actual.m_linetypeId.isNull()) { // the drawing has it
             EXPECT_TRUE(same(expected.look.linetype, model::narrow(actual.m_linetypeName.GetString())));
-        if (!drawing().colorDependent && !actual.m_plotStyleId.isNull())
+        }
+        if (!drawing().colorDependent && !actual.m_plotStyleId.isNull()) {
             EXPECT_TRUE(same(expected.look.plotStyle, model::narrow(actual.m_plotStyleName.GetString())));
+        }
         EXPECT_EQ(actual.m_isCurrent, expected.current);
         EXPECT_EQ(actual.m_isDependent, expected.dependent);
     }

@@ -187,4 +187,5 @@ TEST_F(SavingKeepsOnWindows, aHiddenFileHidden) {
     SetFileAttributesW(m_path.c_str(), FILE_ATTRIBUTE_HIDDEN);
     EXPECT_EQ(save(), "");
     EXPECT_TRUE(GetFileAttributesW(m_path.c_str()) & FILE_ATTRIBUTE_HIDDEN);
+    expectNew();
 }

@@ -12,28 +12,29 @@
 
 using namespace zdr;
 
-TEST(OldVersions, theFirstIsReadAsItWasWritten) {
+namespace {
+
+Drawing oldDrawing(const wchar_t* name) {
     Drawing drawing;
     std::wstring reason;
-    const std::wstring path = widePath(TEST_DATA) + L"/version1.zdr";
-    ASSERT_EQ(readDrawingFile(path, drawing, reason), Vorn::eOk) << toUtf8(reason);
-    EXPECT_EQ(difference(drawing, sampleDrawing()), "");
+    EXPECT_EQ(readDrawingFile(widePath(TEST_DATA) + name, drawing, reason), Vorn::eOk) << toUtf8(reason);
+    return drawing;
+}
+
+} // namespace
+
+TEST(OldVersions, theFirstIsReadAsItWasWritten) {
+    EXPECT_EQ(difference(oldDrawing(L"/version1.zdr"), sampleDrawing()), "");
 }
 
 TEST(OldVersions, theSecondIsReadAsItWasWritten) {
-    Drawing drawing;
-    std::wstring reason;
-    const std::wstring path = widePath(TEST_DATA) + L"/version2.zdr";
-    ASSERT_EQ(readDrawingFile(path, drawing, reason), Vorn::eOk) << toUtf8(reason);
+    const Drawing drawing = oldDrawing(L"/version2.zdr");
     EXPECT_EQ(difference(drawing, namedColorsDrawing()), "");
     EXPECT_NE(difference(drawing, sampleDrawing()), "");
 }
 
 TEST(OldVersions, theThirdIsReadAsItWasWritten) {
-    Drawing drawing;
-    std::wstring reason;
-    const std::wstring path = widePath(TEST_DATA) + L"/version3.zdr";
-    ASSERT_EQ(readDrawingFile(path, drawing, reason), Vorn::eOk) << toUtf8(reason);
+    const Drawing drawing = oldDrawing(L"/version3.zdr");
     EXPECT_EQ(difference(drawing, linetypeScaleDrawing()), "");
     EXPECT_NE(difference(drawing, sampleDrawing()), "");
 }

@@ -57,6 +57,8 @@ std::vector<Fault> faults() {
          "layer 4 (\"plan!a/b\") has a character in its name that isn't allowed there"},
         {"aLinetypeWithASlash", [](Drawing& d) { d.linetypes[1].name = d.names.intern(L"a/b"); },
          "linetype 2 has a character in its name that isn't allowed there"},
+        {"aLinetypeThatIsTooLong", [](Drawing& d) { d.linetypes[1].name = d.names.intern(std::wstring(256, L'x')); },
+         "linetype 2 has a part of its name with more than 255 characters"},
         {"aPlotStyleWithASlash", [](Drawing& d) { d.plotStyles[1].name = d.names.intern(L"a/b"); },
          "plot style 2 has a character in its name that isn't allowed there"},
         {"aReferenceWithASlash", [](Drawing& d) { d.references[1].name = L"a/b"; },

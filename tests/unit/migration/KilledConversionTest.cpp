@@ -124,6 +124,7 @@ class KilledConversion : public LegacyTest, public testing::WithParamInterface<O
         for (const std::wstring& state : GetParam().names()) {
             GetParam().putOn(state.c_str());
             m_parts[state] = partsOf(state);
+            EXPECT_FALSE(m_parts[state].empty());
             use(whole);
         }
     }
@@ -136,6 +137,7 @@ class KilledConversion : public LegacyTest, public testing::WithParamInterface<O
         convert();
         instruments::observeCalls({});
         EXPECT_EQ(moments.size(), instruments::trace().size());
+        EXPECT_GT(moments.size(), 10u);
         moments.emplace_back("the end", drawing());
         return moments;
     }
@@ -290,6 +292,6 @@ TEST_P(KilledConversion, KeepsTheLayersWhicheverCallFails) {
 }
 
 INSTANTIATE_TEST_SUITE_P(, KilledConversion, testing::Values(kOlderTool, kAddOn),
-                         [](const auto& info) { return info.index == 0 ? "OfTheOlderTool" : "OfTheAddOn"; });
+                         [](const auto& test) { return test.index == 0 ? "OfTheOlderTool" : "OfTheAddOn"; });
 
 } // namespace

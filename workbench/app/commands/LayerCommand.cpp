@@ -119,6 +119,8 @@ std::optional<std::size_t> layerOf(Session& session, const std::wstring& word) {
 void makeCurrent(Session& session, std::size_t layer) {
     Vorn::ErrorStatus status = Vorn::eOk;
     session.change([&](KelDbDatabase& database) { status = engine::setCurrentLayer(database, layer); });
+    if (session.isRefused())
+        return;
     const std::wstring name = layerQuotation(session, layer);
     tell(session, status, name + L" is the current layer", name + L" isn't made current");
 }
@@ -155,6 +157,8 @@ void makeLayers(Session& session, const Words& words) {
                 failure = quotation(name) + L" isn't made, because " + reasonOf(status);
         }
     });
+    if (session.isRefused())
+        return;
     const std::wstring done = made > 0 ? layersAre(made) + L" made" : layersAre(names.size()) + L" there already";
     if (failure.empty())
         session.window().print(done + L".\n");
@@ -175,6 +179,8 @@ void make(Session& session, const Words& words) {
         if (status == Vorn::eOk)
             status = engine::setCurrentLayer(database, engine::layerIndex(database, name));
     });
+    if (session.isRefused())
+        return;
     tell(session, status, quotation(name) + L" is made and is the current layer", quotation(name) + L" isn't made");
 }
 
@@ -186,6 +192,8 @@ void rename(Session& session, const Words& words) {
     const std::wstring name = unquoted(words[1]);
     Vorn::ErrorStatus status = Vorn::eOk;
     session.change([&](KelDbDatabase& database) { status = engine::renameLayer(database, *layer, name); });
+    if (session.isRefused())
+        return;
     tell(session, status, former + L" is called " + quotation(name) + L" now", former + L" isn't renamed");
 }
 
@@ -295,6 +303,8 @@ void description(Session& session, const Words& words) {
             failure = status == Vorn::eOk ? failure : status;
         }
     });
+    if (session.isRefused())
+        return;
     tell(session, failure, layersAre(changed) + L" described", L"Not all layers are described");
 }
 

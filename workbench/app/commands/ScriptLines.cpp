@@ -156,11 +156,13 @@ std::wstring LineQueue::stop() {
         left += running.script.lines.size() - running.next;
     }
     m_scripts.clear();
+    m_hasEntered = false;
     return L"The script is stopped; what it has done stays. " + countsText(done, failed, left) + dropTyped();
 }
 
 void LineQueue::clear() {
     m_scripts.clear();
+    m_hasEntered = false;
     m_typed.clear();
 }
 

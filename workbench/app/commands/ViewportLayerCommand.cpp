@@ -73,6 +73,8 @@ void editViewports(Session& session, const Target& target, std::size_t firstName
             for (const std::size_t layer : *layers)
                 edit(database, viewport, layer);
     });
+    if (session.isRefused())
+        return;
     session.window().print(layersAre(layers->size()) + L' ' + done + whereText(target) + besides + L".\n");
 }
 

@@ -4,7 +4,6 @@
 #include "MainWindow.h"
 
 #include "CommandLineOutput.h"
-#include "CommandText.h"
 #include "Completion.h"
 #include "SavedPlacement.h"
 #include "WorkbenchIds.h"
@@ -267,7 +266,7 @@ void MainWindow::showNextTab(int step) {
 void MainWindow::chooseTab(std::size_t tab) {
     // A script must find what its own lines have shown.
     if (m_waiting.isInScript())
-        run(tab == 0 ? L"MODEL" : L"LAYOUT " + quotation(m_session->drawing().layouts[tab - 1].name));
+        run(tab == 0 ? L"MODEL" : L"LAYOUT \"" + m_session->drawing().layouts[tab - 1].name + L"\"");
     else if (!m_running)
         m_session->showTab(tab);
 }

@@ -274,8 +274,11 @@ void attachReferences(DatabaseImp& database) {
         return state.reference != zdr::kNone && references[state.reference].drawing;
     };
     dropStates(database, isShown);
-    database.dropMendedNames(
-        [](const zdr::MendedName& name) { return name.now.find(kReferenceSeparator) != std::wstring::npos; });
+    database.dropMendedNames([&references](const zdr::MendedName& name) {
+        return std::ranges::any_of(references, [&name](const zdr::Reference& reference) {
+            return reference.drawing && name.now.starts_with(reference.name + kReferenceSeparator);
+        });
+    });
     for (std::size_t index = 0; index < references.size(); ++index)
         if (references[index].drawing)
             enterReference(database, index, references[index].drawing);

@@ -2,7 +2,6 @@
 
 #include "ObjectDirectory.h"
 
-#include <algorithm>
 #include <iterator>
 #include <utility>
 
@@ -130,9 +129,7 @@ void UndoHistory::clear() {
 }
 
 void UndoHistory::makeRoom(std::size_t changes) {
-    const std::size_t size = m_open.changes.size();
-    if (m_open.changes.capacity() - size < changes)
-        m_open.changes.reserve(std::max(2 * size, size + changes));
+    zdr::makeRoom(m_open.changes, changes);
 }
 
 /// To be called before a change is put into the open step.

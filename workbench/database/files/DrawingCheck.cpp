@@ -27,6 +27,9 @@ void checkPoint(const Point& point, const Place& place) {
 
 /// Refuses a name by the status that the rules for names give it.
 void requireAllowed(Vorn::ErrorStatus status, const Place& place) {
+    if (status == Vorn::eNameTooLong)
+        refuse(place,
+               L"has a part of its name with more than " + std::to_wstring(engine::kMaxNameLength) + L" characters");
     if (status != Vorn::eOk)
         refuse(place, L"has a character in its name that isn't allowed there");
 }

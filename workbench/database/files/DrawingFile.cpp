@@ -8,8 +8,6 @@
 #include "Refusal.h"
 #include "SystemFile.h"
 
-#include <cstring>
-
 namespace zdr {
 namespace {
 

@@ -6,13 +6,12 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string_view>
 
 namespace zdr {
 
 /// The hash of a sequence of numbers: they are the coefficients of a polynomial, which is evaluated at the seed modulo
 /// the prime 2^61 - 1. So two sequences of n numbers, whoever chose them, are the same there with a probability of
-/// n / 2^61.
+/// about n / 2^60 at most.
 class SeededHash {
   public:
     void add(std::uint32_t number) noexcept {

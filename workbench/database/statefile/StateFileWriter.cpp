@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <initializer_list>
 
 namespace engine {
 namespace {

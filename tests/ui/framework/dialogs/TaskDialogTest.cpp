@@ -160,6 +160,14 @@ class TaskDialog : public DialogFixture {
         ui::perform(std::move(script), [&] { answer = dialog.ShowDialog(nullptr); });
         return answer;
     }
+    /// Lets a button of the parent show the message that no state was found.
+    void showFromButtonOf(TestDialog& parent) {
+        ASSERT_TRUE(dialog.LoadFromFile(kFile, L"KelLayerApps.LayerStateNoneFound", nullptr, 0));
+        parent.onCommand = [this, &parent](UINT id) {
+            if (id == IDC_TEST_BUTTON)
+                dialog.ShowDialog(parent.GetSafeHwnd());
+        };
+    }
 };
 
 TEST_F(TaskDialog, aClickOnACommandAnswersItsNumber) {
@@ -204,11 +212,7 @@ TEST_F(TaskDialog, itsTitleIsShownAndItsButtonAnswersItsNumber) {
 
 TEST_F(TaskDialog, itsParentCannotBeUsedMeanwhile) {
     TestDialog parent{IDD_FIXED};
-    parent.onCommand = [&](UINT id) {
-        if (id == IDC_TEST_BUTTON)
-            dialog.ShowDialog(parent.GetSafeHwnd());
-    };
-    ASSERT_TRUE(dialog.LoadFromFile(kFile, L"KelLayerApps.LayerStateNoneFound", nullptr, 0));
+    showFromButtonOf(parent);
     ui::Script script;
     script.click(IDC_TEST_BUTTON)
         .waitForControl(IDCLOSE)
@@ -221,11 +225,7 @@ TEST_F(TaskDialog, itsParentCannotBeUsedMeanwhile) {
 
 TEST_F(TaskDialog, itStandsInTheMiddleOfItsParentEachTime) {
     TestDialog parent{IDD_FIXED};
-    parent.onCommand = [&](UINT id) {
-        if (id == IDC_TEST_BUTTON)
-            dialog.ShowDialog(parent.GetSafeHwnd());
-    };
-    ASSERT_TRUE(dialog.LoadFromFile(kFile, L"KelLayerApps.LayerStateNoneFound", nullptr, 0));
+    showFromButtonOf(parent);
     ui::Script script;
     for (int time = 0; time < 2; ++time)
         script.click(IDC_TEST_BUTTON)

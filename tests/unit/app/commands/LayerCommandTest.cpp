@@ -222,10 +222,13 @@ TEST_F(LayerCommandTest, ListsNoMoreThanCanBeRead) {
 }
 
 TEST_F(LayerCommandTest, AFailingTransactionIsToldAndChangesNothing) {
-    instruments::failCall("startTransaction", 1);
-    EXPECT_EQ(run(L"LAYER OFF Walls"), L"The drawing can't be changed now: end what is under way and try again.\n");
-    EXPECT_TRUE(flags(L"Walls") & zdr::kLayerOn);
-    instruments::clearFaults();
+    for (const wchar_t* line : {L"LAYER OFF Walls", L"LAYER SET Walls", L"LAYER MAKE Attic", L"LAYER NEW Attic,Cellar",
+                                L"LAYER RENAME Walls Mauern", L"LAYER DELETE Walls", L"LAYER DESCRIPTION x Walls"}) {
+        instruments::failCall("startTransaction", 1);
+        EXPECT_EQ(run(line), L"The drawing can't be changed now: end what is under way and try again.\n");
+        EXPECT_TRUE(flags(L"Walls") & zdr::kLayerOn);
+        instruments::clearFaults();
+    }
 }
 
 TEST_F(LayerCommandTest, AFailingDescriptionIsTold) {

@@ -5,6 +5,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 using testing::HasSubstr;
 using testing::StartsWith;
 using workbench::LineQueue;
