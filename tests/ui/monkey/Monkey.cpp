@@ -118,6 +118,9 @@ bool Monkey::openNextDialog() {
     constexpr int kOpenedInTurn[] = {IDC_LSTATE_RES_NEW,    IDC_LSTATE_RES_EDIT,   IDC_ADD_LAYERS,
                                      IDC_LSTATE_RES_IMPORT, IDC_LSTATE_RES_EXPORT, IDC_LSTATE_RES_DELETE};
     const HWND front = GetActiveWindow();
+    // A dialog that is just being opened has disabled the one before it, but isn't active yet.
+    if (!IsWindowEnabled(front))
+        return true;
     const HWND button = m_opened < std::size(kOpenedInTurn) ? GetDlgItem(front, kOpenedInTurn[m_opened]) : nullptr;
     if (!button)
         return false;
@@ -132,7 +135,7 @@ bool Monkey::openNextDialog() {
 void Monkey::openSomeDialog(HWND window) {
     const int button = kOpeners[below(kOpeners.size())];
     const HWND control = GetDlgItem(window, button);
-    if (!control || !IsWindowEnabled(control))
+    if (!control || !IsWindowEnabled(control) || !IsWindowEnabled(window))
         return;
     note("press " + std::to_string(button) + " of " + ui::narrow(ui::textOf(window)));
     PostMessageW(window, WM_COMMAND, static_cast<WPARAM>(button), reinterpret_cast<LPARAM>(control));

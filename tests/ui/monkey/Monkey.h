@@ -21,7 +21,7 @@ class Monkey {
     /// Does one thing that brings the end of the life nearer: closes the window in front.
     void leave(HWND mainWindow);
     /// Opens the next of the dialogs that the manager opens, and those open, where the window in front has the button
-    /// for it. Answers whether it has.
+    /// for it. Answers whether it has, or is just being covered by another.
     bool openNextDialog();
     long actions() const { return m_actions; }
 

@@ -96,9 +96,22 @@ class Life {
         instruments::clearTrace();
         if (m_isRandom && Clock::now() < m_end)
             m_monkey.act(m_window);
-        else if (m_isRandom || (GetActiveWindow() != m_window && !m_monkey.openNextDialog()))
+        else if (m_isRandom)
             m_monkey.leave(m_window);
+        else
+            followScript();
         m_inTick = false;
+    }
+
+    /// Everything in the window is painted before it goes, as the system keeps objects of what it paints for the first
+    /// time. On a busy machine a window would otherwise go half painted in one life, and whole in the next.
+    void followScript() {
+        const HWND front = GetActiveWindow();
+        if (!front || front == m_window)
+            return;
+        RedrawWindow(front, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+        if (!m_monkey.openNextDialog())
+            m_monkey.leave(m_window);
     }
 
     /// The desktop of a fresh session may start after the first windows of the first program and take their input away.
