@@ -116,6 +116,16 @@ INT_PTR CDialog::DoModal() {
     const BOOL wasEnabled = hasParent && ::IsWindowEnabled(parent);
     if (wasEnabled)
         ::EnableWindow(parent, FALSE);
+    // The parent is enabled before the dialog goes, or Windows activates another program's window. A parent that was
+    // disabled before stays so, although Wine's EndDialog enables every owner.
+    const auto leave = [&] {
+        if (hasParent)
+            ::EnableWindow(parent, wasEnabled);
+        if (parent && m_hWnd && ::GetActiveWindow() == m_hWnd)
+            ::SetActiveWindow(parent);
+        DestroyWindow();
+        PostModal();
+    };
     try {
         RunCreated(dialogTemplate, parent, instance);
     } catch (CException* exception) {
@@ -123,15 +133,11 @@ INT_PTR CDialog::DoModal() {
         m_nModalResult = -1;
     } catch (const std::bad_alloc&) {
         m_nModalResult = -1;
+    } catch (...) {
+        leave();
+        throw;
     }
-    // The parent is enabled before the dialog goes, or Windows activates another program's window. A parent that was
-    // disabled before stays so, although Wine's EndDialog enables every owner.
-    if (hasParent)
-        ::EnableWindow(parent, wasEnabled);
-    if (parent && m_hWnd && ::GetActiveWindow() == m_hWnd)
-        ::SetActiveWindow(parent);
-    DestroyWindow();
-    PostModal();
+    leave();
     return m_nModalResult;
 }
 

@@ -164,6 +164,52 @@ TEST_F(HandlerExceptionTest, OutOfAModalLoopEndsTheDialogAndLeavesItsOwnerUsable
     EXPECT_EQ(Counted::alive, 0);
 }
 
+/// A dialog whose command opens another over it, in whose loop an exception of the standard library is thrown.
+class Nesting : public CDialog {
+  public:
+    using CDialog::CDialog;
+    BOOL isUsableAfterwards = FALSE;
+
+  protected:
+    struct Failing : CDialog {
+        using CDialog::CDialog;
+        BOOL PreTranslateMessage(MSG*) override { throw std::runtime_error("out of range"); }
+    };
+    BOOL OnInitDialog() override {
+        PostMessage(WM_COMMAND, kThrowsStandard);
+        return CDialog::OnInitDialog();
+    }
+    void OnThrowStandard() {
+        try {
+            Failing(IDD_FORM, this).DoModal();
+        } catch (...) {
+            PostMessage(kMine);
+            throw;
+        }
+    }
+    LRESULT OnMine(WPARAM, LPARAM) {
+        isUsableAfterwards = IsWindowEnabled() && GetActiveWindow() == this;
+        EndDialog(7);
+        return 0;
+    }
+    DECLARE_MESSAGE_MAP()
+};
+
+// clang-format off
+BEGIN_MESSAGE_MAP(Nesting, CDialog)
+    ON_COMMAND(kThrowsStandard, &Nesting::OnThrowStandard)
+    ON_MESSAGE(kMine, &Nesting::OnMine)
+END_MESSAGE_MAP()
+// clang-format on
+
+TEST_F(HandlerExceptionTest, OfTheStandardLibraryOutOfANestedLoopIsToldAndLeavesTheOuterDialogUsable) {
+    Nesting outer(IDD_FORM, &window);
+    EXPECT_EQ(outer.DoModal(), 7);
+    EXPECT_TRUE(outer.isUsableAfterwards);
+    EXPECT_TRUE(window.IsWindowEnabled());
+    EXPECT_THAT(theProgram().prompts, ElementsAre(CString(L"out of range")));
+}
+
 TEST_F(HandlerExceptionTest, DuringPaintingIsSilentAndPaintsNotAgain) {
     window.throwsAtPaint = true;
     window.Invalidate();

@@ -10,6 +10,8 @@
 
 #include <shellapi.h>
 
+#include <clocale>
+
 namespace workbench {
 
 namespace {
@@ -116,6 +118,11 @@ MainWindow::~MainWindow() {
 }
 
 BOOL MainWindow::createWindow() {
+    // MFC's strings take their alphabet from the C runtime, which all modules of the process share. Numbers are left as
+    // the commands and files write them.
+    std::setlocale(LC_COLLATE, "");
+    std::setlocale(LC_CTYPE, "");
+
     WNDCLASS windowClass{};
     windowClass.lpfnWndProc = ::DefWindowProc;
     windowClass.hInstance = AfxGetInstanceHandle();
