@@ -48,16 +48,16 @@ struct Option {
     void (*run)(Session& session, const Words& words);
 };
 
-/// A command has options, or a function of its own.
+/// A command has options, or a function of its own. With both, the function is for a first word that is no option's.
 struct Command {
-    const wchar_t* name;  ///< upper case
-    const wchar_t* alias; ///< short form, or null
-    const wchar_t* usage; ///< the arguments as HELP shows them; empty without any
-    const wchar_t* help;  ///< one sentence
-    Count count;          ///< of its words
-    Offer first;          ///< for its first word, unless it has options
-    void (*run)(Session& session, const CommandText& text);
-    std::span<const Option> (*options)(); ///< null for a command without options
+    const wchar_t* name;                                    ///< upper case
+    const wchar_t* alias;                                   ///< short form, or null
+    const wchar_t* usage;                                   ///< the arguments as HELP shows them; empty without any
+    const wchar_t* help;                                    ///< one sentence
+    Count count;                                            ///< of its words
+    Offer first;                                            ///< for its first word, unless it has options
+    void (*run)(Session& session, const CommandText& text); ///< null for a command that has options alone
+    std::span<const Option> (*options)();                   ///< null for a command without options
 };
 
 /// "LAYER SET name" or "OPEN [path]": how a command, or one of its options, is typed.
@@ -66,5 +66,8 @@ std::wstring usageOf(const Command& command, const Option& option);
 
 /// The option of a name or alias, without regard to case; null when the command has none of that name.
 const Option* findOption(const Command& command, std::wstring_view word);
+
+/// Refuses a line whose first word, if there is one, is no option of the command.
+void refuseOption(Session& session, const Command& command, const Words& words);
 
 } // namespace workbench

@@ -22,14 +22,6 @@ bool isCountRight(Session& session, std::size_t words, const Count& count, const
     return given >= count.least && given <= count.most;
 }
 
-void askForOption(Session& session, const Command& command, const Words& words) {
-    std::wstring names;
-    for (const Option& option : command.options())
-        names += (names.empty() ? L"" : L", ") + std::wstring(option.name);
-    const std::wstring what = words.empty() ? L" needs an option" : L" has no option " + quotation(words.front());
-    session.refuse(command.name + what + L": type one of " + names + L" behind it, or HELP " + command.name + L".\n");
-}
-
 void runOwn(Session& session, const Command& command, const CommandText& text) {
     if (!command.options) {
         if (isCountRight(session, text.words.size(), command.count, command.name, usageOf(command)))
@@ -38,7 +30,10 @@ void runOwn(Session& session, const Command& command, const CommandText& text) {
     }
     const Option* option = text.words.empty() ? nullptr : findOption(command, text.words.front());
     if (!option) {
-        askForOption(session, command, text.words);
+        if (command.run && !text.words.empty())
+            command.run(session, text);
+        else
+            refuseOption(session, command, text.words);
         return;
     }
     const Words rest(text.words.begin() + 1, text.words.end());
@@ -67,6 +62,14 @@ std::wstring shortened(const std::wstring& line) {
 }
 
 } // namespace
+
+void refuseOption(Session& session, const Command& command, const Words& words) {
+    std::wstring names;
+    for (const Option& option : command.options())
+        names += (names.empty() ? L"" : L", ") + std::wstring(option.name);
+    const std::wstring what = words.empty() ? L" needs an option" : L" has no option " + quotation(words.front());
+    session.refuse(command.name + what + L": type one of " + names + L" behind it, or HELP " + command.name + L".\n");
+}
 
 bool runLine(Session& session, const std::wstring& line) {
     session.beginCommand();

@@ -24,7 +24,14 @@ void model(Session& session, const CommandText& text);
 void layout(Session& session, const CommandText& text);
 void viewport(Session& session, const CommandText& text);
 void regenerate(Session& session, const CommandText& text);
+/// @}
+
+/// @name ZoomCommand.cpp
+/// @{
+/// ZOOM with a factor.
+void zoom(Session& session, const CommandText& text);
 std::span<const Option> zoomOptions();
+void pan(Session& session, const CommandText& text);
 /// @}
 
 /// LayerCommand.cpp
@@ -46,5 +53,7 @@ std::span<const Option> moduleOptions();
 void setVariable(Session& session, const CommandText& text);
 /// HelpCommand.cpp
 void help(Session& session, const CommandText& text);
+/// AboutCommand.cpp
+void about(Session& session, const CommandText& text);
 
 } // namespace workbench::commands

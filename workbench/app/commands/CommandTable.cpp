@@ -26,7 +26,8 @@ constexpr Command kCommands[] = {
     {L"MODEL", nullptr, L"", L"Shows model space.", kNone, Offer::Nothing, commands::model, nullptr},
     {L"LAYOUT", nullptr, L"name", L"Shows a layout.", kSomeText, Offer::Layouts, commands::layout, nullptr},
     {L"VPORT", nullptr, L"number|NONE", L"Makes a viewport of the layout the current one, or none of them.", kOne, Offer::Viewports, commands::viewport, nullptr},
-    {L"ZOOM", L"Z", L"EXTENTS|IN|OUT", L"Shows all of the drawing, or less, or more of it.", kText, Offer::Nothing, nullptr, commands::zoomOptions},
+    {L"ZOOM", L"Z", L"option ...|factor", L"Shows all of the drawing or a part of it; 2 or 2x shows it twice as large, 0.5 half as large.", kText, Offer::Nothing, commands::zoom, commands::zoomOptions},
+    {L"PAN", L"P", L"[x,y [x,y]]", L"Moves what is shown by so much, or from the first point to the second; without points, asks for two clicks.", {0, 2}, Offer::Nothing, commands::pan, nullptr},
     {L"REGEN", L"RE", L"", L"Draws everything anew.", kNone, Offer::Nothing, commands::regenerate, nullptr},
     {L"ATTACH", nullptr, L"[path [name [x y [scale [angle]]]]]", L"Shows another drawing in this one; the angle is in degrees. Without a path, asks for one.", {0, 6}, Offer::Drawings, commands::attach, nullptr},
     {L"RELOAD", nullptr, L"name|*", L"Reads attached drawings again.", kOne, Offer::References, commands::reload, nullptr},
@@ -36,6 +37,7 @@ constexpr Command kCommands[] = {
     {L"SETVAR", nullptr, L"[name [value]]", L"Shows a system variable or sets it; without a name, lists them all.", {0, 2}, Offer::Variables, commands::setVariable, nullptr},
     {L"SCRIPT", nullptr, L"[--keep-going] [path]", L"Runs the lines of a text file up to the first that can't be done, or all of them; without a path, asks for one.", kText, Offer::Files, commands::script, nullptr},
     {L"HELP", L"?", L"[command]", L"Lists the commands, or explains one.", {0, 1}, Offer::Commands, commands::help, nullptr},
+    {L"ABOUT", nullptr, L"", L"Tells the version of the Workbench, and the licenses of what it is built with.", kNone, Offer::Nothing, commands::about, nullptr},
     {L"QUIT", L"EXIT", L"", L"Ends the Workbench.", kNone, Offer::Nothing, commands::quit, nullptr},
 };
 // clang-format on

@@ -1,55 +1,9 @@
-// The commands that change what is looked at, and those that take changes back.
+// The commands that choose the space that is looked at, and those that take changes back.
 
 #include "CommandFunctions.h"
 #include "Session.h"
 
 namespace workbench::commands {
-
-namespace {
-
-constexpr double kZoomStep = 2;
-
-constexpr Option kZoomOptions[] = {
-    {L"EXTENTS",
-     L"E",
-     L"",
-     L"Shows all of the drawing.",
-     {0, 0},
-     Offer::Nothing,
-     Offer::Nothing,
-     [](Session& session, const Words&) {
-         session.window().zoomExtents();
-         session.window().print(L"All of the drawing is shown.\n");
-     }},
-    {L"IN",
-     nullptr,
-     L"",
-     L"Shows half as much, twice as large.",
-     {0, 0},
-     Offer::Nothing,
-     Offer::Nothing,
-     [](Session& session, const Words&) {
-         session.window().zoomBy(kZoomStep);
-         session.window().print(L"Zoomed in.\n");
-     }},
-    {L"OUT",
-     nullptr,
-     L"",
-     L"Shows twice as much, half as large.",
-     {0, 0},
-     Offer::Nothing,
-     Offer::Nothing,
-     [](Session& session, const Words&) {
-         session.window().zoomBy(1 / kZoomStep);
-         session.window().print(L"Zoomed out.\n");
-     }},
-};
-
-} // namespace
-
-std::span<const Option> zoomOptions() {
-    return kZoomOptions;
-}
 
 void undo(Session& session, const CommandText&) {
     session.undo();

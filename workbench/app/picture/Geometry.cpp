@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace workbench {
 
@@ -9,6 +10,17 @@ namespace {
 
 constexpr double kSmallestScale = 1e-9;
 constexpr double kLargestScale = 1e6;
+
+/// The scale at which a rectangle fits into that room; infinite for a point. A line along an axis has no width or no
+/// height, and then only the other one decides.
+double fittingScale(const Rect& rect, double width, double height) {
+    constexpr double kAny = std::numeric_limits<double>::infinity();
+    return std::min(rect.width() > 0 ? width / rect.width() : kAny, rect.height() > 0 ? height / rect.height() : kAny);
+}
+
+bool isPoint(const Rect& rect) {
+    return rect.width() <= 0 && rect.height() <= 0;
+}
 
 } // namespace
 
@@ -65,14 +77,21 @@ ViewTransform ViewTransform::fitting(const Rect& extents, double width, double h
     const Point middle{width / 2, height / 2};
     if (extents.isEmpty())
         return {{0, 0}, 1, middle};
-    const double roomX = std::max(width - 2 * margin, 1.0);
-    const double roomY = std::max(height - 2 * margin, 1.0);
-    // A line along an axis has no width or no height, and then only the other one decides the scale.
-    const double scaleX = extents.width() > 0 ? roomX / extents.width() : kLargestScale;
-    const double scaleY = extents.height() > 0 ? roomY / extents.height() : kLargestScale;
-    const bool isPoint = extents.width() <= 0 && extents.height() <= 0;
-    const double scale = isPoint ? 1 : std::clamp(std::min(scaleX, scaleY), kSmallestScale, kLargestScale);
+    const double fits = fittingScale(extents, std::max(width - 2 * margin, 1.0), std::max(height - 2 * margin, 1.0));
+    const double scale = isPoint(extents) ? 1 : std::clamp(fits, kSmallestScale, kLargestScale);
     return {extents.center(), scale, middle};
+}
+
+std::optional<ViewTransform> ViewTransform::showing(const Rect& rect, double width, double height) const {
+    const double scale = isPoint(rect) ? m_scale : fittingScale(rect, width, height);
+    if (!(scale >= kSmallestScale && scale <= kLargestScale))
+        return std::nullopt;
+    return ViewTransform(rect.center(), scale, {width / 2, height / 2});
+}
+
+bool ViewTransform::operator==(const ViewTransform& other) const {
+    const auto same = [](Point a, Point b) { return a.x == b.x && a.y == b.y; };
+    return same(m_center, other.m_center) && same(m_origin, other.m_origin) && m_scale == other.m_scale;
 }
 
 void ViewTransform::pan(double dx, double dy) {

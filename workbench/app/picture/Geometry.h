@@ -50,10 +50,15 @@ class ViewTransform {
     }
     double scale() const { return m_scale; }
 
+    /// The transform that shows all of `rect`, as large as it can, in a window of that size in pixels. A single point
+    /// comes to the middle at the scale that there is. None when the scale would be beyond the bounds that keep the
+    /// numbers meaningful.
+    std::optional<ViewTransform> showing(const Rect& rect, double width, double height) const;
+    bool operator==(const ViewTransform& other) const;
+
     /// Moves what is shown by that many pixels.
     void pan(double dx, double dy);
-    /// Scales by `factor` so that what lies under `pixel` stays there; the scale stays within bounds that keep the
-    /// numbers meaningful.
+    /// Scales by `factor` so that what lies under `pixel` stays there; the scale stays within those bounds.
     void zoom(double factor, Point pixel);
     /// The view keeps its centre when the window changes its size.
     void resize(double dx, double dy);

@@ -68,20 +68,29 @@ std::vector<LayerLook> layerLooks(const zdr::Drawing& drawing, const zdr::Viewpo
     return looks;
 }
 
-std::vector<LayerLook> referencedLooks(const zdr::Drawing& drawing, const std::vector<LayerLook>& looks,
-                                       std::size_t reference) {
+std::vector<std::size_t> recordsOfReference(const zdr::Drawing& drawing, std::size_t reference) {
     const zdr::Drawing& shown = *drawing.references[reference].drawing;
     std::unordered_map<std::wstring_view, std::size_t, zdr::FoldedHash, zdr::FoldedEqual> known;
     for (std::size_t layer = 0; layer < drawing.layers.size(); ++layer)
         if (drawing.layers[layer].reference == reference)
             known.emplace(drawing.names.text(drawing.layers[layer].name), layer);
     const std::wstring prefix = drawing.references[reference].name + engine::kReferenceSeparator;
-    std::vector<LayerLook> out = layerLooks(shown, nullptr);
-    for (std::size_t layer = 0; layer < out.size(); ++layer) {
-        const auto found = known.find(prefix + shown.names.text(shown.layers[layer].name));
-        if (found != known.end())
-            out[layer] = looks[found->second];
+    std::vector<std::size_t> records;
+    records.reserve(shown.layers.size());
+    for (const zdr::Layer& layer : shown.layers) {
+        const auto found = known.find(prefix + shown.names.text(layer.name));
+        records.push_back(found == known.end() ? zdr::kNone : found->second);
     }
+    return records;
+}
+
+std::vector<LayerLook> referencedLooks(const zdr::Drawing& drawing, const std::vector<LayerLook>& looks,
+                                       std::size_t reference) {
+    const std::vector<std::size_t> records = recordsOfReference(drawing, reference);
+    std::vector<LayerLook> out = layerLooks(*drawing.references[reference].drawing, nullptr);
+    for (std::size_t layer = 0; layer < out.size(); ++layer)
+        if (records[layer] != zdr::kNone)
+            out[layer] = looks[records[layer]];
     return out;
 }
 

@@ -19,6 +19,10 @@ struct LayerLook {
 /// @param viewport whose freezing and overrides count; null for the model tab and for what is drawn on the paper itself
 std::vector<LayerLook> layerLooks(const zdr::Drawing& drawing, const zdr::Viewport* viewport);
 
+/// For each layer of a referenced drawing the layer "reference!layer" that `drawing`, which shows the reference, has of
+/// it; kNone where it has none.
+std::vector<std::size_t> recordsOfReference(const zdr::Drawing& drawing, std::size_t reference);
+
 /// The look of every layer of a referenced drawing. It is the look of the layer "reference!layer" in `drawing`, which
 /// shows the reference; a layer that has no such record there looks as in its own drawing.
 std::vector<LayerLook> referencedLooks(const zdr::Drawing& drawing, const std::vector<LayerLook>& looks,

@@ -89,18 +89,6 @@ Rect toScreen(const ViewTransform& view, const Rect& plane) {
     return {lower.x, upper.y, upper.x, lower.y};
 }
 
-Rect boxOf(const zdr::Viewport& viewport) {
-    return {viewport.corner.x, viewport.corner.y, viewport.corner.x + viewport.width,
-            viewport.corner.y + viewport.height};
-}
-
-bool isOn(const zdr::Viewport& viewport) {
-    return viewport.number >= 0;
-}
-
-// Pixels per unit, so many that curves are measured by very fine chords. The extents are asked for seldom enough.
-constexpr double kFinest = 1e9;
-
 void addExtents(Rect& extents, const std::vector<zdr::Entity>& entities, const SpaceTransform& transform) {
     std::vector<Point> points;
     for (const zdr::Entity& entity : entities) {
@@ -119,6 +107,15 @@ void addModelExtents(Rect& extents, const zdr::Drawing& drawing, const SpaceTran
 }
 
 } // namespace
+
+Rect boxOf(const zdr::Viewport& viewport) {
+    return {viewport.corner.x, viewport.corner.y, viewport.corner.x + viewport.width,
+            viewport.corner.y + viewport.height};
+}
+
+bool isOn(const zdr::Viewport& viewport) {
+    return viewport.number >= 0;
+}
 
 Picture modelPicture(const zdr::Drawing& drawing, const ViewTransform& view, const Screen& screen) {
     Picture picture;

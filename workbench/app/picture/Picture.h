@@ -56,6 +56,10 @@ Picture layoutPicture(const zdr::Drawing& drawing, const zdr::Layout& layout, co
 Rect modelExtents(const zdr::Drawing& drawing);
 /// The rectangle around a layout's sheet and everything that is drawn on its paper.
 Rect layoutExtents(const zdr::Layout& layout);
+/// The rectangle of the paper that a viewport fills.
+Rect boxOf(const zdr::Viewport& viewport);
+/// Whether a viewport shows anything.
+bool isOn(const zdr::Viewport& viewport);
 /// The topmost of the viewports that are on and hold this point of the paper; null when there is none.
 const zdr::Viewport* viewportAt(const zdr::Layout& layout, Point paper);
 

@@ -104,10 +104,11 @@ void Session::replaceDrawing(zdr::Drawing drawing, std::wstring path, const zdr:
     m_savedContent = engine::contentNumber(this->database());
 }
 
-/// Marks the file for other programs, and tells when one of them has it open.
+/// Marks the file for other programs, tells when one of them has it open, and has it remembered as used.
 void Session::markOpen() {
     m_mark = {}; // first, since this drawing's own mark isn't another program's
     m_mark = zdr::OpenMark(m_path);
+    m_window.fileOpened(m_path);
     if (m_mark.isOthers())
         m_window.print(L"Another program has " + quotation(name()) +
                        L" open too: whoever saves it later is asked before the other's changes go.\n");
@@ -141,6 +142,8 @@ std::optional<Session::ReadDrawing> Session::readDrawing(const std::wstring& pat
         refuse(reason + L"\n");
     else
         fail(advised(reason, status == Vorn::eFileNotFound ? L"check its name and folder" : L"choose another one"));
+    if (status == Vorn::eFileNotFound)
+        m_window.fileMissing(path);
     return std::nullopt;
 }
 

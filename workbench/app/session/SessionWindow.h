@@ -1,6 +1,8 @@
 // The window around a session, as the commands need it: to tell and to ask. A test answers in its place.
 #pragma once
 
+#include "model/Drawing.h"
+
 #include <optional>
 #include <string>
 #include <vector>
@@ -12,6 +14,12 @@ struct Script {
     std::wstring path;
     std::vector<std::wstring> lines;
     bool keepsGoing = false; ///< also after a line that couldn't be done
+};
+
+/// What two points are for that a user gives.
+enum class PickedFor {
+    Window, ///< opposite corners of what is to be shown
+    Move,   ///< what lies at the first one is to lie at the second
 };
 
 enum class SaveAnswer { Save, Discard, Cancel };
@@ -40,8 +48,24 @@ class SessionWindow {
     virtual void drawingChanged() = 0;
     /// Shows all of the drawing.
     virtual void zoomExtents() = 0;
-    /// Zooms about the middle of the view.
-    virtual void zoomBy(double factor) = 0;
+    /// Zooms about the middle of the view; false, and nothing is changed, when it can't go any further.
+    virtual bool zoomBy(double factor) = 0;
+    /// Shows the rectangle between two opposite corners, in the units of the space on view, as large as it fits. False,
+    /// and nothing is changed, when it is too small or too large for that.
+    virtual bool zoomTo(zdr::Point corner, zdr::Point opposite) = 0;
+    /// Goes back to what the space on view has shown before; false when it has shown nothing else.
+    virtual bool zoomPrevious() = 0;
+    /// Moves what is shown, in the units of the space on view.
+    virtual void moveBy(zdr::Point displacement) = 0;
+    /// Lets the user give two points, and then runs ZOOM WINDOW or PAN with them. False while a script runs, whose
+    /// lines wait for nobody.
+    virtual bool pickPoints(PickedFor purpose) = 0;
+    /// Shows a text about the program until the user closes it.
+    virtual void showAbout(const std::wstring& text) = 0;
+    /// Called when the drawing has been read from a file or saved under another name.
+    virtual void fileOpened(const std::wstring& path) = 0;
+    /// Called when a drawing was to be opened whose file isn't there.
+    virtual void fileMissing(const std::wstring& path) = 0;
     /// Runs these lines before all others that wait. False, and nothing is run, when scripts run each other too deep.
     virtual bool runScript(Script script) = 0;
     /// Loads a module into the program; without a folder in the path, one that lies beside the program.

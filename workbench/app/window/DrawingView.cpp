@@ -1,6 +1,7 @@
 #include "DrawingView.h"
 
 #include "PicturePainter.h"
+#include "PointText.h"
 
 #include <cmath>
 
@@ -16,6 +17,14 @@ Point toPoint(CPoint point) {
     return {static_cast<double>(point.x), static_cast<double>(point.y)};
 }
 
+/// The pixel at a point; one far outside the window is moved nearer, where GDI's numbers reach.
+CPoint pixelOf(Point point) {
+    const auto bounded = [](double value) {
+        return static_cast<int>(std::lround(std::clamp(value, -30000.0, 30000.0)));
+    };
+    return {bounded(point.x), bounded(point.y)};
+}
+
 } // namespace
 
 BEGIN_MESSAGE_MAP(DrawingView, CWnd)
@@ -29,6 +38,7 @@ ON_WM_MBUTTONDBLCLK()
 ON_WM_CAPTURECHANGED()
 ON_WM_MOUSEMOVE()
 ON_WM_LBUTTONDOWN()
+ON_WM_LBUTTONUP()
 ON_WM_LBUTTONDBLCLK()
 ON_WM_SETCURSOR()
 END_MESSAGE_MAP()
@@ -44,6 +54,7 @@ BOOL DrawingView::createIn(CWnd& parent, UINT id) {
 
 void DrawingView::drawingReplaced() {
     m_views.clear();
+    endPick();
     regenerate();
 }
 
@@ -52,38 +63,66 @@ void DrawingView::regenerate() {
     Invalidate(FALSE);
 }
 
-void DrawingView::zoomExtents() {
-    const zdr::Drawing* drawing = m_drawing();
-    if (!drawing)
-        return;
-    m_views.erase(drawing->activeLayout);
+void DrawingView::show(const ViewTransform& next, bool byHand) {
+    spaceView().show(next, byHand);
     regenerate();
 }
 
-void DrawingView::zoomBy(double factor) {
-    view().zoom(factor, {m_size.cx / 2.0, m_size.cy / 2.0});
+void DrawingView::zoomExtents() {
+    show(extentsView(), false);
+}
+
+bool DrawingView::zoomBy(double factor) {
+    ViewTransform next = view();
+    next.zoom(factor, {m_size.cx / 2.0, m_size.cy / 2.0});
+    if (next.scale() == view().scale())
+        return false;
+    show(next, false);
+    return true;
+}
+
+bool DrawingView::zoomTo(const Rect& rect) {
+    const std::optional<ViewTransform> next = view().showing(rect, m_size.cx, m_size.cy);
+    if (next)
+        show(*next, false);
+    return next.has_value();
+}
+
+bool DrawingView::zoomPrevious() {
+    const bool done = spaceView().showPrevious();
     regenerate();
+    return done;
+}
+
+void DrawingView::moveBy(Point displacement) {
+    ViewTransform next = view();
+    next.pan(displacement.x * next.scale(), -displacement.y * next.scale());
+    show(next, false);
 }
 
 void DrawingView::panBy(double right, double down) {
-    view().pan(right * m_size.cx, down * m_size.cy);
-    regenerate();
+    ViewTransform next = view();
+    next.pan(right * m_size.cx, down * m_size.cy);
+    show(next, true);
 }
 
 const zdr::Layout* DrawingView::layout(const zdr::Drawing& drawing) const {
     return drawing.activeLayout ? &drawing.layouts[*drawing.activeLayout] : nullptr;
 }
 
-ViewTransform& DrawingView::view() {
+SpaceView& DrawingView::spaceView() {
     const zdr::Drawing* drawing = m_drawing();
     const auto space = drawing ? drawing->activeLayout : std::nullopt;
     const auto found = m_views.find(space);
-    if (found != m_views.end())
-        return found->second;
+    return found != m_views.end() ? found->second : m_views.emplace(space, extentsView()).first->second;
+}
+
+ViewTransform DrawingView::extentsView() const {
+    const zdr::Drawing* drawing = m_drawing();
     Rect extents;
     if (drawing)
         extents = layout(*drawing) ? layoutExtents(*layout(*drawing)) : modelExtents(*drawing);
-    return m_views[space] = ViewTransform::fitting(extents, m_size.cx, m_size.cy, m_look.px(kMargin));
+    return ViewTransform::fitting(extents, m_size.cx, m_size.cy, m_look.px(kMargin));
 }
 
 Picture DrawingView::picture(const zdr::Drawing& drawing) {
@@ -112,6 +151,25 @@ void DrawingView::OnPaint() {
     if (m_buffer.fit(dc, client.Size()) || !m_upToDate)
         render(m_buffer.dc(), client);
     m_buffer.show(dc);
+    drawBand(dc);
+}
+
+/// The rubber band from the first point of two to the pointer.
+void DrawingView::drawBand(CDC& dc) {
+    const std::optional<Point> first = m_pick.first();
+    if (!first)
+        return;
+    const CPoint corner = pixelOf(view().toScreen(*first));
+    CPen pen(PS_SOLID, m_look.px(1), colors::kAccent);
+    const int saved = dc.SaveDC();
+    dc.SelectObject(&pen);
+    dc.SelectStockObject(NULL_BRUSH);
+    const POINT line[] = {corner, m_pointer};
+    if (m_pickedFor == PickedFor::Window)
+        dc.Rectangle(CRect(corner, m_pointer));
+    else
+        dc.Polyline(line, 2);
+    dc.RestoreDC(saved);
 }
 
 BOOL DrawingView::OnEraseBkgnd(CDC*) {
@@ -134,8 +192,9 @@ void DrawingView::OnSize(UINT type, int width, int height) {
 
 BOOL DrawingView::OnMouseWheel(UINT, short delta, CPoint screen) {
     ScreenToClient(&screen);
-    view().zoom(std::pow(kZoomStep, delta / static_cast<double>(WHEEL_DELTA)), toPoint(screen));
-    regenerate();
+    ViewTransform next = view();
+    next.zoom(std::pow(kZoomStep, delta / static_cast<double>(WHEEL_DELTA)), toPoint(screen));
+    show(next, true);
     return TRUE;
 }
 
@@ -156,25 +215,79 @@ void DrawingView::OnMButtonDblClk(UINT, CPoint) {
 
 void DrawingView::OnCaptureChanged(CWnd*) {
     m_dragged.reset();
+    m_pressed.reset();
 }
 
 void DrawingView::OnMouseMove(UINT flags, CPoint point) {
+    m_pointer = point;
+    if (m_pick.first())
+        Invalidate(FALSE);
     // The button may have been released where this window didn't see it.
     if (!(flags & MK_MBUTTON))
         m_dragged.reset();
     if (!m_dragged)
         return;
-    view().pan(point.x - m_dragged->x, point.y - m_dragged->y);
+    ViewTransform next = view();
+    next.pan(point.x - m_dragged->x, point.y - m_dragged->y);
     m_dragged = point;
-    regenerate();
+    show(next, true);
 }
 
-void DrawingView::OnLButtonDown(UINT, CPoint) {
+void DrawingView::beginPick(PickedFor purpose) {
+    m_pickedFor = purpose;
+    m_pick.begin();
+}
+
+bool DrawingView::endPick() {
+    const bool wasPicking = m_pick.isActive();
+    m_pick.end();
+    m_pressed.reset();
+    if (wasPicking)
+        Invalidate(FALSE);
+    return wasPicking;
+}
+
+/// A pixel as a point of the space on view, with no more decimals than the pixel is worth.
+Point DrawingView::planePoint(CPoint pixel) {
+    constexpr double kPart = 0.01; // of a pixel
+    return roundedPoint(view().toPlane(toPoint(pixel)), kPart / view().scale());
+}
+
+void DrawingView::takePoint(Point point) {
+    const auto points = m_pick.take(point);
+    Invalidate(FALSE);
+    if (points)
+        m_picked(m_pickedFor, points->first, points->second);
+}
+
+void DrawingView::OnLButtonDown(UINT, CPoint point) {
     // Typing goes on in the command line, which the main window sees to.
     GetParent()->SetFocus();
+    if (!m_pick.isActive())
+        return;
+    m_pointer = point;
+    if (!m_pick.first()) {
+        m_pressed = point;
+        SetCapture();
+    }
+    takePoint(planePoint(point));
 }
 
-void DrawingView::OnLButtonDblClk(UINT, CPoint point) {
+void DrawingView::OnLButtonUp(UINT, CPoint point) {
+    if (!m_pressed)
+        return;
+    const CSize moved = point - *m_pressed;
+    ReleaseCapture();
+    // Pressed at the one point and released at the other: a drag gives both.
+    if (std::abs(moved.cx) > ::GetSystemMetrics(SM_CXDRAG) || std::abs(moved.cy) > ::GetSystemMetrics(SM_CYDRAG))
+        takePoint(planePoint(point));
+}
+
+void DrawingView::OnLButtonDblClk(UINT flags, CPoint point) {
+    if (m_pick.isActive()) {
+        OnLButtonDown(flags, point);
+        return;
+    }
     const zdr::Drawing* drawing = m_drawing();
     const zdr::Layout* sheet = drawing ? layout(*drawing) : nullptr;
     if (!sheet || !m_viewportChosen)

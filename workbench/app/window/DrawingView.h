@@ -2,7 +2,11 @@
 #pragma once
 
 #include "Picture.h"
+#include "PointPick.h"
+#include "SpaceView.h"
 #include "WindowLook.h"
+
+#include "SessionWindow.h"
 
 #include <functional>
 #include <map>
@@ -19,6 +23,10 @@ class DrawingView : public CWnd {
     BOOL createIn(CWnd& parent, UINT id);
     /// Called with the number of the viewport that was double-clicked, or 0 for the paper beside all viewports.
     void onViewportChosen(std::function<void(int number)> chosen) { m_viewportChosen = std::move(chosen); }
+    /// Called with the two points that a person has given, in the space on view.
+    void onPicked(std::function<void(PickedFor purpose, Point first, Point second)> picked) {
+        m_picked = std::move(picked);
+    }
 
     /// To be called when another drawing is to be shown: each of its spaces is zoomed to its extents at first.
     void drawingReplaced();
@@ -26,12 +34,25 @@ class DrawingView : public CWnd {
     void regenerate();
     /// Shows all of the space on view.
     void zoomExtents();
-    /// Zooms about the middle.
-    void zoomBy(double factor);
+    /// Zooms about the middle; false when it can't go any further.
+    bool zoomBy(double factor);
+    /// Shows a rectangle of the space on view, as large as it fits; false when it is too small or too large.
+    bool zoomTo(const Rect& rect);
+    /// Goes back to what the space on view has shown before; false when it has shown nothing else.
+    bool zoomPrevious();
+    /// Moves what is shown, in the units of the space on view.
+    void moveBy(Point displacement);
     /// Moves what is shown by a part of the view's size: 1 is all of it, to the right and down.
     void panBy(double right, double down);
     /// From the space on view to pixels of this window.
-    ViewTransform& view();
+    const ViewTransform& view() { return spaceView().view(); }
+
+    /// Waits for two points, by clicks or by takePoint(), and shows a rubber band from the first one to the pointer.
+    void beginPick(PickedFor purpose);
+    /// Answers whether points were awaited.
+    bool endPick();
+    bool isPicking() const { return m_pick.isActive(); }
+    void takePoint(Point point);
 
   protected:
     DECLARE_MESSAGE_MAP()
@@ -45,22 +66,33 @@ class DrawingView : public CWnd {
     afx_msg void OnCaptureChanged(CWnd* window);
     afx_msg void OnMouseMove(UINT flags, CPoint point);
     afx_msg void OnLButtonDown(UINT flags, CPoint point);
+    afx_msg void OnLButtonUp(UINT flags, CPoint point);
     afx_msg void OnLButtonDblClk(UINT flags, CPoint point);
     afx_msg BOOL OnSetCursor(CWnd* window, UINT hit, UINT message);
 
   private:
     const zdr::Layout* layout(const zdr::Drawing& drawing) const;
+    SpaceView& spaceView();
+    ViewTransform extentsView() const;
+    void show(const ViewTransform& next, bool byHand);
     Picture picture(const zdr::Drawing& drawing);
     void render(CDC& dc, const CRect& client);
+    void drawBand(CDC& dc);
+    Point planePoint(CPoint pixel);
 
     WindowLook& m_look;
     std::function<const zdr::Drawing*()> m_drawing;
     std::function<void(int)> m_viewportChosen;
-    std::map<std::optional<std::size_t>, ViewTransform> m_views; // by layout; none for the model tab
+    std::function<void(PickedFor, Point, Point)> m_picked;
+    std::map<std::optional<std::size_t>, SpaceView> m_views; // by layout; none for the model tab
     BackBuffer m_buffer;
     bool m_upToDate = false;
     CSize m_size{0, 0};
     std::optional<CPoint> m_dragged; // the middle button is down; the pointer's last place
+    PointPick m_pick;
+    PickedFor m_pickedFor = PickedFor::Window;
+    CPoint m_pointer{0, 0};          // the pointer's last place
+    std::optional<CPoint> m_pressed; // where the left button went down for the first point
 };
 
 } // namespace workbench

@@ -41,10 +41,14 @@ constexpr MenuCommand kMenuCommands[] = {
     {ID_MENU_ZOOM_IN, L"ZOOM IN", VK_ADD, true, false},
     {ID_MENU_ZOOM_OUT, L"ZOOM OUT", VK_OEM_MINUS, true, false},
     {ID_MENU_ZOOM_OUT, L"ZOOM OUT", VK_SUBTRACT, true, false},
+    {ID_MENU_ZOOM_WINDOW, L"ZOOM WINDOW", 0, false, false},
+    {ID_MENU_ZOOM_PREVIOUS, L"ZOOM PREVIOUS", 0, false, false},
+    {ID_MENU_PAN, L"PAN", 0, false, false},
     {ID_MENU_REGEN, L"REGEN", VK_F5, false, false},
     {ID_MENU_LAYERS, L"LAYER LIST", 0, false, false},
     {ID_MENU_LAYER_STATES, L"LAYERSTATE", 'L', true, false},
     {ID_MENU_HELP, L"HELP", VK_F1, false, false},
+    {ID_MENU_ABOUT, L"ABOUT", 0, false, false},
 };
 
 /// A key that pans the view when Alt is held, and how far, as a part of the view's size.
@@ -160,10 +164,11 @@ int MainWindow::OnCreate(LPCREATESTRUCT create) {
         !m_command.createIn(*this, IDC_COMMAND_PANE) || !m_status.createIn(*this, IDC_STATUS_LINE))
         return -1;
     m_view.onViewportChosen([this](int number) { run(number ? L"VPORT " + std::to_wstring(number) : L"VPORT none"); });
+    m_view.onPicked([this](PickedFor purpose, Point first, Point second) { runPicked(purpose, first, second); });
     m_tabs.onChosen([this](std::size_t tab) { chooseTab(tab); });
     m_command.edit().onRun([this](const std::wstring& line) { run(line); });
     m_command.edit().onComplete([this](const std::wstring& typed) { return completed(typed); });
-    m_command.edit().onStop([this] { stopScript(); });
+    m_command.edit().onStop([this] { stopWaiting(); });
     return 0;
 }
 
@@ -274,8 +279,10 @@ void MainWindow::chooseTab(std::size_t tab) {
     // A script must find what its own lines have shown.
     if (m_waiting.isInScript())
         run(tab == 0 ? L"MODEL" : L"LAYOUT \"" + m_session->drawing().layouts[tab - 1].name + L"\"");
-    else if (!m_running)
+    else if (!m_running) {
+        m_view.endPick();
         m_session->showTab(tab);
+    }
 }
 
 void MainWindow::OnInitMenuPopup(CMenu* menu, UINT index, BOOL isSystemMenu) {
@@ -285,6 +292,7 @@ void MainWindow::OnInitMenuPopup(CMenu* menu, UINT index, BOOL isSystemMenu) {
     };
     enable(ID_MENU_UNDO, m_session->canUndo());
     enable(ID_MENU_REDO, m_session->canRedo());
+    m_recentFiles.fill(menu->m_hMenu);
 }
 
 BOOL MainWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
@@ -294,6 +302,10 @@ BOOL MainWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
                 run(command.line);
                 return TRUE;
             }
+    if (const auto path = lParam == 0 ? m_recentFiles.pathOf(LOWORD(wParam)) : std::nullopt) {
+        run(L"OPEN \"" + *path + L"\"");
+        return TRUE;
+    }
     return CWnd::OnCommand(wParam, lParam);
 }
 

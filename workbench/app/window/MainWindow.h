@@ -5,6 +5,7 @@
 #include "Display.h"
 #include "DrawingView.h"
 #include "ModuleLoader.h"
+#include "RecentFilesMenu.h"
 #include "ScriptLines.h"
 #include "Session.h"
 #include "SpaceTabs.h"
@@ -69,7 +70,14 @@ class MainWindow : public CWnd, private SessionWindow, private runtime::DisplayO
     void drawingReplaced() override;
     void drawingChanged() override;
     void zoomExtents() override;
-    void zoomBy(double factor) override;
+    bool zoomBy(double factor) override { return m_view.zoomBy(factor); }
+    bool zoomTo(zdr::Point corner, zdr::Point opposite) override;
+    bool zoomPrevious() override { return m_view.zoomPrevious(); }
+    void moveBy(zdr::Point displacement) override { m_view.moveBy(displacement); }
+    bool pickPoints(PickedFor purpose) override;
+    void showAbout(const std::wstring& text) override;
+    void fileOpened(const std::wstring& path) override;
+    void fileMissing(const std::wstring& path) override;
     bool runScript(Script script) override { return m_waiting.enter(std::move(script)); }
     std::wstring loadModule(const std::wstring& path) override;
     bool unloadModule(const std::wstring& path) override { return m_modules.unload(path); }
@@ -85,7 +93,9 @@ class MainWindow : public CWnd, private SessionWindow, private runtime::DisplayO
     void run(const std::wstring& line);
     void runNextLine();
     void startTimer();
-    void stopScript();
+    void stopWaiting();
+    void runPicked(PickedFor purpose, Point first, Point second);
+    bool takeTypedPoint(const std::wstring& line);
     void chooseTab(std::size_t tab);
     std::wstring completed(const std::wstring& typed);
     void showNextTab(int step);
@@ -105,6 +115,7 @@ class MainWindow : public CWnd, private SessionWindow, private runtime::DisplayO
     StatusLine m_status;
     std::wstring m_message; // the last line printed
     LineQueue m_waiting;
+    RecentFilesMenu m_recentFiles;
     runtime::ModuleLoader m_modules; // behind the session, since modules may use its drawing to their end
     bool m_running = false;          // a command is under way, perhaps with a dialog
     bool m_gathers = false;          // lines of a script are run: what they say and change is shown a little later

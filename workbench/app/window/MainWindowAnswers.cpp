@@ -1,8 +1,11 @@
 // What the commands and the host ask of the main window: to print, to ask, and to show what has changed.
 
+#include "CommandText.h"
 #include "FilePrompt.h"
 #include "MainWindow.h"
 #include "ModulePath.h"
+#include "SavedRecentFiles.h"
+#include "WorkbenchIds.h"
 
 namespace workbench {
 
@@ -68,8 +71,44 @@ void MainWindow::zoomExtents() {
     m_view.zoomExtents();
 }
 
-void MainWindow::zoomBy(double factor) {
-    m_view.zoomBy(factor);
+bool MainWindow::zoomTo(zdr::Point corner, zdr::Point opposite) {
+    Rect rect;
+    rect.add(corner);
+    rect.add(opposite);
+    return m_view.zoomTo(rect);
+}
+
+bool MainWindow::pickPoints(PickedFor purpose) {
+    if (m_waiting.isInScript())
+        return false;
+    m_view.beginPick(purpose);
+    return true;
+}
+
+void MainWindow::showAbout(const std::wstring& text) {
+    MSGBOXPARAMSW box{};
+    box.cbSize = sizeof box;
+    box.hwndOwner = m_hWnd;
+    box.hInstance = AfxGetInstanceHandle();
+    box.lpszText = text.c_str();
+    box.lpszCaption = L"About Kel Workbench";
+    box.dwStyle = MB_OK | MB_USERICON;
+    box.lpszIcon = MAKEINTRESOURCEW(IDI_WORKBENCH);
+    ::MessageBoxIndirectW(&box);
+}
+
+void MainWindow::fileOpened(const std::wstring& path) {
+    RecentFiles files = savedRecentFiles();
+    files.add(path);
+    saveRecentFiles(files);
+}
+
+void MainWindow::fileMissing(const std::wstring& path) {
+    RecentFiles files = savedRecentFiles();
+    if (!files.remove(path))
+        return;
+    saveRecentFiles(files);
+    print(quotation(path) + L" is taken off the recent files.\n");
 }
 
 std::wstring MainWindow::loadModule(const std::wstring& path) {

@@ -5,6 +5,7 @@
 
 #include "CommandDispatch.h"
 #include "CommandText.h"
+#include "PointText.h"
 
 namespace workbench {
 
@@ -19,7 +20,7 @@ constexpr ULONGLONG kLineTime = 20; // milliseconds for which lines are run befo
 
 void MainWindow::run(const std::wstring& line) {
     // A command's dialog disables this window, but posted messages and dropped files would still come through.
-    if (m_running)
+    if (m_running || takeTypedPoint(line))
         return;
     const bool waits = !m_waiting.isEmpty();
     m_waiting.append(line);
@@ -31,6 +32,7 @@ void MainWindow::run(const std::wstring& line) {
 
 void MainWindow::runNextLine() {
     const auto line = m_waiting.next();
+    m_view.endPick();
     m_running = true;
     const bool done = !line || runLine(*m_session, *line);
     m_running = false;
@@ -52,9 +54,27 @@ void MainWindow::startTimer() {
         SetTimer(kLineTimer, 0, nullptr);
 }
 
-void MainWindow::stopScript() {
+void MainWindow::stopWaiting() {
+    if (m_view.endPick())
+        print(L"No points are chosen, and what is on view stays.\n");
     if (const std::wstring told = m_waiting.stop(); !told.empty())
         print(told);
+}
+
+/// While points are awaited, a typed one is as good as a click.
+bool MainWindow::takeTypedPoint(const std::wstring& line) {
+    const CommandText typed = parseCommand(line);
+    const auto point = m_view.isPicking() && typed.words.empty() ? parsePoint(typed.name) : std::nullopt;
+    if (!point)
+        return false;
+    echo(L"Command: " + line + L"\n");
+    m_view.takePoint(*point);
+    return true;
+}
+
+/// Runs the line that the two points make, so that it stands in the history.
+void MainWindow::runPicked(PickedFor purpose, Point first, Point second) {
+    run((purpose == PickedFor::Window ? L"ZOOM WINDOW " : L"PAN ") + pointText(first) + L' ' + pointText(second));
 }
 
 void MainWindow::OnTimer(UINT_PTR timer) {

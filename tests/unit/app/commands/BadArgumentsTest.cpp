@@ -22,6 +22,8 @@ class BadArgumentsTest : public CommandFixture {
         // A change that could be lost; when a command asks whether to save it, the answer is Cancel.
         run(L"LAYER NEW Walls");
         window.saveAnswer = workbench::SaveAnswer::Cancel;
+        // As the real one for windows beyond measure, and while nothing else has been on view.
+        window.canZoom = false;
     }
     /// Runs a line that has to be refused in one sentence.
     void expectRefusal(const std::wstring& line) {
@@ -61,8 +63,11 @@ TEST_F(BadArgumentsTest, TooManyAreToldWithTheUsage) {
 }
 
 TEST_F(BadArgumentsTest, AnUnknownOptionIsToldWithAllThatThereAre) {
-    EXPECT_EQ(run(L"ZOOM w"), L"ZOOM has no option \"w\": type one of EXTENTS, IN, OUT behind it, or HELP ZOOM.\n");
-    EXPECT_EQ(run(L"ZOOM"), L"ZOOM needs an option: type one of EXTENTS, IN, OUT behind it, or HELP ZOOM.\n");
+    EXPECT_EQ(run(L"ZOOM q"), L"ZOOM has no option \"q\": type one of EXTENTS, IN, OUT, WINDOW, PREVIOUS, LAYER behind "
+                              L"it, or HELP ZOOM.\n");
+    EXPECT_EQ(run(L"ZOOM"),
+              L"ZOOM needs an option: type one of EXTENTS, IN, OUT, WINDOW, PREVIOUS, LAYER behind it, or "
+              L"HELP ZOOM.\n");
     expectRefusal(L"LAYER " + kEnormous);
     expectRefusal(L"VPLAYER " + kEnormous);
 }

@@ -67,6 +67,33 @@ TEST(ViewTransform, ShowsASinglePointInTheMiddle) {
     expectNear(view.toScreen({5, 5}), {200, 150});
 }
 
+TEST(ViewTransform, ShowsARectangleAsLargeAsItFits) {
+    const ViewTransform before({0, 0}, 7, {200, 150});
+    const auto wide = before.showing({10, 20, 110, 30}, 400, 300);
+    ASSERT_TRUE(wide);
+    EXPECT_DOUBLE_EQ(wide->scale(), 4);
+    expectNear(wide->toScreen({60, 25}), {200, 150});
+    const auto high = before.showing({10, 20, 11, 120}, 400, 300);
+    ASSERT_TRUE(high);
+    EXPECT_DOUBLE_EQ(high->scale(), 3);
+    const auto flat = before.showing({10, 20, 110, 20}, 400, 300);
+    ASSERT_TRUE(flat) << "a line along an axis";
+    EXPECT_DOUBLE_EQ(flat->scale(), 4);
+    const auto point = before.showing({10, 20, 10, 20}, 400, 300);
+    ASSERT_TRUE(point);
+    EXPECT_DOUBLE_EQ(point->scale(), 7) << "a point decides no scale";
+    expectNear(point->toScreen({10, 20}), {200, 150});
+}
+
+TEST(ViewTransform, ShowsNoRectangleBeyondMeaningfulScales) {
+    const ViewTransform before({0, 0}, 1, {200, 150});
+    EXPECT_TRUE(before.showing({0, 0, 4e-4, 1e-4}, 400, 300)) << "the largest scale";
+    EXPECT_FALSE(before.showing({0, 0, 3e-4, 1e-4}, 400, 300));
+    EXPECT_TRUE(before.showing({0, 0, 3e11, 3e11}, 400, 300));
+    EXPECT_FALSE(before.showing({0, 0, 3.1e11, 3.1e11}, 400, 300));
+    EXPECT_FALSE(before.showing({-1.7e308, 0, 1.7e308, 1}, 400, 300)) << "a width that no number holds";
+}
+
 TEST(ViewTransform, KeepsItsCentreWhenTheWindowGrows) {
     auto view = ViewTransform::fitting({0, 0, 100, 100}, 400, 300, 0);
     view.resize(100, 50);

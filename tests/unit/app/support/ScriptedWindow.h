@@ -16,6 +16,13 @@ class ScriptedWindow : public workbench::SessionWindow {
     std::wstring proposal;
     int replaced = 0, changed = 0, zoomed = 0, quits = 0;
     double scale = 1;
+    bool canZoom = true;       // whether it zooms any further, shows a window, or has something to go back to
+    std::vector<double> shown; // left, bottom, right and top of what was to be shown last, as given
+    std::vector<double> moved;
+    int wentBack = 0;
+    bool canPick = true;
+    std::optional<workbench::PickedFor> pickedFor;
+    std::vector<std::wstring> abouts, opened, missing;
     std::vector<std::wstring> scriptLines;
     bool scriptKeepsGoing = false;
     bool takesScripts = true;
@@ -50,7 +57,29 @@ class ScriptedWindow : public workbench::SessionWindow {
     void drawingReplaced() override { ++replaced; }
     void drawingChanged() override { ++changed; }
     void zoomExtents() override { ++zoomed; }
-    void zoomBy(double factor) override { scale *= factor; }
+    bool zoomBy(double factor) override {
+        if (canZoom)
+            scale *= factor;
+        return canZoom;
+    }
+    bool zoomTo(zdr::Point corner, zdr::Point opposite) override {
+        if (canZoom)
+            shown = {corner.x, corner.y, opposite.x, opposite.y};
+        return canZoom;
+    }
+    bool zoomPrevious() override {
+        wentBack += canZoom ? 1 : 0;
+        return canZoom;
+    }
+    void moveBy(zdr::Point displacement) override { moved = {displacement.x, displacement.y}; }
+    bool pickPoints(workbench::PickedFor purpose) override {
+        if (canPick)
+            pickedFor = purpose;
+        return canPick;
+    }
+    void showAbout(const std::wstring& text) override { abouts.push_back(text); }
+    void fileOpened(const std::wstring& path) override { opened.push_back(path); }
+    void fileMissing(const std::wstring& path) override { missing.push_back(path); }
     bool runScript(workbench::Script script) override {
         if (takesScripts) {
             scriptLines = std::move(script.lines);

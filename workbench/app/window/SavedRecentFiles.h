@@ -1,0 +1,12 @@
+// The list of recent files, from one run to the next, and shared by all Workbenches of a user.
+#pragma once
+
+#include "RecentFiles.h"
+
+namespace workbench {
+
+/// What is kept; nothing when it isn't a list of texts of a reasonable size.
+RecentFiles savedRecentFiles();
+void saveRecentFiles(const RecentFiles& files);
+
+} // namespace workbench
