@@ -3,6 +3,7 @@
 #include "CommandDispatch.h"
 #include "LayoutProblems.h"
 #include "Runtime.h"
+#include "SavedRecentFiles.h"
 #include "Screenshot.h"
 #include "persistence/DialogStore.h"
 
@@ -46,6 +47,7 @@ POINT awayFromAll() {
 void forgetPlaces() {
     RegDeleteTreeW(HKEY_CURRENT_USER, testRoot);
     RegDeleteTreeW(HKEY_CURRENT_USER, mainWindowKey);
+    RegDeleteTreeW(HKEY_CURRENT_USER, workbench::kRecentFilesKey);
 }
 
 /// Where pictures are saved; empty when none are wanted.

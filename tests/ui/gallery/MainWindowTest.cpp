@@ -4,11 +4,14 @@
 
 #include "Documents.h"
 #include "KelDbDatabase.h"
+#include "SavedRecentFiles.h"
 #include "WorkbenchIds.h"
 #include "engine/DatabaseAccess.h"
 #include "resources/resource.h"
 
 #include <commctrl.h>
+
+#include <cmath>
 
 using gallery::GalleryTest;
 using ui::Script;
@@ -88,6 +91,65 @@ TEST_F(MainWindow, showsTabsThatDontFit) {
 TEST_F(MainWindow, opensItsMenus) {
     Script script;
     script.press(VK_F10).press(VK_DOWN).then(picture("workbench-menu")).press(VK_ESCAPE).press(VK_ESCAPE);
+    useWorkbench(std::move(script));
+}
+
+TEST_F(MainWindow, listsRecentFilesWithPathsOfAnyLength) {
+    workbench::RecentFiles files;
+    for (int number = 9; number > 0; --number)
+        files.add(L"C:\\Users\\Public\\Documents\\" + std::wstring(static_cast<std::size_t>(number * number), L'p') +
+                  L"\\R&D, floor " + std::to_wstring(number) + L".zdr");
+    workbench::saveRecentFiles(files);
+    Script script;
+    script.pressAlt(L'f').then(picture("workbench-recent-files")).press(VK_ESCAPE).press(VK_ESCAPE);
+    useWorkbench(std::move(script));
+}
+
+TEST_F(MainWindow, tellsAboutItself) {
+    Script script;
+    script.waitUntil("the box", [](const ui::View& view) { return view.title() == L"About Kel Workbench"; })
+        .then(picture("about"))
+        .look("it is all on the screen",
+              [](const ui::View& view) {
+                  const RECT box = view.rect();
+                  EXPECT_GE(box.top, 0);
+                  EXPECT_LE(box.right, GetSystemMetrics(SM_CXSCREEN));
+                  EXPECT_LE(box.bottom, GetSystemMetrics(SM_CYSCREEN));
+              })
+        .press(VK_ESCAPE);
+    showDialog(std::move(script), [this] { run(L"ABOUT"); });
+}
+
+TEST_F(MainWindow, showsARubberBandOfOnePixelOfTheScaling) {
+    const auto pointOfView = [](double right, double down) {
+        return [right, down](const ui::View& view) {
+            const RECT rect = view.rect(IDC_DRAWING_VIEW);
+            return std::optional(POINT{rect.left + std::lround(right * (rect.right - rect.left)),
+                                       rect.top + std::lround(down * (rect.bottom - rect.top))});
+        };
+    };
+    run(L"ZOOM WINDOW");
+    Script script;
+    script.clickPoint("one corner", pointOfView(0.25, 0.25))
+        .step("point at the opposite one",
+              [pointOfView](const ui::View& view) -> ui::Obstacle {
+                  if (!ui::pointerRestsAt(*pointOfView(0.75, 0.75)(view)))
+                      return "the pointer is under way";
+                  return std::nullopt;
+              })
+        .waitUntil("the upper edge, as high as a pixel of 96 an inch",
+                   [](const ui::View& view) {
+                       const std::vector<COLORREF> pixels = view.pixels(IDC_DRAWING_VIEW);
+                       const RECT rect = view.rect(IDC_DRAWING_VIEW);
+                       const std::size_t width = static_cast<std::size_t>(rect.right - rect.left);
+                       const std::size_t half = pixels.size() / width / 2 * width;
+                       int high = 0;
+                       for (std::size_t at = width / 2; at < half; at += width)
+                           high += pixels[at] == workbench::colors::kAccent ? 1 : 0;
+                       return high == MulDiv(1, static_cast<int>(GetDpiForSystem()), 96);
+                   })
+        .look("the picture", [](const ui::View& view) { savePicture("workbench-zoom-window", view.rect()); })
+        .press(VK_ESCAPE);
     useWorkbench(std::move(script));
 }
 

@@ -44,7 +44,12 @@ constexpr const wchar_t* kArguments[] = {L"*",
                                          L"*floor*",
                                          L"E",
                                          L"Plumbing*",
-                                         L"--keep-going"};
+                                         L"--keep-going",
+                                         L"0,0",
+                                         L"12000,-8000.5",
+                                         L"5,5 900,700",
+                                         L"1e12,nan",
+                                         L"0.5x"};
 
 constexpr const wchar_t* kFiles[] = {L"house.zdr", L"site.zdr", L"other.zdr", L"missing.zdr",
                                      L"text.zdr",  L"self.scr", L"lines.scr"};
@@ -53,8 +58,9 @@ constexpr const wchar_t* kNames[] = {
     L"Plumbing plan", L"PRESENTATION", L"  Demolition ", L"site!Access", L"100 % & %s", L"a<b", L" ",
     L"\xFC\xDF\x4E2D"};
 
-constexpr const wchar_t* kFrequent[] = {L"LAYERSTATE", L"UNDO",       L"REDO",         L"ZOOM E", L"LAYER MAKE Monkey",
-                                        L"MODEL",      L"VPORT none", L"LAYER THAW *", L"HELP",   L"SETVAR"};
+constexpr const wchar_t* kFrequent[] = {
+    L"LAYERSTATE",   L"UNDO", L"REDO",   L"ZOOM E",      L"LAYER MAKE Monkey", L"MODEL", L"VPORT none",
+    L"LAYER THAW *", L"HELP", L"SETVAR", L"ZOOM WINDOW", L"ZOOM PREVIOUS",     L"PAN"};
 
 constexpr wchar_t kLetters[] = L"abcdefgWXYZ0123 .,;!*?\"-_";
 

@@ -13,6 +13,7 @@
 #include "MainWindow.h"
 #include "ModuleLoader.h"
 #include "Runtime.h"
+#include "SavedRecentFiles.h"
 #include "View.h"
 #include "Watchdog.h"
 #include "instruments/HostCalls.h"
@@ -149,9 +150,25 @@ void prepareFolder(const fs::path& folder, const fs::path& samples) {
 }
 
 std::vector<std::wstring> scriptedLines(const std::wstring& open) {
-    return {
-        open,    L"LAYOUT A1 sheet", L"VPORT 2",    L"ZOOM IN", L"LAYER MAKE Monkey", L"UNDO", L"HELP", L"OPEN missing",
-        L"OPEN", L"SAVEAS",          L"LAYERSTATE", L"MODEL",   L"LAYER ON *",        L"QUIT"};
+    return {open,
+            L"LAYOUT A1 sheet",
+            L"VPORT 2",
+            L"ZOOM IN",
+            L"LAYER MAKE Monkey",
+            L"UNDO",
+            L"HELP",
+            L"OPEN missing",
+            L"OPEN",
+            L"SAVEAS",
+            L"LAYERSTATE",
+            L"MODEL",
+            L"ZOOM WINDOW 0,0 9000,6000",
+            L"ZOOM LAYER *",
+            L"PAN 100,100",
+            L"ZOOM PREVIOUS",
+            L"ABOUT",
+            L"LAYER ON *",
+            L"QUIT"};
 }
 
 /// What is left after a life.
@@ -262,6 +279,8 @@ int run(const Options& options) {
     const fs::path logPath = fs::temp_directory_path() / "kel-workbench-monkey.log";
     prepareFolder(folder, fs::absolute(options.samples));
     framework::DialogStore::setRoot(kDialogRoot);
+    // A file that another program has used is none of the monkey's.
+    RegDeleteTreeW(HKEY_CURRENT_USER, workbench::kRecentFilesKey);
     std::printf("workbench_monkey: seed %u, %d s; what it does stands in %s\n", options.seed, options.seconds,
                 logPath.string().c_str());
     std::fflush(stdout);
@@ -273,6 +292,7 @@ int run(const Options& options) {
     const bool clean = liveAll(monkey, options, inFolder, log);
     std::fclose(log);
     RegDeleteTreeW(HKEY_CURRENT_USER, kDialogRoot);
+    RegDeleteTreeW(HKEY_CURRENT_USER, workbench::kRecentFilesKey);
     std::printf("%s\n", clean ? "nothing was left behind" : "something was left behind");
     return clean ? 0 : 1;
 }

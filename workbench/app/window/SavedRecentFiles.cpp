@@ -6,7 +6,6 @@ namespace workbench {
 
 namespace {
 
-constexpr const wchar_t* kKey = L"Software\\KelWorkbench\\Files";
 constexpr const wchar_t* kValue = L"Recent";
 constexpr DWORD kLargest = 1 << 20; // bytes
 
@@ -15,7 +14,7 @@ constexpr DWORD kLargest = 1 << 20; // bytes
 RecentFiles savedRecentFiles() {
     DWORD size = 0;
     const auto read = [&size](void* bytes) {
-        return RegGetValueW(HKEY_CURRENT_USER, kKey, kValue, RRF_RT_REG_MULTI_SZ, nullptr, bytes, &size);
+        return RegGetValueW(HKEY_CURRENT_USER, kRecentFilesKey, kValue, RRF_RT_REG_MULTI_SZ, nullptr, bytes, &size);
     };
     if (read(nullptr) != ERROR_SUCCESS || size > kLargest)
         return {};
@@ -37,7 +36,7 @@ void saveRecentFiles(const RecentFiles& files) {
     for (const std::wstring& path : files.paths())
         text.append(path).push_back(L'\0');
     text.push_back(L'\0');
-    RegSetKeyValueW(HKEY_CURRENT_USER, kKey, kValue, REG_MULTI_SZ, text.data(),
+    RegSetKeyValueW(HKEY_CURRENT_USER, kRecentFilesKey, kValue, REG_MULTI_SZ, text.data(),
                     static_cast<DWORD>(text.size() * sizeof(wchar_t)));
 }
 

@@ -5,6 +5,9 @@
 
 namespace workbench {
 
+/// Below the current user's part of the registry.
+inline constexpr const wchar_t* kRecentFilesKey = L"Software\\KelWorkbench\\Files";
+
 /// What is kept; nothing when it isn't a list of texts of a reasonable size.
 RecentFiles savedRecentFiles();
 void saveRecentFiles(const RecentFiles& files);
