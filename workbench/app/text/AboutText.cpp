@@ -8,9 +8,9 @@ namespace {
 
 constexpr Library kLibraries[] = {
     {L"FlatBuffers", L"Apache License 2.0"},
-    {L"libstdc++ and libgcc", L"GNU General Public License 3 with the GCC Runtime Library Exception 3.1"},
-    {L"mingw-w64 runtime", L"Zope Public License 2.1"},
-    {L"winpthreads", L"MIT License"},
+    {L"libstdc++ and libgcc", L"GNU General Public License 3 or later with the GCC Runtime Library Exception 3.1"},
+    {L"mingw-w64 runtime", L"Zope Public License 2.1, parts under others"},
+    {L"winpthreads", L"MIT License, parts under the BSD License"},
 };
 
 } // namespace
