@@ -164,7 +164,9 @@ TEST_F(RecentFilesMenuTest, WhatStandsInTheRegistryIsNotTrusted) {
     listedAfter([] { keep(REG_SZ, L"C:\\a.zdr", 18); }, {});
     listedAfter([list] { keep(REG_BINARY, list.c_str(), 18 * sizeof(wchar_t)); }, {});
     listedAfter([] { keep(REG_MULTI_SZ, L"", 0); }, {});
-    const std::wstring many((1 << 20) / sizeof(wchar_t) + 2, L'x');
+    std::wstring many; // of a megabyte and more
+    while (many.size() * sizeof(wchar_t) <= 1 << 20)
+        many += list;
     listedAfter([many] { keep(many); }, {});
     script.then(open("one.zdr")).then(inMenu({item(1, "one.zdr")}, VK_ESCAPE)).then(command(L"QUIT"));
     runWith(script);
