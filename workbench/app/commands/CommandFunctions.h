@@ -47,6 +47,8 @@ void unload(Session& session, const CommandText& text);
 void detach(Session& session, const CommandText& text);
 /// @}
 
+/// OutsideCommand.cpp
+std::span<const Option> outsideOptions();
 /// ModuleCommand.cpp
 std::span<const Option> moduleOptions();
 /// VariableCommand.cpp

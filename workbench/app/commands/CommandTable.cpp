@@ -33,6 +33,7 @@ constexpr Command kCommands[] = {
     {L"RELOAD", nullptr, L"name|*", L"Reads attached drawings again.", kOne, Offer::References, commands::reload, nullptr},
     {L"UNLOAD", nullptr, L"name|*", L"Leaves attached drawings out until they are reloaded.", kOne, Offer::References, commands::unload, nullptr},
     {L"DETACH", nullptr, L"name|*", L"Takes attached drawings out, with their layers.", kOne, Offer::References, commands::detach, nullptr},
+    {L"OUTSIDE", nullptr, L"option ...", L"Tells into which folders outside this computer attached drawings may lead.", kText, Offer::Nothing, nullptr, commands::outsideOptions},
     {L"MODULE", nullptr, L"option ...", L"Loads modules and unloads them.", kText, Offer::Nothing, nullptr, commands::moduleOptions},
     {L"SETVAR", nullptr, L"[name [value]]", L"Shows a system variable or sets it; without a name, lists them all.", {0, 2}, Offer::Variables, commands::setVariable, nullptr},
     {L"SCRIPT", nullptr, L"[--keep-going] [path]", L"Runs the lines of a text file up to the first that can't be done, or all of them; without a path, asks for one.", kText, Offer::Files, commands::script, nullptr},

@@ -1,6 +1,7 @@
 // The commands of references: drawings that this one shows.
 
 #include "CommandFunctions.h"
+#include "OutsideQuestions.h"
 #include "PropertyText.h"
 #include "ReferenceEditing.h"
 #include "Session.h"
@@ -8,7 +9,7 @@
 #include "KelEditor.h"
 
 #include "engine/DatabaseAccess.h"
-#include "files/References.h"
+#include "files/OutsidePaths.h"
 #include "files/TextCoding.h"
 #include "values/NameRules.h"
 
@@ -32,23 +33,47 @@ std::wstring storedPath(const Session& session, const std::wstring& typed) {
     fs::path path = zdr::systemPath(typed);
     if (!path.has_extension())
         path += kExtension;
+    const std::wstring wide = zdr::widePath(path);
     std::error_code error;
     const bool besideDrawing =
-        !session.path().empty() && fs::exists(zdr::systemPath(session.path()).parent_path() / path, error);
-    const fs::path full = besideDrawing ? path : fs::absolute(path, error);
-    return zdr::widePath(error ? path : full.lexically_normal());
+        !session.path().empty() && fs::exists(zdr::systemPath(zdr::referencePath(session.path(), wide)), error);
+    if (!besideDrawing)
+        return zdr::fullPath(wide);
+    const bool isHere = zdr::placeOf(wide, zdr::driveTarget).kind == zdr::PathPlace::Kind::ThisComputer;
+    return isHere ? zdr::widePath(path.lexically_normal()) : wide;
 }
 
-/// Reads the drawing of a reference; null, with the reason in `reason`, when it can't be shown.
-std::shared_ptr<const zdr::Drawing> readReferenced(const Session& session, const zdr::Reference& reference,
-                                                   std::wstring& reason) {
+/// Reads the drawings of references.
+class ReferenceReader {
+  public:
+    explicit ReferenceReader(Session& session) : m_session(session), m_questions(session.window()) {}
+
+    /// Null, with the reason in `reason`, when it can't be shown. What is nested in it and can't be is told.
+    /// @param isChosen the user has named this very reference, or its path, and isn't asked whether to look for it
+    std::shared_ptr<const zdr::Drawing> read(const zdr::Reference& reference, bool isChosen, std::wstring& reason);
+
+  private:
+    Session& m_session;
+    OutsideQuestions m_questions;
+};
+
+std::shared_ptr<const zdr::Drawing> ReferenceReader::read(const zdr::Reference& reference, bool isChosen,
+                                                          std::wstring& reason) {
     zdr::Drawing holder;
     holder.references.push_back(reference);
     std::vector<zdr::ReferenceProblem> problems;
-    zdr::resolveReferences(holder, session.path(), problems);
+    bool isLeftOut = false;
+    zdr::resolveReferences(holder, m_session.path(), problems, [&](const zdr::OutsideReference& outside) {
+        const bool isNested = outside.name != reference.name;
+        const std::wstring why = isChosen && !isNested ? std::wstring() : m_questions.whyNot(outside);
+        isLeftOut = isLeftOut || (!isNested && !why.empty());
+        return why;
+    });
     const auto own = std::ranges::find(problems, reference.name, &zdr::ReferenceProblem::name);
-    if (own != problems.end())
-        reason = advised(own->reason, L"check the path, or attach another one");
+    if (own == problems.end())
+        m_session.tellProblems(problems);
+    else
+        reason = isLeftOut ? own->reason : advised(own->reason, L"check the path, or attach another one");
     return holder.references[0].drawing;
 }
 
@@ -121,7 +146,7 @@ void attach(Session& session, const CommandText& text) {
     if (problem.empty() && !place(reference, numbers.subspan(std::min<std::size_t>(2, numbers.size()))))
         problem = L"The place needs numbers: give x and y, a scale above 0 and an angle in degrees behind the name.";
     if (problem.empty()) {
-        reference.drawing = readReferenced(session, reference, problem);
+        reference.drawing = ReferenceReader(session).read(reference, true, problem);
         if (!reference.drawing && problem.empty())
             problem = L"The drawing can't be shown.";
     }
@@ -138,15 +163,17 @@ void attach(Session& session, const CommandText& text) {
 
 void reload(Session& session, const CommandText& text) {
     std::size_t done = 0;
-    for (const std::size_t reference : referencesNamed(session, text)) {
+    ReferenceReader reader(session);
+    for (const std::size_t index : referencesNamed(session, text)) {
+        const zdr::Reference& reference = session.drawing().references[index];
         std::wstring reason;
-        const auto drawing = readReferenced(session, session.drawing().references[reference], reason);
+        const auto drawing = reader.read(reference, sameName(reference.name, text.argument), reason);
         if (!drawing) {
-            session.refuse(nameOf(session, reference) + L" stays as it is: " + reason + L"\n");
+            session.refuse(nameOf(session, index) + L" stays as it is: " + reason + L"\n");
             continue;
         }
-        engine::attachReference(session.database(), reference, drawing);
-        session.tellMendedNames(session.drawing().references[reference].name + engine::kReferenceSeparator);
+        engine::attachReference(session.database(), index, drawing);
+        session.tellMendedNames(session.drawing().references[index].name + engine::kReferenceSeparator);
         ++done;
     }
     if (done == 0)

@@ -5,10 +5,11 @@
 #include "Documents.h"
 #include "KelEditor.h"
 #include "MendedNames.h"
+#include "OutsideQuestions.h"
 
 #include "engine/DatabaseAccess.h"
 #include "files/DrawingFile.h"
-#include "files/References.h"
+#include "files/OutsidePaths.h"
 #include "files/TextCoding.h"
 #include "values/ReservedWords.h"
 
@@ -46,9 +47,7 @@ std::wstring fullPath(const std::wstring& typed) {
     fs::path path = zdr::systemPath(typed);
     if (!path.has_extension())
         path += kExtension;
-    std::error_code error;
-    const fs::path absolute = fs::absolute(path, error);
-    return zdr::widePath(error ? path : absolute.lexically_normal());
+    return zdr::fullPath(zdr::widePath(path));
 }
 
 /// All changes made while it lives are one step of undo.
@@ -162,14 +161,20 @@ void Session::open(const std::wstring& path) {
     if (!read)
         return;
     std::vector<zdr::ReferenceProblem> problems;
-    zdr::resolveReferences(read->drawing, full, problems);
+    OutsideQuestions questions(m_window);
+    zdr::resolveReferences(read->drawing, full, problems,
+                           [&](const zdr::OutsideReference& reference) { return questions.whyNot(reference); });
     replaceDrawing(std::move(read->drawing), full, read->stamp);
     m_window.drawingReplaced();
-    for (const zdr::ReferenceProblem& problem : problems)
-        m_window.print(L"Reference \"" + problem.name + L"\" is not shown: " + problem.reason + L"\n");
+    tellProblems(problems);
     tellMendedNames();
     m_window.print(L"Opened " + full + L".\n");
     markOpen();
+}
+
+void Session::tellProblems(const std::vector<zdr::ReferenceProblem>& problems) {
+    for (const zdr::ReferenceProblem& problem : problems)
+        m_window.print(L"Reference \"" + problem.name + L"\" is not shown: " + problem.reason + L"\n");
 }
 
 void Session::tellMendedNames(std::wstring_view prefix) {

@@ -4,6 +4,7 @@
 
 #include "SessionWindow.h"
 
+#include "files/References.h"
 #include "files/SystemFile.h"
 #include "model/Drawing.h"
 
@@ -68,6 +69,8 @@ class Session {
     /// Tells which layer states got other names when their file was read; of them those alone whose new names begin
     /// with `prefix`.
     void tellMendedNames(std::wstring_view prefix = {});
+    /// Tells which references aren't shown, and why.
+    void tellProblems(const std::vector<zdr::ReferenceProblem>& problems);
     /// Runs a command of a module, with what was typed behind its name; what it changes is one step of undo.
     void runModuleCommand(void (*function)(), const std::wstring& arguments);
 

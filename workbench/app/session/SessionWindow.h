@@ -23,6 +23,13 @@ enum class PickedFor {
 };
 
 enum class SaveAnswer { Save, Discard, Cancel };
+enum class LookAnswer { Yes, No, Cancel };
+
+/// Whether references may lead into a folder outside this computer, as the user has answered once.
+struct FolderAnswer {
+    std::wstring folder;
+    bool mayLook;
+};
 
 class SessionWindow {
   public:
@@ -38,6 +45,16 @@ class SessionWindow {
     virtual SaveAnswer askToSave(const std::wstring& name) = 0;
     /// Asks whether to write over a file that someone else has changed; `reason` tells what happened.
     virtual bool askToOverwrite(const std::wstring& reason) = 0;
+    /// Whether somebody waits for the line that runs. The lines of scripts and of the program's start are asked nothing
+    /// that they could do without.
+    virtual bool isAttended() const = 0;
+    /// Asks whether to look for a file outside this computer.
+    virtual LookAnswer askToLookOutside(const std::wstring& question) = 0;
+    /// The answers to that which are kept.
+    virtual std::vector<FolderAnswer> keptAnswers() const = 0;
+    /// Keeps one for all times, instead of a former one for the folder.
+    virtual void keepAnswer(const FolderAnswer& answer) = 0;
+    virtual void forgetAnswer(const std::wstring& folder) = 0;
     /// Asks for a path; none when the user cancels.
     virtual std::optional<std::wstring> chooseFileToOpen() = 0;
     virtual std::optional<std::wstring> chooseFileToSave(const std::wstring& proposal) = 0;

@@ -16,6 +16,9 @@ struct StartOptions {
     std::vector<std::wstring> commands; ///< run after the start, before the script
     bool keepsGoing = false;            ///< also after one of them that couldn't be done
     std::wstring error;                 ///< a sentence about the first word that makes no sense
+
+    /// Whether there is more to do than to open a drawing, so that perhaps nobody waits for it.
+    bool isBatch() const { return !commands.empty() || !script.empty(); }
 };
 
 /// @param words without the program's own name

@@ -33,6 +33,8 @@ class MainWindow : public CWnd, private SessionWindow, private runtime::DisplayO
     /// Runs these lines one after the other as soon as the window is idle, up to the first that can't be done unless it
     /// is to keep going.
     void runLater(std::vector<std::wstring> lines, bool keepsGoing);
+    /// The same for one line, as if a person had typed it.
+    void typeLater(const std::wstring& line);
     /// The program's modules.
     runtime::ModuleLoader& modules() { return m_modules; }
     /// Prints a line into the history.
@@ -64,6 +66,11 @@ class MainWindow : public CWnd, private SessionWindow, private runtime::DisplayO
     void showFailure(const std::wstring& text) override;
     SaveAnswer askToSave(const std::wstring& name) override;
     bool askToOverwrite(const std::wstring& reason) override;
+    bool isAttended() const override { return !m_waiting.isInScript(); }
+    LookAnswer askToLookOutside(const std::wstring& question) override;
+    std::vector<FolderAnswer> keptAnswers() const override;
+    void keepAnswer(const FolderAnswer& answer) override;
+    void forgetAnswer(const std::wstring& folder) override;
     std::optional<std::wstring> chooseFileToOpen() override;
     std::optional<std::wstring> chooseFileToSave(const std::wstring& proposal) override;
     std::optional<std::wstring> chooseScript() override;

@@ -2,6 +2,7 @@
 
 #include "CommandText.h"
 #include "FilePrompt.h"
+#include "KeptAnswers.h"
 #include "MainWindow.h"
 #include "ModulePath.h"
 #include "SavedRecentFiles.h"
@@ -43,6 +44,29 @@ SaveAnswer MainWindow::askToSave(const std::wstring& name) {
 bool MainWindow::askToOverwrite(const std::wstring& reason) {
     const std::wstring question = reason + L"\n\nWrite over it?";
     return MessageBox(question.c_str(), kProgramName, MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES;
+}
+
+LookAnswer MainWindow::askToLookOutside(const std::wstring& question) {
+    switch (MessageBox(question.c_str(), kProgramName, MB_YESNOCANCEL | MB_ICONEXCLAMATION | MB_DEFBUTTON2)) {
+    case IDYES:
+        return LookAnswer::Yes;
+    case IDNO:
+        return LookAnswer::No;
+    default:
+        return LookAnswer::Cancel;
+    }
+}
+
+std::vector<FolderAnswer> MainWindow::keptAnswers() const {
+    return workbench::keptAnswers();
+}
+
+void MainWindow::keepAnswer(const FolderAnswer& answer) {
+    workbench::keepAnswer(answer);
+}
+
+void MainWindow::forgetAnswer(const std::wstring& folder) {
+    workbench::forgetAnswer(folder);
 }
 
 std::optional<std::wstring> MainWindow::chooseFileToOpen() {

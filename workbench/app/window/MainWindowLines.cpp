@@ -49,6 +49,11 @@ void MainWindow::runLater(std::vector<std::wstring> lines, bool keepsGoing) {
         startTimer();
 }
 
+void MainWindow::typeLater(const std::wstring& line) {
+    m_waiting.append(line);
+    startTimer();
+}
+
 void MainWindow::startTimer() {
     if (!m_gathers && !m_waiting.isEmpty())
         SetTimer(kLineTimer, 0, nullptr);

@@ -55,7 +55,10 @@ BOOL WorkbenchApp::InitInstance() {
     if (!options.script.empty())
         lines.push_back(std::wstring(L"SCRIPT ") + (options.keepsGoing ? std::wstring(kKeepGoing) + L' ' : L"") + L'"' +
                         options.script + L'"');
-    m_window->runLater(std::move(lines), options.keepsGoing);
+    if (options.isBatch())
+        m_window->runLater(std::move(lines), options.keepsGoing);
+    else if (!lines.empty())
+        m_window->typeLater(lines.front());
     return TRUE;
 }
 

@@ -2,6 +2,9 @@
 
 #include "DrawingCheck.h"
 #include "DrawingFile.h"
+#include "OutsidePaths.h"
+#include "ShownText.h"
+#include "SystemFile.h"
 #include "TextCoding.h"
 
 #include <algorithm>
@@ -14,16 +17,23 @@ namespace {
 constexpr std::size_t kMostShown = 1000;
 constexpr std::size_t kDeepest = 256;
 
+/// Without the difference of upper and lower case where the system makes none.
+std::wstring folded(const std::wstring& path) {
+#if defined(_WIN32)
+    return foldCase(path);
+#else
+    return path;
+#endif
+}
+
 /// One spelling for one file.
 std::wstring identity(const std::wstring& path) {
+    // The library takes the name of a server for a folder.
+    if (const PathPlace place = placeOf(path, driveTarget); place.kind == PathPlace::Kind::Outside)
+        return folded(place.folder + path.substr(std::min(path.find_last_of(L"\\/"), path.size())));
     std::error_code error;
     const std::filesystem::path full = std::filesystem::weakly_canonical(systemPath(path), error);
-    std::wstring spelling = error ? path : widePath(full);
-#if defined(_WIN32)
-    return foldCase(spelling);
-#else
-    return spelling;
-#endif
+    return folded(error ? path : widePath(full));
 }
 
 /// What nests in a drawing.
@@ -41,10 +51,12 @@ struct Shown {
 
 class Resolver {
   public:
-    explicit Resolver(std::vector<ReferenceProblem>& problems) : m_problems(problems) {}
+    Resolver(std::vector<ReferenceProblem>& problems, const WhyNotOutside& whyNotOutside)
+        : m_problems(problems), m_whyNotOutside(whyNotOutside) {}
     Nesting resolve(Drawing& drawing, const std::wstring& path, const std::wstring& prefix);
 
   private:
+    std::wstring whyNot(const std::wstring& path, const std::wstring& name, const PathPlace& holder) const;
     Shown load(const std::wstring& path, const std::wstring& name);
     Shown read(const std::wstring& path, const std::wstring& id, const std::wstring& name);
     bool isTooMuch(const std::wstring& name, const Nesting& inside) const {
@@ -57,6 +69,7 @@ class Resolver {
     }
 
     std::vector<ReferenceProblem>& m_problems;
+    const WhyNotOutside& m_whyNotOutside;
     std::vector<std::wstring> m_open;     // identities, from the outermost drawing inwards
     std::map<std::wstring, Shown> m_read; // by identity; only those without any problem
     std::size_t m_shown = 0;
@@ -64,11 +77,13 @@ class Resolver {
 
 Nesting Resolver::resolve(Drawing& drawing, const std::wstring& path, const std::wstring& prefix) {
     m_open.push_back(identity(path));
-    const std::filesystem::path folder = systemPath(path).parent_path();
+    const PathPlace place = placeOf(path, driveTarget);
     Nesting inside;
     for (Reference& reference : drawing.references) {
-        // An absolute path replaces the folder.
-        const Shown shown = load(widePath(folder / systemPath(reference.path)), prefix + reference.name);
+        const std::wstring target = referencePath(path, reference.path);
+        const std::wstring name = prefix + reference.name;
+        const std::wstring reason = whyNot(target, name, place);
+        const Shown shown = reason.empty() ? load(target, name) : refuse(name, target, reason);
         reference.drawing = shown.drawing;
         inside.drawings += shown.drawing ? 1 + shown.inside.drawings : 0;
         inside.depth = std::max(inside.depth, 1 + shown.inside.depth);
@@ -76,6 +91,19 @@ Nesting Resolver::resolve(Drawing& drawing, const std::wstring& path, const std:
     }
     m_open.pop_back();
     return inside;
+}
+
+/// Why a file isn't to be looked for, in a sentence; empty when it may be.
+std::wstring Resolver::whyNot(const std::wstring& path, const std::wstring& name, const PathPlace& holder) const {
+    const PathPlace place = placeOf(path, driveTarget);
+    if (place.kind == PathPlace::Kind::Address)
+        return L"The address \"" + shownText(path) + L"\" isn't followed: a reference is a file.";
+    // Whoever has the computer of the drawing that has the reference has seen already who opens it.
+    if (place.kind == PathPlace::Kind::ThisComputer || areOnOneComputer(place, holder))
+        return {};
+    const std::wstring cause =
+        m_whyNotOutside ? m_whyNotOutside({name, path, place.folder}) : L"and nobody was asked whether to look for it";
+    return cause.empty() ? cause : L"The file \"" + shownText(path) + L"\" is outside this computer, " + cause + L".";
 }
 
 Shown Resolver::load(const std::wstring& path, const std::wstring& name) {
@@ -108,8 +136,9 @@ Shown Resolver::read(const std::wstring& path, const std::wstring& id, const std
 
 } // namespace
 
-void resolveReferences(Drawing& drawing, const std::wstring& path, std::vector<ReferenceProblem>& problems) {
-    Resolver(problems).resolve(drawing, path, L"");
+void resolveReferences(Drawing& drawing, const std::wstring& path, std::vector<ReferenceProblem>& problems,
+                       const WhyNotOutside& whyNotOutside) {
+    Resolver(problems, whyNotOutside).resolve(drawing, path, L"");
 }
 
 } // namespace zdr

@@ -195,6 +195,10 @@ std::optional<FileFacts> fileFacts(const std::wstring& path) {
     return factsOf(status);
 }
 
+std::wstring driveTarget(wchar_t) {
+    return {}; // there are no drives
+}
+
 std::int64_t fileClock() {
     using namespace std::chrono;
     return duration_cast<nanoseconds>(system_clock::now().time_since_epoch()).count();

@@ -2,6 +2,7 @@
 
 #include "FileHandleWindows.h"
 #include "SystemFailure.h"
+#include "SystemFile.h"
 
 #include <atomic>
 #include <filesystem>
@@ -52,6 +53,14 @@ std::wstring behindLinks(const std::wstring& path) {
     if (!file)
         writeFailure(L"following the link", GetLastError());
     return pathOf(file.get());
+}
+
+std::wstring driveTarget(wchar_t letter) {
+    const wchar_t drive[] = {letter, L':', L'\0'};
+    std::wstring target(32768, L'\0'); // several texts may come, the one that counts first
+    if (QueryDosDeviceW(drive, target.data(), static_cast<DWORD>(target.size())) == 0)
+        return {};
+    return target.c_str();
 }
 
 } // namespace zdr

@@ -12,6 +12,9 @@ class ScriptedWindow : public workbench::SessionWindow {
     std::vector<std::wstring> questions;
     workbench::SaveAnswer saveAnswer = workbench::SaveAnswer::Cancel;
     bool overwrite = false;
+    bool attended = true;
+    workbench::LookAnswer lookAnswer = workbench::LookAnswer::Cancel;
+    std::vector<workbench::FolderAnswer> answers; ///< those that are kept
     std::optional<std::wstring> chosenFile;
     std::wstring proposal;
     int replaced = 0, changed = 0, zoomed = 0, quits = 0;
@@ -40,6 +43,16 @@ class ScriptedWindow : public workbench::SessionWindow {
     bool askToOverwrite(const std::wstring& reason) override {
         questions.push_back(reason);
         return overwrite;
+    }
+    bool isAttended() const override { return attended; }
+    workbench::LookAnswer askToLookOutside(const std::wstring& question) override {
+        questions.push_back(question);
+        return lookAnswer;
+    }
+    std::vector<workbench::FolderAnswer> keptAnswers() const override { return answers; }
+    void keepAnswer(const workbench::FolderAnswer& answer) override { answers.push_back(answer); }
+    void forgetAnswer(const std::wstring& folder) override {
+        std::erase_if(answers, [&](const workbench::FolderAnswer& answer) { return answer.folder == folder; });
     }
     std::optional<std::wstring> chooseFileToOpen() override {
         questions.push_back(L"open");

@@ -26,3 +26,10 @@ TEST(StartOptions, TellAboutWhatMakesNoSense) {
     EXPECT_EQ(parseStartOptions({L"--module"}).error, L"The switch --module needs a value.");
     EXPECT_EQ(parseStartOptions({L"a.zdr", L"b.zdr"}).error, L"Only one drawing can be opened, so b.zdr is left out.");
 }
+
+TEST(StartOptions, AreABatchWithLinesOrAScriptToRun) {
+    EXPECT_FALSE(parseStartOptions({}).isBatch());
+    EXPECT_FALSE(parseStartOptions({L"house.zdr", L"--module", L"m.xmod", L"--keep-going"}).isBatch());
+    EXPECT_TRUE(parseStartOptions({L"house.zdr", L"--command", L"LAYERSTATE"}).isBatch());
+    EXPECT_TRUE(parseStartOptions({L"house.zdr", L"--script", L"s"}).isBatch());
+}

@@ -4,19 +4,14 @@
 #include "AsciiLetters.h"
 #include "HostName.h"
 
+#include "files/ShownText.h"
+
 #include <algorithm>
-#include <iterator>
-#include <utility>
 
 namespace remote {
 namespace {
 
 constexpr std::wstring_view kEndsServer = L"/?#\\";
-// How many characters of an address a sentence shows. What is wrong with a longer address is seen in its beginning or
-// not at all.
-constexpr std::size_t kLongestShown = 300;
-// Stands for a character that isn't shown.
-constexpr wchar_t kMark = L'\uFFFD';
 
 std::wstring lowerCase(std::wstring_view text) {
     std::wstring lower(text);
@@ -32,30 +27,8 @@ std::wstring_view trimmed(std::wstring_view text) {
                                             : text.substr(first, text.find_last_not_of(L' ') - first + 1);
 }
 
-bool isControl(wchar_t character) {
-    const auto code = static_cast<unsigned>(character);
-    return code < 0x20 || (code >= 0x7F && code < 0xA0);
-}
-
 bool holdsControl(std::wstring_view text) {
-    return std::any_of(text.begin(), text.end(), isControl);
-}
-
-/// Whether it is the first half of a character that takes two.
-bool isFirstOfPair(wchar_t character) {
-    return character >= 0xD800 && character < 0xDC00;
-}
-
-/// What would change how a line looks without being seen itself: controls, and marks that join, break or turn a text.
-bool isUnshowable(wchar_t character) {
-    constexpr std::pair<unsigned, unsigned> kInvisible[] = {
-        {0xAD, 0xAD},     {0x61C, 0x61C},   {0x180E, 0x180E}, {0x200B, 0x200F},
-        {0x2028, 0x202E}, {0x2060, 0x206F}, {0xFEFF, 0xFEFF}, {0xFFF9, 0xFFFB},
-    };
-    const auto code = static_cast<unsigned>(character);
-    return isControl(character) || std::any_of(std::begin(kInvisible), std::end(kInvisible), [code](const auto& range) {
-               return code >= range.first && code <= range.second;
-           });
+    return std::any_of(text.begin(), text.end(), zdr::isControl);
 }
 
 std::wstring withoutUser(std::wstring_view text) {
@@ -199,13 +172,7 @@ std::wstring extensionOf(const Address& address) {
 }
 
 std::wstring shownAddress(std::wstring_view text) {
-    std::wstring shown = withoutUser(text);
-    if (shown.size() > kLongestShown) {
-        const bool isWithinPair = isFirstOfPair(shown[kLongestShown - 1]);
-        shown.replace(kLongestShown - (isWithinPair ? 1 : 0), std::wstring::npos, L"...");
-    }
-    std::replace_if(shown.begin(), shown.end(), isUnshowable, kMark);
-    return shown;
+    return zdr::shownText(withoutUser(text));
 }
 
 const wchar_t* adviceOn(AddressKind kind) {

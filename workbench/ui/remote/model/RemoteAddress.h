@@ -48,8 +48,7 @@ bool isSameServer(const Address& one, const Address& other);
 /// digits.
 std::wstring extensionOf(const Address& address);
 
-/// The address for a sentence: without a user's name and password, in at most 300 characters, and with a mark in the
-/// place of each character that can't be seen or that turns what stands around it.
+/// The address for a sentence, as zdr::shownText, without a user's name and password.
 std::wstring shownAddress(std::wstring_view text);
 
 /// A sentence with what the user can do about a text of that kind; empty when there is nothing to do.
