@@ -97,7 +97,7 @@ std::optional<std::wstring_view> verbatimRest(std::wstring_view path) {
 }
 
 /// A drive may stand for another one, or for a folder of it.
-bool leadsToNetwork(wchar_t letter, DriveTarget targetOf) {
+bool leadsToNetwork(wchar_t letter, const DriveTarget& targetOf) {
     constexpr int kLetters = 26;
     for (int i = 0; i < kLetters; ++i) {
         const std::wstring target = targetOf(letter);
@@ -113,7 +113,7 @@ bool leadsToNetwork(wchar_t letter, DriveTarget targetOf) {
     return true; // in a circle
 }
 
-PathPlace placeOnDrive(std::wstring_view text, DriveTarget targetOf) {
+PathPlace placeOnDrive(std::wstring_view text, const DriveTarget& targetOf) {
     if (!leadsToNetwork(foldCharacter(text[0]), targetOf))
         return {};
     const std::wstring drive(text.substr(0, 2));
@@ -143,7 +143,7 @@ std::wstring_view rootIn(std::wstring_view path) {
 
 } // namespace
 
-PathPlace placeOf(std::wstring_view path, DriveTarget targetOf) {
+PathPlace placeOf(std::wstring_view path, const DriveTarget& targetOf) {
     const std::wstring text = withBackslashes(path);
     if (isAddress(text))
         return {PathPlace::Kind::Address, {}, {}};

@@ -4,6 +4,7 @@
 
 #include "KelExport.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -22,9 +23,9 @@ struct PathPlace {
 };
 
 /// What the system has written down for the letter of a drive, as `\Device\Harddisk0`; empty for one that is free.
-using DriveTarget = std::wstring (*)(wchar_t letter);
+using DriveTarget = std::function<std::wstring(wchar_t letter)>;
 
-KELDB_API PathPlace placeOf(std::wstring_view path, DriveTarget targetOf);
+KELDB_API PathPlace placeOf(std::wstring_view path, const DriveTarget& targetOf);
 
 /// Whether both are outside, on the same computer.
 KELDB_API bool areOnOneComputer(const PathPlace& one, const PathPlace& other);

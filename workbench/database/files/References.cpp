@@ -26,16 +26,6 @@ std::wstring folded(const std::wstring& path) {
 #endif
 }
 
-/// One spelling for one file.
-std::wstring identity(const std::wstring& path) {
-    // The library takes the name of a server for a folder.
-    if (const PathPlace place = placeOf(path, driveTarget); place.kind == PathPlace::Kind::Outside)
-        return folded(place.folder + path.substr(std::min(path.find_last_of(L"\\/"), path.size())));
-    std::error_code error;
-    const std::filesystem::path full = std::filesystem::weakly_canonical(systemPath(path), error);
-    return folded(error ? path : widePath(full));
-}
-
 /// What nests in a drawing.
 struct Nesting {
     std::size_t drawings = 0;   // each as often as it is shown
@@ -53,9 +43,12 @@ class Resolver {
   public:
     Resolver(std::vector<ReferenceProblem>& problems, const WhyNotOutside& whyNotOutside)
         : m_problems(problems), m_whyNotOutside(whyNotOutside) {}
+    Resolver(const Resolver&) = delete;
+    Resolver& operator=(const Resolver&) = delete;
     Nesting resolve(Drawing& drawing, const std::wstring& path, const std::wstring& prefix);
 
   private:
+    std::wstring identity(const std::wstring& path) const;
     std::wstring whyNot(const std::wstring& path, const std::wstring& name, const PathPlace& holder) const;
     Shown load(const std::wstring& path, const std::wstring& name);
     Shown read(const std::wstring& path, const std::wstring& id, const std::wstring& name);
@@ -68,6 +61,12 @@ class Resolver {
         return {};
     }
 
+    // Each drive is looked up once.
+    std::map<wchar_t, std::wstring> m_drives;
+    const DriveTarget m_targetOf = [this](wchar_t letter) {
+        const auto known = m_drives.find(letter);
+        return known != m_drives.end() ? known->second : m_drives.emplace(letter, driveTarget(letter)).first->second;
+    };
     std::vector<ReferenceProblem>& m_problems;
     const WhyNotOutside& m_whyNotOutside;
     std::vector<std::wstring> m_open;     // identities, from the outermost drawing inwards
@@ -75,9 +74,19 @@ class Resolver {
     std::size_t m_shown = 0;
 };
 
+/// One spelling for one file.
+std::wstring Resolver::identity(const std::wstring& path) const {
+    // The library takes the name of a server for a folder.
+    if (const PathPlace place = placeOf(path, m_targetOf); place.kind == PathPlace::Kind::Outside)
+        return folded(place.folder + path.substr(std::min(path.find_last_of(L"\\/"), path.size())));
+    std::error_code error;
+    const std::filesystem::path full = std::filesystem::weakly_canonical(systemPath(path), error);
+    return folded(error ? path : widePath(full));
+}
+
 Nesting Resolver::resolve(Drawing& drawing, const std::wstring& path, const std::wstring& prefix) {
     m_open.push_back(identity(path));
-    const PathPlace place = placeOf(path, driveTarget);
+    const PathPlace place = placeOf(path, m_targetOf);
     Nesting inside;
     for (Reference& reference : drawing.references) {
         const std::wstring target = referencePath(path, reference.path);
@@ -95,7 +104,7 @@ Nesting Resolver::resolve(Drawing& drawing, const std::wstring& path, const std:
 
 /// Why a file isn't to be looked for, in a sentence; empty when it may be.
 std::wstring Resolver::whyNot(const std::wstring& path, const std::wstring& name, const PathPlace& holder) const {
-    const PathPlace place = placeOf(path, driveTarget);
+    const PathPlace place = placeOf(path, m_targetOf);
     if (place.kind == PathPlace::Kind::Address)
         return L"The address \"" + shownText(path) + L"\" isn't followed: a reference is a file.";
     // Whoever has the computer of the drawing that has the reference has seen already who opens it.

@@ -1,0 +1,95 @@
+// Drawings on a server. Wine finds the folders of servers in its own; on a Windows these tests have no server.
+
+#include "CommandFixture.h"
+
+#include <cstdlib>
+
+using testing::IsEmpty;
+using testing::SizeIs;
+using testing::StartsWith;
+using workbench::LookAnswer;
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const wchar_t* kShared = L"\\\\zdr-server\\plans\\";
+
+/// A server with a folder, while this lives.
+class Server {
+  public:
+    Server() {
+        const char* prefix = std::getenv("WINEPREFIX");
+        if (!prefix)
+            return;
+        m_server = fs::path("Z:" + std::string(prefix)) / "dosdevices" / "unc" / "zdr-server";
+        fs::create_directories(m_server / "plans" / "sites");
+    }
+    ~Server() {
+        std::error_code error;
+        fs::remove_all(m_server, error);
+    }
+    Server(const Server&) = delete;
+    Server& operator=(const Server&) = delete;
+
+    bool isThere() const { return !m_server.empty(); }
+
+  private:
+    fs::path m_server;
+};
+
+class OutsideServerTest : public CommandFixture {
+  protected:
+    void SetUp() override {
+        if (!server.isThere())
+            GTEST_SKIP() << "no Wine, no server";
+        run(L"SAVEAS \"" + std::wstring(kShared) + L"sites\\site.zdr\"");
+        EXPECT_TRUE(done);
+        run(L"NEW");
+    }
+    void TearDown() override {
+        // So that no file of the server is open when it goes.
+        window.saveAnswer = workbench::SaveAnswer::Discard;
+        run(L"NEW");
+    }
+    bool isShown() const { return drawing().references.at(0).drawing != nullptr; }
+
+    Server server;
+};
+
+} // namespace
+
+TEST_F(OutsideServerTest, ADrawingOnItIsSavedAndOpened) {
+    EXPECT_EQ(session.path(), L"");
+    EXPECT_EQ(run(L"OPEN //zdr-server/plans/sites/site"), L"Opened //zdr-server/plans/sites/site.zdr.\n");
+    EXPECT_EQ(session.name(), L"site.zdr");
+    EXPECT_THAT(window.failures, IsEmpty());
+    EXPECT_THAT(window.questions, IsEmpty());
+}
+
+TEST_F(OutsideServerTest, AReferenceToItIsShownAfterYes) {
+    run(L"ATTACH " + std::wstring(kShared) + L"sites\\site");
+    EXPECT_EQ(drawing().references.at(0).path, std::wstring(kShared) + L"sites\\site.zdr");
+    EXPECT_THAT(window.questions, IsEmpty()) << "the path was typed";
+    run(L"SAVEAS " + path("house.zdr"));
+    window.lookAnswer = LookAnswer::No;
+    run(L"OPEN " + path("house.zdr"));
+    EXPECT_FALSE(isShown());
+    run(L"OUTSIDE FORGET \\\\ZDR-SERVER\\plans\\sites");
+    window.lookAnswer = LookAnswer::Yes;
+    run(L"OPEN " + path("house.zdr"));
+    EXPECT_TRUE(isShown());
+    EXPECT_THAT(window.questions, SizeIs(2));
+}
+
+TEST_F(OutsideServerTest, DrawingsOnItShowEachOtherWithoutAQuestion) {
+    run(L"SAVEAS " + std::wstring(kShared) + L"house.zdr");
+    run(L"ATTACH sites\\site.zdr");
+    EXPECT_EQ(drawing().references.at(0).path, L"sites\\site.zdr") << "it counts from the drawing";
+    run(L"ATTACH \\sites\\site.zdr other");
+    run(L"SAVE");
+    run(L"OPEN " + std::wstring(kShared) + L"house.zdr");
+    ASSERT_EQ(drawing().references.size(), 2u);
+    EXPECT_TRUE(isShown());
+    EXPECT_THAT(window.questions, IsEmpty());
+}
