@@ -23,6 +23,7 @@ class Server {
         if (!prefix)
             return;
         m_server = fs::path("Z:" + std::string(prefix)) / "dosdevices" / "unc" / "zdr-server";
+        fs::remove_all(m_server);
         fs::create_directories(m_server / "plans" / "sites");
     }
     ~Server() {
