@@ -342,6 +342,45 @@ TEST_F(Undo, TellsEachKindOfChangeThatStays) {
     }
 }
 
+TEST_F(Undo, TellsTheNameOfTheOutermostGroup) {
+    const auto named = [this](const std::wstring& name, const wchar_t* state) {
+        engine::beginUndoGroup(m_database, name);
+        engine::beginUndoGroup(m_database, L"inner");
+        states().saveLayerState(state, MaskAllProperties);
+        engine::endUndoGroup(m_database);
+        engine::endUndoGroup(m_database);
+    };
+    EXPECT_EQ(engine::undoName(m_database), L"");
+    named(L"one", L"A");
+    named(L"two", L"B");
+    EXPECT_EQ(engine::undoName(m_database), L"two");
+    EXPECT_EQ(engine::redoName(m_database), L"");
+    engine::undo(m_database);
+    EXPECT_EQ(engine::undoName(m_database), L"one");
+    EXPECT_EQ(engine::redoName(m_database), L"two");
+    engine::redo(m_database);
+    EXPECT_EQ(engine::undoName(m_database), L"two");
+    EXPECT_EQ(engine::redoName(m_database), L"");
+}
+
+TEST_F(Undo, ANameGoesToItsOwnStepAlone) {
+    engine::beginUndoGroup(m_database, L"nothing");
+    engine::endUndoGroup(m_database);
+    states().saveLayerState(L"A", MaskAllProperties);
+    EXPECT_EQ(engine::undoName(m_database), L"") << "changed outside of groups";
+    engine::undo(m_database);
+    EXPECT_EQ(engine::redoName(m_database), L"");
+    engine::beginUndoGroup(m_database, L"some");
+    states().saveLayerState(L"B", MaskAllProperties);
+    EXPECT_EQ(engine::undoName(m_database), L"some");
+    engine::endUndoGroup(m_database);
+    states().saveLayerState(L"C", MaskAllProperties);
+    EXPECT_EQ(engine::undoName(m_database), L"");
+    engine::undo(m_database);
+    EXPECT_EQ(engine::undoName(m_database), L"some");
+    EXPECT_EQ(engine::redoName(m_database), L"");
+}
+
 TEST_F(Undo, SharesColumnsInsteadOfCopyingThem) {
     states().saveLayerState(L"Plan", MaskAllProperties);
     const void* columns = drawing().columns.colors.values().data();

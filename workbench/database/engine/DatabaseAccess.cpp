@@ -147,8 +147,8 @@ void setOverride(KelDbDatabase& database, zdr::Handle viewport, const zdr::Viewp
         overrides.insert(place, layer);
 }
 
-void beginUndoGroup(KelDbDatabase& database) {
-    impOf(database).beginUndoGroup();
+void beginUndoGroup(KelDbDatabase& database, std::wstring name) {
+    impOf(database).beginUndoGroup(std::move(name));
 }
 
 void endUndoGroup(KelDbDatabase& database) {
@@ -161,6 +161,14 @@ bool undo(KelDbDatabase& database) {
 
 bool redo(KelDbDatabase& database) {
     return impOf(database).redo();
+}
+
+std::wstring undoName(const KelDbDatabase& database) {
+    return impOf(database).history().undoName();
+}
+
+std::wstring redoName(const KelDbDatabase& database) {
+    return impOf(database).history().redoName();
 }
 
 bool canUndo(const KelDbDatabase& database) {

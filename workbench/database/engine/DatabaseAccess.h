@@ -58,19 +58,23 @@ KELDB_API void setFrozenInViewport(KelDbDatabase& database, zdr::Handle viewport
 /// Gives a layer an override in one viewport, which replaces the one it had; a mask of 0 takes it away.
 KELDB_API void setOverride(KelDbDatabase& database, zdr::Handle viewport, const zdr::ViewportOverride& layer);
 
-/// Brackets changes that are undone together. Groups nest; the outermost counts.
-KELDB_API void beginUndoGroup(KelDbDatabase& database);
+/// Brackets changes that are undone together. Groups nest; the outermost counts, and its name, by which people are told
+/// what is taken back.
+KELDB_API void beginUndoGroup(KelDbDatabase& database, std::wstring name = {});
 KELDB_API void endUndoGroup(KelDbDatabase& database);
 /// Undoes the last group, or all changes that were made outside groups after it. False when there is nothing to undo,
 /// or while a group is open.
 KELDB_API bool undo(KelDbDatabase& database);
 KELDB_API bool redo(KelDbDatabase& database);
+/// The name of the group that undo() or redo() takes; empty where it has none, or there is nothing to take.
+KELDB_API std::wstring undoName(const KelDbDatabase& database);
+KELDB_API std::wstring redoName(const KelDbDatabase& database);
 KELDB_API bool canUndo(const KelDbDatabase& database);
 KELDB_API bool canRedo(const KelDbDatabase& database);
 
 /// Gives one of the drawing's references the drawing to show: its layers are then among the drawing's as "name!layer",
-/// its own states as "name!state". Null leaves the reference unresolved: its layers stay, its states go. This can't be
-/// undone, nor can anything before it.
+/// its own states as "name!state". Null unloads the reference: its layers stay, its states go, and the drawing's file
+/// says so. This can't be undone, nor can anything before it.
 KELDB_API void attachReference(KelDbDatabase& database, std::size_t reference,
                                std::shared_ptr<const zdr::Drawing> drawing);
 

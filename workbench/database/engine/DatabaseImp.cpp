@@ -137,8 +137,8 @@ void DatabaseImp::setExtendedData(zdr::Handle object, std::wstring application,
     perform(ExtendedDataChange{object, std::move(application), std::move(values)}, {});
 }
 
-void DatabaseImp::beginUndoGroup() {
-    m_history.beginGroup();
+void DatabaseImp::beginUndoGroup(std::wstring name) {
+    m_history.beginGroup(std::move(name));
 }
 
 void DatabaseImp::endUndoGroup() {

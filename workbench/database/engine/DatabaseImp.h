@@ -111,7 +111,7 @@ class DatabaseImp : public KelDbImpDatabase {
     void setReferenceDrawing(std::size_t reference, std::shared_ptr<const zdr::Drawing> drawing);
     UndoHistory& history() { return m_history; }
     const UndoHistory& history() const { return m_history; }
-    void beginUndoGroup();
+    void beginUndoGroup(std::wstring name);
     void endUndoGroup();
     bool undo();
     bool redo();

@@ -25,9 +25,11 @@ void exchange(Change& change, zdr::Drawing& drawing, ObjectDirectory& objects) {
 
 } // namespace
 
-void UndoHistory::beginGroup() {
-    if (m_depth == 0)
+void UndoHistory::beginGroup(std::wstring name) {
+    if (m_depth == 0) {
         close();
+        m_open.name = std::move(name);
+    }
     ++m_depth;
 }
 
@@ -48,6 +50,8 @@ std::optional<std::uint64_t> UndoHistory::endGroup(const zdr::Drawing& drawing,
         former.reset(); // what the group has changed stays open, and is closed with what comes next
     }
     m_undoneBefore.clear();
+    if (m_open.changes.empty())
+        m_open.name.clear(); // a group without changes leaves its name to nothing
     return former;
 }
 
@@ -65,6 +69,12 @@ void UndoHistory::close() {
     m_open = {};
     if (m_done.size() > kMaxUndoSteps)
         m_done.pop_front();
+}
+
+std::wstring UndoHistory::undoName() const {
+    if (!m_open.changes.empty())
+        return m_open.name;
+    return m_done.empty() ? std::wstring() : m_done.back().name;
 }
 
 std::optional<Parts> UndoHistory::undoable() const {
@@ -111,6 +121,7 @@ void UndoHistory::divide(std::deque<Step>& from, std::deque<Step>& to, Way way, 
     const auto count = static_cast<std::ptrdiff_t>(done);
     const auto first = way == Way::Back ? changes.end() - count : changes.begin();
     try {
+        to.back().name = from.back().name;
         to.back().changes.assign(std::move_iterator(first), std::move_iterator(first + count));
         changes.erase(first, first + count);
         to.back().content = m_content.value();

@@ -36,7 +36,8 @@ class UndoHistory {
   public:
     /// @param content the drawing's, which outlives the history
     explicit UndoHistory(const ContentNumber& content) : m_content(content) {}
-    void beginGroup();
+    /// @param name of what makes the changes, for people; empty where it has none. The outermost group's counts.
+    void beginGroup(std::wstring name);
     /// Ends the group, also when memory runs out: it may then be a step though it changed nothing, or be one step with
     /// what comes after it.
     /// @return the content's number when this ended the outermost group, and it left the drawing as it was
@@ -44,6 +45,9 @@ class UndoHistory {
     bool inGroup() const { return m_depth > 0; }
     bool canUndo() const { return !m_done.empty() || !m_open.changes.empty(); }
     bool canRedo() const { return !m_undone.empty() && m_open.changes.empty(); }
+    /// The name of the step that undo() or redo() takes; empty where it has none, or there is nothing to take.
+    std::wstring undoName() const;
+    std::wstring redoName() const { return canRedo() ? m_undone.back().name : std::wstring(); }
     /// What the next undo() or redo() writes; none when there is nothing to take back, or within a group.
     std::optional<Parts> undoable() const;
     std::optional<Parts> redoable() const;
@@ -71,6 +75,7 @@ class UndoHistory {
 
   private:
     struct Step {
+        std::wstring name;
         std::vector<Change> changes;
         std::uint64_t content = 0; ///< number of the content on the other side of the step
         bool columns = false, settings = false;
