@@ -1,11 +1,12 @@
 // What the host calls to start and end the module: the load and unload messages, and the version of the interface.
 #include "KelRuntime.h"
 #include "ModuleHandles.h"
+#include "NewOrNull.h"
 #include "Registration.h"
 
 #include <afxdllx.h>
 
-#include <new>
+#include <memory>
 #include <utility>
 
 namespace {
@@ -39,30 +40,26 @@ class ResourceModuleStep {
 class FrameworkStep {
   public:
     FrameworkStep() : m_wasLinked(extensionModule.bInitialized) {
-        if (!AfxInitExtensionModule(extensionModule, g_moduleInstance))
-            return;
-        try {
-            m_link = new CDynLinkLibrary(extensionModule, FALSE);
-        } catch (CMemoryException* exception) {
-            exception->Delete();
-        } catch (const std::bad_alloc&) {
-            // The framework and the language each have their own exception for lack of memory.
-        }
+        if (AfxInitExtensionModule(extensionModule, g_moduleInstance))
+            m_link = newOrNull<CDynLinkLibrary>(extensionModule, FALSE);
     }
     ~FrameworkStep() {
         if (m_kept)
             return;
-        delete m_link;
+        m_link.reset();
         if (!m_wasLinked)
             AfxTermExtensionModule(extensionModule, FALSE);
     }
     FrameworkStep(const FrameworkStep&) = delete;
     FrameworkStep& operator=(const FrameworkStep&) = delete;
-    void keep() { m_kept = true; }
+    void keep() {
+        m_link.release();
+        m_kept = true;
+    }
 
   private:
     BOOL m_wasLinked;
-    CDynLinkLibrary* m_link = nullptr;
+    std::unique_ptr<CDynLinkLibrary> m_link;
     bool m_kept = false;
 };
 
