@@ -118,6 +118,18 @@ TEST_F(AttachedReferences, ThatAreNotThereLeaveTheirLayersUnresolved) {
     EXPECT_THAT(stateNames(), ElementsAre());
 }
 
+TEST_F(AttachedReferences, AreUnloadedUntilTheyAreAttachedAgain) {
+    EXPECT_FALSE(drawing().references[0].unloaded) << "missing so far, and nobody has left it out";
+    attach();
+    EXPECT_FALSE(drawing().references[0].unloaded);
+    const std::uint64_t loaded = engine::contentNumber(m_database);
+    detach();
+    EXPECT_TRUE(drawing().references[0].unloaded);
+    EXPECT_NE(engine::contentNumber(m_database), loaded) << "the file has to be told";
+    attach();
+    EXPECT_FALSE(drawing().references[0].unloaded);
+}
+
 TEST_F(AttachedReferences, ARestoreThatWouldChangeAnUnresolvedLayerSaysSoAndDoesTheRest) {
     attach();
     states().saveLayerState(L"Plan", MaskAllProperties);

@@ -220,6 +220,7 @@ void Comparison::rest() {
              point(what + " insertion", x.insertion, y.insertion);
              same(what + " scale", x.scale, y.scale);
              same(what + " rotation", x.rotation, y.rotation);
+             same(what + " is unloaded", x.unloaded, y.unloaded);
          });
     each("application", m_a.applications, m_b.applications,
          [&](const std::string& what, const std::wstring& x, const std::wstring& y) { same(what, x, y); });

@@ -39,6 +39,12 @@ TEST(OldVersions, theThirdIsReadAsItWasWritten) {
     EXPECT_NE(difference(drawing, sampleDrawing()), "");
 }
 
+TEST(OldVersions, theFourthIsReadAsItWasWritten) {
+    const Drawing drawing = oldDrawing(L"/version4.zdr");
+    EXPECT_EQ(difference(drawing, unloadedDrawing()), "");
+    EXPECT_NE(difference(drawing, sampleDrawing()), "");
+}
+
 TEST(OldVersions, standardsAndTemplatesAreDrawingsUnderOtherNames) {
     for (const wchar_t* name : {L"/version1.zds", L"/version1.zdt"}) {
         KelDbDatabase database(false, true);

@@ -83,6 +83,20 @@ TEST(Reading, aFileOfAnotherKindIsNotADrawing) {
     EXPECT_THAT(reason, HasSubstr("isn't a drawing"));
 }
 
+TEST(Reading, aFileThatIsShorterThanTheMarkIsADrawingOnlyAsFarAsItGoes) {
+    std::string reason;
+    for (const char* text : {"Hello.", "Hello", "\x10\x10\x10\x10KZx"}) {
+        EXPECT_EQ(refusedBytes(asBytes(text), reason), Vorn::eNotADrawing) << text;
+        EXPECT_THAT(reason, HasSubstr("isn't a drawing: it doesn't begin with the mark of one"));
+    }
+    EXPECT_EQ(refusedBytes(asBytes("\x10\x10\x10\x10KZD"), reason), Vorn::eFileCutOff);
+    EXPECT_THAT(reason, HasSubstr("is cut off: only its first 7 bytes are there"));
+    EXPECT_EQ(refusedBytes(asBytes("text"), reason), Vorn::eFileCutOff);
+    EXPECT_THAT(reason, HasSubstr("isn't a drawing, or only the first 4 bytes of one: too few to tell"));
+    EXPECT_EQ(refusedBytes(asBytes("t"), reason), Vorn::eFileCutOff);
+    EXPECT_THAT(reason, HasSubstr("only the first 1 byte of one"));
+}
+
 TEST(Reading, aMarkAloneMakesNoDrawing) {
     std::string reason;
     EXPECT_EQ(refusedBytes(asBytes("\xFF\xFF\xFF\x7FKZDR"), reason), Vorn::eFileCutOff);
@@ -123,13 +137,13 @@ TEST(Reading, aNewerVersionIsRefusedBeforeAnythingElseOfItIsRead) {
     // As a newer program might write it: tables that this one can't know.
     flatbuffers::FlatBufferBuilder builder;
     const auto start = builder.StartTable();
-    builder.AddElement<std::uint32_t>(file::Drawing::VT_VERSION, 4, 0);
+    builder.AddElement<std::uint32_t>(file::Drawing::VT_VERSION, 5, 0);
     builder.AddElement<std::uint64_t>(file::Drawing::VT_LAYERS, 77, 0); // no longer an offset
     builder.Finish(flatbuffers::Offset<file::Drawing>(builder.EndTable(start)), file::DrawingIdentifier());
     std::string reason;
     EXPECT_EQ(refusedBytes(std::as_bytes(std::span(builder.GetBufferPointer(), builder.GetSize())), reason),
               Vorn::eNewerVersion);
-    EXPECT_THAT(reason, HasSubstr("newer version of this program: its format is 4"));
+    EXPECT_THAT(reason, HasSubstr("newer version of this program: its format is 5"));
 }
 
 TEST(Reading, theStampTellsWhatTheFileWas) {

@@ -1,4 +1,5 @@
 // Drawings that show other drawings.
+#include "FilePatch.h"
 #include "SampleDrawing.h"
 #include "TemporaryFolder.h"
 #include "files/DrawingFile.h"
@@ -150,6 +151,34 @@ TEST_F(References, aLongChainIsFollowedToItsEnd) {
     for (const Drawing* at = &first; !at->references.empty(); at = at->references[0].drawing.get(), ++depth)
         ASSERT_NE(at->references[0].drawing, nullptr) << depth;
     EXPECT_EQ(depth, length);
+}
+
+TEST_F(References, oneThatIsUnloadedIsNeitherReadNorTold) {
+    write(L"grid.zdr", {});
+    write(L"plan.zdr", {L"grid.zdr"});
+    Drawing drawing = plainDrawing();
+    for (const wchar_t* name : {L"grid", L"gone", L"plan"})
+        drawing.references.push_back({name, name + std::wstring(L".zdr"), {}, 1, 0, nullptr});
+    drawing.references[0].unloaded = drawing.references[1].unloaded = true;
+    std::wstring reason;
+    FileStamp stamp;
+    ASSERT_EQ(writeDrawingFile(m_folder.file(L"main.zdr"), drawing, reason, stamp), Vorn::eOk) << toUtf8(reason);
+    const Drawing main = open(L"main.zdr");
+    EXPECT_EQ(main.references[0].drawing, nullptr);
+    EXPECT_TRUE(main.references[0].unloaded);
+    EXPECT_FALSE(main.references[2].unloaded);
+    ASSERT_NE(main.references[2].drawing, nullptr);
+    EXPECT_NE(main.references[2].drawing->references[0].drawing, nullptr) << "it is loaded there";
+    EXPECT_TRUE(m_problems.empty());
+}
+
+TEST_F(References, anUnloadedOneMakesAFileOfTheFourthVersion) {
+    Drawing drawing = sampleDrawing();
+    EXPECT_EQ(FilePatch(drawing).root().version(), 1u);
+    drawing.references[1].unloaded = true;
+    EXPECT_EQ(FilePatch(drawing).root().version(), 4u);
+    drawing.linetypeScale = 2;
+    EXPECT_EQ(FilePatch(drawing).root().version(), 4u);
 }
 
 // Few files, each of them read once, but shown very often.

@@ -156,6 +156,12 @@ Drawing linetypeScaleDrawing() {
     return drawing;
 }
 
+Drawing unloadedDrawing() {
+    Drawing drawing = sampleDrawing();
+    drawing.references[0].unloaded = true;
+    return drawing;
+}
+
 Drawing plainDrawing() {
     Drawing drawing;
     const NameId continuous = drawing.names.intern(L"Continuous");

@@ -16,5 +16,8 @@ std::vector<KelCmColor> sampleNamedColors();
 /// The first one with a linetype scale of its own. The file in tests/data of version 3 holds it.
 zdr::Drawing linetypeScaleDrawing();
 
+/// The first one with its first reference unloaded. The file in tests/data of version 4 holds it.
+zdr::Drawing unloadedDrawing();
+
 /// The least that a drawing can be: one layer.
 zdr::Drawing plainDrawing();

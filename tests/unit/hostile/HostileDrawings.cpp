@@ -48,7 +48,8 @@ void append(std::vector<Attack>& all, std::vector<Attack> more) {
 std::vector<Attack> strangers() {
     return {
         bytes("nothing", "", Vorn::eFileCutOff, "is empty"),
-        bytes("threeBytes", "KZD", Vorn::eFileCutOff, "is cut off: only its first 3 bytes are there"),
+        bytes("threeBytes", "KZD", Vorn::eFileCutOff, "isn't a drawing, or only the first 3 bytes of one"),
+        bytes("shortText", "Hello.", Vorn::eNotADrawing, "it doesn't begin with the mark of one"),
         bytes("text", "This is no drawing at all.", Vorn::eNotADrawing, "it doesn't begin with the mark of one"),
         bytes("layerStatesFile", "{\n  \"layerStateFile\": 1\n}", Vorn::eNotADrawing, "isn't a drawing"),
         bytes("byteOrderMark", "\xEF\xBB\xBF{\"version\": 1}", Vorn::eNotADrawing, "isn't a drawing"),

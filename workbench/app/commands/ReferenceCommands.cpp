@@ -61,6 +61,7 @@ std::shared_ptr<const zdr::Drawing> ReferenceReader::read(const zdr::Reference& 
                                                           std::wstring& reason) {
     zdr::Drawing holder;
     holder.references.push_back(reference);
+    holder.references[0].unloaded = false;
     std::vector<zdr::ReferenceProblem> problems;
     bool isLeftOut = false;
     zdr::resolveReferences(holder, m_session.path(), problems, [&](const zdr::OutsideReference& outside) {

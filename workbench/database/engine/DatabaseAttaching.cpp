@@ -118,6 +118,7 @@ void DatabaseImp::followLinetype(std::size_t index, zdr::Linetype theirs) {
 
 void DatabaseImp::setReferenceDrawing(std::size_t reference, std::shared_ptr<const zdr::Drawing> drawing) {
     const Writing writing(m_lookups, {});
+    m_drawing.references[reference].unloaded = !drawing;
     m_drawing.references[reference].drawing = std::move(drawing);
 }
 

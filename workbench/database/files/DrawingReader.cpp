@@ -188,6 +188,7 @@ void DrawingReader::readReferences() {
         reference.insertion = {source->insertion()->x(), source->insertion()->y()};
         reference.scale = source->scale();
         reference.rotation = source->rotation();
+        reference.unloaded = source->unloaded();
     }
 }
 

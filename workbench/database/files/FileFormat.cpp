@@ -2,22 +2,35 @@
 
 #include "Refusal.h"
 
+#include <algorithm>
+#include <string_view>
+
 namespace zdr {
 namespace {
 
-constexpr std::size_t kMarkEnd = 8; // the offset of the first table, and the mark after it
+constexpr std::size_t kMarkStart = 4; // behind the offset of the first table
+constexpr std::size_t kMarkEnd = 8;
 
 std::wstring bytesText(std::uint64_t count) {
     return std::to_wstring(count) + (count == 1 ? L" byte" : L" bytes");
 }
 
+/// As much of the mark as a file of so few bytes holds.
+std::string_view beginningOfMark(std::span<const std::byte> bytes) {
+    const std::span<const std::byte> mark = bytes.first(std::min(bytes.size(), kMarkEnd)).subspan(kMarkStart);
+    return {reinterpret_cast<const char*>(mark.data()), mark.size()};
+}
+
 void checkMark(std::span<const std::byte> bytes) {
     if (bytes.empty())
         throw Refusal{Vorn::eFileCutOff, L"is empty"};
+    if (bytes.size() <= kMarkStart)
+        throw Refusal{Vorn::eFileCutOff,
+                      L"isn't a drawing, or only the first " + bytesText(bytes.size()) + L" of one: too few to tell"};
+    if (!std::string_view(file::DrawingIdentifier()).starts_with(beginningOfMark(bytes)))
+        throw Refusal{Vorn::eNotADrawing, L"isn't a drawing: it doesn't begin with the mark of one"};
     if (bytes.size() < kMarkEnd)
         throw Refusal{Vorn::eFileCutOff, L"is cut off: only its first " + bytesText(bytes.size()) + L" are there"};
-    if (!flatbuffers::BufferHasIdentifier(bytes.data(), file::DrawingIdentifier()))
-        throw Refusal{Vorn::eNotADrawing, L"isn't a drawing: it doesn't begin with the mark of one"};
     if (bytes.size() > kLargestFile)
         throw Refusal{Vorn::eFileCutOff,
                       L"is damaged: its " + bytesText(bytes.size()) + L" are more than a drawing file can have"};

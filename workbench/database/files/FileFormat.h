@@ -14,8 +14,9 @@ namespace zdr {
 inline constexpr std::uint32_t kFirstVersion = 1;
 inline constexpr std::uint32_t kNamedColorsVersion = 2;
 inline constexpr std::uint32_t kLinetypeScaleVersion = 3;
+inline constexpr std::uint32_t kUnloadedVersion = 4;
 /// The newest version that this program reads. It grows with every change of the schema.
-inline constexpr std::uint32_t kFileVersion = kLinetypeScaleVersion;
+inline constexpr std::uint32_t kFileVersion = kUnloadedVersion;
 
 /// No drawing file is larger: offsets in it have 31 bits.
 inline constexpr std::uint64_t kLargestFile = FLATBUFFERS_MAX_BUFFER_SIZE - 1;

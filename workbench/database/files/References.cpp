@@ -89,6 +89,8 @@ Nesting Resolver::resolve(Drawing& drawing, const std::wstring& path, const std:
     const PathPlace place = placeOf(path, m_targetOf);
     Nesting inside;
     for (Reference& reference : drawing.references) {
+        if (reference.unloaded)
+            continue;
         const std::wstring target = referencePath(path, reference.path);
         const std::wstring name = prefix + reference.name;
         const std::wstring reason = whyNot(target, name, place);

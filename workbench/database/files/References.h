@@ -32,7 +32,7 @@ using WhyNotOutside = std::function<std::wstring(const OutsideReference& referen
 /// the folder of the drawing that has the reference. A reference whose file can't be read, or leads back to a drawing
 /// that it is nested in, is left without a drawing and listed in `problems`. So is one that leads to another computer
 /// than the one of the drawing that has it, and out of this one, unless `whyNotOutside` allows it; nothing at all is
-/// asked about its file before.
+/// asked about its file before. One that is unloaded isn't read, nor listed.
 KELDB_API void resolveReferences(Drawing& drawing, const std::wstring& path, std::vector<ReferenceProblem>& problems,
                                  const WhyNotOutside& whyNotOutside = {});
 

@@ -145,7 +145,8 @@ TableWriter::Vector<file::Reference> TableWriter::references() {
         const Text name = text(reference.name);
         const Text path = text(reference.path);
         const file::Point insertion(reference.insertion.x, reference.insertion.y);
-        tables.push_back(file::CreateReference(m_builder, name, path, &insertion, reference.scale, reference.rotation));
+        tables.push_back(file::CreateReference(m_builder, name, path, &insertion, reference.scale, reference.rotation,
+                                               reference.unloaded));
     }
     return m_builder.CreateVector(tables);
 }
@@ -179,6 +180,8 @@ Offset<file::LayerColumns> TableWriter::columns() {
 }
 
 std::uint32_t TableWriter::version() const {
+    if (std::ranges::any_of(m_drawing.references, &Reference::unloaded))
+        return kUnloadedVersion;
     if (m_drawing.linetypeScale != 1)
         return kLinetypeScaleVersion;
     return m_numbers.namedColors().empty() ? kFirstVersion : kNamedColorsVersion;

@@ -131,6 +131,7 @@ struct Reference {
     double scale = 1;
     double rotation = 0;                    ///< radians
     std::shared_ptr<const Drawing> drawing; ///< null while unresolved
+    bool unloaded = false;                  ///< left unresolved until somebody wants it loaded
 };
 
 /// Extended data of one object for one registered application, as code and value pairs.
