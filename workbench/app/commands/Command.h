@@ -14,7 +14,8 @@ enum class Offer {
     Nothing,
     Commands,
     Drawings,
-    Files, ///< of any kind
+    Scripts, ///< files of any kind, and the switch that may stand before one
+    Files,   ///< of any kind, from the folder in which the program was started
     Modules,
     Layouts,
     Viewports,

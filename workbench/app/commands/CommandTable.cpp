@@ -36,7 +36,7 @@ constexpr Command kCommands[] = {
     {L"OUTSIDE", nullptr, L"option ...", L"Tells into which folders outside this computer attached drawings may lead.", kText, Offer::Nothing, nullptr, commands::outsideOptions},
     {L"MODULE", nullptr, L"option ...", L"Loads modules and unloads them.", kText, Offer::Nothing, nullptr, commands::moduleOptions},
     {L"SETVAR", nullptr, L"[name [value]]", L"Shows a system variable or sets it; without a name, lists them all.", {0, 2}, Offer::Variables, commands::setVariable, nullptr},
-    {L"SCRIPT", nullptr, L"[--keep-going] [path]", L"Runs the lines of a text file up to the first that can't be done, or all of them; without a path, asks for one.", kText, Offer::Files, commands::script, nullptr},
+    {L"SCRIPT", nullptr, L"[--keep-going] [path]", L"Runs the lines of a text file up to the first that can't be done, or all of them; without a path, asks for one.", kText, Offer::Scripts, commands::script, nullptr},
     {L"HELP", L"?", L"[command]", L"Lists the commands, or explains one.", {0, 1}, Offer::Commands, commands::help, nullptr},
     {L"ABOUT", nullptr, L"", L"Tells the version of the Workbench, and the licenses of what it is built with.", kNone, Offer::Nothing, commands::about, nullptr},
     {L"QUIT", L"EXIT", L"", L"Ends the Workbench.", kNone, Offer::Nothing, commands::quit, nullptr},

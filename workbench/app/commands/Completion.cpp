@@ -4,6 +4,7 @@
 #include "ModuleNames.h"
 #include "PropertyText.h"
 #include "Session.h"
+#include "StartOptions.h"
 #include "SystemRegistry.h"
 #include "SystemVariables.h"
 
@@ -65,22 +66,31 @@ Names viewportNames(const zdr::Drawing& drawing, const wchar_t* word) {
     return names;
 }
 
-/// The entries of the folder that a path begins with, spelled as the path spells it.
-Names paths(const std::wstring& typed, bool drawingsOnly) {
+/// The entries of the folder that a path begins with, spelled as the path spells it. A path that isn't whole counts as
+/// placesOf() says.
+Names paths(const std::wstring& typed, const std::wstring& drawing, bool drawingsOnly) {
     const std::size_t separator = typed.find_last_of(L"\\/");
     const std::wstring folder = separator == std::wstring::npos ? std::wstring() : typed.substr(0, separator + 1);
     const wchar_t slash = separator == std::wstring::npos ? L'\\' : typed[separator];
-    std::error_code error;
     Names names;
-    fs::directory_iterator entry(folder.empty() ? fs::path(".") : zdr::systemPath(folder), error);
-    for (; !error && entry != fs::directory_iterator() && names.size() < kMostPaths; entry.increment(error)) {
-        const std::wstring name = zdr::widePath(entry->path().filename());
-        std::error_code unknown;
-        if (entry->is_directory(unknown))
-            names.push_back(folder + name + slash);
-        else if (!drawingsOnly || sameName(zdr::widePath(entry->path().extension()), L".zdr"))
-            names.push_back(folder + name);
+    for (const std::wstring& place : placesOf(folder.empty() ? L"." : folder, drawing)) {
+        std::error_code error;
+        fs::directory_iterator entry(zdr::systemPath(place), error);
+        for (; !error && entry != fs::directory_iterator() && names.size() < kMostPaths; entry.increment(error)) {
+            const std::wstring name = zdr::widePath(entry->path().filename());
+            std::error_code unknown;
+            if (entry->is_directory(unknown))
+                names.push_back(folder + name + slash);
+            else if (!drawingsOnly || sameName(zdr::widePath(entry->path().extension()), kDrawingEnding))
+                names.push_back(folder + name);
+        }
     }
+    return names;
+}
+
+Names scripts(const std::wstring& typed, const std::wstring& drawing) {
+    Names names = paths(typed, drawing, false);
+    names.emplace_back(kKeepGoing);
     return names;
 }
 
@@ -92,8 +102,11 @@ Names offered(const Session& session, Offer offer, const std::wstring& typed) {
     case Offer::Commands:
         return commandNames();
     case Offer::Drawings:
+        return paths(typed, session.path(), true);
+    case Offer::Scripts:
+        return scripts(typed, session.path());
     case Offer::Files:
-        return paths(typed, offer == Offer::Drawings);
+        return paths(typed, {}, false);
     case Offer::Modules:
         return moduleNames(session.window().loadedModules());
     case Offer::Layouts:
@@ -132,8 +145,11 @@ Names candidatesFor(const Session& session, const Words& before, const std::wstr
     const Command* command = findCommand(before[0]);
     if (!command)
         return {};
-    if (!command->options)
+    if (!command->options) {
+        if (command->first == Offer::Scripts && before.size() == 2 && sameName(before[1], kKeepGoing))
+            return paths(typed, session.path(), false);
         return before.size() == 1 ? offered(session, command->first, typed) : Names();
+    }
     if (before.size() == 1)
         return optionNames(*command);
     const Option* option = findOption(*command, before[1]);
@@ -184,6 +200,7 @@ Completion complete(const Session& session, const std::wstring& line) {
     if (names.empty())
         return {line, {}};
     std::ranges::sort(names);
+    names.erase(std::unique(names.begin(), names.end()), names.end());
     if (names.size() == 1) {
         const bool whole = !endsInSeparator(names[0]);
         return {line.substr(0, start) + typedForm(names[0], whole) + (whole ? L" " : L""), {}};

@@ -26,18 +26,19 @@ void saveAs(Session& session, const CommandText& text) {
 void script(Session& session, const CommandText& text) {
     const bool keepsGoing = !text.words.empty() && sameName(text.words[0], kKeepGoing);
     const std::wstring typed = keepsGoing ? parseCommand(text.argument).argument : text.argument;
-    const auto path = typed.empty() ? session.window().chooseScript() : typed;
-    if (!path) {
+    const auto chosen = typed.empty() ? session.window().chooseScript() : typed;
+    if (!chosen) {
         session.tellNothingChosen();
         return;
     }
+    const SoughtFile file = soughtFile(*chosen, session.path());
     std::wstring problem;
-    std::vector<std::wstring> lines = readScript(*path, problem);
-    if (problem.empty() && !session.window().runScript({*path, std::move(lines), keepsGoing}))
-        problem = L"The script " + quotation(*path) +
+    std::vector<std::wstring> lines = readScript(file, problem);
+    if (problem.empty() && !session.window().runScript({file.path, std::move(lines), keepsGoing}))
+        problem = L"The script " + quotation(file.path) +
                   L" isn't run, because too many scripts wait for each other: look for one that runs itself.";
     if (problem.empty())
-        session.window().print(L"Running " + *path + L".\n");
+        session.window().print(L"Running " + file.path + L".\n");
     else
         session.refuse(problem + L"\n");
 }

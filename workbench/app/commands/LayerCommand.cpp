@@ -133,8 +133,8 @@ void set(Session& session, const Words& words) {
 std::vector<std::wstring> namesIn(const Words& words) {
     std::vector<std::wstring> names;
     for (const std::wstring& word : words)
-        for (std::wstring& name : splitList(word))
-            names.push_back(std::move(name));
+        for (const std::wstring& name : splitList(word))
+            names.push_back(newName(name));
     return names;
 }
 
@@ -167,7 +167,7 @@ void makeLayers(Session& session, const Words& words) {
 }
 
 void make(Session& session, const Words& words) {
-    const std::wstring name = unquoted(words[0]);
+    const std::wstring name = newName(words[0]);
     const std::size_t known = engine::layerIndex(session.database(), name);
     if (known != zdr::kNone) {
         makeCurrent(session, known);
@@ -189,7 +189,7 @@ void rename(Session& session, const Words& words) {
     if (!layer)
         return;
     const std::wstring former = layerQuotation(session, *layer);
-    const std::wstring name = unquoted(words[1]);
+    const std::wstring name = newName(words[1]);
     Vorn::ErrorStatus status = Vorn::eOk;
     session.change([&](KelDbDatabase& database) { status = engine::renameLayer(database, *layer, name); });
     if (session.isRefused())

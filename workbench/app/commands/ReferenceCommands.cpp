@@ -9,7 +9,6 @@
 #include "KelEditor.h"
 
 #include "engine/DatabaseAccess.h"
-#include "files/OutsidePaths.h"
 #include "files/TextCoding.h"
 #include "values/NameRules.h"
 
@@ -20,28 +19,8 @@ namespace workbench::commands {
 
 namespace {
 
-namespace fs = std::filesystem;
-
-constexpr const wchar_t* kExtension = L".zdr";
-
 // Commands of references can't be undone: that would have to bring back layers, states and styles of the other drawing.
 constexpr const wchar_t* kForGood = L" UNDO goes back no further than this.\n";
-
-/// The path under which the drawing keeps a typed one: as typed when it is found from the drawing's folder, otherwise
-/// in full.
-std::wstring storedPath(const Session& session, const std::wstring& typed) {
-    fs::path path = zdr::systemPath(typed);
-    if (!path.has_extension())
-        path += kExtension;
-    const std::wstring wide = zdr::widePath(path);
-    std::error_code error;
-    const bool besideDrawing =
-        !session.path().empty() && fs::exists(zdr::systemPath(zdr::referencePath(session.path(), wide)), error);
-    if (!besideDrawing)
-        return zdr::fullPath(wide);
-    const bool isHere = zdr::placeOf(wide, zdr::driveTarget).kind == zdr::PathPlace::Kind::ThisComputer;
-    return isHere ? zdr::widePath(path.lexically_normal()) : wide;
-}
 
 /// Reads the drawings of references.
 class ReferenceReader {
@@ -50,7 +29,8 @@ class ReferenceReader {
 
     /// Null, with the reason in `reason`, when it can't be shown. What is nested in it and can't be is told.
     /// @param isChosen the user has named this very reference, or its path, and isn't asked whether to look for it
-    std::shared_ptr<const zdr::Drawing> read(const zdr::Reference& reference, bool isChosen, std::wstring& reason);
+    std::shared_ptr<const zdr::Drawing> read(const zdr::Reference& reference, bool isChosen, std::wstring& reason,
+                                             const SoughtFile& sought = {});
 
   private:
     Session& m_session;
@@ -58,7 +38,7 @@ class ReferenceReader {
 };
 
 std::shared_ptr<const zdr::Drawing> ReferenceReader::read(const zdr::Reference& reference, bool isChosen,
-                                                          std::wstring& reason) {
+                                                          std::wstring& reason, const SoughtFile& sought) {
     zdr::Drawing holder;
     holder.references.push_back(reference);
     holder.references[0].unloaded = false;
@@ -74,7 +54,8 @@ std::shared_ptr<const zdr::Drawing> ReferenceReader::read(const zdr::Reference& 
     if (own == problems.end())
         m_session.tellProblems(problems);
     else
-        reason = isLeftOut ? own->reason : advised(own->reason, L"check the path, or attach another one");
+        reason =
+            isLeftOut ? own->reason : advised(sought.completed(own->reason), L"check the path, or attach another one");
     return holder.references[0].drawing;
 }
 
@@ -139,15 +120,16 @@ void attach(Session& session, const CommandText& text) {
         return;
     }
     zdr::Reference reference;
-    reference.path = storedPath(session, *chosen);
-    reference.name =
-        text.words.size() > 1 ? unquoted(text.words[1]) : zdr::widePath(zdr::systemPath(reference.path).stem());
+    const SoughtFile file = soughtDrawing(*chosen, session.path());
+    // A path that is found from the drawing's folder is kept so, because the two may go elsewhere together.
+    reference.path = file.fromDrawing.empty() ? file.path : file.fromDrawing;
+    reference.name = newName(text.words.size() > 1 ? text.words[1] : zdr::widePath(zdr::systemPath(file.path).stem()));
     const std::span<const std::wstring> numbers(text.words);
     std::wstring problem = nameProblem(session, reference.name);
     if (problem.empty() && !place(reference, numbers.subspan(std::min<std::size_t>(2, numbers.size()))))
         problem = L"The place needs numbers: give x and y, a scale above 0 and an angle in degrees behind the name.";
     if (problem.empty()) {
-        reference.drawing = ReferenceReader(session).read(reference, true, problem);
+        reference.drawing = ReferenceReader(session).read(reference, true, problem, file);
         if (!reference.drawing && problem.empty())
             problem = L"The drawing can't be shown.";
     }

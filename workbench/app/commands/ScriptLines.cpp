@@ -48,11 +48,12 @@ bool isText(const std::string& bytes) {
 
 constexpr std::uintmax_t kLargestScript = 16 << 20;
 
-std::string readText(const std::filesystem::path& path, std::wstring& problem) {
+std::string readText(const SoughtFile& script, std::wstring& problem) {
+    const std::filesystem::path path = zdr::systemPath(script.path);
     std::error_code error;
-    const std::wstring name = L"The script " + quotation(zdr::widePath(path));
+    const std::wstring name = L"The script " + quotation(script.path);
     if (!std::filesystem::is_regular_file(path, error)) {
-        problem = name + L" isn't there: check its name and folder.";
+        problem = advised(script.completed(name + L" isn't there"), L"check its name and folder");
         return {};
     }
     if (std::filesystem::file_size(path, error) > kLargestScript) {
@@ -87,8 +88,8 @@ std::vector<std::wstring> scriptLines(const std::string& text) {
     return lines;
 }
 
-std::vector<std::wstring> readScript(const std::wstring& path, std::wstring& problem) {
-    const std::string text = readText(zdr::systemPath(path), problem);
+std::vector<std::wstring> readScript(const SoughtFile& script, std::wstring& problem) {
+    const std::string text = readText(script, problem);
     return problem.empty() ? scriptLines(text) : std::vector<std::wstring>();
 }
 

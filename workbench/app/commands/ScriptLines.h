@@ -2,6 +2,7 @@
 #pragma once
 
 #include "SessionWindow.h"
+#include "TypedPaths.h"
 
 #include <deque>
 #include <optional>
@@ -15,7 +16,7 @@ namespace workbench {
 std::vector<std::wstring> scriptLines(const std::string& text);
 
 /// The lines of a script file; none, with a sentence in `problem`, when it can't be read or isn't text.
-std::vector<std::wstring> readScript(const std::wstring& path, std::wstring& problem);
+std::vector<std::wstring> readScript(const SoughtFile& script, std::wstring& problem);
 
 /// The lines that wait until the running line is done: those of scripts, and behind them what a person has typed
 /// meanwhile. When a script runs another script, the other's lines go before the rest of its own.

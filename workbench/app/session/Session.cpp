@@ -9,18 +9,14 @@
 
 #include "engine/DatabaseAccess.h"
 #include "files/DrawingFile.h"
-#include "files/OutsidePaths.h"
 #include "files/TextCoding.h"
 #include "values/ReservedWords.h"
 
 #include <algorithm>
-#include <filesystem>
 
 namespace workbench {
 
 namespace {
-
-namespace fs = std::filesystem;
 
 /// Starts a transaction, and ends it at the end of its scope.
 class Transaction {
@@ -40,15 +36,6 @@ class Transaction {
     KelTransactionManager& m_manager;
     bool m_started;
 };
-
-constexpr const wchar_t* kExtension = L".zdr";
-
-std::wstring fullPath(const std::wstring& typed) {
-    fs::path path = zdr::systemPath(typed);
-    if (!path.has_extension())
-        path += kExtension;
-    return zdr::fullPath(zdr::widePath(path));
-}
 
 /// All changes made while it lives are one step of undo.
 class UndoGroup {
@@ -84,6 +71,10 @@ const zdr::Drawing& Session::drawing() const {
 
 std::wstring Session::name() const {
     return m_path.empty() ? L"Drawing1" : zdr::widePath(zdr::systemPath(m_path).filename());
+}
+
+std::wstring Session::folder() const {
+    return zdr::widePath(zdr::systemPath(m_path).parent_path());
 }
 
 bool Session::isModified() const {
@@ -131,18 +122,20 @@ void Session::newDrawing() {
     m_window.print(L"A new drawing is open.\n");
 }
 
-std::optional<Session::ReadDrawing> Session::readDrawing(const std::wstring& path) {
+std::optional<Session::ReadDrawing> Session::readDrawing(const SoughtFile& file) {
     ReadDrawing read;
     std::wstring reason;
-    const Vorn::ErrorStatus status = zdr::readDrawingFile(path, read.drawing, reason, &read.stamp);
+    const Vorn::ErrorStatus status = zdr::readDrawingFile(file.path, read.drawing, reason, &read.stamp);
     if (status == Vorn::eOk)
         return read;
     if (status == Vorn::eCancelled)
         refuse(reason + L"\n");
+    else if (status == Vorn::eFileNotFound)
+        fail(advised(file.completed(reason), L"check its name and folder"));
     else
-        fail(advised(reason, status == Vorn::eFileNotFound ? L"check its name and folder" : L"choose another one"));
+        fail(advised(reason, L"choose another one"));
     if (status == Vorn::eFileNotFound)
-        m_window.fileMissing(path);
+        m_window.fileMissing(file.path);
     return std::nullopt;
 }
 
@@ -152,29 +145,36 @@ void Session::open(const std::wstring& path) {
         tellNothingChosen();
         return;
     }
-    const std::wstring full = fullPath(*chosen);
+    const SoughtFile file = soughtDrawing(*chosen, m_path);
     // Read before anything is asked: a file that can't be read is no reason to give up the open drawing. And read again
     // afterwards, because it may be this very file that the answer saves.
-    std::optional<ReadDrawing> read = readDrawing(full);
+    std::optional<ReadDrawing> read = readDrawing(file);
     if (read && isModified())
-        read = mayClose() ? readDrawing(full) : std::nullopt;
+        read = mayClose() ? readDrawing(file) : std::nullopt;
     if (!read)
         return;
     std::vector<zdr::ReferenceProblem> problems;
     OutsideQuestions questions(m_window);
-    zdr::resolveReferences(read->drawing, full, problems,
+    zdr::resolveReferences(read->drawing, file.path, problems,
                            [&](const zdr::OutsideReference& reference) { return questions.whyNot(reference); });
-    replaceDrawing(std::move(read->drawing), full, read->stamp);
+    replaceDrawing(std::move(read->drawing), file.path, read->stamp);
     m_window.drawingReplaced();
     tellProblems(problems);
+    tellUnloaded();
     tellMendedNames();
-    m_window.print(L"Opened " + full + L".\n");
+    m_window.print(L"Opened " + file.path + L".\n");
     markOpen();
 }
 
 void Session::tellProblems(const std::vector<zdr::ReferenceProblem>& problems) {
     for (const zdr::ReferenceProblem& problem : problems)
         m_window.print(L"Reference \"" + problem.name + L"\" is not shown: " + problem.reason + L"\n");
+}
+
+void Session::tellUnloaded() {
+    for (const zdr::Reference& reference : drawing().references)
+        if (reference.unloaded)
+            m_window.print(L"Reference \"" + reference.name + L"\" is unloaded: RELOAD shows it.\n");
 }
 
 void Session::tellMendedNames(std::wstring_view prefix) {
@@ -217,13 +217,17 @@ bool Session::save() {
 }
 
 bool Session::saveAs(const std::wstring& path) {
-    const std::wstring proposal = m_path.empty() ? name() + kExtension : m_path;
+    const std::wstring proposal = m_path.empty() ? name() + kDrawingEnding : m_path;
     const auto chosen = path.empty() ? m_window.chooseFileToSave(proposal) : path;
     if (!chosen) {
         tellNothingChosen();
         return false;
     }
-    const std::wstring full = fullPath(*chosen);
+    const std::wstring full = drawingToWrite(*chosen, m_path);
+    if (const std::wstring problem = fileNameProblem(full); !problem.empty()) {
+        fail(problem);
+        return false;
+    }
     return write(full, full == m_path ? m_stamp : zdr::FileStamp{});
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "SessionWindow.h"
+#include "TypedPaths.h"
 
 #include "files/References.h"
 #include "files/SystemFile.h"
@@ -30,6 +31,8 @@ class Session {
     std::wstring name() const;
     /// The drawing's full path; empty for one that was never saved.
     const std::wstring& path() const { return m_path; }
+    /// The folder of the drawing's file; empty for one that was never saved.
+    std::wstring folder() const;
     bool isModified() const;
 
     /// To be called before each command.
@@ -81,10 +84,13 @@ class Session {
     };
 
     /// None when it can't be read; the user has been told why then.
-    std::optional<ReadDrawing> readDrawing(const std::wstring& path);
+    std::optional<ReadDrawing> readDrawing(const SoughtFile& file);
     void replaceDrawing(zdr::Drawing drawing, std::wstring path, const zdr::FileStamp& stamp);
     bool write(const std::wstring& path, zdr::FileStamp stamp);
     void markOpen();
+    void tellUnloaded();
+    std::vector<std::wstring> carry(int steps, std::wstring (*nameOf)(const KelDbDatabase&),
+                                    bool (*step)(KelDbDatabase&));
     template <class Change> bool changeView(Change change);
     bool showSpace(std::optional<std::size_t> layout);
     bool showViewport(std::optional<zdr::Handle> viewport);

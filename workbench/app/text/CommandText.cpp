@@ -94,17 +94,24 @@ std::wstring quotedWhereNeeded(const std::wstring& name) {
     return name.find_first_of(L" \t,") == std::wstring::npos ? name : L'"' + name + L'"';
 }
 
-int parseViewportNumber(std::wstring_view argument) {
-    if (sameName(argument, L"none"))
-        return 0;
+std::wstring newName(std::wstring_view word) {
+    return std::wstring(trimmed(unquoted(word)));
+}
+
+int parseWholeNumber(std::wstring_view text) {
+    constexpr std::size_t kMostDigits = 4;
     const auto isDigit = [](wchar_t letter) { return letter >= L'0' && letter <= L'9'; };
-    // Four digits are more than any sheet has viewports.
-    if (argument.empty() || argument.size() > 4 || !std::all_of(argument.begin(), argument.end(), isDigit))
+    if (text.empty() || text.size() > kMostDigits || !std::all_of(text.begin(), text.end(), isDigit))
         return -1;
     int number = 0;
-    for (const wchar_t digit : argument)
+    for (const wchar_t digit : text)
         number = number * 10 + (digit - L'0');
     return number;
+}
+
+// Four digits are more than any sheet has viewports.
+int parseViewportNumber(std::wstring_view argument) {
+    return sameName(argument, L"none") ? 0 : parseWholeNumber(argument);
 }
 
 bool sameName(std::wstring_view a, std::wstring_view b) {

@@ -29,6 +29,12 @@ std::wstring unquoted(std::wstring_view word);
 /// The name in quotes when it holds blanks or commas.
 std::wstring quotedWhereNeeded(const std::wstring& name);
 
+/// What a word gives to something as its new name. Blanks around it are left out, as the dialogs of modules do, so that
+/// blanks alone are no name.
+std::wstring newName(std::wstring_view word);
+
+/// A number of one to four digits; -1 for anything else.
+int parseWholeNumber(std::wstring_view text);
 /// The numbers of a viewport command: n from 1 up, 0 for "none" (also "0"), -1 for anything else.
 int parseViewportNumber(std::wstring_view argument);
 

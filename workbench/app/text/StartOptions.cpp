@@ -1,5 +1,9 @@
 #include "StartOptions.h"
 
+#include "files/TextCoding.h"
+
+#include <filesystem>
+
 namespace workbench {
 
 namespace {
@@ -37,6 +41,20 @@ StartOptions parseStartOptions(const std::vector<std::wstring>& words) {
         }
     }
     return options;
+}
+
+std::vector<std::wstring> startLines(const StartOptions& options) {
+    std::vector<std::wstring> lines;
+    if (!options.drawing.empty())
+        lines.push_back(L"OPEN \"" + options.drawing + L"\"");
+    lines.insert(lines.end(), options.commands.begin(), options.commands.end());
+    if (options.script.empty())
+        return lines;
+    std::error_code error;
+    const std::filesystem::path script = std::filesystem::absolute(zdr::systemPath(options.script), error);
+    lines.push_back(std::wstring(L"SCRIPT ") + (options.keepsGoing ? std::wstring(kKeepGoing) + L' ' : L"") + L'"' +
+                    (error ? options.script : zdr::widePath(script)) + L'"');
+    return lines;
 }
 
 } // namespace workbench

@@ -24,4 +24,8 @@ struct StartOptions {
 /// @param words without the program's own name
 StartOptions parseStartOptions(const std::vector<std::wstring>& words);
 
+/// The lines that the options ask for. The script's path is made whole, because it counts from the folder in which the
+/// program was started, and a path in a line from the drawing's.
+std::vector<std::wstring> startLines(const StartOptions& options);
+
 } // namespace workbench

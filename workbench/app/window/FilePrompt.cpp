@@ -17,8 +17,8 @@ constexpr FileKind kDrawings{L"Drawings (*.zdr)\0*.zdr\0Templates and standards 
 constexpr FileKind kScripts{L"Scripts (*.scr, *.txt)\0*.scr;*.txt\0All files (*.*)\0*.*\0", nullptr};
 constexpr DWORD kLongestPath = 4096;
 
-std::optional<std::wstring> prompt(HWND owner, const FileKind& kind, const std::wstring& proposal, DWORD flags,
-                                   BOOL(WINAPI* ask)(OPENFILENAMEW*)) {
+std::optional<std::wstring> prompt(HWND owner, const FileKind& kind, const std::wstring& folder,
+                                   const std::wstring& proposal, BOOL(WINAPI* ask)(OPENFILENAMEW*)) {
     std::wstring path(kLongestPath, L'\0');
     proposal.copy(path.data(), kLongestPath - 1);
     OPENFILENAMEW arguments{};
@@ -28,7 +28,8 @@ std::optional<std::wstring> prompt(HWND owner, const FileKind& kind, const std::
     arguments.lpstrFile = path.data();
     arguments.nMaxFile = kLongestPath;
     arguments.lpstrDefExt = kind.ending;
-    arguments.Flags = flags | OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+    arguments.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
+    arguments.Flags = OFN_PATHMUSTEXIST | OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
     if (!ask(&arguments))
         return std::nullopt;
     path.resize(wcslen(path.c_str()));
@@ -37,18 +38,18 @@ std::optional<std::wstring> prompt(HWND owner, const FileKind& kind, const std::
 
 } // namespace
 
-std::optional<std::wstring> promptForDrawingToOpen(HWND owner) {
+std::optional<std::wstring> promptForDrawingToOpen(HWND owner, const std::wstring& folder) {
     // No OFN_FILEMUSTEXIST: reading tells about a file that isn't there, as about every other failure.
-    return prompt(owner, kDrawings, {}, OFN_PATHMUSTEXIST, GetOpenFileNameW);
+    return prompt(owner, kDrawings, folder, {}, GetOpenFileNameW);
 }
 
-std::optional<std::wstring> promptForScript(HWND owner) {
-    return prompt(owner, kScripts, {}, OFN_PATHMUSTEXIST, GetOpenFileNameW);
+std::optional<std::wstring> promptForScript(HWND owner, const std::wstring& folder) {
+    return prompt(owner, kScripts, folder, {}, GetOpenFileNameW);
 }
 
 std::optional<std::wstring> promptForDrawingToSave(HWND owner, const std::wstring& proposal) {
     // No OFN_OVERWRITEPROMPT: the saving asks about a file that is there, however its name was given.
-    return prompt(owner, kDrawings, proposal, OFN_PATHMUSTEXIST, GetSaveFileNameW);
+    return prompt(owner, kDrawings, {}, proposal, GetSaveFileNameW);
 }
 
 } // namespace workbench

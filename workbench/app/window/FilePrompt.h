@@ -9,8 +9,9 @@
 namespace workbench {
 
 /// Each answers a path, or none when the user cancels.
-std::optional<std::wstring> promptForDrawingToOpen(HWND owner);
-std::optional<std::wstring> promptForScript(HWND owner);
+/// @param folder in which the dialog opens; empty: the system chooses one
+std::optional<std::wstring> promptForDrawingToOpen(HWND owner, const std::wstring& folder);
+std::optional<std::wstring> promptForScript(HWND owner, const std::wstring& folder);
 /// @param proposal the name, or the full path, that stands in the dialog at first
 std::optional<std::wstring> promptForDrawingToSave(HWND owner, const std::wstring& proposal);
 

@@ -70,7 +70,7 @@ void MainWindow::forgetAnswer(const std::wstring& folder) {
 }
 
 std::optional<std::wstring> MainWindow::chooseFileToOpen() {
-    return promptForDrawingToOpen(m_hWnd);
+    return promptForDrawingToOpen(m_hWnd, m_session->folder());
 }
 
 std::optional<std::wstring> MainWindow::chooseFileToSave(const std::wstring& proposal) {
@@ -78,7 +78,7 @@ std::optional<std::wstring> MainWindow::chooseFileToSave(const std::wstring& pro
 }
 
 std::optional<std::wstring> MainWindow::chooseScript() {
-    return promptForScript(m_hWnd);
+    return promptForScript(m_hWnd, m_session->folder());
 }
 
 void MainWindow::drawingReplaced() {

@@ -48,13 +48,7 @@ BOOL WorkbenchApp::InitInstance() {
     loadModule(options.module.empty() ? modulePath(kModule) : options.module);
     m_window->showAtSavedPlace(m_nCmdShow);
 
-    std::vector<std::wstring> lines;
-    if (!options.drawing.empty())
-        lines.push_back(L"OPEN \"" + options.drawing + L"\"");
-    lines.insert(lines.end(), options.commands.begin(), options.commands.end());
-    if (!options.script.empty())
-        lines.push_back(std::wstring(L"SCRIPT ") + (options.keepsGoing ? std::wstring(kKeepGoing) + L' ' : L"") + L'"' +
-                        options.script + L'"');
+    std::vector<std::wstring> lines = startLines(options);
     if (options.isBatch())
         m_window->runLater(std::move(lines), options.keepsGoing);
     else if (!lines.empty())

@@ -119,6 +119,26 @@ TEST_F(DrawingFilesTest, ADrawingThatCantBeReadIsToldWithPathAndReason) {
     runWith(script);
 }
 
+TEST_F(DrawingFilesTest, AShortTextIsToldToBeNoDrawing) {
+    std::ofstream(folder / "short.zdr") << "Hello.";
+    Script script;
+    script.then(command(L"OPEN " + path("short.zdr")))
+        .then(answerBox(L"isn't a drawing: it doesn't begin with the mark of one", IDOK))
+        .then(command(L"QUIT"));
+    runWith(script);
+}
+
+TEST_F(DrawingFilesTest, ANameThatNoFileCanHaveIsRefusedBeforeAnythingIsWritten) {
+    writeSample("plan.zdr");
+    Script script;
+    script.then(command(L"OPEN " + path("plan.zdr")))
+        .then(command(L"SAVEAS a|b.zdr"))
+        .then(answerBox(L"\"a|b.zdr\" can't be the name of a file: give one without < > : \" / \\ | ? *.", IDOK))
+        .then(expectTitle(L"plan.zdr - Kel Workbench"))
+        .then(command(L"QUIT"));
+    runWith(script);
+}
+
 TEST_F(DrawingFilesTest, AsksAboutUnsavedChangesAtTheEnd) {
     Script script;
     script.then(command(L"TURNOFF"))

@@ -3,6 +3,7 @@
 #include "CommandFixture.h"
 #include "Completion.h"
 #include "KelEditor.h"
+#include "StartFolder.h"
 #include "SystemRegistry.h"
 
 using testing::Contains;
@@ -91,6 +92,32 @@ TEST_F(CompletionTest, CompletesPathsFolderByFolder) {
     EXPECT_EQ(tab(L"OPEN " + start + L"pl"), L"OPEN " + start + L"plans" + start.back());
     EXPECT_EQ(tab(L"SCRIPT " + start + L"ho"), L"SCRIPT " + start + L"house.");
     EXPECT_EQ(tab(L"OPEN /no/such/folder/x"), L"OPEN /no/such/folder/x");
+}
+
+TEST_F(CompletionTest, CompletesTheSwitchOfAScriptAndThePathBehindIt) {
+    writeBytes("long name.scr", "");
+    const std::wstring start = path("");
+    EXPECT_EQ(tab(L"SCRIPT --k"), L"SCRIPT --keep-going ");
+    EXPECT_EQ(tab(L"SCRIPT --Keep-Going " + start + L"lo"), L"SCRIPT --Keep-Going \"" + start + L"long name.scr\" ");
+    EXPECT_EQ(tab(L"SCRIPT --keep-going --k"), L"SCRIPT --keep-going --k") << "once is enough";
+    EXPECT_EQ(tab(L"SCRIPT " + start + L"long " + start + L"lo"), L"SCRIPT " + start + L"long " + start + L"lo");
+    EXPECT_EQ(tab(L"OPEN --k"), L"OPEN --k");
+}
+
+TEST_F(CompletionTest, CompletesPathsFromTheDrawingsFolderAndThatOfTheStart) {
+    const StartFolder started(folder / "started");
+    writeBytes("started/hall.zdr", "");
+    writeBytes("hall.zdr", "");
+    writeBytes("hut.zdr", "");
+    writeBytes("lines.scr", "");
+    EXPECT_EQ(tab(L"OPEN ha"), L"OPEN hall.zdr ") << "a drawing that was never saved has no folder";
+    EXPECT_EQ(tab(L"OPEN hu"), L"OPEN hu");
+    run(L"SAVEAS \"" + path("house.zdr") + L"\"");
+    tab(L"OPEN h");
+    EXPECT_THAT(candidates, ElementsAre(L"hall.zdr", L"house.zdr", L"hut.zdr"));
+    EXPECT_EQ(tab(L"OPEN ..\\hu"), L"OPEN ..\\hut.zdr ") << "from the folder of the start";
+    EXPECT_EQ(tab(L"SCRIPT --keep-going li"), L"SCRIPT --keep-going lines.scr ");
+    EXPECT_EQ(tab(L"MODULE LOAD li"), L"MODULE LOAD li") << "modules have nothing to do with the drawing";
 }
 
 TEST_F(CompletionTest, HasNothingForWordsThatMeanNothing) {

@@ -244,6 +244,35 @@ TEST_F(LayerCommandTest, NewTellsWhenThereIsNothingToMake) {
     EXPECT_EQ(run(L"LAYER NEW ,"), L"No layer is named: give names with commas between.\n");
 }
 
+TEST_F(LayerCommandTest, BlanksAroundANewNameAreLeftOut) {
+    EXPECT_EQ(run(L"LAYER NEW \" Attic \",\"  Upper floor\""), L"2 layers are made.\n");
+    EXPECT_TRUE(flags(L"Attic") & zdr::kLayerOn);
+    EXPECT_TRUE(flags(L"Upper floor") & zdr::kLayerOn);
+    EXPECT_EQ(run(L"LAYER NEW \"Attic \""), L"1 layer is there already.\n");
+    EXPECT_EQ(run(L"LAYER MAKE \" Attic\""), L"\"Attic\" is the current layer.\n");
+    EXPECT_EQ(run(L"LAYER MAKE \"Cellar \""), L"\"Cellar\" is made and is the current layer.\n");
+    EXPECT_EQ(run(L"LAYER RENAME Cellar \" Vault \""), L"\"Cellar\" is called \"Vault\" now.\n");
+    EXPECT_TRUE(flags(L"Vault") & zdr::kLayerOn);
+}
+
+TEST_F(LayerCommandTest, BlanksAloneAreNoNewName) {
+    const std::size_t count = drawing().layers.size();
+    const std::wstring reason = L"that can't be a name: give 1 to 255 characters without < > / \\ \" : ? * | !.\n";
+    EXPECT_EQ(run(L"LAYER NEW \" \""), L"\"\" isn't made, because " + reason);
+    EXPECT_EQ(run(L"LAYER MAKE \"  \""), L"\"\" isn't made, because " + reason);
+    EXPECT_EQ(run(L"LAYER RENAME Walls \" \""), L"\"Walls\" isn't renamed, because " + reason);
+    EXPECT_EQ(drawing().layers.size(), count);
+}
+
+TEST_F(LayerCommandTest, ALayerOfAFileThatHasBlanksAroundItsNameIsFoundByThem) {
+    session.change([](KelDbDatabase& database) {
+        EXPECT_EQ(engine::addLayer(database, L" "), Vorn::eOk);
+        EXPECT_EQ(engine::addLayer(database, L" Walls"), Vorn::eOk);
+    });
+    EXPECT_EQ(run(L"LAYER SET \" Walls\""), L"\" Walls\" is the current layer.\n");
+    EXPECT_EQ(run(L"LAYER RENAME \" \" Blank"), L"\" \" is called \"Blank\" now.\n");
+}
+
 TEST_F(LayerCommandTest, TellsWhatANameMustBe) {
     EXPECT_EQ(run(L"LAYER MAKE \"\""), L"\"\" isn't made, because that can't be a name: give 1 to 255 characters "
                                        L"without < > / \\ \" : ? * | !.\n");

@@ -138,6 +138,44 @@ TEST_F(ReferenceCommandsTest, UnloadLeavesTheLayersUnresolved) {
     EXPECT_TRUE(hasState(L"site!All"));
 }
 
+TEST_F(ReferenceCommandsTest, UnloadIsKeptInTheFileAndToldWhenItIsOpened) {
+    run(L"SAVEAS " + path("house.zdr"));
+    run(L"ATTACH site.zdr");
+    run(L"SAVE");
+    EXPECT_FALSE(session.isModified());
+    run(L"UNLOAD site");
+    EXPECT_TRUE(session.isModified());
+    std::filesystem::create_directory(folder / "other");
+    run(L"SAVEAS " + path("other/copy.zdr"));
+    const std::wstring said = run(L"OPEN " + path("other/copy.zdr"));
+    EXPECT_THAT(said, StartsWith(L"Reference \"site\" is unloaded: RELOAD shows it.\nOpened "));
+    EXPECT_TRUE(drawing().references.at(0).unloaded);
+    EXPECT_TRUE(hasLayer(L"site!Trees"));
+    run(L"SAVEAS " + path("copy.zdr"));
+    run(L"OPEN " + path("copy.zdr"));
+    EXPECT_EQ(drawing().references.at(0).drawing, nullptr) << "the file is there, but isn't wanted";
+    EXPECT_THAT(run(L"RELOAD site"), StartsWith(L"1 reference is read again."));
+    run(L"SAVE");
+    EXPECT_THAT(run(L"OPEN " + path("copy.zdr")), StartsWith(L"Opened "));
+    EXPECT_TRUE(hasState(L"site!All"));
+}
+
+TEST_F(ReferenceCommandsTest, UnloadStaysOverAnotherAttach) {
+    run(L"ATTACH " + path("site.zdr") + L" one");
+    run(L"UNLOAD one");
+    run(L"ATTACH " + path("site.zdr") + L" two");
+    EXPECT_TRUE(drawing().references.at(0).unloaded);
+    EXPECT_EQ(drawing().references.at(0).drawing, nullptr);
+    EXPECT_FALSE(drawing().references.at(1).unloaded);
+}
+
+TEST_F(ReferenceCommandsTest, BlanksAroundTheNameAreLeftOut) {
+    run(L"ATTACH " + path("site.zdr") + L" \" North side \"");
+    EXPECT_EQ(drawing().references.at(0).name, L"North side");
+    EXPECT_THAT(run(L"ATTACH " + path("site.zdr") + L" \" \""), StartsWith(L"\"\" can't be the name of a reference"));
+    EXPECT_EQ(drawing().references.size(), 1u);
+}
+
 TEST_F(ReferenceCommandsTest, DetachTakesLayersAndStatesOut) {
     run(L"ATTACH " + path("site.zdr") + L" one");
     run(L"ATTACH " + path("site.zdr") + L" two");

@@ -2,11 +2,14 @@
 
 #include "StartOptions.h"
 
+#include "files/TextCoding.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 using testing::ElementsAre;
 using workbench::parseStartOptions;
+using workbench::startLines;
 
 TEST(StartOptions, TakeADrawingAndSwitchesInAnyOrder) {
     const auto options = parseStartOptions(
@@ -19,6 +22,16 @@ TEST(StartOptions, TakeADrawingAndSwitchesInAnyOrder) {
     EXPECT_TRUE(parseStartOptions({L"--keep-going", L"house.zdr"}).keepsGoing);
     EXPECT_EQ(parseStartOptions({L"--keep-going", L"house.zdr"}).drawing, L"house.zdr");
     EXPECT_EQ(options.error, L"");
+}
+
+TEST(StartOptions, BecomeLinesAndAScriptCountsFromTheFolderOfTheStart) {
+    const std::wstring script = zdr::widePath(std::filesystem::current_path() / "a b.scr");
+    EXPECT_THAT(startLines(parseStartOptions({L"house 1.zdr", L"--command", L"MODEL", L"--script", L"a b.scr"})),
+                ElementsAre(L"OPEN \"house 1.zdr\"", L"MODEL", L"SCRIPT \"" + script + L"\""));
+    EXPECT_THAT(startLines(parseStartOptions({L"--keep-going", L"--script", L"a b.scr"})),
+                ElementsAre(L"SCRIPT --keep-going \"" + script + L"\""));
+    EXPECT_THAT(startLines(parseStartOptions({L"--script", script})), ElementsAre(L"SCRIPT \"" + script + L"\""));
+    EXPECT_THAT(startLines({}), ElementsAre());
 }
 
 TEST(StartOptions, TellAboutWhatMakesNoSense) {
