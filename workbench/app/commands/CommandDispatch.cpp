@@ -24,6 +24,7 @@ bool isCountRight(Session& session, std::size_t words, const Count& count, const
 
 void runOwn(Session& session, const Command& command, const CommandText& text) {
     if (!command.options) {
+        session.nameCommand(command.name);
         if (isCountRight(session, text.words.size(), command.count, command.name, usageOf(command)))
             command.run(session, text);
         return;
@@ -38,6 +39,7 @@ void runOwn(Session& session, const Command& command, const CommandText& text) {
     }
     const Words rest(text.words.begin() + 1, text.words.end());
     const std::wstring name = std::wstring(command.name) + L' ' + option->name;
+    session.nameCommand(name);
     if (isCountRight(session, rest.size(), option->count, name, usageOf(command, *option)))
         option->run(session, rest);
 }
@@ -45,9 +47,10 @@ void runOwn(Session& session, const Command& command, const CommandText& text) {
 void runCommand(Session& session, const CommandText& command) {
     if (const Command* own = findCommand(command.name))
         runOwn(session, *own, command);
-    else if (const KelEdCommand* registered = runtime::commandStack().lookup(command.name.c_str()))
+    else if (const KelEdCommand* registered = runtime::commandStack().lookup(command.name.c_str())) {
+        session.nameCommand(registered->globalName());
         session.runModuleCommand(registered->function(), command.argument);
-    else
+    } else
         session.refuse(L"Unknown command " + quotation(command.name) + L": HELP lists the commands.\n");
 }
 

@@ -115,6 +115,7 @@ void set(Session& session, const std::wstring& name, const std::wstring& typed) 
     const auto* redirection =
         std::ranges::find_if(kRedirections, [&name](const Redirection& row) { return sameName(row.name, name); });
     if (redirection != std::end(kRedirections)) {
+        session.nameCommand(std::wstring(L"SETVAR ") + redirection->name);
         redirection->set(session, unquoted(typed));
         return;
     }

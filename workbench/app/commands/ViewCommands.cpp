@@ -3,14 +3,34 @@
 #include "CommandFunctions.h"
 #include "Session.h"
 
+#include <optional>
+
 namespace workbench::commands {
 
-void undo(Session& session, const CommandText&) {
-    session.undo();
+namespace {
+
+/// How many changes are to be taken back or made again; none when the word isn't such a number, and the user has been
+/// told then.
+std::optional<int> stepsOf(Session& session, const Words& words) {
+    if (words.empty())
+        return 1;
+    const int steps = parseWholeNumber(unquoted(words[0]));
+    if (steps > 0)
+        return steps;
+    session.refuse(quotation(unquoted(words[0])) + L" is no number of changes: give one from 1 to 9999.\n");
+    return std::nullopt;
 }
 
-void redo(Session& session, const CommandText&) {
-    session.redo();
+} // namespace
+
+void undo(Session& session, const CommandText& text) {
+    if (const auto steps = stepsOf(session, text.words))
+        session.undo(*steps);
+}
+
+void redo(Session& session, const CommandText& text) {
+    if (const auto steps = stepsOf(session, text.words))
+        session.redo(*steps);
 }
 
 void model(Session& session, const CommandText&) {

@@ -40,7 +40,9 @@ class Transaction {
 /// All changes made while it lives are one step of undo.
 class UndoGroup {
   public:
-    explicit UndoGroup(KelDbDatabase& database) : m_database(database) { engine::beginUndoGroup(database); }
+    UndoGroup(KelDbDatabase& database, std::wstring name) : m_database(database) {
+        engine::beginUndoGroup(database, std::move(name));
+    }
     ~UndoGroup() { engine::endUndoGroup(m_database); }
     UndoGroup(const UndoGroup&) = delete;
     UndoGroup& operator=(const UndoGroup&) = delete;
@@ -48,6 +50,15 @@ class UndoGroup {
   private:
     KelDbDatabase& m_database;
 };
+
+/// "LAYER FREEZE", or "3 changes, LAYER FREEZE, LAYER NEW, UNLOAD", and that there were fewer than wanted.
+std::wstring stepsText(const std::vector<std::wstring>& names, int wanted) {
+    const std::size_t count = names.size();
+    std::wstring text = count == 1 ? names[0] : std::to_wstring(count) + L" changes, " + listed(names);
+    if (count < static_cast<std::size_t>(wanted))
+        text += L". There are no more";
+    return text + L".\n";
+}
 
 } // namespace
 
@@ -102,6 +113,11 @@ void Session::markOpen() {
     if (m_mark.isOthers())
         m_window.print(L"Another program has " + quotation(name()) +
                        L" open too: whoever saves it later is asked before the other's changes go.\n");
+}
+
+void Session::beginCommand() {
+    m_refused = false;
+    m_command.clear();
 }
 
 void Session::refuse(const std::wstring& text) {
@@ -254,22 +270,34 @@ bool Session::canRedo() const {
     return engine::canRedo(database());
 }
 
-void Session::undo() {
-    if (!engine::undo(database())) {
-        refuse(L"There is nothing to undo: change the drawing first.\n");
-        return;
+std::vector<std::wstring> Session::carry(int steps, std::wstring (*nameOf)(const KelDbDatabase&),
+                                         bool (*step)(KelDbDatabase&)) {
+    std::vector<std::wstring> names;
+    for (; steps > 0; --steps) {
+        std::wstring name = nameOf(database());
+        if (!step(database()))
+            break;
+        names.push_back(name.empty() ? L"a change without a name" : std::move(name));
     }
-    m_window.print(L"The last change is undone.\n");
-    m_window.drawingChanged();
+    if (!names.empty())
+        m_window.drawingChanged();
+    return names;
 }
 
-void Session::redo() {
-    if (!engine::redo(database())) {
+void Session::undo(int steps) {
+    const std::vector<std::wstring> names = carry(steps, engine::undoName, engine::undo);
+    if (names.empty())
+        refuse(L"There is nothing to undo: change the drawing first.\n");
+    else
+        m_window.print(L"Undone: " + stepsText(names, steps));
+}
+
+void Session::redo(int steps) {
+    const std::vector<std::wstring> names = carry(steps, engine::redoName, engine::redo);
+    if (names.empty())
         refuse(L"There is nothing to redo: take a change back by UNDO first.\n");
-        return;
-    }
-    m_window.print(L"The change is made again.\n");
-    m_window.drawingChanged();
+    else
+        m_window.print(L"Made again: " + stepsText(names, steps));
 }
 
 // The file keeps which space and viewport are shown, but looking at another one is no change of the drawing.
@@ -356,6 +384,7 @@ void Session::makeViewportCurrent(int number) {
 
 void Session::change(const std::function<void(KelDbDatabase&)>& step) {
     {
+        const UndoGroup group(database(), m_command);
         const Transaction transaction(*runtime::currentDocument()->transactionManager());
         if (!transaction.isStarted()) {
             refuse(L"The drawing can't be changed now: end what is under way and try again.\n");
@@ -373,7 +402,7 @@ void Session::rebuild(zdr::Drawing drawing) {
 
 void Session::runModuleCommand(void (*function)(), const std::wstring& arguments) {
     const runtime::CommandArguments given(arguments);
-    const UndoGroup group(database());
+    const UndoGroup group(database(), m_command);
     function();
 }
 

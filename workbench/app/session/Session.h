@@ -36,7 +36,10 @@ class Session {
     bool isModified() const;
 
     /// To be called before each command.
-    void beginCommand() { m_refused = false; }
+    void beginCommand();
+    /// Names the command that runs as people know it: "LAYER FREEZE". What it changes is told by this name when it is
+    /// taken back.
+    void nameCommand(std::wstring name) { m_command = std::move(name); }
     /// Tells in a line why the command that runs can't be done.
     void refuse(const std::wstring& text);
     /// The same, so that it can't be missed.
@@ -52,8 +55,9 @@ class Session {
     bool saveAs(const std::wstring& path);
     /// Asks the user about unsaved changes, if there are any. Answers whether the drawing may be closed.
     bool mayClose();
-    void undo();
-    void redo();
+    /// Takes back as many steps, or as many as there are, and tells their names.
+    void undo(int steps);
+    void redo(int steps);
     bool canUndo() const;
     bool canRedo() const;
 
@@ -74,7 +78,8 @@ class Session {
     void tellMendedNames(std::wstring_view prefix = {});
     /// Tells which references aren't shown, and why.
     void tellProblems(const std::vector<zdr::ReferenceProblem>& problems);
-    /// Runs a command of a module, with what was typed behind its name; what it changes is one step of undo.
+    /// Runs a command of a module, which is the one that was named, with what was typed behind its name; what it
+    /// changes is one step of undo.
     void runModuleCommand(void (*function)(), const std::wstring& arguments);
 
   private:
@@ -100,6 +105,7 @@ class Session {
     std::wstring m_path;
     zdr::FileStamp m_stamp;
     zdr::OpenMark m_mark;
+    std::wstring m_command; ///< that runs, or ran last
     bool m_refused = false;
     std::uint64_t m_savedContent = 0; ///< the content's number when the drawing was opened or last saved
 };

@@ -51,9 +51,9 @@ TEST_F(CommandsTest, LayersAreMadeAndChanged) {
         .then(ask(L"LAYER SET Base", L"\"Base\" is the current layer."))
         .then(ask(L"LAYER OFF w*", L"2 layers are off."))
         .look("both are off", [this](const View&) { EXPECT_FALSE(flags(L"Windows") & zdr::kLayerOn); })
-        .then(ask(L"UNDO", L"The last change is undone."))
+        .then(ask(L"UNDO", L"Undone: LAYER OFF."))
         .look("both are on", [this](const View&) { EXPECT_TRUE(flags(L"Windows") & zdr::kLayerOn); })
-        .then(ask(L"REDO", L"The change is made again."))
+        .then(ask(L"REDO", L"Made again: LAYER OFF."))
         .then(ask(L"LAYER ON Walls", L"1 layer is on."))
         .then(ask(L"LAYER FREEZE \"Ground floor\"", L"1 layer is frozen."))
         .then(ask(L"LAYER THAW *", L"4 layers are thawed."))
@@ -70,6 +70,9 @@ TEST_F(CommandsTest, LayersAreMadeAndChanged) {
                                        L" - to stay"))
         .then(ask(L"LAYER RENAME Walls Mauern", L"\"Walls\" is called \"Mauern\" now."))
         .then(ask(L"LAYER DELETE Mauern", L"1 layer is deleted."))
+        .then(ask(L"LAYER NEW \" Attic \"", L"1 layer is made."))
+        .look("without the blanks", [this](const View&) { EXPECT_TRUE(flags(L"Attic") & zdr::kLayerOn); })
+        .then(ask(L"UNDO 2", L"Undone: 2 changes, LAYER NEW, LAYER DELETE."))
         .look("the title shows the change",
               [](const View& view) { EXPECT_EQ(view.title(), L"Drawing1* - Kel Workbench"); });
     runAndThrowAway(script);

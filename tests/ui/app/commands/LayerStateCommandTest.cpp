@@ -54,10 +54,10 @@ class LayerStateCommand : public LayerStatesTest {
                       EXPECT_NE(differenceTo(before), "");
                   })
             .then(command(L"UNDO"))
-            .then(said(L"The last change is undone."))
+            .then(said(L"Undone: LAYERSTATE."))
             .look("as before", [&](const View&) { EXPECT_EQ(differenceTo(before), ""); })
             .then(command(L"REDO"))
-            .then(said(L"The change is made again."))
+            .then(said(L"Made again: LAYERSTATE."))
             .look("as after", [&](const View&) { EXPECT_EQ(differenceTo(after), ""); })
             .then(command(L"UNDO"))
             .then(command(L"UNDO"))
@@ -110,7 +110,7 @@ TEST_F(LayerStateCommand, ACancelledEditIsNoChange) {
         .look("the title shows no change",
               [](const View& view) { EXPECT_EQ(view.title(), L"states.zdr - Kel Workbench"); })
         .then(command(L"REDO"))
-        .then(said(L"The change is made again."))
+        .then(said(L"Made again: LAYER COLOR."))
         .then(command(L"QUIT"))
         .then(answerBox(L"Save the changes to states.zdr?", IDNO));
     runWith(script);
@@ -203,7 +203,7 @@ TEST_F(LayerStateCommand, TheOldStatesOfTheSampleComeOverAndUndoTakesThemBack) {
         .waitForControl(IDC_LSTATE_RES_LIST)
         .click(IDC_LSTATE_RES_CLOSE)
         .then(command(L"UNDO"))
-        .then(said(L"The last change is undone."))
+        .then(said(L"Undone: LAYERSTATE."))
         .look("as before, and nothing is left to be saved",
               [&](const View& view) {
                   EXPECT_EQ(differenceTo(before), "");

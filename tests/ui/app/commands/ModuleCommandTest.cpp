@@ -72,7 +72,7 @@ TEST_F(ModuleCommandTest, ASnapshotIsTakenRestoredAndDeletedAndEachIsOneStepOfUn
         .then(said(L"The layer snapshot \"Ground floor\" is restored."))
         .look("the layer is as it was", [this](const View&) { EXPECT_EQ(baseColor(), 1u); })
         .then(command(L"UNDO"))
-        .then(said(L"The last change is undone."))
+        .then(said(L"Undone: LAYERSNAPSHOT."))
         .look("and not any more", [this](const View&) { EXPECT_EQ(baseColor(), 3u); })
         .then(command(L"LAYERSNAPSHOT LIST"))
         .then(said(L"Command: LAYERSNAPSHOT LIST\r\nGround floor"))

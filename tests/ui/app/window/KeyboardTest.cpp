@@ -303,7 +303,7 @@ TEST_F(KeyboardTest, UndoAndRedoAreGreyWhenThereIsNothing) {
     script.then(inMenu(false, false, VK_ESCAPE)).press(VK_ESCAPE);
     script.then(command(L"LAYER NEW Walls")).then(inMenu(true, false, 'U')).then(said(L"Command: UNDO"));
     script.then(inMenu(false, true, 'R')).then(said(L"Command: REDO"));
-    script.then(inMenu(true, false, 'U')).then(said(L"Command: REDO\r\nThe change is made again.\r\nCommand: UNDO"));
+    script.then(inMenu(true, false, 'U')).then(said(L"Command: REDO\r\nMade again: LAYER NEW.\r\nCommand: UNDO"));
     script.then(command(L"QUIT"));
     runWith(script);
 }

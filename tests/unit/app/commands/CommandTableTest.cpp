@@ -68,7 +68,7 @@ TEST_F(CommandTableTest, HelpExplainsACommandAndItsOptions) {
     EXPECT_THAT(text, HasSubstr(L"LAYER option ... - Makes layers and changes them. Short: LA.\n"));
     EXPECT_THAT(text, HasSubstr(L"    LAYER COLOR color [layers] - "));
     EXPECT_THAT(text, HasSubstr(L" Also: COLOUR.\n"));
-    EXPECT_EQ(run(L"? U"), L"UNDO - Takes back the last change. Short: U.\n");
+    EXPECT_EQ(run(L"? U"), L"UNDO [number] - Takes back the last change, or as many as the number says. Short: U.\n");
     EXPECT_EQ(run(L"HELP nonsense"), L"There is no command \"nonsense\": HELP alone lists them.\n");
 }
 

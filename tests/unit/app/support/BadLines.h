@@ -108,6 +108,8 @@ inline constexpr const wchar_t* kWrongLines[] = {
     L"VPLAYER nonsense",
     L"VPLAYER FREEZE Walls",
     L"VPLAYER COLOUR red Walls",
+    L"UNDO two",
+    L"REDO 0",
     L"ZOOM 0",
     L"ZOOM -2x",
     L"ZOOM 1",
