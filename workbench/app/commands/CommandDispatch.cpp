@@ -23,8 +23,8 @@ bool isCountRight(Session& session, std::size_t words, const Count& count, const
 }
 
 void runOwn(Session& session, const Command& command, const CommandText& text) {
+    session.nameCommand(command.name);
     if (!command.options) {
-        session.nameCommand(command.name);
         if (isCountRight(session, text.words.size(), command.count, command.name, usageOf(command)))
             command.run(session, text);
         return;

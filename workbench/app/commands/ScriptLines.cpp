@@ -147,9 +147,16 @@ std::wstring LineQueue::dropTyped() {
     return count == 0 ? std::wstring() : L"What was typed meanwhile isn't run: " + linesText(count) + L".\n";
 }
 
+std::wstring LineQueue::whatGoesFirst() const {
+    if (!isInScript())
+        return L"What was typed before goes first";
+    return isInStart() ? L"What the start runs goes first" : L"The script goes first";
+}
+
 std::wstring LineQueue::stop() {
-    if (isEmpty())
-        return {};
+    if (!isInScript())
+        return dropTyped();
+    const std::wstring what = isInStart() ? L"The start" : L"The script";
     std::size_t done = 0, failed = 0, left = 0;
     for (const Running& running : m_scripts) {
         done += running.done;
@@ -158,7 +165,7 @@ std::wstring LineQueue::stop() {
     }
     m_scripts.clear();
     m_hasEntered = false;
-    return L"The script is stopped; what it has done stays. " + countsText(done, failed, left) + dropTyped();
+    return what + L" is stopped; what it has done stays. " + countsText(done, failed, left) + dropTyped();
 }
 
 void LineQueue::clear() {

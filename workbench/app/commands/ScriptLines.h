@@ -39,6 +39,8 @@ class LineQueue {
     /// going, and so does the script that has run it; typed lines that have waited for a script that stops are dropped.
     /// @return what there is to be told of scripts that have ended; often nothing
     std::wstring end(bool done);
+    /// What goes before a line that is put behind all that wait, as the beginning of a sentence.
+    std::wstring whatGoesFirst() const;
     /// Drops everything, because a person wants it.
     /// @return what there is to be told; nothing when no line has waited
     std::wstring stop();
@@ -54,6 +56,8 @@ class LineQueue {
     };
     std::wstring count(bool done);
     std::wstring dropTyped();
+    /// Whether the lines of the program's start wait, which are a script without a path.
+    bool isInStart() const { return isInScript() && m_scripts.front().script.path.empty(); }
 
     std::vector<Running> m_scripts; // each is run by a line of the one before it
     std::deque<std::wstring> m_typed;

@@ -23,9 +23,10 @@ void MainWindow::run(const std::wstring& line) {
     if (m_running || takeTypedPoint(line))
         return;
     const bool waits = !m_waiting.isEmpty();
+    const std::wstring first = m_waiting.whatGoesFirst();
     m_waiting.append(line);
     if (waits)
-        tell(L"The script goes first, then " + quotation(line) + L".");
+        tell(first + L", then " + quotation(line) + L".");
     else
         runNextLine();
 }

@@ -1,7 +1,6 @@
 // Every command, typed into the command line of the real window.
 
 #include "KelDbDatabase.h"
-#include "SystemRegistry.h"
 #include "WorkbenchFixture.h"
 #include "WorkbenchIds.h"
 
@@ -211,45 +210,6 @@ TEST_F(CommandsTest, ADrawingIsNoScript) {
               })
         .then(command(L"QUIT"));
     runWith(script);
-}
-
-std::wstring g_statusInScript;
-
-/// A command that, for as long as input waits, takes so much time that the window looks at input after it. So the input
-/// is dealt with before a script of many such commands ends.
-void letInputIn() {
-    constexpr ULONGLONG kLongEnough = 25; // milliseconds; the window runs lines for less
-    const ULONGLONG start = GetTickCount64();
-    while (HIWORD(GetQueueStatus(QS_INPUT)) && GetTickCount64() - start < kLongEnough) {
-    }
-}
-
-// A command of the script itself plays the person, so that the input comes while the script runs. Another one notes
-// what the status line shows before the end.
-TEST_F(CommandsTest, WhatIsTypedAndWhichTabIsChosenWaitForTheEndOfTheScript) {
-    runtime::commandStack().addCommand(L"TEST", L"TYPE", L"TYPE", 0, [] {
-        ui::typeText(L"LAYER NEW Typed");
-        ui::pressKey(VK_RETURN);
-        ui::pressKey(VK_NEXT, ui::holdControl);
-    });
-    runtime::commandStack().addCommand(L"TEST", L"N", L"N", 0, letInputIn);
-    runtime::commandStack().addCommand(L"TEST", L"NOTE", L"NOTE", 0, [] {
-        g_statusInScript = View(AfxGetApp()->m_pMainWnd->m_hWnd).text(IDC_STATUS_LINE);
-    });
-    std::string lines = "TYPE\n";
-    for (int i = 0; i < 1000; ++i)
-        lines += "N\n";
-    writeText("long.scr", lines + "NOTE\nLAYER NEW Scripted\n");
-    Script script;
-    script.then(command(L"SCRIPT " + path("long.scr")))
-        .then(said(L"long.scr\" has ended: 1003 lines done.\r\nCommand: LAYER NEW Typed\r\n1 layer is made."))
-        .then(said(L"Command: LAYOUT \"Layout1\"\r\nThe layout \"Layout1\" is shown."))
-        .look("the script's layer came first", [this](const View&) {
-            ASSERT_EQ(drawing().layers.size(), 3u);
-            EXPECT_EQ(drawing().names.text(drawing().layers[1].name), L"Scripted");
-            EXPECT_EQ(g_statusInScript, L"Base | Model | The script goes first, then \"LAYOUT \"Layout1\"\".");
-        });
-    runAndThrowAway(script);
 }
 
 TEST_F(CommandsTest, EscStopsAScript) {

@@ -176,6 +176,31 @@ TEST_F(LineQueueTest, APersonStopsEverything) {
     EXPECT_EQ(run(), L"nothing");
 }
 
+TEST_F(LineQueueTest, TellsWhatGoesBeforeALineThatIsTypedNow) {
+    queue.append(L"typed");
+    EXPECT_EQ(queue.whatGoesFirst(), L"What was typed before goes first");
+    enter(L"", {L"OPEN a", L"SCRIPT a.scr"});
+    EXPECT_EQ(queue.whatGoesFirst(), L"What the start runs goes first");
+    run();
+    runScript(L"a.scr", {L"one"});
+    EXPECT_EQ(queue.whatGoesFirst(), L"What the start runs goes first");
+    run();
+    EXPECT_EQ(queue.whatGoesFirst(), L"What was typed before goes first");
+    enter(L"a.scr", {L"one"});
+    EXPECT_EQ(queue.whatGoesFirst(), L"The script goes first");
+}
+
+TEST_F(LineQueueTest, APersonStopsTypedLinesAndTheStartUnderTheirOwnNames) {
+    queue.append(L"one");
+    queue.append(L"two");
+    EXPECT_EQ(queue.stop(), L"What was typed meanwhile isn't run: 2 lines.\n");
+    EXPECT_TRUE(queue.isEmpty());
+    enter(L"", {L"OPEN a", L"MODEL"});
+    run();
+    EXPECT_EQ(queue.stop(), L"The start is stopped; what it has done stays. 1 line done, 1 not run.\n");
+    EXPECT_TRUE(queue.isEmpty());
+}
+
 TEST_F(LineQueueTest, ClearingTellsNothing) {
     enter(L"a.scr", {L"one"});
     queue.append(L"typed");

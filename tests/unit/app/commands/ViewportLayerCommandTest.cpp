@@ -103,3 +103,14 @@ TEST_F(ViewportLayerCommandTest, NeedsAViewport) {
     run(L"MODEL");
     EXPECT_EQ(run(L"VPLAYER FREEZE Walls IN 2"), L"The model tab has no viewports: LAYOUT shows a layout.\n");
 }
+
+TEST_F(ViewportLayerCommandTest, AFailingTransactionIsToldAndChangesNothing) {
+    for (const wchar_t* line : {L"VPLAYER FREEZE Walls", L"VPLAYER COLOR red Walls", L"VPLAYER RESET *"}) {
+        instruments::failCall("startTransaction", 1);
+        EXPECT_EQ(run(line), L"The drawing can't be changed now: end what is under way and try again.\n");
+        EXPECT_FALSE(done);
+        EXPECT_FALSE(isFrozen(0, L"Walls"));
+        EXPECT_EQ(overrideOf(0, L"Walls"), nullptr);
+        instruments::clearFaults();
+    }
+}
