@@ -77,6 +77,10 @@ const NamedChange kChanges[] = {
      [](DatabaseImp& d) {
          engine::setOverride(d.owner(), viewportOf(d).handle, {2, MaskColor, 3});
      }},
+    {"what a viewport shows",
+     [](DatabaseImp& d) {
+         EXPECT_EQ(engine::setViewportView(d.owner(), viewportOf(d).handle, {1, 2}, 3), Vorn::eOk);
+     }},
     {"settings",
      [](DatabaseImp& d) {
          d.setCurrentLayer(1);

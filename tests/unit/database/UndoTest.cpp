@@ -31,7 +31,7 @@ class Undo : public EngineTest {
             add(state.name, state.description, state.mask, state.handle, state.currentLayer, state.hasViewportData,
                 state.layers->names, state.columns.flags.values(), state.columns.colors.values());
         for (const zdr::Viewport& item : drawing().layouts[0].viewports) {
-            add(item.frozen);
+            add(item.frozen, item.viewCenter.x, item.viewCenter.y, item.scale);
             for (const zdr::ViewportOverride& layerOverride : item.overrides)
                 add(layerOverride.layer, layerOverride.mask, layerOverride.color);
         }
@@ -69,6 +69,10 @@ TEST_F(Undo, TakesBackARestoreAsOverrides) {
     states().saveLayerState(L"Plan", MaskAllProperties, viewportId());
     engine::setFrozenInViewport(m_database, viewport().handle, 1, true);
     checkStep([this] { restore(L"Plan", RestoreFlagAsOverrides, viewportId()); });
+}
+
+TEST_F(Undo, TakesBackWhatAViewportShows) {
+    checkStep([this] { EXPECT_EQ(engine::setViewportView(m_database, viewport().handle, {12, 34}, 0.25), Vorn::eOk); });
 }
 
 TEST_F(Undo, TakesBackChangesOfStates) {
@@ -332,6 +336,12 @@ TEST_F(Undo, TellsEachKindOfChangeThatStays) {
         {"the current layer", [this] { engine::setCurrentLayer(m_database, layer(L"Doors")); }},
         {"the linetype scale", [this] { engine::setLinetypeScale(m_database, 2); }},
         {"a viewport", [this] { engine::setFrozenInViewport(m_database, viewport().handle, layer(L"Walls"), true); }},
+        {"the scale of a viewport",
+         [this] { engine::setViewportView(m_database, viewport().handle, viewport().viewCenter, 17); }},
+        {"the middle of a viewport",
+         [this] {
+             engine::setViewportView(m_database, viewport().handle, {17, viewport().viewCenter.y}, 17);
+         }},
         {"a layer's flag", [this] { setFlag(L"Walls", zdr::kLayerLocked, true); }},
         {"a state that goes", [this] { states().deleteLayerState(L"Plan B"); }},
     };

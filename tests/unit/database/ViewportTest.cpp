@@ -3,6 +3,9 @@
 #include "EngineTest.h"
 #include "KelDbPointers.h"
 
+#include <cmath>
+#include <limits>
+
 class Viewports : public EngineTest {
   protected:
     /// What the viewport shows of a layer.
@@ -33,6 +36,34 @@ TEST_F(Viewports, ShowTheirOverridesAndFreezing) {
     EXPECT_EQ(shown(L"Walls").color, 6u);
     engine::setOverride(m_database, viewport().handle, {.layer = layer(L"Walls")});
     EXPECT_EQ(shown(L"Walls").color, 7u);
+}
+
+TEST_F(Viewports, ShowAnotherPartOfModelSpaceAtAnotherScale) {
+    const zdr::Handle handle = viewport().handle;
+    EXPECT_EQ(engine::setViewportView(m_database, handle, {12, 34}, 0.25), Vorn::eOk);
+    EXPECT_EQ(viewport().viewCenter, (zdr::Point{12, 34}));
+    EXPECT_EQ(viewport().scale, 0.25);
+    const std::uint64_t changes = engine::changeCount(m_database);
+    EXPECT_EQ(engine::setViewportView(m_database, handle, {12, 34}, 0.25), Vorn::eOk);
+    EXPECT_EQ(engine::changeCount(m_database), changes) << "it shows that already";
+    EXPECT_EQ(engine::setViewportView(m_database, handle, {12, 35}, 0.25), Vorn::eOk);
+    EXPECT_EQ(engine::setViewportView(m_database, handle, {12, 35}, 0.5), Vorn::eOk);
+    EXPECT_NE(engine::changeCount(m_database), changes);
+}
+
+TEST_F(Viewports, ShowNothingThatADrawingCantKeep) {
+    constexpr double infinite = std::numeric_limits<double>::infinity();
+    const zdr::Handle handle = viewport().handle;
+    const zdr::Viewport before = viewport();
+    const std::uint64_t changes = engine::changeCount(m_database);
+    for (const double scale : {0.0, -1.0, infinite, std::nan("")})
+        EXPECT_EQ(engine::setViewportView(m_database, handle, {1, 2}, scale), Vorn::eInvalidInput) << scale;
+    for (const zdr::Point center : {zdr::Point{infinite, 0}, zdr::Point{0, -infinite}, zdr::Point{std::nan(""), 0}})
+        EXPECT_EQ(engine::setViewportView(m_database, handle, center, 1), Vorn::eInvalidInput);
+    EXPECT_EQ(engine::setViewportView(m_database, drawing().nextHandle, {1, 2}, 1), Vorn::eInvalidInput);
+    EXPECT_EQ(viewport().viewCenter, before.viewCenter);
+    EXPECT_EQ(viewport().scale, before.scale);
+    EXPECT_EQ(engine::changeCount(m_database), changes);
 }
 
 TEST_F(Viewports, AreReadThroughTheirObject) {

@@ -151,7 +151,8 @@ struct SameSides {
     }
     bool operator()(const ViewportChange& side) const {
         const zdr::Viewport* viewport = findViewport(drawing, side.handle);
-        return viewport && sameFrozen(viewport->frozen, side.frozen) && viewport->overrides == side.overrides;
+        return viewport && sameFrozen(viewport->frozen, side.frozen) && viewport->overrides == side.overrides &&
+               viewport->viewCenter == side.viewCenter && viewport->scale == side.scale;
     }
     /// Of the others it isn't looked at.
     template <class Other> bool operator()(const Other&) const { return false; }
@@ -227,6 +228,8 @@ void ViewportChange::exchange(zdr::Drawing& drawing, ObjectDirectory&) {
     if (zdr::Viewport* viewport = findViewport(drawing, handle)) {
         std::swap(viewport->frozen, frozen);
         std::swap(viewport->overrides, overrides);
+        std::swap(viewport->viewCenter, viewCenter);
+        std::swap(viewport->scale, scale);
     }
 }
 

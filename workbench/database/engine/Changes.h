@@ -46,6 +46,8 @@ struct ViewportChange {
     zdr::Handle handle = 0;
     std::vector<bool> frozen;
     std::vector<zdr::ViewportOverride> overrides;
+    zdr::Point viewCenter;
+    double scale = 1;
     void exchange(zdr::Drawing& drawing, ObjectDirectory& objects);
 };
 

@@ -7,6 +7,7 @@
 #include "values/NameRules.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace engine {
 
@@ -145,6 +146,20 @@ void setOverride(KelDbDatabase& database, zdr::Handle viewport, const zdr::Viewp
         place = overrides.erase(place);
     if (layer.mask)
         overrides.insert(place, layer);
+}
+
+Vorn::ErrorStatus setViewportView(KelDbDatabase& database, zdr::Handle viewport, zdr::Point center, double scale) {
+    DatabaseImp& imp = impOf(database);
+    const zdr::Viewport* found = findViewport(imp.drawing(), viewport);
+    const bool shows = std::isfinite(center.x) && std::isfinite(center.y) && std::isfinite(scale) && scale > 0;
+    if (!found || !shows)
+        return Vorn::eInvalidInput;
+    if (found->viewCenter == center && found->scale == scale)
+        return Vorn::eOk;
+    const Editor<zdr::Viewport> edited = imp.editViewport(*found);
+    edited->viewCenter = center;
+    edited->scale = scale;
+    return Vorn::eOk;
 }
 
 void beginUndoGroup(KelDbDatabase& database, std::wstring name) {

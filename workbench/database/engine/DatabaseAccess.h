@@ -58,6 +58,11 @@ KELDB_API void setFrozenInViewport(KelDbDatabase& database, zdr::Handle viewport
 /// Gives a layer an override in one viewport, which replaces the one it had; a mask of 0 takes it away.
 KELDB_API void setOverride(KelDbDatabase& database, zdr::Handle viewport, const zdr::ViewportOverride& layer);
 
+/// Sets what a viewport shows of model space: the point in its middle, and how many millimetres of paper a unit takes.
+/// eInvalidInput for a viewport that isn't there, and for numbers that a drawing can't keep or show.
+KELDB_API Vorn::ErrorStatus setViewportView(KelDbDatabase& database, zdr::Handle viewport, zdr::Point center,
+                                            double scale);
+
 /// Brackets changes that are undone together. Groups nest; the outermost counts, and its name, by which people are told
 /// what is taken back.
 KELDB_API void beginUndoGroup(KelDbDatabase& database, std::wstring name = {});

@@ -192,7 +192,7 @@ void UndoHistory::beforeState(const zdr::Drawing& drawing, std::size_t index) {
 void UndoHistory::beforeViewport(const zdr::Viewport& viewport) {
     if (m_open.objects.contains(viewport.handle))
         return;
-    add(ViewportChange{viewport.handle, viewport.frozen, viewport.overrides});
+    add(ViewportChange{viewport.handle, viewport.frozen, viewport.overrides, viewport.viewCenter, viewport.scale});
     m_open.objects.insert(viewport.handle);
 }
 

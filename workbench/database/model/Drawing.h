@@ -21,6 +21,7 @@ inline constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 struct Point {
     double x = 0; ///< drawing units (millimetres)
     double y = 0;
+    friend bool operator==(const Point&, const Point&) = default;
 };
 
 struct Linetype {
