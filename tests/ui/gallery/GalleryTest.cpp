@@ -119,13 +119,17 @@ void GalleryTest::showDialog(ui::Script script, const std::function<void()>& ope
 }
 
 ui::Script GalleryTest::settled() {
+    return awayWithPointer().then(still());
+}
+
+ui::Script GalleryTest::still() {
     using Clock = std::chrono::steady_clock;
     struct Look {
         std::vector<char> pixels;
         Clock::time_point at;
     };
     const auto last = std::make_shared<Look>();
-    ui::Script script = awayWithPointer();
+    ui::Script script;
     return script.waitUntil("what is painted has reached the screen", [last](const ui::View&) {
         if (Clock::now() - last->at < paintTime)
             return false;

@@ -29,6 +29,8 @@ class GalleryTest : public testing::Test {
 
     /// Steps: the pointer away from everything, and then until nothing on the screen changes any more.
     static ui::Script settled();
+    /// The same, with the pointer where it is.
+    static ui::Script still();
     /// Steps: settled(), and a picture of the facing window.
     static ui::Script picture(const std::string& name);
     /// The same, of the main window with what stands over it.

@@ -58,6 +58,49 @@ RECT shownTip() {
     return rect;
 }
 
+/// What is drawn in a part of the status line: the smallest rectangle of the pixels that differ from its background, in
+/// pixels of the line. The lines around the field aren't looked at.
+RECT inkInStatusLine(const ui::View& view, const workbench::StatusSpan& span) {
+    const RECT rect = view.rect(IDC_STATUS_LINE);
+    const LONG width = rect.right - rect.left;
+    const LONG height = rect.bottom - rect.top;
+    const std::vector<COLORREF> pixels = view.pixels(IDC_STATUS_LINE);
+    const auto at = [&](LONG x, LONG y) { return pixels[static_cast<std::size_t>(y * width + x)]; };
+    RECT ink{width, height, -1, -1};
+    for (LONG y = 1; y < height; ++y)
+        for (LONG x = span.left + 1; x < span.right; ++x)
+            if (at(x, y) != at(span.left + 2, 2))
+                ink = {std::min(ink.left, x), std::min(ink.top, y), std::max(ink.right, x), std::max(ink.bottom, y)};
+    return ink;
+}
+
+/// One of the parts between the bars of the status line's text.
+std::wstring partOf(std::wstring text, int index) {
+    const std::wstring bar = L" | ";
+    for (; index > 0; --index)
+        text.erase(0, text.find(bar) + bar.size());
+    return text.substr(0, text.find(bar));
+}
+
+/// In pixels, in the font of the main window.
+int widthOfText(const std::wstring& text) {
+    workbench::WindowLook look;
+    look.update(static_cast<int>(GetDpiForSystem()));
+    CClientDC dc(nullptr);
+    CFont* former = dc.SelectObject(&look.font());
+    const int width = dc.GetTextExtent(text.c_str(), static_cast<int>(text.size())).cx;
+    dc.SelectObject(former);
+    return width;
+}
+
+workbench::StatusLine& statusLine(const workbench::MainWindow& window) {
+    return *static_cast<workbench::StatusLine*>(CWnd::FromHandlePermanent(GetDlgItem(window.m_hWnd, IDC_STATUS_LINE)));
+}
+
+int scaled(int pixels) {
+    return MulDiv(pixels, static_cast<int>(GetDpiForSystem()), 96);
+}
+
 } // namespace
 
 TEST_F(MainWindow, showsTheModel) {
@@ -71,6 +114,55 @@ TEST_F(MainWindow, showsALayoutWithAViewportMadeCurrent) {
     run(L"VPLAYER FREEZE L-*,A-FURN*");
     run(L"VPLAYER COLOR red A-WALL*");
     useWorkbench(picture("workbench-layout"));
+}
+
+TEST_F(MainWindow, showsWhereThePointerIsAndTheNumberOfTheViewportBelowIt) {
+    KelDbDatabase& database = runtime::currentDocument()->data();
+    zdr::Drawing drawing = engine::drawingOf(database);
+    drawing.references.at(0).drawing = nullptr;
+    engine::replaceDrawing(database, std::move(drawing));
+    run(L"LAYOUT \"A1 sheet\"");
+    run(L"VPORT 2");
+    run(L"LAYER SET P-SANR-PIPE");
+    const auto middleOfTheFirst = [this](const ui::View& view) {
+        const zdr::Viewport& first = window().session().drawing().layouts[0].viewports[0];
+        auto* drawing = static_cast<workbench::DrawingView*>(CWnd::FromHandlePermanent(view.control(IDC_DRAWING_VIEW)));
+        const zdr::Point pixel =
+            drawing->view().toScreen({first.corner.x + first.width / 2, first.corner.y + first.height / 2});
+        const RECT rect = view.rect(IDC_DRAWING_VIEW);
+        return POINT{rect.left + static_cast<LONG>(pixel.x), rect.top + static_cast<LONG>(pixel.y)};
+    };
+    Script script;
+    script.pointAt([this, middleOfTheFirst] { return middleOfTheFirst(ui::View(window().m_hWnd)); })
+        .waitUntil("the status line tells the place",
+                   [](const ui::View& view) {
+                       return view.text(IDC_STATUS_LINE).find(L" mm | 1 reference, 1 missing | ") != std::wstring::npos;
+                   })
+        .then(still())
+        .look("the fields",
+              [this](const ui::View& view) {
+                  const workbench::StatusSpans spans = statusLine(window()).spans();
+                  const int padding = scaled(8);
+                  const std::wstring text = view.text(IDC_STATUS_LINE);
+                  for (const bool ofPlace : {true, false}) {
+                      const workbench::StatusSpan& span = ofPlace ? spans.place : spans.references;
+                      const RECT ink = inkInStatusLine(view, span);
+                      const RECT line = view.rect(IDC_STATUS_LINE);
+                      EXPECT_NEAR(ink.right - ink.left, widthOfText(partOf(text, ofPlace ? 2 : 3)), scaled(3))
+                          << "all of the text is there";
+                      EXPECT_GE(ink.left, span.left + padding - 1) << "nothing is cut at the left";
+                      EXPECT_LE(ink.right, span.right - padding + 1) << "nor at the right";
+                      EXPECT_GE(ink.top, 2);
+                      EXPECT_LE(ink.bottom, line.bottom - line.top - 2);
+                  }
+                  EXPECT_GE(inkInStatusLine(view, spans.place).right, spans.place.right - padding - scaled(3))
+                      << "the place stands at the right end of its field";
+                  EXPECT_LE(inkInStatusLine(view, spans.references).left, spans.references.left + padding + scaled(3));
+                  EXPECT_EQ(spans.references.right, view.rect(IDC_STATUS_LINE).right - view.rect(IDC_STATUS_LINE).left);
+              })
+        .look("take the picture workbench-pointer",
+              [](const ui::View& view) { savePicture("workbench-pointer", view.rect()); });
+    useWorkbench(std::move(script));
 }
 
 TEST_F(MainWindow, showsTabsThatDontFit) {

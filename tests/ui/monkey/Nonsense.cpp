@@ -58,9 +58,23 @@ constexpr const wchar_t* kNames[] = {
     L"Plumbing plan", L"PRESENTATION", L"  Demolition ", L"site!Access", L"100 % & %s", L"a<b", L" ",
     L"\xFC\xDF\x4E2D"};
 
-constexpr const wchar_t* kFrequent[] = {
-    L"LAYERSTATE",   L"UNDO", L"REDO",   L"ZOOM E",      L"LAYER MAKE Monkey", L"MODEL", L"VPORT none",
-    L"LAYER THAW *", L"HELP", L"SETVAR", L"ZOOM WINDOW", L"ZOOM PREVIOUS",     L"PAN"};
+constexpr const wchar_t* kFrequent[] = {L"LAYERSTATE",
+                                        L"UNDO",
+                                        L"REDO",
+                                        L"ZOOM E",
+                                        L"LAYER MAKE Monkey",
+                                        L"MODEL",
+                                        L"VPORT none",
+                                        L"LAYER THAW *",
+                                        L"HELP",
+                                        L"SETVAR",
+                                        L"ZOOM WINDOW",
+                                        L"ZOOM PREVIOUS",
+                                        L"PAN",
+                                        L"LAYOUT \"A1 sheet\"",
+                                        L"VPORT 2",
+                                        L"VPLAYER LIST",
+                                        L"REFERENCES"};
 
 constexpr wchar_t kLetters[] = L"abcdefgWXYZ0123 .,;!*?\"-_";
 

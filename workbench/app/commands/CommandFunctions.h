@@ -39,6 +39,12 @@ std::span<const Option> layerOptions();
 /// ViewportLayerCommand.cpp
 std::span<const Option> viewportLayerOptions();
 
+/// @name InquiryCommands.cpp
+/// @{
+void units(Session& session, const CommandText& text);
+void references(Session& session, const CommandText& text);
+/// @}
+
 /// @name ReferenceCommands.cpp
 /// @{
 void attach(Session& session, const CommandText& text);

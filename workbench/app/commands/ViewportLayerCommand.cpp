@@ -4,6 +4,7 @@
 #include "LayerSelection.h"
 #include "PropertyText.h"
 #include "Session.h"
+#include "ViewportLayerList.h"
 
 #include "LayerStateMask.h"
 
@@ -129,6 +130,31 @@ void reset(Session& session, const Words& words) {
             L", and frozen there or not as before");
 }
 
+/// Changes nothing, so without IN it means all viewports.
+void list(Session& session, const Words& words) {
+    const bool isPlaced = words.size() >= 2 && sameName(words[words.size() - 2], L"in");
+    Words placed = words;
+    if (!isPlaced)
+        placed.insert(placed.end(), {L"IN", L"ALL"});
+    const auto active = session.drawing().activeLayout;
+    if (active && viewportsNamed(session.drawing().layouts[*active], L"all").empty()) {
+        session.window().print(L"The layout has no viewports.\n");
+        return;
+    }
+    const auto target = targetOf(session, placed);
+    if (!target)
+        return;
+    const auto layers =
+        target->words.empty() ? selectLayers(session, Words{L"*"}) : selectLayers(session, target->words);
+    if (!layers)
+        return;
+    const zdr::Drawing& drawing = session.drawing();
+    std::wstring text;
+    for (const zdr::Handle viewport : target->viewports)
+        text += viewportText(drawing, *engine::findViewport(drawing, viewport), *layers);
+    session.window().print(text);
+}
+
 constexpr Count kNames{1, kMany};
 
 // clang-format off
@@ -140,6 +166,7 @@ constexpr Option kViewportLayerOptions[] = {
     {L"LINEWEIGHT", L"LWEIGHT", L"width [layers] [IN number|ALL]", L"Shows layers with another lineweight there.", kNames, Offer::LineWeights, Offer::LayersOrPlace, [](Session& session, const Words& words) { override(session, words, MaskLineWeight, lineWeightOf, &zdr::ViewportOverride::lineWeight); }},
     {L"PLOTSTYLE", L"PSTYLE", L"style [layers] [IN number|ALL]", L"Gives layers another plot style there.", kNames, Offer::PlotStyles, Offer::LayersOrPlace, [](Session& session, const Words& words) { override(session, words, MaskPlotStyle, plotStyleOf, &zdr::ViewportOverride::plotStyle); }},
     {L"RESET", L"R", L"layers [IN number|ALL]", L"Takes back what was shown differently there; freezing stays.", kNames, Offer::Layers, Offer::LayersOrPlace, reset},
+    {L"LIST", L"?", L"[layers] [IN number|ALL]", L"Lists what viewports freeze and show otherwise; without IN, all viewports of the layout.", {0, kMany}, Offer::LayersOrPlace, Offer::LayersOrPlace, list},
 };
 // clang-format on
 

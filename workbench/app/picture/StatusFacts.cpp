@@ -1,5 +1,8 @@
 #include "StatusFacts.h"
 
+#include "ReferenceStates.h"
+#include "UnitsText.h"
+
 namespace workbench {
 
 namespace {
@@ -16,11 +19,24 @@ std::wstring spaceOf(const zdr::Drawing& drawing) {
 
 } // namespace
 
-StatusFacts statusOf(const zdr::Drawing& drawing, const std::wstring& message) {
+std::wstring StatusFacts::text() const {
+    const std::wstring marker = references.empty() ? references : references + L" | ";
+    return layer + L" | " + space + L" | " + place() + L" | " + marker + message;
+}
+
+StatusFacts statusOf(const zdr::Drawing& drawing, const std::optional<PointerPlace>& pointer,
+                     const std::wstring& message) {
+    const std::vector<ReferenceRow> references = referencesOf(drawing);
     StatusFacts facts;
     facts.layer = drawing.names.text(drawing.layers[drawing.currentLayer].name);
     facts.layerColor = drawing.namedColors.packed(drawing.columns.colors[drawing.currentLayer]);
     facts.space = spaceOf(drawing);
+    if (pointer)
+        facts.pointer = placeText(pointer->point);
+    const bool onPaper = pointer ? pointer->onPaper : drawing.activeLayout && !drawing.currentViewport;
+    facts.unit = onPaper ? kPaperUnit : kModelUnit;
+    facts.references = countText(references);
+    facts.isReferenceMissing = isAnyMissing(references);
     facts.message = message;
     return facts;
 }

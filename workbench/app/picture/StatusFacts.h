@@ -1,7 +1,7 @@
 // What the status line shows.
 #pragma once
 
-#include "model/Drawing.h"
+#include "PointerPlace.h"
 
 #include <string>
 
@@ -11,14 +11,22 @@ struct StatusFacts {
     std::wstring layer;           ///< the current layer
     std::uint32_t layerColor = 0; ///< packed
     std::wstring space;           ///< the space on view, and the viewport in it
-    std::wstring message;         ///< one line
+    std::wstring pointer;         ///< where the pointer is; empty while it isn't over the drawing
+    std::wstring unit;            ///< that this place counts in
+    std::wstring references;      ///< how many there are; empty for none
+    bool isReferenceMissing = false;
+    std::wstring message; ///< one line
     friend bool operator==(const StatusFacts&, const StatusFacts&) = default;
 
+    /// The pointer's place with its unit, or the unit alone.
+    std::wstring place() const { return pointer.empty() ? unit : pointer + L" " + unit; }
     /// All of it in one line.
-    std::wstring text() const { return layer + L" | " + space + L" | " + message; }
+    std::wstring text() const;
 };
 
-StatusFacts statusOf(const zdr::Drawing& drawing, const std::wstring& message);
+/// @param pointer none while the pointer isn't over the drawing
+StatusFacts statusOf(const zdr::Drawing& drawing, const std::optional<PointerPlace>& pointer,
+                     const std::wstring& message);
 
 /// The last line of a text that isn't blank, without blanks at its end; empty when there is none.
 std::wstring lastLine(const std::wstring& text);

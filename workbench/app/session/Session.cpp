@@ -102,6 +102,7 @@ void Session::replaceDrawing(zdr::Drawing drawing, std::wstring path, const zdr:
     m_path = std::move(path);
     m_stamp = stamp;
     m_mark = {};
+    m_zoomed = 0;
     m_savedContent = engine::contentNumber(this->database());
 }
 
@@ -380,6 +381,20 @@ void Session::makeViewportCurrent(int number) {
             numbers.push_back(std::to_wstring(viewport.number));
     refuse(L"The layout has no viewport " + std::to_wstring(number) + L": give " +
            (numbers.empty() ? L"" : listed(numbers) + L", or ") + L"NONE.\n");
+}
+
+// What is changed outside of groups is gathered into one step, and a group ends it.
+void Session::showInViewport(zdr::Handle viewport, zdr::Point center, double scale) {
+    if (m_zoomed != viewport || m_zoomedContent != engine::contentNumber(database())) {
+        const UndoGroup end(database(), {});
+    }
+    if (engine::setViewportView(database(), viewport, center, scale) != Vorn::eOk)
+        return;
+    const int number = engine::findViewport(drawing(), viewport)->number;
+    engine::nameGatheredChanges(database(), L"zoom in viewport " + std::to_wstring(number));
+    m_zoomed = viewport;
+    m_zoomedContent = engine::contentNumber(database());
+    m_window.drawingChanged();
 }
 
 void Session::change(const std::function<void(KelDbDatabase&)>& step) {

@@ -68,6 +68,10 @@ class Session {
     void showTab(std::size_t tab);
     /// Makes the viewport of that number the current one; 0 for none.
     void makeViewportCurrent(int number);
+    /// Sets what a viewport shows of model space: the point in its middle, and millimetres of paper for a unit. That
+    /// stands on the paper, so it is a change of the drawing. For one viewport, all of them one after the other with
+    /// nothing else changed between are one step of undo.
+    void showInViewport(zdr::Handle viewport, zdr::Point center, double scale);
 
     /// Runs a change of the drawing as one transaction, which is one step of undo, and shows what came of it.
     void change(const std::function<void(KelDbDatabase&)>& step);
@@ -107,7 +111,9 @@ class Session {
     zdr::OpenMark m_mark;
     std::wstring m_command; ///< that runs, or ran last
     bool m_refused = false;
-    std::uint64_t m_savedContent = 0; ///< the content's number when the drawing was opened or last saved
+    std::uint64_t m_savedContent = 0;  ///< the content's number when the drawing was opened or last saved
+    zdr::Handle m_zoomed = 0;          ///< the viewport that was changed last
+    std::uint64_t m_zoomedContent = 0; ///< the content's number after that
 };
 
 } // namespace workbench

@@ -4,6 +4,7 @@
 #include "PointText.h"
 
 #include <cmath>
+#include <utility>
 
 namespace workbench {
 
@@ -12,6 +13,8 @@ namespace {
 // Around all of a drawing, at 96 dots per inch.
 constexpr int kMargin = 24;
 constexpr double kZoomStep = 1.25;
+// Around the number of a viewport, at 96 dots per inch.
+constexpr int kSignPadding = 4;
 
 Point toPoint(CPoint point) {
     return {static_cast<double>(point.x), static_cast<double>(point.y)};
@@ -37,6 +40,7 @@ ON_WM_MBUTTONUP()
 ON_WM_MBUTTONDBLCLK()
 ON_WM_CAPTURECHANGED()
 ON_WM_MOUSEMOVE()
+ON_WM_MOUSELEAVE()
 ON_WM_LBUTTONDOWN()
 ON_WM_LBUTTONUP()
 ON_WM_LBUTTONDBLCLK()
@@ -61,6 +65,7 @@ void DrawingView::drawingReplaced() {
 void DrawingView::regenerate() {
     m_upToDate = false;
     Invalidate(FALSE);
+    followPointer();
 }
 
 void DrawingView::show(const ViewTransform& next, bool byHand) {
@@ -151,6 +156,7 @@ void DrawingView::OnPaint() {
     if (m_buffer.fit(dc, client.Size()) || !m_upToDate)
         render(m_buffer.dc(), client);
     m_buffer.show(dc);
+    paintNumberSign(dc);
     drawBand(dc);
 }
 
@@ -192,8 +198,17 @@ void DrawingView::OnSize(UINT type, int width, int height) {
 
 BOOL DrawingView::OnMouseWheel(UINT, short delta, CPoint screen) {
     ScreenToClient(&screen);
+    const Point pixel = toPoint(screen);
+    const double factor = std::pow(kZoomStep, delta / static_cast<double>(WHEEL_DELTA));
+    const zdr::Drawing* drawing = m_drawing();
+    const zdr::Viewport* viewport = drawing ? currentViewportUnder(*drawing, view(), pixel) : nullptr;
+    const auto shown = viewport ? zoomed(*viewport, view(), factor, pixel) : std::nullopt;
+    if (shown && m_viewportZoomed) {
+        m_viewportZoomed(viewport->handle, *shown);
+        return TRUE;
+    }
     ViewTransform next = view();
-    next.zoom(std::pow(kZoomStep, delta / static_cast<double>(WHEEL_DELTA)), toPoint(screen));
+    next.zoom(factor, pixel);
     show(next, true);
     return TRUE;
 }
@@ -218,10 +233,71 @@ void DrawingView::OnCaptureChanged(CWnd*) {
     m_pressed.reset();
 }
 
+std::optional<PointerPlace> DrawingView::pointer() {
+    const zdr::Drawing* drawing = m_drawing();
+    return drawing && m_over ? std::optional(placeAt(*drawing, view(), toPoint(*m_over))) : std::nullopt;
+}
+
+void DrawingView::followPointer() {
+    const std::optional<NumberSign> former = std::exchange(m_sign, numberSign());
+    for (const auto& sign : {former, m_sign})
+        if (sign)
+            InvalidateRect(sign->rect, FALSE);
+    if (m_pointerMoved)
+        m_pointerMoved();
+}
+
+std::optional<DrawingView::NumberSign> DrawingView::numberSign() {
+    const zdr::Drawing* drawing = m_drawing();
+    const zdr::Viewport* viewport = drawing && m_over ? viewportUnder(*drawing, view(), toPoint(*m_over)) : nullptr;
+    if (!viewport)
+        return std::nullopt;
+    NumberSign sign;
+    sign.text = L"Viewport " + std::to_wstring(viewport->number);
+    sign.isCurrent = drawing->currentViewport == viewport->handle;
+    CClientDC dc(this);
+    CFont* former = dc.SelectObject(&m_look.font());
+    const CSize size = dc.GetTextExtent(sign.text.c_str(), static_cast<int>(sign.text.size()));
+    dc.SelectObject(former);
+    const Rect window{0, 0, static_cast<double>(m_size.cx), static_cast<double>(m_size.cy)};
+    const Rect box = numberBox(*viewport, view(), window, size.cx + 2 * m_look.px(kSignPadding),
+                               size.cy + 2 * m_look.px(kSignPadding));
+    const CPoint corner(static_cast<int>(std::lround(box.left)), static_cast<int>(std::lround(box.bottom)));
+    sign.rect = CRect(corner, CSize(static_cast<int>(box.width()), static_cast<int>(box.height())));
+    return sign;
+}
+
+void DrawingView::paintNumberSign(CDC& dc) {
+    if (!m_sign)
+        return;
+    dc.FillSolidRect(m_sign->rect, m_sign->isCurrent ? colors::kAccent : colors::kBarTextDim);
+    CFont* former = dc.SelectObject(&m_look.font());
+    dc.SetBkMode(TRANSPARENT);
+    dc.SetTextColor(colors::kPaper);
+    dc.DrawText(m_sign->text.c_str(), -1, m_sign->rect,
+                DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_NOCLIP);
+    dc.SelectObject(former);
+}
+
+void DrawingView::OnMouseLeave() {
+    m_over.reset();
+    followPointer();
+}
+
 void DrawingView::OnMouseMove(UINT flags, CPoint point) {
     m_pointer = point;
     if (m_pick.first())
         Invalidate(FALSE);
+    // When the pointer has left since this message was sent, the system may tell nothing about it.
+    CPoint now;
+    ::GetCursorPos(&now);
+    const bool isOver = CRect(CPoint(0, 0), m_size).PtInRect(point) && ::WindowFromPoint(now) == m_hWnd;
+    m_over = isOver ? std::optional(point) : std::nullopt;
+    if (isOver) {
+        TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, m_hWnd, 0};
+        ::TrackMouseEvent(&track);
+    }
+    followPointer();
     // The button may have been released where this window didn't see it.
     if (!(flags & MK_MBUTTON))
         m_dragged.reset();

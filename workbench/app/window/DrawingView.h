@@ -1,9 +1,11 @@
 // The window that shows the drawing: the model tab or a sheet, moved with the middle button and zoomed with the wheel.
+// It knows where in the drawing the pointer is, and shows the number of the viewport below it.
 #pragma once
 
 #include "Picture.h"
 #include "PointPick.h"
 #include "SpaceView.h"
+#include "PointerPlace.h"
 #include "WindowLook.h"
 
 #include "SessionWindow.h"
@@ -27,6 +29,14 @@ class DrawingView : public CWnd {
     void onPicked(std::function<void(PickedFor purpose, Point first, Point second)> picked) {
         m_picked = std::move(picked);
     }
+    /// Called with what the current viewport is to show when the wheel is turned over it.
+    void onViewportZoomed(std::function<void(zdr::Handle viewport, const ViewportView& shown)> zoomed) {
+        m_viewportZoomed = std::move(zoomed);
+    }
+    /// Called when the pointer is at another place of the drawing, or isn't over it any more.
+    void onPointerMoved(std::function<void()> moved) { m_pointerMoved = std::move(moved); }
+    /// Where in the drawing the pointer is; none while it isn't over this window.
+    std::optional<PointerPlace> pointer();
 
     /// To be called when another drawing is to be shown: each of its spaces is zoomed to its extents at first.
     void drawingReplaced();
@@ -65,12 +75,20 @@ class DrawingView : public CWnd {
     afx_msg void OnMButtonDblClk(UINT flags, CPoint point);
     afx_msg void OnCaptureChanged(CWnd* window);
     afx_msg void OnMouseMove(UINT flags, CPoint point);
+    afx_msg void OnMouseLeave();
     afx_msg void OnLButtonDown(UINT flags, CPoint point);
     afx_msg void OnLButtonUp(UINT flags, CPoint point);
     afx_msg void OnLButtonDblClk(UINT flags, CPoint point);
     afx_msg BOOL OnSetCursor(CWnd* window, UINT hit, UINT message);
 
   private:
+    /// The number of the viewport below the pointer, and where it is shown.
+    struct NumberSign {
+        std::wstring text;
+        bool isCurrent = false;
+        CRect rect;
+    };
+
     const zdr::Layout* layout(const zdr::Drawing& drawing) const;
     SpaceView& spaceView();
     ViewTransform extentsView() const;
@@ -79,11 +97,16 @@ class DrawingView : public CWnd {
     void render(CDC& dc, const CRect& client);
     void drawBand(CDC& dc);
     Point planePoint(CPoint pixel);
+    void followPointer();
+    std::optional<NumberSign> numberSign();
+    void paintNumberSign(CDC& dc);
 
     WindowLook& m_look;
     std::function<const zdr::Drawing*()> m_drawing;
     std::function<void(int)> m_viewportChosen;
     std::function<void(PickedFor, Point, Point)> m_picked;
+    std::function<void(zdr::Handle, const ViewportView&)> m_viewportZoomed;
+    std::function<void()> m_pointerMoved;
     std::map<std::optional<std::size_t>, SpaceView> m_views; // by layout; none for the model tab
     BackBuffer m_buffer;
     bool m_upToDate = false;
@@ -93,6 +116,8 @@ class DrawingView : public CWnd {
     PickedFor m_pickedFor = PickedFor::Window;
     CPoint m_pointer{0, 0};          // the pointer's last place
     std::optional<CPoint> m_pressed; // where the left button went down for the first point
+    std::optional<CPoint> m_over;    // where the pointer is, while it is over this window
+    std::optional<NumberSign> m_sign;
 };
 
 } // namespace workbench

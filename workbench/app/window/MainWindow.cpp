@@ -46,6 +46,7 @@ constexpr MenuCommand kMenuCommands[] = {
     {ID_MENU_PAN, L"PAN", 0, false, false},
     {ID_MENU_REGEN, L"REGEN", VK_F5, false, false},
     {ID_MENU_LAYERS, L"LAYER LIST", 0, false, false},
+    {ID_MENU_REFERENCES, L"REFERENCES", 0, false, false},
     {ID_MENU_LAYER_STATES, L"LAYERSTATE", 'L', true, false},
     {ID_MENU_HELP, L"HELP", VK_F1, false, false},
     {ID_MENU_ABOUT, L"ABOUT", 0, false, false},
@@ -165,6 +166,16 @@ int MainWindow::OnCreate(LPCREATESTRUCT create) {
         return -1;
     m_view.onViewportChosen([this](int number) { run(number ? L"VPORT " + std::to_wstring(number) : L"VPORT none"); });
     m_view.onPicked([this](PickedFor purpose, Point first, Point second) { runPicked(purpose, first, second); });
+    m_view.onViewportZoomed([this](zdr::Handle viewport, const ViewportView& shown) {
+        // A script must find what its own lines have made.
+        if (!m_running && !m_waiting.isInScript())
+            m_session->showInViewport(viewport, shown.center, shown.scale);
+    });
+    m_view.onPointerMoved([this] {
+        if (m_session && !m_gathers)
+            refreshStatus();
+    });
+    m_status.onReferencesChosen([this] { run(L"REFERENCES"); });
     m_tabs.onChosen([this](std::size_t tab) { chooseTab(tab); });
     m_command.edit().onRun([this](const std::wstring& line) { run(line); });
     m_command.edit().onComplete([this](const std::wstring& typed) { return completed(typed); });
@@ -362,7 +373,7 @@ void MainWindow::refreshTabs() {
 }
 
 void MainWindow::refreshStatus() {
-    m_status.show(statusOf(m_session->drawing(), m_message));
+    m_status.show(statusOf(m_session->drawing(), m_view.pointer(), m_message));
 }
 
 } // namespace workbench

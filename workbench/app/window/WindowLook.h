@@ -22,6 +22,7 @@ inline constexpr COLORREF kBar = RGB(240, 241, 243);
 inline constexpr COLORREF kBarLine = RGB(205, 208, 212);
 inline constexpr COLORREF kBarText = RGB(32, 34, 38);
 inline constexpr COLORREF kBarTextDim = RGB(96, 101, 110);
+inline constexpr COLORREF kWarning = RGB(255, 214, 102);
 } // namespace colors
 
 /// RGB of a palette index, red in the low byte.

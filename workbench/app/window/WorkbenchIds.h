@@ -34,6 +34,7 @@
 #define ID_MENU_PAN 40027
 #define ID_MENU_LAYER_STATES 40031
 #define ID_MENU_LAYERS 40032
+#define ID_MENU_REFERENCES 40033
 #define ID_MENU_HELP 40041
 #define ID_MENU_ABOUT 40042
 // The recent files, RecentFiles::kMost of them.

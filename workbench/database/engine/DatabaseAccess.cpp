@@ -166,6 +166,10 @@ void beginUndoGroup(KelDbDatabase& database, std::wstring name) {
     impOf(database).beginUndoGroup(std::move(name));
 }
 
+void nameGatheredChanges(KelDbDatabase& database, std::wstring name) {
+    impOf(database).history().nameGathered(std::move(name));
+}
+
 void endUndoGroup(KelDbDatabase& database) {
     impOf(database).endUndoGroup();
 }

@@ -67,6 +67,8 @@ KELDB_API Vorn::ErrorStatus setViewportView(KelDbDatabase& database, zdr::Handle
 /// what is taken back.
 KELDB_API void beginUndoGroup(KelDbDatabase& database, std::wstring name = {});
 KELDB_API void endUndoGroup(KelDbDatabase& database);
+/// Names the step that gathers what is changed outside of groups; does nothing while there is none.
+KELDB_API void nameGatheredChanges(KelDbDatabase& database, std::wstring name);
 /// Undoes the last group, or all changes that were made outside groups after it. False when there is nothing to undo,
 /// or while a group is open.
 KELDB_API bool undo(KelDbDatabase& database);

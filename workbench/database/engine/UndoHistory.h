@@ -42,6 +42,11 @@ class UndoHistory {
     /// what comes after it.
     /// @return the content's number when this ended the outermost group, and it left the drawing as it was
     std::optional<std::uint64_t> endGroup(const zdr::Drawing& drawing, const ObjectDirectory& objects) noexcept;
+    /// Names the step that gathers what is changed outside of groups; does nothing while there is none.
+    void nameGathered(std::wstring name) {
+        if (!inGroup() && !m_open.changes.empty())
+            m_open.name = std::move(name);
+    }
     bool inGroup() const { return m_depth > 0; }
     bool canUndo() const { return !m_done.empty() || !m_open.changes.empty(); }
     bool canRedo() const { return !m_undone.empty() && m_open.changes.empty(); }

@@ -3,6 +3,8 @@
 #include "CommandFixture.h"
 #include "LayerStateMask.h"
 
+#include "engine/DatabaseAccess.h"
+
 namespace {
 
 class ViewportLayerCommandTest : public CommandFixture {
@@ -90,6 +92,63 @@ TEST_F(ViewportLayerCommandTest, ResetTakesOverridesAwayAndLeavesTheFreezing) {
     EXPECT_EQ(overrideOf(0, L"Walls"), nullptr);
     EXPECT_NE(overrideOf(0, L"Windows"), nullptr);
     EXPECT_TRUE(isFrozen(0, L"Walls"));
+}
+
+TEST_F(ViewportLayerCommandTest, ListsWhatEachViewportFreezesAndOverrides) {
+    run(L"VPLAYER FREEZE W*");
+    run(L"VPLAYER COLOR 0,60,140 Walls");
+    run(L"VPLAYER LWEIGHT 0.7 Walls");
+    run(L"VPLAYER LTYPE continuous Base IN 3");
+    run(L"VPLAYER PSTYLE normal Base IN 3");
+    const std::uint64_t content = engine::contentNumber(session.database());
+    const std::wstring second = L"Viewport 2 (current): 2 layers are frozen, 1 layer is shown otherwise.\n"
+                                L"    Walls: frozen, color 0,60,140, lineweight 0.70 mm\n"
+                                L"    Windows: frozen\n";
+    const std::wstring third = L"Viewport 3: 0 layers are frozen, 1 layer is shown otherwise.\n"
+                               L"    Base: linetype Continuous, plot style Normal\n";
+    EXPECT_EQ(run(L"VPLAYER LIST"), second + third);
+    EXPECT_EQ(run(L"VPLAYER LIST in all"), second + third);
+    EXPECT_EQ(run(L"VPLAYER LIST IN 3"), third);
+    EXPECT_EQ(run(L"VPLAYER ? Wi*,Base IN 2"),
+              L"Viewport 2 (current): 1 layer is frozen, 0 layers are shown otherwise.\n    Windows: frozen\n");
+    run(L"VPORT none");
+    EXPECT_EQ(run(L"VPLAYER LIST Windows"),
+              L"Viewport 2: 1 layer is frozen, 0 layers are shown otherwise.\n    Windows: frozen\n"
+              L"Viewport 3: 0 layers are frozen, 0 layers are shown otherwise.\n");
+    EXPECT_EQ(engine::contentNumber(session.database()), content);
+}
+
+TEST_F(ViewportLayerCommandTest, ListsNothingWhereThereIsNone) {
+    EXPECT_EQ(run(L"VPLAYER LIST IN 9"), L"The layout has no viewport \"9\": give the number of one, or ALL.\n");
+    EXPECT_EQ(run(L"VPLAYER LIST Roofs"),
+              L"No layer is called \"Roofs\": LAYER LIST shows the names; one with blanks goes in quotes.\n");
+    zdr::Drawing bare = drawing();
+    bare.layouts[0].viewports.clear();
+    bare.currentViewport.reset();
+    session.rebuild(bare);
+    EXPECT_EQ(run(L"VPLAYER LIST"), L"The layout has no viewports.\n");
+    run(L"MODEL");
+    EXPECT_EQ(run(L"VPLAYER LIST"), L"The model tab has no viewports: LAYOUT shows a layout.\n");
+}
+
+TEST_F(ViewportLayerCommandTest, ListsOfVeryManyLayersTheFirst) {
+    std::wstring names = L"A000";
+    for (int i = 1; i < 202; ++i)
+        names += L",A" + std::to_wstring(1000 + i).substr(1);
+    run(L"LAYER NEW " + names);
+    run(L"VPLAYER FREEZE A*");
+    EXPECT_THAT(
+        run(L"VPLAYER LIST IN 2"),
+        testing::AllOf(testing::StartsWith(L"Viewport 2 (current): 202 layers are frozen"),
+                       testing::EndsWith(L"    A199: frozen\n    2 more: a pattern such as A* shows fewer.\n")));
+    EXPECT_THAT(run(L"VPLAYER LIST A0*,A1* IN 2"), testing::EndsWith(L"    A199: frozen\n")) << "just as many";
+}
+
+TEST_F(ViewportLayerCommandTest, ListsNoOverrideThatIsNone) {
+    zdr::Drawing changed = drawing();
+    changed.layouts[0].viewports[0].overrides = {{.layer = layer(L"Walls"), .mask = MaskOn}};
+    session.rebuild(changed);
+    EXPECT_EQ(run(L"VPLAYER LIST IN 2"), L"Viewport 2 (current): 0 layers are frozen, 0 layers are shown otherwise.\n");
 }
 
 TEST_F(ViewportLayerCommandTest, NeedsAViewport) {

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 using workbench::lastLine;
+using workbench::PointerPlace;
 using workbench::statusOf;
 
 TEST(StatusFacts, TellLayerAndSpace) {
@@ -16,12 +17,12 @@ TEST(StatusFacts, TellLayerAndSpace) {
     layout.viewports[0].handle = 50;
     layout.viewports[0].number = 2;
     drawing.layouts.push_back(layout);
-    EXPECT_EQ(statusOf(drawing, L"Done.").text(), L"Walls | Model | Done.");
-    EXPECT_EQ(statusOf(drawing, L"").layerColor, 3u);
+    EXPECT_EQ(statusOf(drawing, {}, L"Done.").text(), L"Walls | Model | mm | Done.");
+    EXPECT_EQ(statusOf(drawing, {}, L"").layerColor, 3u);
     drawing.activeLayout = 0;
-    EXPECT_EQ(statusOf(drawing, L"").space, L"A3, paper");
+    EXPECT_EQ(statusOf(drawing, {}, L"").space, L"A3, paper");
     drawing.currentViewport = 50;
-    EXPECT_EQ(statusOf(drawing, L"").space, L"A3, viewport 2");
+    EXPECT_EQ(statusOf(drawing, {}, L"").space, L"A3, viewport 2");
 }
 
 TEST(StatusFacts, TellWhatANamedColourLooksLike) {
@@ -30,7 +31,42 @@ TEST(StatusFacts, TellWhatANamedColourLooksLike) {
     color.setRGB(0, 60, 140);
     color.setNames(L"Signal Blue", nullptr);
     handmade::addLayer(drawing, L"Walls", {zdr::kLayerOn, drawing.namedColors.intern(color)});
-    EXPECT_EQ(statusOf(drawing, L"").layerColor, 0xC2003C8Cu);
+    EXPECT_EQ(statusOf(drawing, {}, L"").layerColor, 0xC2003C8Cu);
+}
+
+TEST(StatusFacts, TellThePlaceOfThePointerWithItsUnit) {
+    zdr::Drawing drawing = handmade::emptyDrawing();
+    handmade::addLayer(drawing, L"Walls");
+    EXPECT_EQ(statusOf(drawing, PointerPlace{{1.5, -2}, false}, L"").place(), L"1.5000, -2.0000 mm");
+    EXPECT_EQ(statusOf(drawing, PointerPlace{{1.5, -2}, true}, L"").place(), L"1.5000, -2.0000 mm on paper");
+    EXPECT_EQ(statusOf(drawing, PointerPlace{{1.5, -2}, true}, L"Done.").text(),
+              L"Walls | Model | 1.5000, -2.0000 mm on paper | Done.");
+}
+
+TEST(StatusFacts, TellTheUnitOfTheSpaceOnViewWhileThePointerIsElsewhere) {
+    zdr::Drawing drawing = handmade::emptyDrawing();
+    handmade::addLayer(drawing, L"Walls");
+    drawing.layouts.push_back({L"A3", 420, 297, {}, {}});
+    EXPECT_EQ(statusOf(drawing, {}, L"").place(), L"mm");
+    drawing.activeLayout = 0;
+    EXPECT_EQ(statusOf(drawing, {}, L"").place(), L"mm on paper");
+    EXPECT_EQ(statusOf(drawing, PointerPlace{{1, 2}, false}, L"").place(), L"1.0000, 2.0000 mm");
+    drawing.currentViewport = 50;
+    EXPECT_EQ(statusOf(drawing, {}, L"").place(), L"mm");
+}
+
+TEST(StatusFacts, CountTheReferencesAndWarnOfMissingOnes) {
+    zdr::Drawing drawing = handmade::emptyDrawing();
+    handmade::addLayer(drawing, L"Walls");
+    EXPECT_EQ(statusOf(drawing, {}, L"").references, L"");
+    drawing.references.resize(2);
+    drawing.references[0].drawing = std::make_shared<zdr::Drawing>();
+    drawing.references[1].unloaded = true;
+    EXPECT_EQ(statusOf(drawing, {}, L"Done.").text(), L"Walls | Model | mm | 2 references | Done.");
+    EXPECT_FALSE(statusOf(drawing, {}, L"").isReferenceMissing);
+    drawing.references[1].unloaded = false;
+    EXPECT_EQ(statusOf(drawing, {}, L"").references, L"2 references, 1 missing");
+    EXPECT_TRUE(statusOf(drawing, {}, L"").isReferenceMissing);
 }
 
 TEST(StatusFacts, ShowTheLastLineThatSaysSomething) {
