@@ -145,6 +145,9 @@ std::vector<Attack> referenceAttacks() {
         reference("toAFolder", L"folder", "it is a folder"),
         reference("toNothing", L"gone.zdr", "doesn't exist"),
         reference("toText", L"text.zdr", "isn't a drawing"),
+        reference("toAServer", L"\\\\server\\share\\x.zdr", "is outside this computer"),
+        reference("toAServerInDisguise", L"//?/C:/../UNC/server/share/x.zdr", "is outside this computer"),
+        reference("toAnAddress", L"http://server/x.zdr", "isn't followed"),
         {"inACircleOfThree",
          [](const Target& target) {
              writeReferring(target, L"main.zdr", {L"b.zdr"});
