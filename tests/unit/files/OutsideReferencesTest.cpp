@@ -157,7 +157,8 @@ TEST_F(OutsideReferences, addressesAreNeitherAskedAboutNorFollowed) {
     open(L"main.zdr");
     EXPECT_THAT(m_asked, IsEmpty());
     ASSERT_EQ(m_problems.size(), 2u);
-    EXPECT_EQ(m_problems[0].reason, L"The address \"http://server/x.zdr\" isn't followed: a reference is a file.");
+    EXPECT_EQ(m_problems[0].reason,
+              L"The file \"http://server/x.zdr\" isn't looked for, because an address is no path.");
 }
 
 TEST_F(OutsideReferences, whatCantBeSeenInAPathIsShownAsSuch) {

@@ -147,7 +147,7 @@ std::vector<Attack> referenceAttacks() {
         reference("toText", L"text.zdr", "isn't a drawing"),
         reference("toAServer", L"\\\\server\\share\\x.zdr", "is outside this computer"),
         reference("toAServerInDisguise", L"//?/C:/../UNC/server/share/x.zdr", "is outside this computer"),
-        reference("toAnAddress", L"http://server/x.zdr", "isn't followed"),
+        reference("toAnAddress", L"http://server/x.zdr", "isn't looked for, because an address is no path"),
         {"inACircleOfThree",
          [](const Target& target) {
              writeReferring(target, L"main.zdr", {L"b.zdr"});

@@ -108,7 +108,7 @@ Nesting Resolver::resolve(Drawing& drawing, const std::wstring& path, const std:
 std::wstring Resolver::whyNot(const std::wstring& path, const std::wstring& name, const PathPlace& holder) const {
     const PathPlace place = placeOf(path, m_targetOf);
     if (place.kind == PathPlace::Kind::Address)
-        return L"The address \"" + shownText(path) + L"\" isn't followed: a reference is a file.";
+        return L"The file \"" + shownText(path) + L"\" isn't looked for, because an address is no path.";
     // Whoever has the computer of the drawing that has the reference has seen already who opens it.
     if (place.kind == PathPlace::Kind::ThisComputer || areOnOneComputer(place, holder))
         return {};
