@@ -178,7 +178,7 @@ TEST(OutsidePaths, ADriveThatStandsForAServerIsOutside) {
 TEST(OutsidePaths, AnAddressIsNoPath) {
     for (const wchar_t* path : {L"http://server/x.zdr", L"HTTPS://server/x.zdr", L"https:\\\\server\\x.zdr",
                                 L"file://server/share/x.zdr", L"file:///C:/x.zdr", L"file:\\\\server\\share\\x.zdr",
-                                L"http:/server/x.zdr", L"ftp://server/x.zdr", L"svn+ssh://server/x.zdr"})
+                                L"http:/server/x.zdr", L"ab://server/x.zdr", L"svn+ssh://server/x.zdr"})
         EXPECT_EQ(placeOf(path).kind, Kind::Address) << zdr::toUtf8(path);
     for (const wchar_t* path : {L"h:/server/x.zdr", L"1a://server/x.zdr", L"a b://server/x.zdr", L"://server", L"http:",
                                 L"http:x.zdr", L"plans\\http://x.zdr"})

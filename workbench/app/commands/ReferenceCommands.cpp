@@ -46,7 +46,7 @@ std::shared_ptr<const zdr::Drawing> ReferenceReader::read(const zdr::Reference& 
     bool isLeftOut = false;
     zdr::resolveReferences(holder, m_session.path(), problems, [&](const zdr::OutsideReference& outside) {
         const bool isNested = outside.name != reference.name;
-        const std::wstring why = isChosen && !isNested ? std::wstring() : m_questions.whyNot(outside);
+        std::wstring why = isChosen && !isNested ? std::wstring() : m_questions.whyNot(outside);
         isLeftOut = isLeftOut || (!isNested && !why.empty());
         return why;
     });
