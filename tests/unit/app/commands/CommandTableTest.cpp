@@ -68,6 +68,8 @@ TEST_F(CommandTableTest, HelpExplainsACommandAndItsOptions) {
     EXPECT_THAT(text, HasSubstr(L"LAYER option ... - Makes layers and changes them. Short: LA.\n"));
     EXPECT_THAT(text, HasSubstr(L"    LAYER COLOR color [layers] - "));
     EXPECT_THAT(text, HasSubstr(L" Also: COLOUR.\n"));
+    EXPECT_THAT(run(L"HELP zoom"), HasSubstr(L"2 or 2x shows it twice as large, 0.5 half as large. Short: Z.\n"));
+    EXPECT_THAT(run(L"HELP zoom"), HasSubstr(L"    ZOOM WINDOW [x,y x,y] - "));
     EXPECT_EQ(run(L"? U"), L"UNDO [number] - Takes back the last change, or as many as the number says. Short: U.\n");
     EXPECT_EQ(run(L"HELP nonsense"), L"There is no command \"nonsense\": HELP alone lists them.\n");
 }

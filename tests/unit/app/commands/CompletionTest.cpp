@@ -52,6 +52,10 @@ TEST_F(CompletionTest, CompletesOptionsAndWhatStandsBehindThem) {
     EXPECT_EQ(tab(L"LAYER lweight def"), L"LAYER lweight default ");
     EXPECT_EQ(tab(L"VPLAYER ltype con"), L"VPLAYER ltype Continuous ");
     EXPECT_EQ(tab(L"zoom e"), L"zoom EXTENTS ");
+    EXPECT_EQ(tab(L"z prev"), L"z PREVIOUS ");
+    EXPECT_EQ(tab(L"zoom layer wal"), L"zoom layer Walls ");
+    EXPECT_EQ(tab(L"zoom l Walls wi"), L"zoom l Walls Windows ");
+    EXPECT_EQ(tab(L"ab"), L"ABOUT ");
 }
 
 TEST_F(CompletionTest, CompletesNamesOfTheDrawing) {

@@ -43,6 +43,9 @@ TEST_F(ZoomCommandTest, AFactorZoomsByIt) {
     EXPECT_EQ(window.scale, 3);
     EXPECT_EQ(run(L"ZOOM OUT"), L"Zoomed out.\n");
     EXPECT_EQ(window.scale, 1.5);
+    for (const std::wstring line : {L"ZOOM IN", L"ZOOM OUT", L"ZOOM EXTENTS", L"ZOOM PREVIOUS"})
+        EXPECT_EQ(run(line + L" 2"), line + L" takes no arguments: type " + line + L" alone.\n");
+    EXPECT_EQ(window.scale, 1.5);
 }
 
 TEST_F(ZoomCommandTest, AFactorThatCantBeIsRefused) {

@@ -41,9 +41,10 @@ TEST(RecentFiles, OneIsTakenOffWithoutRegardToCase) {
 }
 
 TEST(RecentFiles, WhatWasKeptIsNotTrusted) {
-    const std::vector<std::wstring> kept{L"",          L"C:\\a\nQUIT", L"C:\\\" QUIT", std::wstring(32768, L'x'),
-                                         L"C:\\a.zdr", L"c:\\A.zdr",   L"C:\\b.zdr"};
-    EXPECT_THAT(RecentFiles(kept).paths(), ElementsAre(L"C:\\a.zdr", L"C:\\b.zdr"));
+    const std::vector<std::wstring> kept{
+        L"",          L"C:\\a\nQUIT", L"C:\\\" QUIT",           std::wstring(32768, L'x'),
+        L"C:\\a.zdr", L"c:\\A.zdr",   L"C:\\House plans\\b.zdr"};
+    EXPECT_THAT(RecentFiles(kept).paths(), ElementsAre(L"C:\\a.zdr", L"C:\\House plans\\b.zdr"));
     std::vector<std::wstring> many;
     for (int i = 0; i < 20; ++i)
         many.push_back(std::to_wstring(i));
