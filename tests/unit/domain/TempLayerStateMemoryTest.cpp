@@ -55,6 +55,7 @@ TEST_F(TempLayerStateMemory, ItsEndPutsTheLayersBackOrLeavesTheStateWhicheverAll
 
 TEST_F(TempLayerStateMemory, ItsBeginningSavesTheLayersOrLeavesTheTaskUnprotectedOrThrows) {
     bool struck = true;
+    int unprotected = 0;
     for (int nth = 1; struck; ++nth) {
         std::unique_ptr<CTempLayerState> guard;
         {
@@ -69,6 +70,7 @@ TEST_F(TempLayerStateMemory, ItsBeginningSavesTheLayersOrLeavesTheTaskUnprotecte
             struck = failing.hasStruck();
         }
         const bool saved = !stateNames().empty();
+        unprotected += !saved;
         if (guard) {
             setColor(L"Walls", kByTheTask);
             guard.reset();
@@ -77,4 +79,5 @@ TEST_F(TempLayerStateMemory, ItsBeginningSavesTheLayersOrLeavesTheTaskUnprotecte
         EXPECT_EQ(stateNames().size(), 0u) << "allocation " << nth;
         clear();
     }
+    EXPECT_GT(unprotected, 0) << "the save asks for memory";
 }
