@@ -5,10 +5,16 @@
 
 #include "Driver.h"
 #include "HostTest.h"
+#include "instruments/CallObserver.h"
 #include "instruments/HostCalls.h"
 #include "resource.h"
 
 #include <gmock/gmock.h>
+
+#include <functional>
+#include <memory>
+#include <new>
+#include <utility>
 
 namespace {
 
@@ -19,7 +25,25 @@ using testing::StartsWith;
 using ui::Script;
 using ui::View;
 
-using ManagerExport = void (*)(CWnd*);
+using DialogExport = void (*)(CWnd*);
+
+/// An exception of the framework, which somebody has to delete.
+class Counted : public CException {
+  public:
+    Counted() { ++living; }
+    ~Counted() override { --living; }
+    static inline int living = 0;
+};
+
+/// Has the first host call after the command was found throw.
+void throwInFirstCall(const std::function<void()>& thrower) {
+    const auto thrown = std::make_shared<bool>(false);
+    instruments::observeCalls([thrower, thrown](const std::string& call) {
+        if (call.starts_with("lookup(") || std::exchange(*thrown, true))
+            return;
+        thrower();
+    });
+}
 
 class Entry : public ui::HostTest {
   protected:
@@ -32,11 +56,11 @@ class Entry : public ui::HostTest {
         open(ui::TestDrawing().layer(L"Walls").state(L"Ground floor", MaskAllProperties));
         forgetDialogs();
     }
-    static ManagerExport managerExport() {
+    static DialogExport exported(const char* name) {
         const HMODULE module = GetModuleHandleW(L"KelLayerApps.xmod");
-        return reinterpret_cast<ManagerExport>(
-            reinterpret_cast<void*>(GetProcAddress(module, "keldbLayerStateManagerDialog")));
+        return reinterpret_cast<DialogExport>(reinterpret_cast<void*>(GetProcAddress(module, name)));
     }
+    static DialogExport managerExport() { return exported("keldbLayerStateManagerDialog"); }
     /// The host calls while `entry` ran with the script, from the dialog's construction on.
     static std::vector<std::string> callsOf(Script script, const std::function<void()>& entry) {
         instruments::clearTrace();
@@ -132,6 +156,23 @@ TEST_F(Entry, ADialogThatCantStartEndsTheCommandWithoutAWord) {
     UnhookWindowsHookEx(hook);
     EXPECT_FALSE(FirstWindow::isNext());
     EXPECT_THAT(instruments::ledger(), IsEmpty());
+}
+
+TEST_F(Entry, WhatIsThrownEndsARunLikeACancelledOneAndIsNotKept) {
+    const HINSTANCE resources = AfxGetResourceHandle();
+    const std::function<void()> throwers[] = {[] { throw new Counted; }, [] { throw std::bad_alloc(); }};
+    const std::function<void()> doors[] = {[this] { runCommand(L"LAYERSTATE"); }, [] { managerExport()(nullptr); },
+                                           [] { exported("keldbLayerStateSaveDialog")(nullptr); }};
+    for (const auto& thrower : throwers)
+        for (const auto& door : doors) {
+            throwInFirstCall(thrower);
+            const std::vector<std::string> calls = callsOf(Script(), door);
+            instruments::observeCalls({});
+            EXPECT_THAT(calls, testing::SizeIs(1));
+            EXPECT_EQ(Counted::living, 0);
+            EXPECT_EQ(AfxGetResourceHandle(), resources);
+            EXPECT_THAT(instruments::ledger(), IsEmpty());
+        }
 }
 
 } // namespace
