@@ -183,6 +183,18 @@ TEST_F(DescriptionEnd, ClosingTheManagerByItsCaptionKeepsTheText) {
     EXPECT_EQ(described(L"Two"), L"typed");
 }
 
+TEST_F(DescriptionEnd, AnExportWhoseFileDialogCannotBeShownKeepsTheText) {
+    manage(typeInto(1, L"typed")
+               .look("it is invoked, as a screen reader does it",
+                     [](const View& view) {
+                         instruments::failCall("keledGetFileNavDialog", 1);
+                         PostMessageW(view.window(), WM_COMMAND, IDC_LSTATE_RES_EXPORT, 0);
+                     })
+               .waitUntil("the editor is closed", [](const View& view) { return !isEditorShown(view); })
+               .press(VK_ESCAPE));
+    EXPECT_EQ(described(L"Two"), L"typed");
+}
+
 TEST_F(DescriptionEnd, AClickOnRestoreKeepsTheTextAndRestores) {
     manage(typeInto(1, L"typed").click(IDC_LSTATE_RES_RESTORE));
     expectKeptFirst();

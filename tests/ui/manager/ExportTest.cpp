@@ -113,6 +113,12 @@ TEST_F(Export, GivesTheFocusBackToTheManager) {
                .then(unchanged()));
 }
 
+TEST_F(Export, TheListCanBeUsedAfterwardsAlsoWhereItCouldNotBefore) {
+    manage(disableList().then(exportTo(L"out.las")).then(untilExported()).then(backInManager([](const View& view) {
+        EXPECT_TRUE(view.isEnabled(kList));
+    })));
+}
+
 TEST_F(Export, WithoutAServiceNothingIsAsked) {
     Script script;
     script.look("no service", [](const View&) {

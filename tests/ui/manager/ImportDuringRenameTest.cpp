@@ -105,6 +105,20 @@ TEST_F(ImportDuringRename, ImportInvokedWhileTheBoxIsOpenAgainEndsTheRenameAndIm
     manage(script);
 }
 
+TEST_F(ImportDuringRename, AFileDialogThatCannotBeShownEndsTheRenameToo) {
+    Script script = typeName(L"Ground");
+    script
+        .look("it is invoked, as a screen reader does it",
+              [](const View& view) {
+                  instruments::failCall("keledGetFileNavDialog", 1);
+                  PostMessageW(view.window(), WM_COMMAND, IDC_LSTATE_RES_IMPORT, 0);
+              })
+        .waitUntil("the box is gone", [](const View& view) { return !view.labelEditorText(kList); })
+        .then(backInManager({L"Ground", L"Two"}, L"Ground"));
+    manage(script);
+    EXPECT_EQ(stateNames(), Texts({L"Ground", L"Two"}));
+}
+
 TEST_F(ImportDuringRename, ExportByItsKeyAsksForNoFileWhileTheNameIsRefused) {
     Script script = typeName(L"Two");
     script.then(countCalls()).pressMnemonicOf(IDC_LSTATE_RES_EXPORT).then(refusal()).then(boxIsOpenAgain());

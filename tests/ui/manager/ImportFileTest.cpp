@@ -168,6 +168,13 @@ TEST_F(ImportFile, OnlyTheFirstFailureOfARunIsTold) {
     EXPECT_THAT(ui::callsOf("taskDialog.LoadFromFile"), IsEmpty());
 }
 
+TEST_F(ImportFile, TheListCanBeUsedAfterwardsAlsoWhereItCouldNotBefore) {
+    manage(disableList()
+               .then(import(L"two.las"))
+               .then(leaveTaskDialog(kImported))
+               .then(backInManager([](const View& view) { EXPECT_TRUE(view.isEnabled(kList)); })));
+}
+
 TEST_F(ImportFile, WithoutATransactionItIsToldThatNothingCame) {
     manage(importWithFailing("startTransaction", 1)
                .then(answerMessage(resourceText(IDS_LSTATE_NOT_IMPORTED)))

@@ -99,6 +99,12 @@ Script TransferTest::choose(int button, const std::wstring& path) {
     return script.click(button).waitForControl(ui::kFileNameBox).then(ui::enterFileName(path));
 }
 
+Script TransferTest::disableList() {
+    Script script;
+    return script.look("the list is disabled",
+                       [](const View& view) { EnableWindow(view.control(IDC_LSTATE_RES_LIST), FALSE); });
+}
+
 Script TransferTest::takeTicked() {
     Script script;
     // The one control of the import selection whose id the manager doesn't have too.

@@ -41,6 +41,8 @@ class TransferTest : public ActionTest {
     static ui::Script choose(int button, const std::wstring& path);
     ui::Script import(const std::wstring& name) const { return choose(IDC_LSTATE_RES_IMPORT, file(name)); }
     ui::Script exportTo(const std::wstring& name) const { return choose(IDC_LSTATE_RES_EXPORT, file(name)); }
+    /// Disables the list, as another program might.
+    static ui::Script disableList();
     /// Waits for the import selection, and imports what is ticked there.
     static ui::Script takeTicked();
     /// Waits for the import selection, and ticks all that it shows.
