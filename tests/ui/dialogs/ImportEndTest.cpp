@@ -3,6 +3,7 @@
 
 #include "ImportDialogTest.h"
 
+#include "CResourceScope.h"
 #include "persistence/DialogStore.h"
 
 #include <commctrl.h>
@@ -42,6 +43,16 @@ class ImportEnd : public ImportDialogTest {
         return widths;
     }
 };
+
+TEST_F(ImportEnd, OkHandsBackWhatIsTickedInThatRunAlone) {
+    withStates({L"One", L"Two"}).save(file(L"offered.zdr"));
+    const CResourceScope scope;
+    CLayerStatesImportDlg dialog(nullptr, file(L"offered.zdr").c_str());
+    for (int run = 0; run < 2; ++run) {
+        ui::perform(untilInFront().press(VK_RETURN), [&] { EXPECT_EQ(dialog.DoModal(), IDOK); });
+        EXPECT_EQ(dialog.m_selectedNames.length(), 2) << run;
+    }
+}
 
 TEST_F(ImportEnd, OkHandsBackTheTickedNamesFromTheTop) {
     Script script = look("a state that the drawing has, ticked by hand", [](const View& view) {

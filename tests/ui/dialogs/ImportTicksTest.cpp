@@ -48,6 +48,18 @@ class ImportTicks : public ImportDialogTest {
     }
 };
 
+TEST_F(ImportTicks, ClicksOnARowAskTheHostForNothing) {
+    Script script = look("the calls count from here", [](const View&) { instruments::clearTrace(); });
+    for (int click = 0; click < 3; ++click) // by the second one the row is selected, and the focus is on it
+        for (int column = 1; column < 3; ++column)
+            script.clickCell(kList, 1, column);
+    script.look("no calls", [](const View& view) {
+        EXPECT_THAT(view.selectedRows(kList), ElementsAre(1));
+        EXPECT_THAT(instruments::trace(), IsEmpty());
+    });
+    choose(withStates(numbered(2)), script.press(VK_ESCAPE));
+}
+
 TEST_F(ImportTicks, OneBoxOfThreeSelectedRowsTicksAndClearsAllThree) {
     Script script = look("three rows", [](const View& view) { select(view, {0, 2, 3}, 3); });
     script.then(clickBox(2))
