@@ -168,6 +168,22 @@ TEST_F(ImportFile, OnlyTheFirstFailureOfARunIsTold) {
     EXPECT_THAT(ui::callsOf("taskDialog.LoadFromFile"), IsEmpty());
 }
 
+TEST_F(ImportFile, AStateThatHadARowAtAnEarlierImportIsNewOnceItIsDeleted) {
+    open(TestDrawing().state(L"One", MaskColor).state(L"Two", MaskColor));
+    saveStateFile(L"three.las", TestDrawing().state(L"Three", MaskColor), L"Three");
+    Script script = import(L"three.las");
+    script.then(leaveTaskDialog(kImported))
+        .waitForControl(kManagersOwn)
+        .clickCellOf(kList, L"Two")
+        .click(IDC_LSTATE_RES_DELETE)
+        .then(answerBox(resourceText(IDS_LSTATE_CONFIRM_DELETE), IDYES))
+        .waitForControl(kManagersOwn)
+        .then(import(L"two.las"))
+        .then(leaveTaskDialog(kImported))
+        .then(backInManager({L"One", L"Three", L"Two"}, L"Two"));
+    manage(script);
+}
+
 TEST_F(ImportFile, TheListCanBeUsedAfterwardsAlsoWhereItCouldNotBefore) {
     manage(disableList()
                .then(import(L"two.las"))
