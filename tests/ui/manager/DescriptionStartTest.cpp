@@ -48,6 +48,10 @@ TEST_F(DescriptionStart, TheSecondClickOpensTheCellUnderItAlsoWhenTheFirstWasOnA
                .press(VK_ESCAPE));
 }
 
+TEST_F(DescriptionStart, TheFirstRowOpensAsAnyOther) {
+    manage(openCell(0).then(expectOpen(L"")).press(VK_ESCAPE).press(VK_ESCAPE));
+}
+
 TEST_F(DescriptionStart, TheRowThatTheArrowsReachedOpensAtTheFirstClick) {
     manage(clickUntil(true)
                .press(VK_DOWN)
