@@ -3,7 +3,7 @@
 # learned from the compiler's own list, which spares preprocessing it once more, and a precompiled header of a hundred megabytes
 # is read once and not for each source.
 find_program(KEL_CCACHE ccache DOC "Compiler cache; empty to compile without one")
-if(KEL_CCACHE)
+if(KEL_CCACHE AND NOT KEL_COVERAGE) # what counts its lines knows the folder to count in, so it would only fill the cache
     set(launcher
         ${CMAKE_COMMAND} -E env
         CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}
