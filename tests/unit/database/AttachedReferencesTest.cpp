@@ -83,6 +83,15 @@ TEST_F(AttachedReferences, StatesOfThemCannotBeChanged) {
     EXPECT_EQ(drawing().states[0].mask, MaskAllProperties);
 }
 
+TEST_F(AttachedReferences, StatesOfThemAreNotCopiedIntoOtherDrawings) {
+    attach();
+    KelDbDatabase other(false, true);
+    engine::replaceDrawing(other, makeDrawing());
+    EXPECT_EQ(other.getLayerStateManager()->importLayerStateFromDb(L"site!Summer", &m_database),
+              Vorn::eDependentRecord);
+    EXPECT_TRUE(engine::drawingOf(other).states.empty());
+}
+
 TEST_F(AttachedReferences, StatesOfThemCanBeComparedAndRestored) {
     attach();
     EXPECT_FALSE(matches(L"site!Summer"));
@@ -159,6 +168,17 @@ TEST_F(AttachedReferences, AnUnresolvedLayerIsNotOverriddenEither) {
     EXPECT_EQ(restore(L"Plan", RestoreFlagAsOverrides, viewportId()), Vorn::eLayerUnresolved);
     const auto& shown = engine::shownColumns(m_database, &viewport());
     EXPECT_EQ(shown.colors[layer(L"site!Trees")], 5u);
+}
+
+TEST_F(AttachedReferences, TheFreezingOfAnUnresolvedLayerInAViewportIsKeptToo) {
+    attach();
+    states().saveLayerState(L"Plan", MaskViewportFrozen, viewportId());
+    for (const wchar_t* name : {L"site!Trees", L"Walls"})
+        engine::setFrozenInViewport(m_database, viewport().handle, layer(name), true);
+    detach();
+    EXPECT_EQ(restore(L"Plan", 0, viewportId()), Vorn::eLayerUnresolved);
+    EXPECT_TRUE(viewport().frozen[layer(L"site!Trees")]);
+    EXPECT_FALSE(viewport().frozen[layer(L"Walls")]);
 }
 
 TEST_F(AttachedReferences, LayersThatTheStateDoesNotHoldAreTurnedOffUnresolvedOrNot) {

@@ -193,3 +193,18 @@ TEST_F(KeptAnswer, EndsWithTheDrawing) {
     use(std::move(other));
     expectMatch(false);
 }
+
+TEST_F(Compare, EachOfManySetsOfLayersIsMatchedByItsOwn) {
+    const auto name = [](int number) { return L"Plan" + std::to_wstring(number); };
+    constexpr int kSets = 150; // many more than the engine keeps mappings of
+    for (int i = 0; i < kSets; ++i) {
+        ASSERT_EQ(engine::addLayer(m_database, L"Layer" + std::to_wstring(i)), Vorn::eOk);
+        ASSERT_EQ(states().saveLayerState(name(i).c_str(), MaskColor), Vorn::eOk);
+        EXPECT_TRUE(matches(name(i).c_str())) << i;
+        if (i % 2 == 0)
+            states().deleteLayerState(name(i).c_str());
+    }
+    setColor(L"Layer100", 3);
+    for (int i = 1; i < kSets; i += 2)
+        EXPECT_EQ(matches(name(i).c_str()), i < 100) << i;
+}

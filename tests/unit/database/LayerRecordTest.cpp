@@ -125,6 +125,36 @@ TEST_F(LayerRecord, PlotStylesAreSetByIdAndByName) {
     EXPECT_EQ(record->setPlotStyleName(layerId(L"Doors")), Vorn::eInvalidInput);
 }
 
+TEST_F(LayerRecord, APlotStyleOfAnotherDrawingIsNotTaken) {
+    KelDbDatabase other(true, true);
+    Record record(layerId(L"Walls"), KelDb::kForWrite);
+    const KelDbObjectId before = record->plotStyleNameId();
+    const KelDbObjectId theirs = engine::objectId(other, engine::drawingOf(other).plotStyles[0].handle);
+    EXPECT_EQ(record->setPlotStyleName(theirs), Vorn::eInvalidInput);
+    EXPECT_EQ(record->plotStyleNameId(), before);
+}
+
+TEST_F(LayerRecord, StylesThatTheDrawingLacksHaveNoIds) {
+    zdr::Drawing lacking = drawing();
+    const zdr::NameId wavy = lacking.names.intern(L"Wavy"), bold = lacking.names.intern(L"Bold");
+    use(std::move(lacking));
+    change(L"Walls", [=](engine::LayerValues& wall) {
+        wall.linetype = wavy;
+        wall.plotStyle = bold;
+    });
+    Record record(layerId(L"Walls"), KelDb::kForRead);
+    EXPECT_TRUE(record->linetypeObjectId().isNull());
+    EXPECT_TRUE(record->plotStyleNameId().isNull());
+    EXPECT_EQ(take(record->plotStyleName()), L"Bold");
+    KelDbObjectPointer<KelDbObject> copy;
+    copy.acquire(record->clone());
+    const auto* inMemory = kelrtCast<KelDbLayerTableRecord>(copy.object());
+    ASSERT_TRUE(inMemory);
+    EXPECT_TRUE(inMemory->linetypeObjectId().isNull());
+    EXPECT_TRUE(inMemory->plotStyleNameId().isNull());
+    EXPECT_EQ(take(inMemory->plotStyleName()), L"Bold");
+}
+
 TEST_F(LayerRecord, PlotStylesAreNotSetWhereTheyDependOnColours) {
     zdr::Drawing colorDependent = makeDrawing({{L"Walls"}});
     colorDependent.colorDependentPlotStyles = true;
@@ -178,6 +208,10 @@ TEST_F(LayerRecord, InMemoryItTakesWhateverItIsGiven) {
     const wchar_t* name = nullptr;
     EXPECT_EQ(record.getName(name), Vorn::eOk);
     EXPECT_STREQ(name, L"plan!Walls");
+    EXPECT_EQ(record.setDescription(L"bearing"), Vorn::eOk);
+    wchar_t* description = record.description();
+    EXPECT_STREQ(description, L"bearing");
+    kelutDelBuffer(description);
 }
 
 TEST_F(LayerRecord, ACloneHoldsTheValuesInMemory) {

@@ -135,6 +135,18 @@ TEST_F(LayerTable, TakesOverALayerFromMemory) {
     EXPECT_EQ(values(L"Roof").lineWeight, 50);
 }
 
+TEST_F(LayerTable, ALayerWhoseLinetypeIsNoneIsTakenOverWithoutOne) {
+    auto* record = new KelDbLayerTableRecord;
+    record->setName(L"Roof");
+    record->setLinetypeObjectId(layerId(L"Walls"));
+    KelDbSymbolTablePointer<KelDbLayerTable> table(&m_database, KelDb::kForWrite);
+    KelDbObjectId id;
+    ASSERT_EQ(table->add(id, record), Vorn::eOk);
+    EXPECT_EQ(values(L"Roof").linetype, zdr::kNoName);
+    EXPECT_TRUE(record->linetypeObjectId().isNull());
+    record->close();
+}
+
 TEST_F(LayerTable, RefusesALayerThatItCannotTake) {
     KelDbLayerTableRecord record;
     record.setName(L"Roof");
@@ -178,6 +190,10 @@ TEST_F(LayerTable, TheCurrentLayerIsNotSetWhereItCannotBe) {
     EXPECT_EQ(writer->downgradeOpen(), Vorn::eOk);
     EXPECT_EQ(m_database.setClayer(layerId(L"Walls")), Vorn::eOk);
     EXPECT_EQ(writer->upgradeOpen(), Vorn::eOk);
+    const KelDbObjectId furniture = layerId(L"Furniture");
+    ASSERT_EQ(engine::removeLayer(m_database, layer(L"Furniture")), Vorn::eOk);
+    EXPECT_EQ(m_database.setClayer(furniture), Vorn::eWasErased);
+    EXPECT_EQ(m_database.clayer(), layerId(L"Walls"));
 }
 
 TEST_F(LayerTable, RenamingALayerIsFollowedByTheStates) {
@@ -190,6 +206,15 @@ TEST_F(LayerTable, RenamingALayerIsFollowedByTheStates) {
     EXPECT_EQ(drawing().states[0].layers, drawing().layerSet);
     EXPECT_EQ(drawing().states[0].currentLayer, nameId(L"Masonry"));
     EXPECT_TRUE(matches(L"Section"));
+}
+
+TEST_F(LayerTable, RenamingALayerLeavesStatesAloneThatDoNotHoldIt) {
+    states().saveLayerState(L"Plan", MaskAllProperties);
+    ASSERT_EQ(engine::addLayer(m_database, L"Roof"), Vorn::eOk);
+    const zdr::LayerState before = drawing().states[0];
+    ASSERT_EQ(engine::renameLayer(m_database, layer(L"Roof"), L"Eaves"), Vorn::eOk);
+    EXPECT_EQ(drawing().states[0].layers, before.layers);
+    EXPECT_EQ(drawing().states[0].columns.colors.values().data(), before.columns.colors.values().data());
 }
 
 TEST_F(LayerTable, RenamingMayChangeTheSpellingAlone) {
@@ -217,6 +242,7 @@ TEST_F(LayerTable, RemovingRefusesWhatIsNeeded) {
 TEST_F(LayerTable, RemovingMovesEverythingThatCountsLayers) {
     zdr::Drawing drawn = makeDrawing({{L"Walls"}, {.name = L"Doors", .color = 2}, {.name = L"Notes", .color = 3}});
     drawn.entities.push_back({.layer = 3, .color = {}, .geometry = zdr::Line{{0, 0}, {1, 1}}});
+    drawn.layouts[0].entities.push_back({.layer = 3, .color = {}, .geometry = zdr::Line{{0, 0}, {1, 1}}});
     drawn.layouts[0].viewports[0].frozen = {false, false, true, true};
     drawn.layouts[0].viewports[0].overrides = {{.layer = 2, .mask = MaskColor, .color = 5},
                                                {.layer = 3, .mask = MaskColor, .color = 6}};
@@ -225,6 +251,7 @@ TEST_F(LayerTable, RemovingMovesEverythingThatCountsLayers) {
     const KelDbObjectId notes = layerId(L"Notes");
     ASSERT_EQ(engine::removeLayer(m_database, layer(L"Doors")), Vorn::eOk);
     EXPECT_EQ(drawing().entities[0].layer, 2u);
+    EXPECT_EQ(drawing().layouts[0].entities[0].layer, 2u);
     EXPECT_EQ(drawing().currentLayer, 2u);
     EXPECT_EQ(layerId(L"Notes"), notes);
     EXPECT_EQ(values(L"Notes").color, 3u);

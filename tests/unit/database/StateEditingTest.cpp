@@ -221,6 +221,42 @@ TEST_F(StateEditing, APutBackCopyOfARecordBringsTheStateBack) {
     EXPECT_EQ(values(L"Walls").color, 7u);
 }
 
+TEST_F(StateEditing, ACopyOfACopyBringsTheStateBackToo) {
+    KelDbObjectPointer<KelDbXrecord> record(engine::objectId(m_database, plan().handle), KelDb::kForRead);
+    KelDbObjectPointer<KelDbObject> copy;
+    copy.acquire(record->clone());
+    KelDbObject* second = copy->clone();
+    record.open({}, KelDb::kForRead);
+    setColor(L"Walls", 5);
+    states().deleteLayerState(L"Plan");
+    KelDbObjectPointer<KelDbDictionary> dictionary(dictionaryId(), KelDb::kForWrite);
+    KelDbObjectId id;
+    ASSERT_EQ(dictionary->setAt(L"Plan", second, id), Vorn::eOk);
+    EXPECT_EQ(second->close(), Vorn::eOk);
+    EXPECT_EQ(restore(L"Plan"), Vorn::eOk);
+    EXPECT_EQ(values(L"Walls").color, 7u);
+}
+
+TEST_F(StateEditing, LayersThatAreHeldAlreadyOrNotHeldChangeNothing) {
+    const std::uint64_t before = engine::contentNumber(m_database);
+    EXPECT_EQ(add({layerId(L"Walls"), layerId(L"Doors")}), Vorn::eOk);
+    EXPECT_EQ(remove({L"Roof"}), Vorn::eOk);
+    EXPECT_EQ(engine::contentNumber(m_database), before);
+}
+
+TEST_F(StateEditing, CopiedStatesOfOneSetOfLayersShareIt) {
+    KelDbDatabase other(false, true);
+    engine::replaceDrawing(other, makeDrawing({{L"Pipes"}, {L"Ducts"}}));
+    for (const wchar_t* name : {L"Summer", L"Winter"}) {
+        other.getLayerStateManager()->saveLayerState(name, MaskAllProperties);
+        ASSERT_EQ(states().importLayerStateFromDb(name, &other), Vorn::eOk);
+    }
+    ASSERT_EQ(drawing().states.size(), 3u);
+    EXPECT_EQ(drawing().states[1].layers, drawing().states[2].layers);
+    EXPECT_NE(drawing().states[1].layers, plan().layers);
+    EXPECT_THAT(layersOf(L"Winter"), ElementsAre(L"Base", L"Pipes", L"Ducts"));
+}
+
 TEST_F(StateEditing, APutBackCopyTakesThePlaceOfTheStateOfItsName) {
     states().saveLayerState(L"Section", 2);
     const KelDbObjectId old = engine::objectId(m_database, plan().handle);

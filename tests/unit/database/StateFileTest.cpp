@@ -197,6 +197,21 @@ TEST_F(StateFile, AnswersFilesThatCannotBeReadOrWritten) {
     EXPECT_EQ(states().exportLayerState(L"Section", path().c_str()), Vorn::eKeyNotFound);
 }
 
+TEST_F(StateFile, LargerThanAnyIsRefusedUnread) {
+    write("{");
+    std::filesystem::resize_file(path(), (std::uintmax_t{1} << 28) + 1);
+    EXPECT_EQ(import(), Vorn::eInvalidInput);
+    EXPECT_THAT(zdr::toUtf8(engine::lastFileProblem(m_database)), HasSubstr("larger than a layer states file can be"));
+}
+
+TEST_F(StateFile, IsNotWrittenOfANameWithHalfACharacter) {
+    use(makeDrawing({{L"Wall\xD800"}}));
+    ASSERT_EQ(states().saveLayerState(L"Plan", MaskOn), Vorn::eOk);
+    EXPECT_EQ(states().exportLayerState(L"Plan", path().c_str()), Vorn::eInvalidInput);
+    EXPECT_THAT(zdr::toUtf8(engine::lastFileProblem(m_database)), HasSubstr("half a character"));
+    EXPECT_FALSE(std::filesystem::exists(path()));
+}
+
 TEST_F(StateFile, MayHaveItsFieldsInAnyOrderAndLayout) {
     write("\xEF\xBB\xBF\r\n{\"layers\":[\t{\"plotStyle\":\"\",\"lineWeight\":-3,\"linetype\":\"\",\"color\" : [ 1 , 2 "
           ", 3 ],"
@@ -259,6 +274,7 @@ TEST_F(StateFile, WithOneThingWrongIsRefused) {
         {"\"name\":\"Base\"", "\"name\":\"\""},
         {"\"name\":\"Base\"", "\"name\":\"W\xC3\x84NDE\""}, // the other layer's name, in capitals
         {"\"linetype\":\"Dashed\"", "\"linetype\":5"},
+        {"\"layers\": [", "\"layers\": 5, \"rows\": ["},
         {"\n  ]\n}\n", "\n  ]\n}\n}"},
     };
     for (const auto& [piece, other] : slips) {

@@ -80,6 +80,14 @@ TEST_F(Viewports, AreReadThroughTheirObject) {
     EXPECT_EQ(off->number(), -1);
 }
 
+TEST_F(Viewports, ThatAreNotThereAreNotChanged) {
+    const std::uint64_t before = engine::contentNumber(m_database);
+    const zdr::Handle none = drawing().nextHandle;
+    engine::setFrozenInViewport(m_database, none, layer(L"Doors"), true);
+    engine::setOverride(m_database, none, {.layer = layer(L"Walls"), .mask = MaskColor, .color = 5});
+    EXPECT_EQ(engine::contentNumber(m_database), before);
+}
+
 TEST_F(Viewports, AStateSavedInOneRecordsWhatItShows) {
     overrideColor(L"Walls", 5);
     freeze(L"Doors", true);
@@ -180,6 +188,16 @@ TEST_F(Viewports, ARestoreWritesTheViewportsFreezingWhereTheStateRecordsIt) {
     EXPECT_TRUE(viewport().frozen[layer(L"Doors")]);
     EXPECT_FALSE(viewport().frozen[layer(L"Walls")]);
     EXPECT_FALSE(hasFlag(L"Doors", zdr::kLayerViewportFrozen)); // never in the layers themselves
+}
+
+TEST_F(Viewports, ARestoreLeavesTheFreezingOfLayersAloneThatTheStateDoesNotHold) {
+    states().saveLayerState(L"Plan", MaskAllProperties, viewportId());
+    ASSERT_EQ(engine::addLayer(m_database, L"Roof"), Vorn::eOk);
+    freeze(L"Roof", true);
+    freeze(L"Doors", true);
+    ASSERT_EQ(restore(L"Plan", 0, viewportId()), Vorn::eOk);
+    EXPECT_TRUE(viewport().frozen[layer(L"Roof")]);
+    EXPECT_FALSE(viewport().frozen[layer(L"Doors")]);
 }
 
 TEST_F(Viewports, ARestoreLeavesTheViewportsFreezingAloneWhereTheStateDoesNotRecordIt) {

@@ -82,8 +82,6 @@ Vorn::ErrorStatus putState(DatabaseImp& database, std::wstring_view name, zdr::L
     std::size_t index = zdr::kNone;
     if (const Vorn::ErrorStatus status = placeForName(database, name, index); status != Vorn::eOk)
         return status;
-    if (!state.layers)
-        return Vorn::eInvalidInput;
     state.name = name;
     state.reference = zdr::kNone;
     if (index == zdr::kNone)

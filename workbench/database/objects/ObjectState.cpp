@@ -124,14 +124,10 @@ std::wstring nameOf(KelDbObjectId id) {
         return {};
     const zdr::Drawing& drawing = stub->database->drawing();
     switch (stub->kind) {
-    case ObjectKind::Layer:
-        return drawing.names.text(drawing.layers[stub->index].name);
     case ObjectKind::Linetype:
         return drawing.names.text(drawing.linetypes[stub->index].name);
     case ObjectKind::PlotStyle:
         return drawing.names.text(drawing.plotStyles[stub->index].name);
-    case ObjectKind::State:
-        return drawing.states[stub->index].name;
     default:
         return {};
     }

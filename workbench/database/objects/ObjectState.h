@@ -70,7 +70,7 @@ inline MemoryLayer* memoryLayer(const KelDbObject& object) {
 MemoryLayer copyToMemory(const KelDbStub& layer);
 /// What a record, in memory or open, says about a layer of a state.
 StateLayerUpdate stateLayerUpdate(const KelDbLayerTableRecord& record, bool isCurrent);
-/// The name of a symbol's or plot style's id; empty when it has none.
+/// The name of a linetype's or plot style's id; empty for what is neither.
 std::wstring nameOf(KelDbObjectId id);
 
 } // namespace engine
