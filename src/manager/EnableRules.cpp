@@ -19,10 +19,10 @@ bool isEnabled(EnableRule rule, const SelectionFacts& facts) {
     case EnableRule::oneRowInViewport:
         return one && facts.inViewport;
     case EnableRule::rowsForOverrides:
-        // With several rows, or one whose mask can't be read, nothing is known that forbids it.
-        if (one && facts.mask)
-            return facts.inViewport && (*facts.mask & MaskOverridable) != 0;
-        return any;
+        break;
     }
-    return false;
+    // With several rows, or one whose mask can't be read, nothing is known that forbids it.
+    if (one && facts.mask)
+        return facts.inViewport && (*facts.mask & MaskOverridable) != 0;
+    return any;
 }

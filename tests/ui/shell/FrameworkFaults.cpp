@@ -14,6 +14,7 @@ using MakeLinkObject = void (*)(CDynLinkLibrary*, AFX_EXTENSION_MODULE&, BOOL);
 using LoadStringById = BOOL (*)(CString*, UINT);
 
 FrameworkCall g_failing = FrameworkCall::none;
+LackOfMemory g_thrown = LackOfMemory::ofLanguage;
 int g_linkObjects = 0;
 
 bool isToFail(FrameworkCall call) {
@@ -23,10 +24,17 @@ bool isToFail(FrameworkCall call) {
     return true;
 }
 
+[[noreturn]] void throwLackOfMemory() {
+    if (g_thrown == LackOfMemory::ofFramework)
+        AfxThrowMemoryException();
+    throw std::bad_alloc();
+}
+
 } // namespace
 
-void failFramework(FrameworkCall call) {
+void failFramework(FrameworkCall call, LackOfMemory thrown) {
     g_failing = call;
+    g_thrown = thrown;
 }
 
 int linkObjectsMade() {
@@ -47,14 +55,14 @@ static BOOL initExtensionModule(AFX_EXTENSION_MODULE& record, HMODULE module) {
 
 static void makeLinkObject(CDynLinkLibrary* object, AFX_EXTENSION_MODULE& record, BOOL isSystem) {
     if (isToFail(FrameworkCall::makeLinkObject))
-        throw std::bad_alloc();
+        throwLackOfMemory();
     ++g_linkObjects;
     __real___imp__ZN15CDynLinkLibraryC1ER20AFX_EXTENSION_MODULEi(object, record, isSystem);
 }
 
 static BOOL loadString(CString* text, UINT id) {
     if (isToFail(FrameworkCall::loadString))
-        throw std::bad_alloc();
+        throwLackOfMemory();
     return __real___imp__ZN7CString11LoadStringWEj(text, id);
 }
 

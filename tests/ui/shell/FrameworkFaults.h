@@ -4,8 +4,11 @@
 
 enum class FrameworkCall { none, initExtensionModule, makeLinkObject, loadString };
 
+/// The two exceptions for lack of memory: the language's std::bad_alloc and the framework's CMemoryException.
+enum class LackOfMemory { ofLanguage, ofFramework };
+
 /// Makes the next call of that function fail as it fails when memory runs out: the first answers FALSE, the others
-/// throw std::bad_alloc.
-void failFramework(FrameworkCall call);
+/// throw.
+void failFramework(FrameworkCall call, LackOfMemory thrown = LackOfMemory::ofLanguage);
 /// How many link objects this program has made.
 int linkObjectsMade();

@@ -89,6 +89,16 @@ TEST_F(FrameworkSetUp, ALinkObjectThatCantBeMadeDoesntStopTheLoad) {
     EXPECT_EQ(linkObjectsMade(), m_linkObjectsBefore);
 }
 
+TEST_F(FrameworkSetUp, TheFrameworksOwnExceptionForLackOfMemoryCountsLikeTheLanguages) {
+    failFramework(FrameworkCall::loadString, LackOfMemory::ofFramework);
+    EXPECT_EQ(kelrtEntryPoint(kelrtLoadMessage, this), kelrtAnswerFailed);
+    expectNothingLeft();
+    const int linkObjectsBefore = linkObjectsMade();
+    failFramework(FrameworkCall::makeLinkObject, LackOfMemory::ofFramework);
+    expectLoaded();
+    EXPECT_EQ(linkObjectsMade(), linkObjectsBefore);
+}
+
 TEST_F(FrameworkSetUp, AnExceptionInTheLoadTakesBackWhatTheLoadHasDone) {
     expectLoaded(); // the module looks up the class record of the stack once, which isn't to be among the calls
     EXPECT_EQ(kelrtEntryPoint(kelrtUnloadMessage, this), 0);

@@ -46,6 +46,21 @@ TEST_F(LegacyWriting, PutsABlockOnEachLayer) {
         << "the current layer has its mark";
 }
 
+TEST_F(LegacyWriting, TellsWhetherALayerIsAReferencesAndWhetherThatIsThere) {
+    zdr::Drawing withReference = makeDrawing();
+    withReference.references.push_back({.name = L"site", .path = L"site.zdr", .insertion = {}, .drawing = nullptr});
+    use(std::move(withReference));
+    const auto flags = [this] {
+        setData(L"site!Base", {});
+        EXPECT_TRUE(write(L"PLAN"));
+        return data(L"site!Base").at(1);
+    };
+    engine::attachReference(m_database, 0, std::make_shared<const zdr::Drawing>(makeDrawing()));
+    EXPECT_EQ(flags(), "1070 48");
+    engine::attachReference(m_database, 0, nullptr);
+    EXPECT_EQ(flags(), "1070 32");
+}
+
 TEST_F(LegacyWriting, MarksALayerThatTheCurrentViewportFreezes) {
     engine::setFrozenInViewport(m_database, viewport().handle, layer(L"Walls"), true);
     EXPECT_TRUE(writeInViewport(0));
