@@ -200,6 +200,32 @@ TEST_F(ScreenReader, HearsWhatTheSystemSaysOfAllElse) {
              .press(VK_ESCAPE));
 }
 
+TEST_F(ScreenReader, CallsNothingByNameAndIsToldWhereItLeavesNoRoomForTheAnswer) {
+    open(house().state(L"Plan", MaskAllProperties));
+    edit(L"Plan", Script()
+                      .look("the grid's object",
+                            [](const View& view) {
+                                const auto object = asked(view.control(grid));
+                                ASSERT_TRUE(object);
+                                UINT count = 7;
+                                EXPECT_EQ(object->GetTypeInfoCount(&count), S_OK);
+                                EXPECT_EQ(count, 0u);
+                                ITypeInfo* info = nullptr;
+                                EXPECT_EQ(object->GetTypeInfo(0, 0, &info), E_NOTIMPL);
+                                std::wstring accName = L"accName";
+                                LPOLESTR name = accName.data();
+                                DISPID member = 0;
+                                EXPECT_EQ(object->GetIDsOfNames(GUID{}, &name, 1, 0, &member), E_NOTIMPL);
+                                DISPPARAMS none = {};
+                                EXPECT_EQ(object->Invoke(DISPID_ACC_NAME, GUID{}, 0, DISPATCH_PROPERTYGET, &none,
+                                                         nullptr, nullptr, nullptr),
+                                          E_NOTIMPL);
+                                EXPECT_EQ(object->QueryInterface(__uuidof(IUnknown), nullptr), E_POINTER);
+                                EXPECT_EQ(object->get_accName(child(1), nullptr), E_POINTER);
+                            })
+                      .press(VK_ESCAPE));
+}
+
 TEST_F(ScreenReader, IsToldOfALackOfMemoryAndHearsAllTheNextTime) {
     open(house());
     edit(Script()
