@@ -9,13 +9,17 @@
 
 #include <algorithm>
 #include <iterator>
-#include <map>
+#include <variant>
 
 using instruments::HostCall;
 
 namespace runtime {
 
 namespace {
+
+using VariableValue = std::variant<std::int16_t, std::int32_t, double, std::wstring>;
+
+constexpr const wchar_t* kDefaultProfile = L"Default";
 
 /// What the variables of the open drawing are read from.
 struct Facts {
@@ -56,42 +60,31 @@ VariableValue filePrefix(const Facts& facts) {
 struct Variable {
     const wchar_t* name;
     ResultType type;
-    VariableValue initial;               ///< of a variable that the application keeps
-    VariableValue (*read)(const Facts&); ///< null: the application keeps it
+    VariableValue (*read)(const Facts&); ///< null: the profile, which the application keeps
 };
 
 // In alphabetical order. Reading one of the drawing's fails while no drawing is open.
 const Variable kVariables[] = {
-    {L"CLAYER", kVariableString, {}, currentLayer},
-    {L"CPROFILE", kVariableString, std::wstring(L"Default"), nullptr},
-    {L"CTAB", kVariableString, {}, currentTab},
-    {L"CVPORT", kVariableInt16, {}, currentViewport},
-    {L"LAYERCOUNT",
-     kVariableInt32,
-     {},
+    {L"CLAYER", kVariableString, currentLayer},
+    {L"CPROFILE", kVariableString, nullptr},
+    {L"CTAB", kVariableString, currentTab},
+    {L"CVPORT", kVariableInt16, currentViewport},
+    {L"LAYERCOUNT", kVariableInt32,
      [](const Facts& facts) -> VariableValue { return static_cast<std::int32_t>(facts.drawing.layers.size()); }},
-    {L"LTSCALE", kVariableReal, {}, [](const Facts& facts) -> VariableValue { return facts.drawing.linetypeScale; }},
-    {L"LWDEFAULT",
-     kVariableInt16,
-     {},
-     [](const Facts& facts) -> VariableValue { return facts.drawing.defaultLineWeight; }},
-    {L"PLOTSTYLEMODE",
-     kVariableInt16,
-     {},
+    {L"LTSCALE", kVariableReal, [](const Facts& facts) -> VariableValue { return facts.drawing.linetypeScale; }},
+    {L"LWDEFAULT", kVariableInt16, [](const Facts& facts) -> VariableValue { return facts.drawing.defaultLineWeight; }},
+    {L"PLOTSTYLEMODE", kVariableInt16,
      [](const Facts& facts) -> VariableValue { return std::int16_t{facts.drawing.colorDependentPlotStyles}; }},
-    {L"TILEMODE",
-     kVariableInt16,
-     {},
+    {L"TILEMODE", kVariableInt16,
      [](const Facts& facts) -> VariableValue { return std::int16_t{!facts.drawing.activeLayout}; }},
-    {L"VIEWTWIST", kVariableAngle, {}, [](const Facts&) -> VariableValue { return 0.0; }}, // no view is turned
-    {L"ZDRNAME", kVariableString, {}, fileName},
-    {L"ZDRPREFIX", kVariableString, {}, filePrefix},
+    {L"VIEWTWIST", kVariableAngle, [](const Facts&) -> VariableValue { return 0.0; }}, // no view is turned
+    {L"ZDRNAME", kVariableString, fileName},
+    {L"ZDRPREFIX", kVariableString, filePrefix},
 };
 
-/// The values that were set, by variable.
-std::map<const Variable*, VariableValue>& setValues() {
-    static std::map<const Variable*, VariableValue> values;
-    return values;
+std::wstring& profile() {
+    static std::wstring name(kDefaultProfile);
+    return name;
 }
 
 const Variable* findVariable(const wchar_t* name) {
@@ -101,12 +94,6 @@ const Variable* findVariable(const wchar_t* name) {
     const auto* found = std::find_if(std::begin(kVariables), std::end(kVariables),
                                      [&folded](const Variable& variable) { return folded == variable.name; });
     return found == std::end(kVariables) ? nullptr : found;
-}
-
-/// The value of a variable that the application keeps.
-const VariableValue& keptValue(const Variable& variable) {
-    const auto own = setValues().find(&variable);
-    return own == setValues().end() ? variable.initial : own->second;
 }
 
 struct Filler {
@@ -120,10 +107,9 @@ struct Filler {
     }
 };
 
-// Without a copy of the value: the library's variants don't survive one that finds no memory.
 bool fill(ResultBuffer& result, const Variable& variable) {
     if (!variable.read)
-        return std::visit(Filler{result}, keptValue(variable));
+        return Filler{result}(profile());
     const Document* document = currentDocument();
     return document &&
            std::visit(Filler{result}, variable.read({engine::drawingOf(document->data()), document->path()}));
@@ -131,16 +117,8 @@ bool fill(ResultBuffer& result, const Variable& variable) {
 
 } // namespace
 
-Vorn::ErrorStatus setSystemVariable(const wchar_t* name, VariableValue value) {
-    const Variable* variable = findVariable(name);
-    if (!variable)
-        return Vorn::eKeyNotFound;
-    if (variable->read)
-        return Vorn::eNotApplicable;
-    if (value.index() != variable->initial.index())
-        return Vorn::eInvalidInput;
-    setValues()[variable] = std::move(value);
-    return Vorn::eOk;
+void setProfile(std::wstring name) {
+    profile() = std::move(name);
 }
 
 std::vector<std::wstring> systemVariableNames() {
@@ -151,7 +129,7 @@ std::vector<std::wstring> systemVariableNames() {
 }
 
 void resetSystemVariables() {
-    setValues().clear();
+    profile() = kDefaultProfile;
 }
 
 } // namespace runtime

@@ -21,10 +21,7 @@ class SnapshotSetting : public ui::HostTest {
   protected:
     void SetUp() override {
         HostTest::SetUp();
-        setProfile(L"Planner");
-    }
-    static void setProfile(const wchar_t* name) {
-        ASSERT_EQ(runtime::setSystemVariable(L"CPROFILE", std::wstring(name)), Vorn::eOk);
+        runtime::setProfile(L"Planner");
     }
     static bool isAllowed() {
         instruments::clearTrace();
@@ -76,12 +73,12 @@ TEST_F(SnapshotSetting, CountsInTheCurrentProfileAlone) {
     m_keys.setNumber(HKEY_CURRENT_USER, generalOf(L"Other"), kBypass, 1);
     m_keys.setNumber(HKEY_LOCAL_MACHINE, generalOf(L"Planner"), kBypass, 1);
     EXPECT_TRUE(isAllowed());
-    setProfile(L"Other");
+    runtime::setProfile(L"Other");
     EXPECT_FALSE(isAllowed());
 }
 
 TEST_F(SnapshotSetting, IsOfTheProfileThatTheProfilesKeyNamesWhenTheVariableIsEmpty) {
-    setProfile(L"");
+    runtime::setProfile(L"");
     m_keys.setText(HKEY_CURRENT_USER, kProfiles, nullptr, L"Kept");
     m_keys.setNumber(HKEY_CURRENT_USER, generalOf(L"Kept"), kBypass, 1);
     EXPECT_FALSE(isAllowed());
@@ -111,7 +108,7 @@ TEST_F(SnapshotSetting, DoesntTakeWhatWasReadOfAnotherVariableForTheProfile) {
 }
 
 TEST_F(SnapshotSetting, WithoutAnyProfilesNameIsLookedForBelowAnEmptyOne) {
-    setProfile(L"");
+    runtime::setProfile(L"");
     EXPECT_TRUE(isAllowed());
     EXPECT_THAT(instruments::trace(),
                 ElementsAre("keldbHostApplicationServices()",

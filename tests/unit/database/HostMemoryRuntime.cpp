@@ -89,7 +89,7 @@ HostOperation transaction(const char* name, int stepsBefore) {
 
 HostOperation variable() {
     return {"keledGetVar", [](Database&) {
-                static_cast<void>(runtime::setSystemVariable(L"CPROFILE", std::wstring(kLongName)));
+                runtime::setProfile(kLongName);
                 return [] {
                     ResultBuffer result{};
                     const bool done = keledGetVar(L"CPROFILE", &result) == kResultNormal;

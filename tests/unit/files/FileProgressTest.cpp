@@ -63,10 +63,11 @@ class Progress : public testing::Test {
     FileStamp m_stamp;
 };
 
-TEST_F(Progress, ofReadingIsShownOutOfTheWholeFile) {
+TEST_F(Progress, ofReadingIsShownToItsEnd) {
     Drawing drawing;
     EXPECT_EQ(read(drawing), Vorn::eOk);
     EXPECT_THAT(g_shown.begun, ElementsAre(L"read " + m_path));
+    EXPECT_EQ(g_shown.done, size());
     EXPECT_EQ(g_shown.total, size());
 }
 

@@ -59,16 +59,10 @@ TEST_F(SystemVariablesTest, EveryVariableOfTheTableCanBeRead) {
 
 TEST_F(SystemVariablesTest, KeepsAProfileThatWasSet) {
     EXPECT_EQ(text(L"CPROFILE"), L"Default");
-    EXPECT_EQ(runtime::setSystemVariable(L"cprofile", std::wstring(L"Office")), Vorn::eOk);
+    runtime::setProfile(L"Office");
     EXPECT_EQ(text(L"CPROFILE"), L"Office");
     runtime::reset();
     EXPECT_EQ(text(L"CPROFILE"), L"Default");
-}
-
-TEST_F(SystemVariablesTest, RefusesToSetWhatItCantKeep) {
-    EXPECT_EQ(runtime::setSystemVariable(L"NOSUCH", 1.0), Vorn::eKeyNotFound);
-    EXPECT_EQ(runtime::setSystemVariable(L"CLAYER", std::wstring(L"Base")), Vorn::eNotApplicable);
-    EXPECT_EQ(runtime::setSystemVariable(L"CPROFILE", 1.0), Vorn::eInvalidInput);
 }
 
 TEST_F(SystemVariablesTest, FailsWithoutSuchAVariableDrawingOrNode) {

@@ -4,6 +4,7 @@
 #include "instruments/HostCalls.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <ostream>
 
 namespace sweep {
@@ -103,6 +104,21 @@ class Sweep {
     Result m_result;
 };
 
+/// Tells at the end of the program what was made to fail.
+struct Tally {
+    int calls = 0, handedOut = 0;
+    ~Tally() {
+        if (calls + handedOut > 0)
+            std::printf("%d host calls and %d texts or chains handed out failed, each in a run of its own\n", calls,
+                        handedOut);
+    }
+} g_tally;
+
+Result counted(Result result, int& tally) {
+    tally += result.failures;
+    return result;
+}
+
 } // namespace
 
 Vorn::ErrorStatus statusOf(std::string_view operation) {
@@ -111,11 +127,11 @@ Vorn::ErrorStatus statusOf(std::string_view operation) {
 }
 
 Result failEachCall(const Scenario& scenario) {
-    return Sweep(scenario, [](int nth) { instruments::failAnyCall(nth, statusOf); }).run();
+    return counted(Sweep(scenario, [](int nth) { instruments::failAnyCall(nth, statusOf); }).run(), g_tally.calls);
 }
 
 Result failEachAllocation(const Scenario& scenario) {
-    return Sweep(scenario, [](int nth) { instruments::failAllocation(nth); }).run();
+    return counted(Sweep(scenario, [](int nth) { instruments::failAllocation(nth); }).run(), g_tally.handedOut);
 }
 
 void PrintTo(const Result& result, std::ostream* out) {

@@ -1,5 +1,5 @@
-// SETVAR. The values of some variables come from the drawing: SETVAR sets those by the command that changes the
-// drawing, as CLAYER by LAYER SET, and otherwise only shows them.
+// SETVAR. The values of nearly all variables come from the drawing: SETVAR sets some of those by the command that
+// changes the drawing, as CLAYER by LAYER SET, and otherwise only shows them.
 
 #include "CommandFunctions.h"
 #include "PropertyText.h"
@@ -93,14 +93,19 @@ void setLinetypeScale(Session& session, const std::wstring& value) {
     });
 }
 
-/// A variable whose value comes from the drawing, and the function that changes the drawing accordingly.
-struct Redirection {
+void setProfile(Session& session, const std::wstring& name) {
+    runtime::setProfile(name);
+    session.window().print(L"CPROFILE = " + VariableRead(L"CPROFILE").text() + L"\n");
+}
+
+/// A variable that can be set, and how.
+struct Setting {
     const wchar_t* name;
     void (*set)(Session& session, const std::wstring& value);
 };
-constexpr Redirection kRedirections[] = {
-    {L"CLAYER", setCurrentLayer},   {L"CTAB", setCurrentTab},   {L"CVPORT", setCurrentViewport},
-    {L"LTSCALE", setLinetypeScale}, {L"TILEMODE", setTileMode},
+constexpr Setting kSettings[] = {
+    {L"CLAYER", setCurrentLayer},    {L"CPROFILE", setProfile},      {L"CTAB", setCurrentTab},
+    {L"CVPORT", setCurrentViewport}, {L"LTSCALE", setLinetypeScale}, {L"TILEMODE", setTileMode},
 };
 
 void listAll(Session& session) {
@@ -112,17 +117,14 @@ void listAll(Session& session) {
 }
 
 void set(Session& session, const std::wstring& name, const std::wstring& typed) {
-    const auto* redirection =
-        std::ranges::find_if(kRedirections, [&name](const Redirection& row) { return sameName(row.name, name); });
-    if (redirection != std::end(kRedirections)) {
-        session.nameCommand(std::wstring(L"SETVAR ") + redirection->name);
-        redirection->set(session, unquoted(typed));
-        return;
-    }
-    if (runtime::setSystemVariable(name.c_str(), unquoted(typed)) == Vorn::eOk)
-        session.window().print(name + L" = " + VariableRead(name).text() + L"\n");
-    else
+    const auto* setting =
+        std::ranges::find_if(kSettings, [&name](const Setting& row) { return sameName(row.name, name); });
+    if (setting != std::end(kSettings)) {
+        session.nameCommand(std::wstring(L"SETVAR ") + setting->name);
+        setting->set(session, unquoted(typed));
+    } else {
         session.refuse(name + L" tells about the drawing: SETVAR can only show it.\n");
+    }
 }
 
 } // namespace

@@ -15,12 +15,18 @@ bool isBaseLayer(const zdr::Drawing& drawing, std::size_t index) {
 
 } // namespace
 
-bool isLayerUsed(const zdr::Drawing& drawing, std::size_t layer) {
-    const auto onLayer = [layer](const zdr::Entity& entity) { return entity.layer == layer; };
-    return std::ranges::any_of(drawing.entities, onLayer) ||
-           std::ranges::any_of(drawing.layouts, [&](const zdr::Layout& layout) {
-               return std::ranges::any_of(layout.entities, onLayer);
-           });
+std::vector<bool> usedLayers(const zdr::Drawing& drawing) {
+    std::vector<bool> used(drawing.layers.size());
+    const auto markAll = [&used](const std::vector<zdr::Entity>& entities) {
+        for (const zdr::Entity& entity : entities)
+            used[entity.layer] = true;
+    };
+    if (drawing.currentLayer < used.size()) // none is, while an undo that memory ended is half done
+        used[drawing.currentLayer] = true;
+    markAll(drawing.entities);
+    for (const zdr::Layout& layout : drawing.layouts)
+        markAll(layout.entities);
+    return used;
 }
 
 Vorn::ErrorStatus addLayer(DatabaseImp& database, std::wstring_view name, std::wstring description,
@@ -55,7 +61,7 @@ Vorn::ErrorStatus removeLayer(DatabaseImp& database, std::size_t index) {
         return Vorn::eDependentRecord;
     if (isBaseLayer(drawing, index))
         return Vorn::eReservedName;
-    if (drawing.currentLayer == index || isLayerUsed(drawing, index))
+    if (usedLayers(drawing)[index])
         return Vorn::eRecordInUse;
     database.removeLayer(index);
     return Vorn::eOk;

@@ -11,14 +11,14 @@ Vorn::ErrorStatus addLayer(DatabaseImp& database, std::wstring_view name, std::w
 /// The drawing's own states get the new name, too. eDependentRecord for a layer of a reference, eReservedName for the
 /// base layer, and for the name the statuses of addLayer().
 Vorn::ErrorStatus renameLayer(DatabaseImp& database, std::size_t index, std::wstring_view name);
-/// eDependentRecord, eReservedName, or eRecordInUse for the current layer and for one that has entities.
+/// eDependentRecord, eReservedName, or eRecordInUse for one of usedLayers().
 Vorn::ErrorStatus removeLayer(DatabaseImp& database, std::size_t index);
 /// eDependentRecord for a layer of a reference, eCannotFreezeCurrentLayer for a frozen one.
 Vorn::ErrorStatus setCurrentLayer(DatabaseImp& database, std::size_t index);
 /// eCannotFreezeCurrentLayer, and nothing changed, when the values freeze the current layer.
 Vorn::ErrorStatus setLayerValues(DatabaseImp& database, std::size_t index, const LayerValues& values);
-/// Whether a layer has entities.
-bool isLayerUsed(const zdr::Drawing& drawing, std::size_t layer);
+/// For each layer whether it can't go: it is current, or something is drawn on it.
+std::vector<bool> usedLayers(const zdr::Drawing& drawing);
 /// Whether a lineweight is one of the 24 widths or by layer (-1), by block (-2), default (-3).
 bool isLineWeight(int weight);
 

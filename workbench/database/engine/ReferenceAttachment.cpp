@@ -33,24 +33,6 @@ template <class T> class ColumnTranslation {
     std::map<std::pair<const T*, std::size_t>, zdr::Column<T>> m_known;
 };
 
-/// Layers that something is drawn on, and the current one.
-std::vector<bool> usedLayers(const zdr::Drawing& drawing) {
-    std::vector<bool> used(drawing.layers.size());
-    const auto mark = [&used](std::size_t layer) {
-        if (layer < used.size())
-            used[layer] = true;
-    };
-    const auto markAll = [&mark](const std::vector<zdr::Entity>& entities) {
-        for (const zdr::Entity& entity : entities)
-            mark(entity.layer);
-    };
-    mark(drawing.currentLayer);
-    markAll(drawing.entities);
-    for (const zdr::Layout& layout : drawing.layouts)
-        markAll(layout.entities);
-    return used;
-}
-
 class Attachment {
   public:
     Attachment(DatabaseImp& database, std::size_t reference, const zdr::Drawing& from)

@@ -85,7 +85,8 @@ class DrawingCheck {
   private:
     template <class Action> void forEachHandle(Action action) const;
     void checkHandles() const;
-    void checkStyles();
+    template <class Style> void checkStyleNames(const std::vector<Style>& styles, const wchar_t* kind) const;
+    void checkStyles() const;
     void checkLayers();
     void checkLayerSet(const LayerSet& set, const Place& place);
     void checkStates();
@@ -169,21 +170,22 @@ void DrawingCheck::checkHandles() const {
     });
 }
 
-void DrawingCheck::checkStyles() {
-    UniqueNames linetypes(m_drawing.names);
-    for (std::size_t i = 0; i < m_drawing.linetypes.size(); ++i) {
-        const Place place{L"linetype", i};
-        linetypes.add(m_drawing.linetypes[i].name, place, kLongestReferenceName);
-        requireAllowed(engine::checkQualifiedName(m_drawing.names.text(m_drawing.linetypes[i].name)), place);
+/// Linetypes or plot styles, which are named by the same rules.
+template <class Style> void DrawingCheck::checkStyleNames(const std::vector<Style>& styles, const wchar_t* kind) const {
+    UniqueNames names(m_drawing.names);
+    for (std::size_t i = 0; i < styles.size(); ++i) {
+        const Place place{kind, i};
+        names.add(styles[i].name, place, kLongestReferenceName);
+        requireAllowed(engine::checkQualifiedName(m_drawing.names.text(styles[i].name)), place);
+    }
+}
+
+void DrawingCheck::checkStyles() const {
+    checkStyleNames(m_drawing.linetypes, L"linetype");
+    for (std::size_t i = 0; i < m_drawing.linetypes.size(); ++i)
         for (const double length : m_drawing.linetypes[i].pattern)
-            checkNumber(length, place);
-    }
-    UniqueNames plotStyles(m_drawing.names);
-    for (std::size_t i = 0; i < m_drawing.plotStyles.size(); ++i) {
-        const Place place{L"plot style", i};
-        plotStyles.add(m_drawing.plotStyles[i].name, place, kLongestReferenceName);
-        requireAllowed(engine::checkQualifiedName(m_drawing.names.text(m_drawing.plotStyles[i].name)), place);
-    }
+            checkNumber(length, {L"linetype", i});
+    checkStyleNames(m_drawing.plotStyles, L"plot style");
 }
 
 void DrawingCheck::checkLayers() {

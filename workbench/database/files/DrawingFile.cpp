@@ -5,13 +5,10 @@
 #include "DrawingReader.h"
 #include "DrawingWriter.h"
 #include "FileProgress.h"
-#include "Refusal.h"
-#include "SystemFile.h"
+#include "WholeFile.h"
 
 namespace zdr {
 namespace {
-
-constexpr std::size_t kReadSize = std::size_t{1} << 20; // what was just read is still in the cache when it is hashed
 
 struct FileBytes {
     std::shared_ptr<std::byte[]> bytes;
@@ -19,48 +16,32 @@ struct FileBytes {
     std::span<const std::byte> span() const { return {bytes.get(), static_cast<std::size_t>(stamp.facts.size)}; }
 };
 
-/// Calls `take` with the next bytes of the file until it ends or `size` bytes have come; answers how many came.
-template <class Buffer> std::uint64_t readAll(InputFile& file, std::uint64_t size, ContentHash& hash, Buffer buffer) {
-    std::uint64_t done = 0;
-    while (done < size) {
-        const std::span<std::byte> room = buffer(done, std::min<std::uint64_t>(kReadSize, size - done));
-        const std::size_t count = file.read(room);
-        if (count == 0)
-            break;
-        hash.add(room.first(count));
-        done += count;
-    }
-    return done;
-}
-
 FileBytes readFile(const std::wstring& path, FileProgress& progress) {
     InputFile file(path);
     FileBytes result;
     result.stamp = {true, file.facts(), 0, fileClock()};
-    const std::uint64_t size = result.stamp.facts.size;
-    if (size > kLargestFile)
+    if (result.stamp.facts.size > kLargestFile)
         throw Refusal{Vorn::eFileCutOff, L"is larger than a drawing file can be"};
-    result.bytes = std::make_shared_for_overwrite<std::byte[]>(static_cast<std::size_t>(size));
+    const auto size = static_cast<std::size_t>(result.stamp.facts.size);
+    result.bytes = std::make_shared_for_overwrite<std::byte[]>(size);
     ContentHash hash;
-    const std::uint64_t done = readAll(file, size, hash, [&](std::uint64_t at, std::uint64_t count) {
-        progress.advance(at, size);
-        return std::span(result.bytes.get() + at, static_cast<std::size_t>(count));
+    std::uint64_t done = 0;
+    readWhole(file, result.stamp.facts, {result.bytes.get(), size}, [&](std::span<const std::byte> piece) {
+        hash.add(piece);
+        progress.advance(done += piece.size(), size);
     });
-    if (done != size || file.facts() != result.stamp.facts)
-        throw Refusal{Vorn::eFileUnreadable, L"can't be read: it is being written by another program"};
     result.stamp.content = hash.value();
     return result;
 }
 
 /// The fingerprint of a file's bytes; none when it can't be read.
-std::optional<std::uint64_t> contentOf(const std::wstring& path, std::uint64_t size) {
+std::optional<std::uint64_t> contentOf(const std::wstring& path) {
     try {
         InputFile file(path);
-        std::vector<std::byte> room(kReadSize);
+        std::vector<std::byte> room(kPieceSize);
         ContentHash hash;
-        readAll(file, size, hash, [&](std::uint64_t, std::uint64_t count) {
-            return std::span(room).first(static_cast<std::size_t>(count));
-        });
+        while (const std::size_t count = file.read(room))
+            hash.add(std::span(room).first(count));
         return hash.value();
     } catch (const Refusal&) {
         return std::nullopt;
@@ -172,7 +153,7 @@ bool isFileChanged(const std::wstring& path, const FileStamp& stamp) {
     const bool wasFresh = stamp.taken - stamp.facts.modified <= tick;
     if (*now == stamp.facts && !wasFresh)
         return false;
-    return contentOf(path, now->size) != stamp.content;
+    return contentOf(path) != stamp.content;
 }
 
 } // namespace zdr

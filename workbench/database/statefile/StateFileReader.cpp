@@ -5,8 +5,7 @@
 #include "KelCmColor.h"
 #include "StateFileCheck.h"
 #include "engine/LayerStates.h"
-#include "files/Refusal.h"
-#include "files/SystemFile.h"
+#include "files/WholeFile.h"
 #include "values/NameRules.h"
 
 #include <new>
@@ -78,18 +77,14 @@ zdr::LayerState makeState(const CheckedState& checked, zdr::ColumnTables& tables
     return state;
 }
 
-std::string readAll(const std::wstring& path) {
+std::string contentOf(const std::wstring& path) {
     constexpr std::uint64_t kLargest = std::uint64_t{1} << 28;
     zdr::InputFile file(path);
     const zdr::FileFacts facts = file.facts();
     if (facts.size > kLargest)
         throw zdr::Refusal{Vorn::eInvalidInput, L"is larger than a layer states file can be"};
     std::string content(static_cast<std::size_t>(facts.size), '\0');
-    std::size_t filled = 0;
-    while (const std::size_t read = file.read(std::as_writable_bytes(std::span(content).subspan(filled))))
-        filled += read;
-    if (filled != content.size() || file.facts() != facts)
-        throw zdr::Refusal{Vorn::eFileUnreadable, L"can't be read: it is being written by another program"};
+    zdr::readWhole(file, facts, std::as_writable_bytes(std::span(content)), [](std::span<const std::byte>) {});
     return content;
 }
 
@@ -104,7 +99,7 @@ void requireFreeName(const DatabaseImp& database, const std::wstring& name) {
 
 /// Reads a file and enters its state, or throws the Refusal.
 void importFile(DatabaseImp& database, const std::wstring& path, std::wstring& name) {
-    const std::string content = readAll(path);
+    const std::string content = contentOf(path);
     const CheckedState checked = checkState(content);
     if (isFarLonger(checked.name, kMaxNameLength))
         throw zdr::Refusal{Vorn::eNameTooLong,
