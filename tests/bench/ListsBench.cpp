@@ -51,7 +51,10 @@ void printLargeFiles(std::size_t bytes) {
     for (const LongList& list : longLists()) {
         constexpr std::size_t kTried = 10000;
         const std::size_t each = std::max<std::size_t>(FilesOfDrawing(list.make(kTried)).size() / kTried, 1);
-        const FilesOfDrawing files(list.make(bytes / each));
+        const std::size_t count = bytes / each;
+        // Names with higher numbers are longer, so a file may have become too large.
+        const std::size_t size = FilesOfDrawing(list.make(count)).size();
+        const FilesOfDrawing files(list.make(size > bytes ? count * bytes / size : count));
         const double time = milliseconds([&] { files.open(); });
         std::printf("%-40s %9zu %9.0f  %s\n", list.name, files.size() >> 20, time, time <= 3000 ? "yes" : "no");
         std::fflush(stdout);

@@ -1,8 +1,9 @@
 #include "FailingAllocation.h"
 
+#include "../sweep/Tally.h"
+
 #include <algorithm>
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <malloc.h>
 #include <new>
@@ -16,11 +17,7 @@ bool g_measures = false;
 std::int64_t g_allocated = 0; // bytes since the measuring began; what is older may go meanwhile
 std::int64_t g_peak = 0;
 
-/// Tells at the end of the program how many allocations were made to fail.
-struct Tally {
-    long struck = 0;
-    ~Tally() { std::printf("%ld allocations failed, each in a run of its own\n", struck); }
-} g_tally;
+Tally g_struck("allocations failed, each in a run of its own");
 
 void* allocate(std::size_t size) {
     void* const memory = std::malloc(size == 0 ? 1 : size);
@@ -54,7 +51,7 @@ FailingAllocation::FailingAllocation(int nth) {
     g_allocationsLeft = nth;
 }
 FailingAllocation::~FailingAllocation() {
-    g_tally.struck += hasStruck();
+    g_struck.add(hasStruck());
     g_allocationsLeft = 0;
 }
 bool FailingAllocation::hasStruck() const {

@@ -1,10 +1,10 @@
 #include "FaultSweep.h"
 
+#include "Tally.h"
 #include "WholeDrawing.h"
 #include "instruments/HostCalls.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <ostream>
 
 namespace sweep {
@@ -104,18 +104,11 @@ class Sweep {
     Result m_result;
 };
 
-/// Tells at the end of the program what was made to fail.
-struct Tally {
-    int calls = 0, handedOut = 0;
-    ~Tally() {
-        if (calls + handedOut > 0)
-            std::printf("%d host calls and %d texts or chains handed out failed, each in a run of its own\n", calls,
-                        handedOut);
-    }
-} g_tally;
+Tally g_calls("host calls failed, each in a run of its own");
+Tally g_handedOut("texts and chains handed out found no memory, each in a run of its own");
 
-Result counted(Result result, int& tally) {
-    tally += result.failures;
+Result counted(Result result, Tally& tally) {
+    tally.add(result.failures);
     return result;
 }
 
@@ -127,11 +120,11 @@ Vorn::ErrorStatus statusOf(std::string_view operation) {
 }
 
 Result failEachCall(const Scenario& scenario) {
-    return counted(Sweep(scenario, [](int nth) { instruments::failAnyCall(nth, statusOf); }).run(), g_tally.calls);
+    return counted(Sweep(scenario, [](int nth) { instruments::failAnyCall(nth, statusOf); }).run(), g_calls);
 }
 
 Result failEachAllocation(const Scenario& scenario) {
-    return counted(Sweep(scenario, [](int nth) { instruments::failAllocation(nth); }).run(), g_tally.handedOut);
+    return counted(Sweep(scenario, [](int nth) { instruments::failAllocation(nth); }).run(), g_handedOut);
 }
 
 void PrintTo(const Result& result, std::ostream* out) {
