@@ -11,6 +11,7 @@
 #include "StateCommit.h"
 #include "StateReading.h"
 #include "Subject.h"
+#include "Tally.h"
 #include "WholeDrawing.h"
 #include "engine/DatabaseAccess.h"
 #include "instruments/HostCalls.h"
@@ -31,6 +32,8 @@ constexpr std::uint32_t kEdits = 300;
 constexpr std::uint32_t kOperationsBefore = 30;
 constexpr std::uint32_t kMostSteps = 8;
 constexpr std::uint32_t kLayerNames = 12; ///< of the model's operations
+
+Tally g_edits("random edits of a state");
 
 /// What a row is expected to hold, and what was done to it.
 struct Row {
@@ -370,6 +373,7 @@ TEST(RandomEdits, LeaveTheStateAsTheModelSaysAndTheRestAlone) {
     for (std::uint32_t seed = first; seed < first + count; ++seed) {
         RandomEdit(seed).run();
         ASSERT_FALSE(HasFailure()) << "seed " << seed;
+        g_edits.add(1);
     }
 }
 

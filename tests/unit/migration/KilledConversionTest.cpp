@@ -1,6 +1,7 @@
 // A conversion that ends anywhere: the program is killed between two host calls, or a call fails. Whatever somebody
 // saves of the drawing at that moment has every state of the older store, there, among the layer states, or in both.
 
+#include "../sweep/Tally.h"
 #include "LayerSnapshotStore.h"
 #include "LayerSnapshots.h"
 #include "LegacyStates.h"
@@ -22,6 +23,9 @@ extern "C" int deleteLayerSnapshot(const wchar_t* name);
 using testing::IsEmpty;
 
 namespace {
+
+Tally g_stopped("conversions stopped between two calls");
+Tally g_failed("host calls failed, each in a conversion of its own");
 
 /// A conversion, and the store that it converts.
 struct Conversion {
@@ -128,6 +132,7 @@ TEST_P(KilledConversion, LosesNoStateAndCanBeDoneAgainFromBetweenAnyTwoCalls) {
         EXPECT_TRUE(keepsLooks(drawing(), m_before));
         checkTheNextConversionBringsTheRest();
         EXPECT_TRUE(keepsLooks(drawing(), m_before));
+        g_stopped.add(1);
         if (HasFailure())
             break;
     }
@@ -165,6 +170,7 @@ TEST_P(KilledConversion, KeepsTheLayersWhicheverCallFails) {
         });
         convert();
         struck = instruments::faultStruck();
+        g_failed.add(struck);
         SCOPED_TRACE("call " + std::to_string(nth) + ", " + instruments::struckOperation());
         instruments::clearFaults();
         const bool kept = std::ranges::any_of(instruments::trace(), [](const std::string& call) {
