@@ -160,6 +160,16 @@ TEST_F(StateEditing, CopiesAStateOfAnotherDrawingByNames) {
     EXPECT_EQ(values(L"Doors").linetype, nameId(L"Dotted"));
 }
 
+TEST_F(StateEditing, CopiesStylesByTheirNamesToo) {
+    KelDbDatabase other(false, true);
+    engine::replaceDrawing(other, makeDrawing({{.name = L"Doors", .linetype = L"Zigzag", .plotStyle = L"Bold"}}));
+    other.getLayerStateManager()->saveLayerState(L"Detail", MaskAllProperties);
+    ASSERT_EQ(states().importLayerStateFromDb(L"Detail", &other), Vorn::eOk);
+    const zdr::LayerState& detail = drawing().states[1];
+    EXPECT_THAT(detail.columns.linetypes.values(), ElementsAre(nameId(L"Continuous"), nameId(L"Zigzag")));
+    EXPECT_THAT(detail.columns.plotStyles.values(), ElementsAre(nameId(L"Normal"), nameId(L"Bold")));
+}
+
 TEST_F(StateEditing, CopyingRefusesClashesAndMissingStates) {
     KelDbDatabase other(false, true);
     engine::replaceDrawing(other, makeDrawing());

@@ -70,6 +70,11 @@ std::vector<Fault> faults() {
          "reference 2 (\"grid\") has no path"},
         {"anApplicationTwice", [](Drawing& d) { d.applications[1] = L"Kellayers"; },
          "has the name of registered application 1"},
+        {"dataOfAnApplicationTwiceForAnObject",
+         [](Drawing& d) {
+             d.extendedData.push_back({6, L"Kellayers", {{1070, 1}}});
+         },
+         "extended data 3 (\"Kellayers\") is the second of its application for the object 6"},
     };
 }
 

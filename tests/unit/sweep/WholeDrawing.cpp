@@ -89,6 +89,12 @@ class Examination {
         examine(m_drawing.linetypes, "a linetype"), examine(m_drawing.plotStyles, "a plot style");
         for (const zdr::Layout& layout : m_drawing.layouts)
             examine(layout.viewports, "a viewport");
+        // The last handles that were given, and some that the engine may have got ready.
+        constexpr zdr::Handle kBefore = 1000, kBehind = 8;
+        for (zdr::Handle handle = m_drawing.nextHandle - std::min(m_drawing.nextHandle - 1, kBefore);
+             handle < m_drawing.nextHandle + kBehind; ++handle)
+            require(handles.contains(handle) || engine::objectId(m_database, handle).isNull(),
+                    "nothing is found under a handle that nothing has");
     }
 
     // What comes from references isn't in the file, and which sets of layers are shared is the reader's own affair.

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <unordered_map>
-#include <unordered_set>
 
 namespace engine {
 namespace {
@@ -62,12 +61,19 @@ void addMissingStyles(zdr::Drawing& drawing) {
 }
 
 void orderExtendedData(zdr::Drawing& drawing) {
-    std::ranges::stable_sort(drawing.extendedData, {}, &zdr::ExtendedData::object);
-    std::unordered_set<std::wstring, zdr::FoldedHash, zdr::FoldedEqual> registered(drawing.applications.begin(),
-                                                                                   drawing.applications.end());
-    for (const zdr::ExtendedData& data : drawing.extendedData)
-        if (registered.insert(data.application).second)
+    if (drawing.extendedData.empty())
+        return;
+    if (!std::ranges::is_sorted(drawing.extendedData, {}, &zdr::ExtendedData::object))
+        std::ranges::stable_sort(drawing.extendedData, {}, &zdr::ExtendedData::object);
+    zdr::NameTable registered;
+    for (const std::wstring& application : drawing.applications)
+        registered.intern(application);
+    for (const zdr::ExtendedData& data : drawing.extendedData) {
+        const std::size_t known = registered.size();
+        registered.intern(data.application);
+        if (registered.size() > known)
             drawing.applications.push_back(data.application);
+    }
 }
 
 constexpr double kPaperWidth = 420, kPaperHeight = 297, kMargin = 10;

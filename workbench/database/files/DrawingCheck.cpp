@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <unordered_map>
 
 namespace zdr {
 namespace {
@@ -34,19 +33,21 @@ void requireAllowed(Vorn::ErrorStatus status, const Place& place) {
         refuse(place, L"has a character in its name that isn't allowed there");
 }
 
-/// Names of one kind, which must differ without regard to case.
+/// Names of one kind, which must differ without regard to case. In a table of names, because a file can have millions
+/// of them: a map's nodes would lie all over the memory.
 class UniqueTexts {
   public:
-    /// The text must outlive this.
     void add(std::wstring_view name, const Place& place) {
         checkName(name, place);
-        const auto [entry, isNew] = m_first.emplace(name, place.index);
-        if (!isNew)
-            refuse(place, L"has the name of " + Place{place.kind, entry->second}.text());
+        const NameId id = m_names.intern(name);
+        if (id < m_first.size())
+            refuse(place, L"has the name of " + Place{place.kind, m_first[id]}.text());
+        m_first.push_back(place.index);
     }
 
   private:
-    std::unordered_map<std::wstring_view, std::size_t, FoldedHash, FoldedEqual> m_first;
+    NameTable m_names;
+    std::vector<std::size_t> m_first{kNone}; ///< the index of each name's bearer; the empty name has none
 };
 
 /// The same for names of the drawing's table, for one list of them after the other.
@@ -363,19 +364,29 @@ void checkExtendedValue(const ExtendedValue& value, const Place& place) {
 }
 
 void DrawingCheck::checkExtendedData() {
-    const auto before = [](const ExtendedData* a, const ExtendedData* b) {
-        return a->object != b->object ? a->object < b->object : compareFolded(a->application, b->application) < 0;
+    struct Block {
+        Handle object;
+        NameId application;
+        std::size_t index;
+        auto operator<=>(const Block&) const = default;
     };
-    std::set<const ExtendedData*, decltype(before)> blocks;
+    NameTable applications;
+    std::vector<Block> blocks;
     for (std::size_t i = 0; i < m_drawing.extendedData.size(); ++i) {
         const ExtendedData& data = m_drawing.extendedData[i];
         const Place place{L"extended data", i, data.application};
         checkName(data.application, place);
-        if (!blocks.insert(&data).second)
-            refuse(place, L"is the second of its application for the object " + std::to_wstring(data.object));
+        blocks.push_back({data.object, applications.intern(data.application), i});
         for (std::size_t j = 0; j < data.values.size(); ++j)
             checkExtendedValue(data.values[j], {L"value", j, {}, &place});
     }
+    if (!std::ranges::is_sorted(blocks))
+        std::ranges::sort(blocks);
+    const auto twice = std::ranges::adjacent_find(
+        blocks, [](const Block& a, const Block& b) { return a.object == b.object && a.application == b.application; });
+    if (twice != blocks.end())
+        refuse({L"extended data", (twice + 1)->index, m_drawing.extendedData[(twice + 1)->index].application},
+               L"is the second of its application for the object " + std::to_wstring(twice->object));
 }
 
 } // namespace
