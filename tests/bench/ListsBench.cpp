@@ -1,6 +1,6 @@
 // How long it takes to open drawings that somebody made to take long: with each list of the drawing file ten and a
 // hundred times as long, and files of 100 MB in which one thing is there as often as it can be.
-//   lists_bench [MB of each file]
+//   lists_bench [MB of each file [list, to open the large file of this one alone]]
 #include "Exponent.h"
 #include "LongLists.h"
 
@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <string_view>
 
 namespace {
 
@@ -46,9 +47,11 @@ void printLists() {
     }
 }
 
-void printLargeFiles(std::size_t bytes) {
+void printLargeFiles(std::size_t bytes, std::string_view only) {
     std::printf("\nopening files of %zu MB\n%-40s %9s %9s  %s\n", bytes >> 20, "", "MB", "ms", "at most 3,000?");
     for (const LongList& list : longLists()) {
+        if (!only.empty() && only != list.name)
+            continue;
         constexpr std::size_t kTried = 10000;
         const std::size_t each = std::max<std::size_t>(FilesOfDrawing(list.make(kTried)).size() / kTried, 1);
         const std::size_t count = bytes / each;
@@ -65,7 +68,9 @@ void printLargeFiles(std::size_t bytes) {
 
 int main(int argc, char** argv) {
     const std::size_t megabytes = argc > 1 ? std::strtoull(argv[1], nullptr, 10) : 100;
-    printLists();
-    printLargeFiles(megabytes << 20);
+    const std::string_view only = argc > 2 ? argv[2] : "";
+    if (only.empty())
+        printLists();
+    printLargeFiles(megabytes << 20, only);
     return 0;
 }
