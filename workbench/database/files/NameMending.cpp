@@ -5,7 +5,6 @@
 #include "values/NameRules.h"
 
 #include <unordered_map>
-#include <unordered_set>
 
 namespace zdr {
 namespace {
@@ -15,17 +14,26 @@ using engine::kReferenceSeparator;
 /// The names that things of one kind have, and others that are free beside them.
 class TakenNames {
   public:
-    void take(const std::wstring& name) { m_taken.insert(name); }
+    /// Answers whether nothing had the name.
+    bool take(const std::wstring& name) {
+        const std::size_t taken = m_taken.size();
+        m_taken.intern(name);
+        return m_taken.size() > taken;
+    }
     /// The name itself, or else one with a number behind it. It is taken from then on.
     std::wstring free(const std::wstring& name) {
-        std::wstring candidate = name;
+        if (take(name))
+            return name;
         const std::size_t separator = name.rfind(kReferenceSeparator); // behind it stands the thing's own name
         const std::size_t own = separator == std::wstring::npos ? 0 : separator + 1;
-        const std::wstring_view last = std::wstring_view(name).substr(own);
+        const std::wstring_view ending = std::wstring_view(name).substr(own);
         const std::wstring stem =
-            name.substr(0, own) + std::wstring(cutToUnits(last, engine::kMaxNameLength - kRoomForNumber));
-        while (!m_taken.insert(candidate).second)
-            candidate = stem + L' ' + std::to_wstring(nextNumber(stem));
+            name.substr(0, own) + std::wstring(cutToUnits(ending, engine::kMaxNameLength - kRoomForNumber));
+        std::uint32_t& last = lastNumber(stem);
+        std::wstring candidate;
+        do
+            candidate = stem + L' ' + std::to_wstring(++last);
+        while (!take(candidate));
         return candidate;
     }
 
@@ -33,13 +41,15 @@ class TakenNames {
     static constexpr std::size_t kRoomForNumber = 11; // a blank and ten digits
 
     /// A number for each name would be sought from the beginning again, and a file can hold very many.
-    std::uint32_t nextNumber(const std::wstring& stem) {
-        std::uint32_t& last = m_lastNumbers.try_emplace(stem, 1).first->second;
-        return ++last;
+    std::uint32_t& lastNumber(const std::wstring& stem) {
+        const NameId id = m_stems.intern(stem);
+        m_lastNumbers.resize(m_stems.size(), 1);
+        return m_lastNumbers[id];
     }
 
-    std::unordered_set<std::wstring, FoldedHash, FoldedEqual> m_taken;
-    std::unordered_map<std::wstring, std::uint32_t, FoldedHash, FoldedEqual> m_lastNumbers;
+    // Tables of names, because a map's nodes would lie all over the memory.
+    NameTable m_taken, m_stems;
+    std::vector<std::uint32_t> m_lastNumbers; ///< by the number of the stem
 };
 
 // Such a name of anything but a layer state is damage, and the drawing is refused.
