@@ -14,6 +14,7 @@ namespace zdr {
 using NameId = std::uint32_t;
 inline constexpr NameId kNoName = 0;
 
+/// One that was moved from can only be destroyed or be given another's content.
 class KELDB_API NameTable {
   public:
     NameTable();
