@@ -272,6 +272,13 @@ FilesOfDrawing::FilesOfDrawing(const Drawing& drawing) : m_own(fileOf(drawing)) 
         m_shown.push_back(reference.drawing ? fileOf(*reference.drawing) : std::vector<std::byte>());
 }
 
+std::size_t FilesOfDrawing::size() const {
+    std::size_t bytes = m_own.size();
+    for (const std::vector<std::byte>& shown : m_shown)
+        bytes += shown.size();
+    return bytes;
+}
+
 void FilesOfDrawing::open() const {
     Drawing drawing = drawingOf(m_own);
     for (std::size_t i = 0; i < m_shown.size(); ++i)

@@ -15,7 +15,8 @@ struct LongList {
 class FilesOfDrawing {
   public:
     explicit FilesOfDrawing(const zdr::Drawing& drawing);
-    std::size_t size() const { return m_own.size(); }
+    /// Bytes of all of them.
+    std::size_t size() const;
     /// Reads and attaches all as opening the drawing does.
     void open() const;
 
