@@ -75,22 +75,17 @@ flatbuffers::DetachedBuffer fileOf(Input input) {
 }
 
 /// The nodes of a chain after the first, read as a module reads them.
-std::vector<zdr::ExtendedValue> walk(const ResultBuffer* chain) {
-    std::vector<zdr::ExtendedValue> values;
+zdr::ExtendedValues walk(const ResultBuffer* chain) {
+    zdr::ExtendedValues values;
     for (const ResultBuffer* node = chain->next; node; node = node->next) {
         if (node->type == kExtendedInt16)
-            values.push_back({node->type, std::int32_t{node->value.int16}});
+            values.add({node->type, std::int32_t{node->value.int16}});
         else if (node->type == kExtendedInt32)
-            values.push_back({node->type, node->value.int32});
+            values.add({node->type, node->value.int32});
         else
-            values.push_back({node->type, std::wstring(node->value.string)});
+            values.add({node->type, node->value.string});
     }
     return values;
-}
-
-bool equal(const std::vector<zdr::ExtendedValue>& a, const std::vector<zdr::ExtendedValue>& b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](const auto& x, const auto& y) { return x.code == y.code && x.value == y.value; });
 }
 
 void checkChain(KelDbObjectId layer, const zdr::ExtendedData& data) {
@@ -98,12 +93,12 @@ void checkChain(KelDbObjectId layer, const zdr::ExtendedData& data) {
     ResultBuffer* chain = record->getExtendedData(data.application.c_str());
     stopUnless(chain && chain->type == kExtendedAppName, "a block of the file isn't handed out");
     stopUnless(zdr::equalFolded(chain->value.string, data.application), "a chain names another application");
-    const std::vector<zdr::ExtendedValue> values = walk(chain);
-    stopUnless(equal(values, data.values), "a chain differs from the file");
+    const zdr::ExtendedValues values = walk(chain);
+    stopUnless(values == data.values, "a chain differs from the file");
     stopUnless(record->setExtendedData(chain) == Vorn::eOk, "a chain can't be stored again");
     kelutRelRb(chain);
     chain = record->getExtendedData(data.application.c_str());
-    stopUnless(chain ? equal(walk(chain), values) : values.empty(), "storing a chain changes it");
+    stopUnless(chain ? walk(chain) == values : values.empty(), "storing a chain changes it");
     kelutRelRb(chain);
 }
 

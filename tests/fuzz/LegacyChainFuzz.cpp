@@ -46,20 +46,15 @@ zdr::Drawing drawingWith(const plain::Nodes& nodes) {
     static const zdr::Drawing plainDrawing = engine::drawingOf(KelDbDatabase());
     zdr::Drawing drawing = plainDrawing;
     if (!nodes.empty())
-        drawing.extendedData.push_back({drawing.layers.at(0).handle, L"ZVH", nodes});
+        drawing.extendedData.push_back({drawing.layers.at(0).handle, L"ZVH", plain::valuesOf(nodes)});
     return drawing;
 }
 
 plain::Nodes nodesIn(const KelDbDatabase& database) {
     for (const zdr::ExtendedData& each : engine::drawingOf(database).extendedData)
         if (each.application == L"ZVH")
-            return each.values;
+            return plain::nodesOf(each.values);
     return {};
-}
-
-bool equal(const plain::Nodes& a, const plain::Nodes& b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](const auto& x, const auto& y) { return x.code == y.code && x.value == y.value; });
 }
 
 std::vector<std::wstring> namesOf(KelDbDatabase& database) {
@@ -81,10 +76,10 @@ void checkEachState(KelDbDatabase& database, plain::Nodes nodes) {
     stopUnless(names == plain::names(nodes), "names differ from a plain reading");
     for (const std::wstring& name : names) {
         apply(database, CQSETList::OpRestore, name);
-        stopUnless(equal(nodesIn(database), nodes), "putting a state on the layers changes their chains");
+        stopUnless(nodesIn(database) == nodes, "putting a state on the layers changes their chains");
         apply(database, CQSETList::OpDelete, name);
         nodes = plain::without(nodes, name);
-        stopUnless(equal(nodesIn(database), nodes), "a deletion differs from a plain one");
+        stopUnless(nodesIn(database) == nodes, "a deletion differs from a plain one");
         apply(database, CQSETList::OpRename, name);
         nodes = nodesIn(database);
     }

@@ -21,7 +21,7 @@ class SnapshotStore : public DomainTest {
         EXPECT_EQ(getSnapshotNames(found), Vorn::eOk);
         return toVector(found);
     }
-    void setData(const wchar_t* layerName, const std::vector<zdr::ExtendedValue>& values) {
+    void setData(const wchar_t* layerName, const zdr::ExtendedValues& values) {
         zdr::Drawing changed = drawing();
         changed.applications.push_back(L"TREL_SNAPSHOTS");
         changed.extendedData.push_back({changed.layers.at(layer(layerName)).handle, L"TREL_SNAPSHOTS", values});
@@ -145,7 +145,7 @@ TEST_F(SnapshotStore, LeavesDataOfAnotherFormAlone) {
     for (const zdr::ExtendedData& each : drawing().extendedData)
         if (each.object == walls) {
             ASSERT_EQ(each.values.size(), 2u);
-            EXPECT_EQ(std::get<std::wstring>(each.values[0].value), L"Plan");
+            EXPECT_EQ(*each.values.begin(), (zdr::ExtendedValue{kExtendedString, L"Plan"}));
         }
 }
 

@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <cwchar>
+#include <utility>
 
 class ExtendedData : public EngineTest {
   protected:
@@ -146,6 +147,34 @@ TEST_F(ExtendedData, IsNoChangeToUndoWhenItIsThereAlready) {
     EXPECT_EQ(store(chain), Vorn::eOk);
     EXPECT_TRUE(engine::canUndo(m_database));
     EXPECT_EQ(data(L"OLD"), (Nodes{{kExtendedAppName, L"OLD"}, {kExtendedString, L"{PLAN"}, {kExtendedInt16, L"-4"}}));
+    kelutRelRb(chain);
+}
+
+TEST_F(ExtendedData, IsOtherDataWhenTheSameCharactersStandInOtherTexts) {
+    const auto storeTexts = [this](const wchar_t* first, const wchar_t* second) {
+        ResultBuffer* chain = chainOf(L"OLD");
+        chain->next = node(kExtendedString, first);
+        chain->next->next = node(kExtendedHandle, second);
+        EXPECT_EQ(store(chain), Vorn::eOk);
+        kelutRelRb(chain);
+        EXPECT_EQ(data(L"OLD"),
+                  (Nodes{{kExtendedAppName, L"OLD"}, {kExtendedString, first}, {kExtendedHandle, second}}));
+    };
+    storeTexts(L"ab", L"c");
+    storeTexts(L"a", L"bc");
+    storeTexts(L"", L"abc");
+}
+
+TEST_F(ExtendedData, IsStoredWhenItIsLongerOrShorterThanBefore) {
+    ResultBuffer* chain =
+        KelDbObjectPointer<KelDbLayerTableRecord>(layerId(L"Walls"), KelDb::kForRead)->getExtendedData(L"OLD");
+    ResultBuffer* last = chain->next->next;
+    last->next = kelutNewRb(kExtendedInt16);
+    EXPECT_EQ(store(chain), Vorn::eOk);
+    EXPECT_EQ(data(L"OLD").size(), 4u);
+    kelutRelRb(std::exchange(last->next, nullptr));
+    EXPECT_EQ(store(chain), Vorn::eOk);
+    EXPECT_EQ(data(L"OLD").size(), 3u);
     kelutRelRb(chain);
 }
 

@@ -46,11 +46,13 @@ class Comparison {
         same(what + " x", a.x, b.x);
         same(what + " y", a.y, b.y);
     }
-    template <class T, class Compare>
-    void each(const std::string& what, const std::vector<T>& a, const std::vector<T>& b, Compare compare) {
+    template <class List, class Compare>
+    void each(const std::string& what, const List& a, const List& b, Compare compare) {
         same("number of " + what, a.size(), b.size());
-        for (std::size_t i = 0; i < a.size() && m_difference.empty(); ++i)
-            compare(what + " " + std::to_string(i), a[i], b[i]);
+        auto other = b.begin();
+        std::size_t i = 0;
+        for (auto one = a.begin(); one != a.end() && m_difference.empty(); ++one, ++other)
+            compare(what + " " + std::to_string(i++), *one, *other);
     }
     template <class T> std::vector<T> list(const Column<T>& column) {
         return {column.values().begin(), column.values().end()};

@@ -197,7 +197,10 @@ Drawing withExtendedData(std::size_t count) {
 
 Drawing withExtendedValues(std::size_t count) {
     Drawing drawing = plainDrawing();
-    drawing.extendedData.push_back({2, L"Application", std::vector<ExtendedValue>(count, {1000, L"text"})});
+    ExtendedData data{2, L"Application", {}};
+    for (std::size_t i = 0; i < count; ++i)
+        data.values.add({1000, L"text"});
+    drawing.extendedData.push_back(std::move(data));
     return drawing;
 }
 

@@ -30,7 +30,7 @@ void LegacyTest::setData(const wchar_t* layerName, const LegacyNodes& nodes) {
     const zdr::Handle object = changed.layers.at(layer(layerName)).handle;
     std::erase_if(changed.extendedData, [object](const zdr::ExtendedData& each) { return each.object == object; });
     if (!nodes.empty())
-        changed.extendedData.push_back({object, L"ZVH", nodes});
+        changed.extendedData.push_back({object, L"ZVH", plain::valuesOf(nodes)});
     use(std::move(changed));
 }
 
@@ -50,7 +50,7 @@ std::vector<std::string> LegacyTest::data(const wchar_t* layerName) {
     const zdr::Handle object = drawing().layers.at(layer(layerName)).handle;
     for (const zdr::ExtendedData& each : drawing().extendedData)
         if (each.object == object && each.application == L"ZVH")
-            return lines(each.values);
+            return lines(plain::nodesOf(each.values));
     return {};
 }
 

@@ -3,14 +3,13 @@
 
 #include "CQSETList.h"
 #include "DomainTest.h"
+#include "PlainReading.h"
 
 #include <string>
-#include <variant>
 #include <vector>
 
-/// A node of a chain without the one that names the application.
-using LegacyNode = zdr::ExtendedValue;
-using LegacyNodes = std::vector<LegacyNode>;
+using LegacyNode = plain::Node;
+using LegacyNodes = plain::Nodes;
 
 inline LegacyNode text(const std::wstring& value) {
     return {kExtendedString, value};

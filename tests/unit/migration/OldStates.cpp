@@ -77,31 +77,29 @@ OldStates::OldStates(KelDbDatabase& database, const OldStore& store) : m_applica
 std::vector<OldStates::Part> OldStates::partsOf(const std::wstring& state, const OldStore& store,
                                                 const KelDbDatabase& database) const {
     const zdr::Drawing& drawing = engine::drawingOf(database);
-    const zdr::ExtendedValue opening = {kExtendedString, store.firstText(state)};
+    const plain::Node opening = {kExtendedString, store.firstText(state)};
     std::vector<Part> parts;
     for (std::size_t index = 0; index < drawing.layers.size(); ++index) {
         const zdr::Handle object = drawing.layers[index].handle;
-        const auto* nodes = nodesOn(drawing, object);
-        if (!nodes)
-            continue;
-        const auto first = std::ranges::find(*nodes, opening);
-        if (first != nodes->end())
+        const plain::Nodes nodes = nodesOn(drawing, object);
+        const auto first = std::ranges::find(nodes, opening);
+        if (first != nodes.end())
             parts.push_back({index, object, {first, first + store.nodes}, engine::layerValues(database, index)});
     }
     return parts;
 }
 
-const std::vector<zdr::ExtendedValue>* OldStates::nodesOn(const zdr::Drawing& drawing, zdr::Handle object) const {
+plain::Nodes OldStates::nodesOn(const zdr::Drawing& drawing, zdr::Handle object) const {
     for (const zdr::ExtendedData& data : drawing.extendedData)
         if (data.object == object && data.application == m_application)
-            return &data.values;
-    return nullptr;
+            return plain::nodesOf(data.values);
+    return {};
 }
 
 bool OldStates::isInOldStore(const zdr::Drawing& drawing, const std::vector<Part>& parts) const {
     return std::ranges::all_of(parts, [&](const Part& part) {
-        const auto* nodes = nodesOn(drawing, part.object);
-        return nodes && std::search(nodes->begin(), nodes->end(), part.nodes.begin(), part.nodes.end()) != nodes->end();
+        const plain::Nodes nodes = nodesOn(drawing, part.object);
+        return std::search(nodes.begin(), nodes.end(), part.nodes.begin(), part.nodes.end()) != nodes.end();
     });
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "LayerSnapshots.h"
+#include "PlainReading.h"
 #include "engine/DatabaseAccess.h"
 
 #include <functional>
@@ -42,12 +43,12 @@ class OldStates {
     struct Part {
         std::size_t layer;
         zdr::Handle object;
-        std::vector<zdr::ExtendedValue> nodes;
+        plain::Nodes nodes;
         engine::LayerValues values;
     };
     /// With the values that the layers have now.
     std::vector<Part> partsOf(const std::wstring& state, const OldStore& store, const KelDbDatabase& database) const;
-    const std::vector<zdr::ExtendedValue>* nodesOn(const zdr::Drawing& drawing, zdr::Handle object) const;
+    plain::Nodes nodesOn(const zdr::Drawing& drawing, zdr::Handle object) const;
     bool isInOldStore(const zdr::Drawing& drawing, const std::vector<Part>& parts) const;
 
     std::wstring m_application;

@@ -10,11 +10,11 @@ namespace plain {
 
 namespace {
 
-const std::wstring* textOf(const zdr::ExtendedValue& node) {
+const std::wstring* textOf(const Node& node) {
     return node.code == kExtendedString ? &std::get<std::wstring>(node.value) : nullptr;
 }
 
-bool isText(const zdr::ExtendedValue& node, const std::wstring& text) {
+bool isText(const Node& node, const std::wstring& text) {
     const std::wstring* found = textOf(node);
     return found && same(*found, text);
 }
@@ -32,6 +32,24 @@ std::optional<std::wstring> text(const Nodes& nodes, std::size_t index, int code
 }
 
 } // namespace
+
+Nodes nodesOf(const zdr::ExtendedValues& values) {
+    Nodes nodes;
+    for (const zdr::ExtendedValue& value : values) {
+        if (const auto* text = std::get_if<std::wstring_view>(&value.value))
+            nodes.push_back({value.code, std::wstring(*text)});
+        else
+            nodes.push_back({value.code, std::get<std::int32_t>(value.value)});
+    }
+    return nodes;
+}
+
+zdr::ExtendedValues valuesOf(const Nodes& nodes) {
+    zdr::ExtendedValues values;
+    for (const Node& node : nodes)
+        std::visit([&](const auto& value) { values.add({node.code, value}); }, node.value);
+    return values;
+}
 
 bool same(const std::wstring& a, const std::wstring& b) {
     return CString(a.c_str()).CompareNoCase(b.c_str()) == 0;
@@ -63,7 +81,7 @@ std::optional<Block> block(const Nodes& nodes, const std::wstring& name) {
 
 std::vector<std::wstring> names(const Nodes& nodes) {
     std::vector<std::wstring> found;
-    for (const zdr::ExtendedValue& node : nodes) {
+    for (const Node& node : nodes) {
         const std::wstring* marker = textOf(node);
         if (!marker || !marker->starts_with(L'{'))
             continue;

@@ -5,11 +5,22 @@
 
 #include <optional>
 #include <string>
+#include <variant>
 #include <vector>
 
 namespace plain {
 
-using Nodes = std::vector<zdr::ExtendedValue>;
+/// A node of a chain without the one that names the application.
+struct Node {
+    std::int16_t code = 0;
+    std::variant<std::int32_t, std::wstring> value;
+    friend bool operator==(const Node&, const Node&) = default;
+};
+using Nodes = std::vector<Node>;
+
+/// The nodes of the values that a drawing has, and the other way.
+Nodes nodesOf(const zdr::ExtendedValues& values);
+zdr::ExtendedValues valuesOf(const Nodes& nodes);
 
 /// What the first block of a name says of its layer; none for what it doesn't hold, or holds in another kind of node.
 struct Block {

@@ -198,7 +198,7 @@ void Comparison::data() {
     for (const zdr::ExtendedData& item : m_actual.extendedData)
         for (const Layer& layer : m_expected.layers)
             if (fine() && m_handles[layer.id] == item.object)
-                actual[{layer.id, narrow(item.application)}] = std::get<std::int32_t>(item.values.at(0).value);
+                actual[{layer.id, narrow(item.application)}] = std::get<std::int32_t>((*item.values.begin()).value);
     auto expected = m_expected.data;
     std::erase_if(expected, [this](const auto& item) {
         return std::ranges::find(m_expected.layers, item.first.first, &Layer::id) == m_expected.layers.end();

@@ -267,7 +267,7 @@ void ExtendedDataChange::exchange(zdr::Drawing& drawing, ObjectDirectory&) {
         zdr::ExtendedData fresh{object, application, {}};
         const auto place = behind - all.begin();
         zdr::makeRoom(all, 1);
-        fresh.values.swap(values);
+        std::swap(fresh.values, values);
         all.insert(all.begin() + place, std::move(fresh));
         return;
     }

@@ -91,7 +91,7 @@ struct LayerListChange {
 struct ExtendedDataChange {
     zdr::Handle object = 0;
     std::wstring application;
-    std::vector<zdr::ExtendedValue> values;
+    zdr::ExtendedValues values;
     void exchange(zdr::Drawing& drawing, ObjectDirectory& objects);
 };
 

@@ -132,8 +132,7 @@ void DatabaseImp::registerApplication(std::wstring name) {
     perform(ApplicationsChange{std::move(applications)}, {});
 }
 
-void DatabaseImp::setExtendedData(zdr::Handle object, std::wstring application,
-                                  std::vector<zdr::ExtendedValue> values) {
+void DatabaseImp::setExtendedData(zdr::Handle object, std::wstring application, zdr::ExtendedValues values) {
     perform(ExtendedDataChange{object, std::move(application), std::move(values)}, {});
 }
 

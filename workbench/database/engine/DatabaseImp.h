@@ -76,7 +76,7 @@ class DatabaseImp : public KelDbImpDatabase {
     void renameLayer(std::size_t index, std::wstring_view name);
     void setLayerDescription(std::size_t index, std::wstring description);
     void registerApplication(std::wstring name);
-    void setExtendedData(zdr::Handle object, std::wstring application, std::vector<zdr::ExtendedValue> values);
+    void setExtendedData(zdr::Handle object, std::wstring application, zdr::ExtendedValues values);
     /// Not undone: names and named colours are only ever added.
     zdr::NameId intern(std::wstring_view name) { return m_drawing.names.intern(name); }
     zdr::ColorId intern(const KelCmColor& color) { return m_drawing.namedColors.intern(color); }

@@ -351,13 +351,13 @@ void DrawingCheck::checkApplications() {
 /// The value must be of the kind that its code asks for: whoever walks a chain tells strings by the code alone.
 void checkExtendedValue(const ExtendedValue& value, const Place& place) {
     const auto* number = std::get_if<std::int32_t>(&value.value);
-    const auto* text = std::get_if<std::wstring>(&value.value);
+    const auto* text = std::get_if<std::wstring_view>(&value.value);
     const bool isText = value.code == kExtendedString || value.code == kExtendedHandle;
     if (!isText && value.code != kExtendedInt16 && value.code != kExtendedInt32)
         refuse(place, L"has the code " + std::to_wstring(value.code) + L", which isn't one of extended data");
     if (isText != (text != nullptr))
         refuse(place, L"has the code " + std::to_wstring(value.code) + (isText ? L", but no text" : L", but a text"));
-    if (text && text->find(L'\0') != std::wstring::npos)
+    if (text && text->find(L'\0') != std::wstring_view::npos)
         refuse(place, L"has a text with the character 0 in it");
     if (value.code == kExtendedInt16 && (*number < INT16_MIN || *number > INT16_MAX))
         refuse(place, L"has the number " + std::to_wstring(*number) + L", which needs more than its 16 bits");
@@ -377,8 +377,9 @@ void DrawingCheck::checkExtendedData() {
         const Place place{L"extended data", i, data.application};
         checkName(data.application, place);
         blocks.push_back({data.object, applications.intern(data.application), i});
-        for (std::size_t j = 0; j < data.values.size(); ++j)
-            checkExtendedValue(data.values[j], {L"value", j, {}, &place});
+        std::size_t number = 0;
+        for (const ExtendedValue& value : data.values)
+            checkExtendedValue(value, {L"value", number++, {}, &place});
     }
     if (!std::ranges::is_sorted(blocks))
         std::ranges::sort(blocks);

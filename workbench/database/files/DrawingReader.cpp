@@ -207,12 +207,10 @@ void DrawingReader::readApplications() {
         if (!source->values())
             continue;
         for (const file::ExtendedValue* value : *source->values()) {
-            ExtendedValue& read = data.values.emplace_back();
-            read.code = value->code();
             if (value->text())
-                read.value = m_context.text(value->text(), place);
+                data.values.add({value->code(), m_context.text(value->text(), place)});
             else
-                read.value = value->number();
+                data.values.add({value->code(), value->number()});
         }
     }
 }

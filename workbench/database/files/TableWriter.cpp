@@ -164,7 +164,7 @@ TableWriter::Vector<file::ExtendedData> TableWriter::extendedData() {
         std::vector<Offset<file::ExtendedValue>> values;
         for (const ExtendedValue& value : data.values) {
             const auto* number = std::get_if<std::int32_t>(&value.value);
-            const Text string = number ? Text(0) : text(std::get<std::wstring>(value.value));
+            const Text string = number ? Text(0) : text(std::get<std::wstring_view>(value.value));
             values.push_back(file::CreateExtendedValue(m_builder, value.code, number ? *number : 0, string));
         }
         const Text application = text(data.application);

@@ -2,6 +2,7 @@
 // draws. It knows nothing of opening, ids or the host's interface.
 #pragma once
 
+#include "ExtendedValues.h"
 #include "LayerColumns.h"
 #include "NameTable.h"
 #include "NamedColors.h"
@@ -135,16 +136,11 @@ struct Reference {
     bool unloaded = false;                  ///< left unresolved until somebody wants it loaded
 };
 
-/// Extended data of one object for one registered application, as code and value pairs.
-struct ExtendedValue {
-    std::int16_t code = 0;
-    std::variant<std::int32_t, std::wstring> value;
-    friend bool operator==(const ExtendedValue&, const ExtendedValue&) = default;
-};
+/// Extended data of one object for one registered application.
 struct ExtendedData {
     Handle object = 0;
     std::wstring application;
-    std::vector<ExtendedValue> values; ///< without the node that names the application
+    ExtendedValues values; ///< without the node that names the application
 };
 
 /// What bears a name.

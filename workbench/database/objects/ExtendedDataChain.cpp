@@ -39,7 +39,7 @@ ResultBuffer* append(ResultBuffer**& end, std::int16_t code) {
     return node;
 }
 
-bool appendText(ResultBuffer**& end, std::int16_t code, const std::wstring& text) {
+bool appendText(ResultBuffer**& end, std::int16_t code, std::wstring_view text) {
     ResultBuffer* node = append(end, code);
     return node && (node->value.string = copyText(text));
 }
@@ -56,19 +56,9 @@ bool appendNumber(ResultBuffer**& end, std::int16_t code, std::int32_t number) {
 }
 
 bool appendValue(ResultBuffer**& end, const zdr::ExtendedValue& value) {
-    const auto* text = std::get_if<std::wstring>(&value.value);
+    const auto* text = std::get_if<std::wstring_view>(&value.value);
     return text ? appendText(end, value.code, *text)
                 : appendNumber(end, value.code, std::get<std::int32_t>(value.value));
-}
-
-// Texts that were read or stored at different times lie scattered in memory. Asked for a few values ahead, they are
-// there when it is their turn; without that, waiting for them is half of what a walk over all layers costs.
-void fetchAhead(const std::vector<zdr::ExtendedValue>& values, std::size_t index) {
-    constexpr std::size_t kAhead = 8;
-    if (index + kAhead >= values.size())
-        return;
-    if (const auto* text = std::get_if<std::wstring>(&values[index + kAhead].value))
-        __builtin_prefetch(text->data());
 }
 
 // Null when memory runs out: half of somebody's data would be worse than none.
@@ -76,24 +66,49 @@ ResultBuffer* chainOf(const zdr::ExtendedData& data) {
     ResultBuffer* chain = nullptr;
     ResultBuffer** end = &chain;
     bool whole = appendText(end, kExtendedAppName, data.application);
-    for (std::size_t index = 0; whole && index < data.values.size(); ++index) {
-        fetchAhead(data.values, index);
-        whole = appendValue(end, data.values[index]);
-    }
+    for (auto value = data.values.begin(); whole && value != data.values.end(); ++value)
+        whole = appendValue(end, *value);
     if (whole)
         return chain;
     discard(chain);
     return nullptr;
 }
 
+// None for a node that no extended data has.
 std::optional<zdr::ExtendedValue> valueOf(const ResultBuffer& node) {
     if (isText(node.type) && node.value.string)
-        return zdr::ExtendedValue{node.type, std::wstring(node.value.string)};
+        return zdr::ExtendedValue{node.type, node.value.string};
     if (node.type == kExtendedInt16)
         return zdr::ExtendedValue{node.type, std::int32_t{node.value.int16}};
     if (node.type == kExtendedInt32)
         return zdr::ExtendedValue{node.type, node.value.int32};
     return std::nullopt;
+}
+
+bool areValues(const zdr::ExtendedValues& values, const ResultBuffer* nodes) {
+    for (const zdr::ExtendedValue& value : values) {
+        if (!nodes || valueOf(*nodes) != value)
+            return false;
+        nodes = nodes->next;
+    }
+    return !nodes;
+}
+
+// None when a node is none of extended data.
+std::optional<zdr::ExtendedValues> valuesOf(const ResultBuffer* nodes) {
+    std::size_t count = 0, characters = 0;
+    for (const ResultBuffer* node = nodes; node; node = node->next, ++count) {
+        const auto value = valueOf(*node);
+        if (!value)
+            return std::nullopt;
+        if (const auto* text = std::get_if<std::wstring_view>(&value->value))
+            characters += text->size();
+    }
+    zdr::ExtendedValues values;
+    values.reserve(count, characters);
+    for (const ResultBuffer* node = nodes; node; node = node->next)
+        values.add(*valueOf(*node));
+    return values;
 }
 
 bool isRegistered(const zdr::Drawing& drawing, std::wstring_view name) {
@@ -122,17 +137,14 @@ Vorn::ErrorStatus storeChain(DatabaseImp& database, zdr::Handle object, const Re
         return Vorn::eInvalidInput;
     if (!isRegistered(database.drawing(), chain->value.string))
         return Vorn::eKeyNotFound;
-    std::vector<zdr::ExtendedValue> values;
-    for (const ResultBuffer* node = chain->next; node; node = node->next) {
-        auto value = valueOf(*node);
-        if (!value)
-            return Vorn::eInvalidInput;
-        values.push_back(std::move(*value));
-    }
     // Data that is there already is no change: there is nothing to undo, and nothing to keep for that.
     const zdr::ExtendedData* data = dataOf(database.drawing(), object, chain->value.string);
-    if (data ? data->values != values : !values.empty())
-        database.setExtendedData(object, chain->value.string, std::move(values));
+    if (data ? areValues(data->values, chain->next) : !chain->next)
+        return Vorn::eOk;
+    auto values = valuesOf(chain->next);
+    if (!values)
+        return Vorn::eInvalidInput;
+    database.setExtendedData(object, chain->value.string, std::move(*values));
     return Vorn::eOk;
 }
 
