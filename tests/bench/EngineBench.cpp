@@ -1,6 +1,7 @@
 // What the engine's operations on layer states cost, next to moving or comparing the same bytes with memcpy and memcmp
 // in the same run. Every state has columns of its own, so that memory is really touched, and all states match, so that
-// no comparison ends early.
+// no comparison ends early. For restores that isn't the whole truth, since they leave values alone that match: so some
+// of them go to and fro between two states that differ in every value.
 //   engine_bench [Google Benchmark's own arguments]
 #include "DrawingCopies.h"
 #include "RatioReporter.h"
@@ -26,6 +27,30 @@ KelDbDatabase& database(Order order) {
     if (!entry) {
         entry = std::make_unique<KelDbDatabase>(false, false);
         engine::replaceDrawing(*entry, drawingWithOwnColumns(kLayers, kStates, order == Order::Reversed));
+        if (order == Order::OneLayerMore)
+            engine::addLayer(*entry, L"One more");
+    }
+    return *entry;
+}
+
+/// The first state matches, and the second differs from it in every value of every layer.
+KelDbDatabase& databaseOfTwo(Order order) {
+    static std::unique_ptr<KelDbDatabase> made[3];
+    auto& entry = made[static_cast<std::size_t>(order)];
+    if (!entry) {
+        entry = std::make_unique<KelDbDatabase>(false, false);
+        zdr::Drawing drawing = drawingWithOwnColumns(kLayers, 2, order == Order::Reversed);
+        const zdr::NameId linetype = drawing.names.intern(L"Other linetype");
+        const zdr::NameId plotStyle = drawing.names.intern(L"Other plot style");
+        drawing.linetypes.push_back({linetype, 0, {}, {1, -1}});
+        drawing.plotStyles.push_back({plotStyle, 0});
+        zdr::LayerColumns& other = drawing.states[1].columns;
+        for (std::size_t i = 0; i < kLayers; ++i) {
+            const engine::LayerValues values = engine::valuesAt(other, i);
+            const auto flags = static_cast<std::uint8_t>(values.flags ^ zdr::kLayerLocked);
+            engine::setValuesAt(other, i, {flags, values.color % 255 + 1, linetype, 25, plotStyle});
+        }
+        engine::replaceDrawing(*entry, std::move(drawing));
         if (order == Order::OneLayerMore)
             engine::addLayer(*entry, L"One more");
     }
@@ -87,8 +112,8 @@ void memcpyOfAState(benchmark::State& run) {
 }
 
 // Restores two states in turn, each restore as a step of its own.
-void restoreAState(benchmark::State& run, Order order, int flags) {
-    KelDbDatabase& data = database(order);
+void restoreAState(benchmark::State& run, KelDbDatabase& (*databaseOf)(Order), Order order, int flags) {
+    KelDbDatabase& data = databaseOf(order);
     KelDbLayerStateManager& states = *data.getLayerStateManager();
     const KelDbObjectId viewport =
         flags ? engine::objectId(data, engine::drawingOf(data).layouts.at(0).viewports.at(0).handle) : KelDbObjectId();
@@ -147,12 +172,27 @@ int main(int argc, char** argv) {
     add({"compare, one layer more", kAll, "memcmp of all states", 4}, compareAllStates, Order::OneLayerMore);
     add({"compare, another order", kAll, "memcmp of all states", 4}, compareAllStates, Order::Reversed);
     add({"memcpy of a state", kBytesOfState}, memcpyOfAState);
-    add({"restore", kBytesOfState, "memcpy of a state", 10}, restoreAState, Order::Same, 0);
-    add({"restore, one layer more", kBytesOfState, "memcpy of a state", 10}, restoreAState, Order::OneLayerMore, 0);
-    add({"restore, another order", kBytesOfState, "memcpy of a state", 10}, restoreAState, Order::Reversed, 0);
-    add({"restore as overrides", kBytesOfState, "memcpy of a state", 0}, restoreAState, Order::Same,
+    add({"restore", kBytesOfState, "memcpy of a state", 10}, restoreAState, database, Order::Same, 0);
+    add({"restore, one layer more", kBytesOfState, "memcpy of a state", 10}, restoreAState, database,
+        Order::OneLayerMore, 0);
+    add({"restore, another order", kBytesOfState, "memcpy of a state", 10}, restoreAState, database, Order::Reversed,
+        0);
+    add({"restore others", kBytesOfState, "memcpy of a state", 10}, restoreAState, databaseOfTwo, Order::Same, 0);
+    add({"others, one layer more", kBytesOfState, "memcpy of a state", 10}, restoreAState, databaseOfTwo,
+        Order::OneLayerMore, 0);
+    add({"others, another order", kBytesOfState, "memcpy of a state", 10}, restoreAState, databaseOfTwo,
+        Order::Reversed, 0);
+    add({"restore as overrides", kBytesOfState, "memcpy of a state", 30}, restoreAState, database, Order::Same,
         RestoreFlagAsOverrides);
-    add({"record", kBytesOfState, "memcpy of a state", 1}, recordAState);
+    add({"others as overrides", kBytesOfState, "memcpy of a state", 30}, restoreAState, databaseOfTwo, Order::Same,
+        RestoreFlagAsOverrides);
+    // As many as the drawing is to have: with each the drawing grows, and in one of a hundred times as many states it
+    // is the wait for new memory that would be measured.
+    benchmark::RegisterBenchmark("record", recordAState)
+        ->Unit(benchmark::kMillisecond)
+        ->Repetitions(25)
+        ->Iterations(kStates);
+    reporter.expect({"record", kBytesOfState, "memcpy of a state", 1});
     add({"undo or redo a restore", kBytesOfState, "memcpy of a state", 10}, undoARestore);
     benchmark::RunSpecifiedBenchmarks(&reporter);
     std::printf("%zu layer states over %zu layers\n", kStates, kLayers);

@@ -75,6 +75,17 @@ TEST_F(Undo, TakesBackWhatAViewportShows) {
     checkStep([this] { EXPECT_EQ(engine::setViewportView(m_database, viewport().handle, {12, 34}, 0.25), Vorn::eOk); });
 }
 
+TEST_F(Undo, TakesBackTwoRestoresAsOverridesInOneStep) {
+    states().saveLayerState(L"Plan", MaskAllProperties);
+    setColor(L"Walls", 3);
+    states().saveLayerState(L"Red", MaskAllProperties);
+    engine::setFrozenInViewport(m_database, viewport().handle, 1, true);
+    checkStep([this] {
+        restore(L"Plan", RestoreFlagAsOverrides, viewportId());
+        restore(L"Red", RestoreFlagAsOverrides, viewportId());
+    });
+}
+
 TEST_F(Undo, TakesBackChangesOfStates) {
     states().saveLayerState(L"Plan", 1);
     states().saveLayerState(L"Section", 2);

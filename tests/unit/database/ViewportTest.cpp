@@ -144,6 +144,17 @@ TEST_F(Viewports, ARestoreAsOverridesLeavesTheLayersAlone) {
     EXPECT_TRUE(matches(L"Plan", viewportId()));
 }
 
+TEST_F(Viewports, ARestoreAsOverridesLeavesTheViewAlone) {
+    states().saveLayerState(L"Plan", MaskAllProperties);
+    setColor(L"Walls", 3);
+    ASSERT_EQ(engine::setViewportView(m_database, viewport().handle, {12, 34}, 0.25), Vorn::eOk);
+    EXPECT_EQ(restore(L"Plan", RestoreFlagAsOverrides, viewportId()), Vorn::eOk);
+    EXPECT_EQ(viewport().viewCenter.x, 12);
+    EXPECT_EQ(viewport().viewCenter.y, 34);
+    EXPECT_EQ(viewport().scale, 0.25);
+    EXPECT_FALSE(viewport().overrides.empty());
+}
+
 TEST_F(Viewports, ARestoreAsOverridesTakesThePropertiesOfTheMaskAndKeepsTheOthers) {
     setColor(L"Walls", 3);
     states().saveLayerState(L"Plan", MaskColor);

@@ -110,13 +110,9 @@ auto extendedDataOf(std::vector<zdr::ExtendedData>& all, zdr::Handle object) {
     return std::pair(first, behind);
 }
 
-template <class T> bool sameValues(const zdr::Column<T>& a, const zdr::Column<T>& b) {
-    return std::ranges::equal(a.values(), b.values());
-}
-
 bool sameColumns(const zdr::LayerColumns& a, const zdr::LayerColumns& b) {
     bool same = true;
-    zdr::forEachColumn([&same](const auto& one, const auto& other) { same = same && sameValues(one, other); }, a, b);
+    zdr::forEachColumn([&same](const auto& one, const auto& other) { same = same && one.equals(other); }, a, b);
     return same;
 }
 
@@ -166,7 +162,13 @@ bool areUndone(const std::vector<Change>& changes, const zdr::Drawing& drawing, 
     const SameSides same{drawing, objects};
     return std::ranges::all_of(changes, [&](const Change& change) {
         const auto* state = std::get_if<StateChange>(&change);
-        return (state && !seen.insert(state->handle).second) || std::visit(same, change);
+        if (state && seen.contains(state->handle))
+            return true;
+        if (!std::visit(same, change))
+            return false;
+        if (state)
+            seen.insert(state->handle);
+        return true;
     });
 }
 

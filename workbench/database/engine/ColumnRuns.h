@@ -25,16 +25,19 @@ bool rowsEqual(const T* state, const T* drawing, const LayerMapping& mapping, T 
     return true;
 }
 
-template <class T> void copyRows(T* drawing, const T* state, const LayerMapping& mapping) {
+/// Row by row, for a scattered mapping: calls `write` with each value of the drawing that the state has, and the
+/// state's.
+template <class T, class Write>
+void writeRows(T* drawing, const T* state, const LayerMapping& mapping, const Write& write) {
     const std::uint32_t* const rows = mapping.rows.data();
     const std::size_t count = mapping.rows.size();
     if (mapping.missing == 0)
         for (std::size_t i = 0; i < count; ++i)
-            drawing[rows[i]] = state[i];
+            write(drawing[rows[i]], state[i]);
     else
         for (std::size_t i = 0; i < count; ++i)
             if (rows[i] != LayerMapping::kAbsent)
-                drawing[rows[i]] = state[i];
+                write(drawing[rows[i]], state[i]);
 }
 
 template <class T>
@@ -74,31 +77,58 @@ inline bool bitsEqual(const std::uint8_t* left, const std::uint8_t* right, std::
     return true;
 }
 
+/// The drawing's values with the state's in their places, where the runs follow each other in both: each value is
+/// written once.
+template <class T>
+zdr::Column<T> joinRuns(const T* drawing, std::size_t count, const T* state, const LayerMapping& mapping) {
+    std::vector<T> values;
+    values.reserve(count);
+    const auto keepUpTo = [&](std::size_t end) { values.insert(values.end(), drawing + values.size(), drawing + end); };
+    for (const LayerMapping::Run& run : mapping.runs) {
+        keepUpTo(run.drawing);
+        values.insert(values.end(), state + run.state, state + run.state + run.count);
+    }
+    keepUpTo(count);
+    return zdr::Column<T>(std::move(values));
+}
+
 /// Writes the state's values over the drawing's. When the state holds just the drawing's layers, they share the column.
+/// A column that has the values already, as most have of what users rarely change, stays as it is, so that the steps of
+/// undo go on sharing it.
 template <class T> void copyRuns(zdr::Column<T>& drawing, const zdr::Column<T>& state, const LayerMapping& mapping) {
     if (mapping.whole) {
         drawing = state;
         return;
     }
-    T* const to = drawing.write().data();
+    if (mapping.missing == 0 && runsEqual(state, drawing, mapping))
+        return;
     const T* const from = state.values().data();
     if (mapping.isScattered())
-        copyRows(to, from, mapping);
+        writeRows(drawing.write().data(), from, mapping, [](T& to, T value) { to = value; });
+    else if (std::ranges::is_sorted(mapping.runs, {}, &LayerMapping::Run::drawing))
+        drawing = joinRuns(drawing.values().data(), drawing.size(), from, mapping);
     else
-        for (const LayerMapping::Run& run : mapping.runs)
+        for (T* const to = drawing.write().data(); const LayerMapping::Run& run : mapping.runs)
             std::memcpy(to + run.drawing, from + run.state, run.count * sizeof(T));
 }
 
 /// Copies `bits` of each byte and leaves the others.
 inline void copyBits(zdr::Column<std::uint8_t>& drawing, const zdr::Column<std::uint8_t>& state,
                      const LayerMapping& mapping, std::uint8_t bits) {
+    const auto copy = [bits](std::uint8_t& to, std::uint8_t from) {
+        to = static_cast<std::uint8_t>((to & ~bits) | (from & bits));
+    };
+    // The compiler has to assume that writing a byte changes anything, so the loops read nothing but the two columns.
     std::uint8_t* const to = drawing.write().data();
     const std::uint8_t* const from = state.values().data();
-    for (const LayerMapping::Run& run : mapping.runs) {
-        std::uint8_t* const target = to + run.drawing;
-        const std::uint8_t* const source = from + run.state;
+    if (mapping.isScattered()) {
+        writeRows(to, from, mapping, copy);
+        return;
+    }
+    for (const LayerMapping::Run& each : mapping.runs) {
+        const LayerMapping::Run run = each;
         for (std::size_t i = 0; i < run.count; ++i)
-            target[i] = static_cast<std::uint8_t>((target[i] & ~bits) | (source[i] & bits));
+            copy(to[run.drawing + i], from[run.state + i]);
     }
 }
 

@@ -68,6 +68,14 @@ Editor<zdr::Viewport> DatabaseImp::editViewport(const zdr::Viewport& viewport) {
     return {const_cast<zdr::Viewport&>(viewport), m_lookups, {.looks = true}};
 }
 
+void DatabaseImp::setViewportLayers(const zdr::Viewport& viewport, std::vector<bool> frozen,
+                                    std::vector<zdr::ViewportOverride> overrides) {
+    const Writing writing(m_lookups, {.looks = true});
+    m_history.exchangeViewport(
+        {viewport.handle, std::move(frozen), std::move(overrides), viewport.viewCenter, viewport.scale}, m_drawing,
+        m_objects);
+}
+
 void DatabaseImp::setCurrentLayer(std::size_t index) {
     m_history.beforeSettings(m_drawing);
     const Writing writing(m_lookups, {});

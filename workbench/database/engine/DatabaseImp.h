@@ -58,7 +58,9 @@ class DatabaseImp : public KelDbImpDatabase {
     /// Record a part for undo ahead of its change: the next change of it can't fail then.
     void recordColumns() { m_history.beforeColumns(m_drawing); }
     void recordSettings() { m_history.beforeSettings(m_drawing); }
-    void recordViewport(const zdr::Viewport& viewport) { m_history.beforeViewport(viewport); }
+    /// Exchanges what a viewport shows of the layers, where it doesn't show the layers' own values.
+    void setViewportLayers(const zdr::Viewport& viewport, std::vector<bool> frozen,
+                           std::vector<zdr::ViewportOverride> overrides);
     void setCurrentLayer(std::size_t index);
     void setLastRestored(std::optional<std::wstring> name);
     void setLinetypeScale(double scale);

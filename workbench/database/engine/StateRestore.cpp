@@ -50,17 +50,21 @@ class Restore {
         if (lastRestored || m_current != drawing.currentLayer)
             m_database.recordSettings();
         if (m_overrides || m_frozen)
-            m_database.recordViewport(*m_request.viewport);
+            commitViewport(*m_request.viewport);
         // Nothing fails from here on.
         *m_database.editColumns() = std::move(m_after);
         if (m_current != drawing.currentLayer)
             m_database.setCurrentLayer(m_current);
-        if (m_overrides)
-            m_database.editViewport(*m_request.viewport)->overrides = std::move(*m_overrides);
-        if (m_frozen)
-            m_database.editViewport(*m_request.viewport)->frozen = std::move(*m_frozen);
         if (lastRestored)
             m_database.setLastRestored(std::move(lastRestored));
+    }
+
+    void commitViewport(const zdr::Viewport& viewport) {
+        if (!m_overrides)
+            m_overrides = viewport.overrides;
+        if (!m_frozen)
+            m_frozen = viewport.frozen;
+        m_database.setViewportLayers(viewport, std::move(*m_frozen), std::move(*m_overrides));
     }
 
     void writeLayers() {
@@ -173,7 +177,7 @@ class Restore {
                 return;
             const auto value = (m_state.columns.*property.column)[row];
             if constexpr (property.isStyle)
-                if (!hasStyle(property, value)) {
+                if (!m_stylesKnown && !hasStyle(property, value)) {
                     const bool isOverridden = layer.mask & property.bit;
                     const zdr::NameId shown =
                         isOverridden ? layer.*property.overriding : (m_before.*property.column)[layer.layer];
@@ -185,13 +189,26 @@ class Restore {
         });
     }
 
+    /// Whether the drawing has all styles that are to become overrides.
+    bool knowsStyles() const {
+        bool known = true;
+        forEachColumnProperty([&](auto property) {
+            if constexpr (property.isStyle)
+                if (m_asOverrides & property.bit)
+                    known = known && stylesOf(property).hasAll((m_state.columns.*property.column).values());
+        });
+        return known;
+    }
+
     // Layers of a reference that isn't there keep what the viewport shows of them, too.
     bool isKept(std::size_t layer) const { return std::ranges::binary_search(m_unresolved, layer); }
 
     void writeOverrides() {
         const std::vector<zdr::ViewportOverride>& before = m_request.viewport->overrides;
         const std::vector<std::size_t> rows = rowsByLayer();
+        m_stylesKnown = knowsStyles();
         std::vector<zdr::ViewportOverride>& after = m_overrides.emplace();
+        after.reserve(std::min(rows.size(), m_mapping.held + before.size()));
         auto old = before.begin();
         for (std::size_t layer = 0; layer < rows.size(); ++layer) {
             // Written in its place: copying an override right after its members were written makes the processor wait.
@@ -244,6 +261,7 @@ class Restore {
     std::optional<std::vector<bool>> m_frozen;
     std::uint32_t m_direct = 0, m_asOverrides = 0;
     std::vector<std::size_t> m_unresolved;
+    bool m_stylesKnown = false;
     bool m_currentThawed = false, m_styleMissing = false, m_unresolvedKept = false;
 };
 

@@ -196,4 +196,15 @@ void UndoHistory::beforeViewport(const zdr::Viewport& viewport) {
     m_open.objects.insert(viewport.handle);
 }
 
+void UndoHistory::exchangeViewport(ViewportChange&& change, zdr::Drawing& drawing, ObjectDirectory& objects) {
+    if (m_open.objects.contains(change.handle)) {
+        change.exchange(drawing, objects);
+        return;
+    }
+    makeRoom(1);
+    m_open.objects.insert(change.handle);
+    // Nothing fails from here on.
+    perform(std::move(change), drawing, objects);
+}
+
 } // namespace engine

@@ -69,6 +69,8 @@ class UndoHistory {
     void beforeSettings(const zdr::Drawing& drawing);
     void beforeState(const zdr::Drawing& drawing, std::size_t index);
     void beforeViewport(const zdr::Viewport& viewport);
+    /// Gives a viewport what the change holds; when that throws, nothing has happened.
+    void exchangeViewport(ViewportChange&& change, zdr::Drawing& drawing, ObjectDirectory& objects);
     /// Gets ready for that many changes: recording them needs no memory then.
     void makeRoom(std::size_t changes);
     /// Does a change, by exchanging its sides; when that throws, nothing has happened.
