@@ -153,10 +153,10 @@ TEST_F(OutsideReferencesTest, NothingIsAskedOfTheOtherComputerBeforeTheAnswer) {
         run(L"OPEN " + path("watched.zdr"));
         EXPECT_FALSE(watch.isTouched());
     }
+    run(L"SAVE");
     run(L"UNLOAD *");
     run(L"RELOAD *");
     run(L"OUTSIDE LIST");
-    run(L"SAVE");
     run(L"DETACH *");
     EXPECT_FALSE(watch.isTouched());
     run(L"OUTSIDE FORGET *");

@@ -10,6 +10,16 @@
 
 using testing::HasSubstr;
 
+TEST(AboutText, TellsTheNameAndTheVersionFirst) {
+    EXPECT_TRUE(workbench::aboutText().starts_with(L"Kel Workbench " PROJECT_VERSION L"\n"));
+}
+
+TEST(AboutText, TellsEveryLibraryWithItsLicense) {
+    for (const workbench::Library& library : workbench::libraries())
+        EXPECT_THAT(workbench::aboutText(), HasSubstr(std::wstring(library.name) + L": " + library.license + L"\n"));
+}
+
+#ifndef _WIN32 // the packages are installed where it is built
 namespace {
 
 /// Where a library comes from, and what the package's own file says of its license.
@@ -38,16 +48,6 @@ std::string contentOf(const std::string& path) {
 
 } // namespace
 
-TEST(AboutText, TellsTheNameAndTheVersionFirst) {
-    EXPECT_TRUE(workbench::aboutText().starts_with(L"Kel Workbench " PROJECT_VERSION L"\n"));
-}
-
-TEST(AboutText, TellsEveryLibraryWithItsLicense) {
-    for (const workbench::Library& library : workbench::libraries())
-        EXPECT_THAT(workbench::aboutText(), HasSubstr(std::wstring(library.name) + L": " + library.license + L"\n"));
-}
-
-#ifndef _WIN32 // the packages are installed where it is built
 TEST(AboutText, TheLicensesAreTheOnesThatThePackagesTellOf) {
     EXPECT_EQ(workbench::libraries().size(), kSources.size());
     for (const workbench::Library& library : workbench::libraries()) {
