@@ -82,15 +82,34 @@ std::wstring partOf(std::wstring text, int index) {
     return text.substr(0, text.find(bar));
 }
 
-/// In pixels, in the font of the main window.
-int widthOfText(const std::wstring& text) {
+/// How wide the text is when it is drawn in the font of the main window, in pixels from the first to the last that is
+/// drawn. What the system measures may be more: it draws some letters from bitmaps that are narrower.
+int inkWidthOf(const std::wstring& text) {
     workbench::WindowLook look;
     look.update(static_cast<int>(GetDpiForSystem()));
-    CClientDC dc(nullptr);
-    CFont* former = dc.SelectObject(&look.font());
-    const int width = dc.GetTextExtent(text.c_str(), static_cast<int>(text.size())).cx;
-    dc.SelectObject(former);
-    return width;
+    CClientDC screen(nullptr);
+    CDC dc;
+    dc.CreateCompatibleDC(&screen);
+    CFont* const formerFont = dc.SelectObject(&look.font());
+    const CSize size = dc.GetTextExtent(text.c_str(), static_cast<int>(text.size()));
+    CBitmap bitmap;
+    bitmap.CreateCompatibleBitmap(&screen, 2 * size.cx, size.cy);
+    CBitmap* const formerBitmap = dc.SelectObject(&bitmap);
+    dc.FillSolidRect(0, 0, 2 * size.cx, size.cy, RGB(255, 255, 255));
+    dc.SetTextColor(RGB(0, 0, 0));
+    CRect rect(size.cx / 2, 0, 2 * size.cx, size.cy);
+    dc.DrawText(text.c_str(), -1, rect, DT_SINGLELINE | DT_NOPREFIX);
+    int left = 2 * size.cx;
+    int right = 0;
+    for (int y = 0; y < size.cy; ++y)
+        for (int x = 0; x < 2 * size.cx; ++x)
+            if (GetPixel(dc.m_hDC, x, y) != RGB(255, 255, 255)) {
+                left = std::min(left, x);
+                right = std::max(right, x);
+            }
+    dc.SelectObject(formerBitmap);
+    dc.SelectObject(formerFont);
+    return right - left;
 }
 
 workbench::StatusLine& statusLine(const workbench::MainWindow& window) {
@@ -148,7 +167,7 @@ TEST_F(MainWindow, showsWhereThePointerIsAndTheNumberOfTheViewportBelowIt) {
                       const workbench::StatusSpan& span = ofPlace ? spans.place : spans.references;
                       const RECT ink = inkInStatusLine(view, span);
                       const RECT line = view.rect(IDC_STATUS_LINE);
-                      EXPECT_NEAR(ink.right - ink.left, widthOfText(partOf(text, ofPlace ? 2 : 3)), scaled(3))
+                      EXPECT_NEAR(ink.right - ink.left, inkWidthOf(partOf(text, ofPlace ? 2 : 3)), 1)
                           << "all of the text is there";
                       EXPECT_GE(ink.left, span.left + padding - 1) << "nothing is cut at the left";
                       EXPECT_LE(ink.right, span.right - padding + 1) << "nor at the right";

@@ -165,8 +165,8 @@ TEST_F(ZoomTest, LookingAroundIsNoChangeAndNoStepOfUndo) {
                   EXPECT_FALSE(session().canUndo());
                   EXPECT_TRUE(session().canRedo());
               })
-        .then(ask(L"REDO", L"The change is made again."))
-        .then(ask(L"U", L"The last change is undone."))
+        .then(ask(L"REDO", L"Made again: LAYER NEW."))
+        .then(ask(L"U", L"Undone: LAYER NEW."))
         .then(titleIs(plain))
         .then(command(L"QUIT"));
     runWith(script);
