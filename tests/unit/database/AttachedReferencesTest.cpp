@@ -392,16 +392,6 @@ TEST_F(AttachedReferences, StatesOfOthersStayWhenOneIsLeftOut) {
     EXPECT_THAT(stateNames(), ElementsAre(L"Plan", L"south!Summer", L"north!Summer"));
 }
 
-TEST_F(AttachedReferences, AreUnloadedWhenTheyAreLeftOutOnPurposeAlone) {
-    EXPECT_FALSE(drawing().references[0].unloaded) << "it wasn't there from the beginning";
-    attach();
-    EXPECT_FALSE(drawing().references[0].unloaded);
-    detach();
-    EXPECT_TRUE(drawing().references[0].unloaded);
-    attach();
-    EXPECT_FALSE(drawing().references[0].unloaded);
-}
-
 TEST_F(AttachedReferences, TheirLinetypesFollowTheirFile) {
     attach();
     zdr::Drawing changed = *site();

@@ -70,7 +70,7 @@ TEST_F(TempLayerStateMemory, ItsBeginningSavesTheLayersOrLeavesTheTaskUnprotecte
             struck = failing.hasStruck();
         }
         const bool saved = !stateNames().empty();
-        unprotected += !saved;
+        unprotected += guard && !saved;
         if (guard) {
             setColor(L"Walls", kByTheTask);
             guard.reset();

@@ -3,6 +3,7 @@
 #include "files/TextCoding.h"
 
 #include <cstdarg>
+#include <cstdio>
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <string_view>
@@ -22,6 +23,11 @@ bool* g_isTouched = nullptr;
 void see(const char* path) {
     if (path && g_watched && std::string_view(path).find(*g_watched) != std::string_view::npos)
         *g_isTouched = true;
+}
+
+/// Then a mode follows. The bits of O_TMPFILE hold those of O_DIRECTORY.
+bool makesFile(int flags) {
+    return (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
 }
 
 /// The system's own function.
@@ -70,7 +76,7 @@ int open(const char* path, int flags, ...) {
     see(path);
     va_list more;
     va_start(more, flags);
-    const mode_t mode = flags & (O_CREAT | O_TMPFILE) ? va_arg(more, mode_t) : 0;
+    const mode_t mode = makesFile(flags) ? va_arg(more, mode_t) : 0;
     va_end(more);
     return systems<int(const char*, int, ...)>("open")(path, flags, mode);
 }
@@ -78,7 +84,7 @@ int openat(int folder, const char* path, int flags, ...) {
     see(path);
     va_list more;
     va_start(more, flags);
-    const mode_t mode = flags & (O_CREAT | O_TMPFILE) ? va_arg(more, mode_t) : 0;
+    const mode_t mode = makesFile(flags) ? va_arg(more, mode_t) : 0;
     va_end(more);
     return systems<int(int, const char*, int, ...)>("openat")(folder, path, flags, mode);
 }

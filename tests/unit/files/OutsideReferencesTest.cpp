@@ -94,6 +94,16 @@ TEST_F(OutsideReferences, onesThatAreAllowedAreShown) {
     EXPECT_THAT(m_problems, IsEmpty());
 }
 
+TEST_F(OutsideReferences, aFileIsReadOnceWhicheverSeparatorsItsPathsHave) {
+    write(L"site.zdr", {});
+    std::wstring slashes = outsideSpelling(m_folder.file(L"site.zdr"));
+    write(L"main.zdr", {slashes, slashes.replace(slashes.find_last_of(L"\\/"), 1, L"/")});
+    m_answer.clear();
+    const Drawing main = open(L"main.zdr");
+    ASSERT_NE(main.references[0].drawing, nullptr);
+    EXPECT_EQ(main.references[0].drawing, main.references[1].drawing);
+}
+
 TEST_F(OutsideReferences, onesOnThisComputerAreNotAskedAbout) {
     write(L"site.zdr", {});
     write(L"main.zdr", {L"site.zdr", m_folder.file(L"site.zdr")});

@@ -6,6 +6,8 @@
 
 #include "KelEditor.h"
 
+#include "files/ShownText.h"
+
 #include <numbers>
 
 namespace workbench::commands {
@@ -30,9 +32,8 @@ void references(Session& session, const CommandText&) {
     }
     std::wstring text;
     for (const ReferenceRow& row : rows)
-        text += row.name + L": " + stateText(row.state) + L", " + row.path + L"\n";
-    text += countText(rows) +
-            (isAnyMissing(rows) ? L": RELOAD reads a drawing once its file is where the path leads.\n" : L".\n");
+        text += row.name + L": " + stateText(row.state) + L", " + zdr::shownText(row.path) + L"\n";
+    text += countText(rows) + (isAnyMissing(rows) ? L": RELOAD looks again.\n" : L".\n");
     session.window().print(text);
 }
 

@@ -3,6 +3,8 @@
 #include "CommandFunctions.h"
 #include "Session.h"
 
+#include "files/ShownText.h"
+
 namespace workbench::commands {
 
 namespace {
@@ -10,7 +12,8 @@ namespace {
 void list(Session& session, const Words&) {
     std::wstring text;
     for (const FolderAnswer& answer : session.window().keptAnswers())
-        text += answer.folder + (answer.mayLook ? L" - looked into\n" : L" - left alone\n");
+        text += quotedWhereNeeded(zdr::shownText(answer.folder)) +
+                (answer.mayLook ? L" - looked into\n" : L" - left alone\n");
     session.window().print(text.empty() ? L"You have been asked about no folder outside this computer.\n" : text);
 }
 

@@ -89,11 +89,6 @@ std::optional<ViewTransform> ViewTransform::showing(const Rect& rect, double wid
     return ViewTransform(rect.center(), scale, {width / 2, height / 2});
 }
 
-bool ViewTransform::operator==(const ViewTransform& other) const {
-    const auto same = [](Point a, Point b) { return a.x == b.x && a.y == b.y; };
-    return same(m_center, other.m_center) && same(m_origin, other.m_origin) && m_scale == other.m_scale;
-}
-
 void ViewTransform::pan(double dx, double dy) {
     m_center.x -= dx / m_scale;
     m_center.y += dy / m_scale;

@@ -54,7 +54,7 @@ class ViewTransform {
     /// comes to the middle at the scale that there is. None when the scale would be beyond the bounds that keep the
     /// numbers meaningful.
     std::optional<ViewTransform> showing(const Rect& rect, double width, double height) const;
-    bool operator==(const ViewTransform& other) const;
+    bool operator==(const ViewTransform& other) const = default;
 
     /// Moves what is shown by that many pixels.
     void pan(double dx, double dy);

@@ -25,7 +25,8 @@ SoughtFile sought(const std::wstring& typed, const std::wstring& drawing) {
     const std::vector<std::wstring> places = placesOf(typed, drawing);
     const auto isThere = [](const std::wstring& place) {
         std::error_code error;
-        return fs::exists(zdr::systemPath(place), error);
+        const fs::path path = zdr::systemPath(place);
+        return fs::exists(path, error) && !fs::is_directory(path, error);
     };
     const auto found = std::ranges::find_if(places, isThere);
     if (found == places.end())

@@ -1,8 +1,6 @@
 #include "StartOptions.h"
 
-#include "files/TextCoding.h"
-
-#include <filesystem>
+#include "files/OutsidePaths.h"
 
 namespace workbench {
 
@@ -50,10 +48,8 @@ std::vector<std::wstring> startLines(const StartOptions& options) {
     lines.insert(lines.end(), options.commands.begin(), options.commands.end());
     if (options.script.empty())
         return lines;
-    std::error_code error;
-    const std::filesystem::path script = std::filesystem::absolute(zdr::systemPath(options.script), error);
     lines.push_back(std::wstring(L"SCRIPT ") + (options.keepsGoing ? std::wstring(kKeepGoing) + L' ' : L"") + L'"' +
-                    (error ? options.script : zdr::widePath(script)) + L'"');
+                    zdr::fullPath(options.script) + L'"');
     return lines;
 }
 

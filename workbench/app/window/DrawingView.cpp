@@ -214,8 +214,8 @@ BOOL DrawingView::OnMouseWheel(UINT, short delta, CPoint screen) {
 }
 
 void DrawingView::OnMButtonDown(UINT, CPoint point) {
+    SetCapture(); // which ends what holds the mouse already
     m_dragged = point;
-    SetCapture();
     ::SetCursor(::LoadCursor(nullptr, IDC_SIZEALL));
 }
 
@@ -317,7 +317,8 @@ void DrawingView::beginPick(PickedFor purpose) {
 bool DrawingView::endPick() {
     const bool wasPicking = m_pick.isActive();
     m_pick.end();
-    m_pressed.reset();
+    if (m_pressed)
+        ReleaseCapture(); // OnCaptureChanged forgets the press
     if (wasPicking)
         Invalidate(FALSE);
     return wasPicking;
@@ -343,8 +344,8 @@ void DrawingView::OnLButtonDown(UINT, CPoint point) {
         return;
     m_pointer = point;
     if (!m_pick.first()) {
-        m_pressed = point;
         SetCapture();
+        m_pressed = point;
     }
     takePoint(planePoint(point));
 }

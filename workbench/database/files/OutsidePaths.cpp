@@ -1,6 +1,6 @@
 // Windows takes many spellings for one path: either separator, `\\?\` and `\\.\` in front, the system's own `\??\`, and
-// `..` behind all of them. Whatever isn't surely on this computer counts as outside. The rules are the same on every
-// system, so that a drawing doesn't lead elsewhere on another one.
+// `..` behind all of them. A spelling that only the system can resolve counts as outside. The rules are the same on
+// every system, so that a drawing doesn't lead elsewhere on another one.
 #include "OutsidePaths.h"
 
 #include "TextCoding.h"

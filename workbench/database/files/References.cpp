@@ -74,11 +74,18 @@ class Resolver {
     std::size_t m_shown = 0;
 };
 
+/// Where the name of the file begins. A path outside this computer has no separator only where it goes from a drive's
+/// own folder, as "N:b.zdr".
+std::size_t fileNameIn(const std::wstring& path) {
+    const std::size_t separator = path.find_last_of(L"\\/");
+    return separator == std::wstring::npos ? path.find(L':') + 1 : separator + 1;
+}
+
 /// One spelling for one file.
 std::wstring Resolver::identity(const std::wstring& path) const {
     // The library takes the name of a server for a folder.
     if (const PathPlace place = placeOf(path, m_targetOf); place.kind == PathPlace::Kind::Outside)
-        return folded(place.folder + path.substr(std::min(path.find_last_of(L"\\/"), path.size())));
+        return folded(place.folder + L'\\' + path.substr(fileNameIn(path)));
     std::error_code error;
     const std::filesystem::path full = std::filesystem::weakly_canonical(systemPath(path), error);
     return folded(error ? path : widePath(full));

@@ -59,7 +59,7 @@ std::wstring driveTarget(wchar_t letter) {
     const wchar_t drive[] = {letter, L':', L'\0'};
     std::wstring target(32768, L'\0'); // several texts may come, the one that counts first
     if (QueryDosDeviceW(drive, target.data(), static_cast<DWORD>(target.size())) == 0)
-        return {};
+        return GetLastError() == ERROR_FILE_NOT_FOUND ? std::wstring() : L"\\??\\"; // nobody knows where it leads
     return target.c_str();
 }
 

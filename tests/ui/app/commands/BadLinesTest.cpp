@@ -90,10 +90,6 @@ class BadLinesTest : public WorkbenchTest {
             ui::pressKey('V', ui::holdControl);
         });
     }
-    void runAndThrowAway(Script script) {
-        script.then(command(L"QUIT")).then(answerBox(L"Save the changes", IDNO));
-        runWith(script);
-    }
 
   private:
     std::uint64_t m_count = 0;

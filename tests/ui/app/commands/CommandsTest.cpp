@@ -34,11 +34,6 @@ class CommandsTest : public WorkbenchTest {
     void writeText(const char* name, const std::string& text) {
         std::ofstream(folder / name, std::ios::binary) << text;
     }
-    void runAndThrowAway(Script script) {
-        script.then(command(L"QUIT")).then(answerBox(L"Save the changes", IDNO));
-        runWith(script);
-        EXPECT_EQ(window->m_hWnd, nullptr);
-    }
 };
 
 } // namespace

@@ -1,6 +1,7 @@
 // Names that are typed without a folder, in the command line and in the system's file dialogs: they count from the
 // folder of the open drawing, and where nothing is there, from that in which the program was started.
 
+#include "FileDialogSteps.h"
 #include "StartFolder.h"
 #include "WorkbenchFixture.h"
 #include "WorkbenchIds.h"
@@ -30,13 +31,8 @@ class FoldersTest : public WorkbenchTest {
     static Script choose(const wchar_t* title, const std::wstring& name) {
         Script script;
         script.waitUntil("the file dialog", [title](const View& view) { return view.title() == title; })
-            .type(name)
-            .press(VK_RETURN);
+            .then(ui::enterFileName(name));
         return script;
-    }
-    void runAndThrowAway(Script script) {
-        script.then(command(L"QUIT")).then(answerBox(L"Save the changes", IDNO));
-        runWith(script);
     }
 
   private:

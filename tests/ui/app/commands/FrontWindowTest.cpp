@@ -6,7 +6,6 @@
 #include "OrvUiServices.h"
 
 #include "engine/DatabaseAccess.h"
-#include "files/DrawingFile.h"
 #include "resources/resource.h"
 
 using ui::Script;
@@ -22,9 +21,7 @@ class FrontWindow : public LayerStatesTest {
         EXPECT_EQ(database.getLayerStateManager()->saveLayerState(L"Roof", MaskOn), Vorn::eOk);
         for (const wchar_t* name : {L"Attic", L"Roof"})
             EXPECT_EQ(database.getLayerStateManager()->exportLayerState(name, stateFile(name).c_str()), Vorn::eOk);
-        zdr::FileStamp stamp;
-        std::wstring reason;
-        EXPECT_EQ(zdr::writeDrawingFile(path("other.zdr"), engine::drawingOf(database), reason, stamp), Vorn::eOk);
+        writeDrawing("other.zdr", engine::drawingOf(database));
     }
     std::wstring stateFile(const std::wstring& state) const { return path("") + state + L".las"; }
     static Script import(const std::wstring& file) {

@@ -3,7 +3,6 @@
 #include "HandmadeDrawing.h"
 
 #include "engine/DatabaseAccess.h"
-#include "files/DrawingFile.h"
 #include "resources/resource.h"
 
 LayerStatesTest::LayerStatesTest() {
@@ -28,9 +27,7 @@ void LayerStatesTest::writeDrawingWithState() const {
     engine::LayerValues values = engine::layerValues(database, red);
     values.flags |= zdr::kLayerOn;
     EXPECT_EQ(engine::setLayerValues(database, red, values), Vorn::eOk);
-    zdr::FileStamp stamp;
-    std::wstring reason;
-    EXPECT_EQ(zdr::writeDrawingFile(path("states.zdr"), engine::drawingOf(database), reason, stamp), Vorn::eOk);
+    writeDrawing("states.zdr", engine::drawingOf(database));
 }
 
 ui::Script LayerStatesTest::openManager() const {

@@ -4,8 +4,6 @@
 #include "KeptAnswers.h"
 #include "WorkbenchFixture.h"
 
-#include "files/DrawingFile.h"
-
 #include <fstream>
 
 using ui::Script;
@@ -25,9 +23,7 @@ class OutsideReferencesTest : public WorkbenchTest {
         writeSample("site.zdr");
         zdr::Drawing house = session().drawing();
         house.references.push_back({L"site", outside(), {}, 1, 0, nullptr});
-        zdr::FileStamp stamp;
-        std::wstring reason;
-        EXPECT_EQ(zdr::writeDrawingFile(path("house.zdr"), house, reason, stamp), Vorn::eOk) << ui::narrow(reason);
+        writeDrawing("house.zdr", house);
     }
     ~OutsideReferencesTest() override { RegDeleteTreeW(HKEY_CURRENT_USER, kKey); }
 

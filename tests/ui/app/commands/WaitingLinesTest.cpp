@@ -18,10 +18,6 @@ class WaitingLinesTest : public WorkbenchTest {
     void writeScript(const std::string& text) { std::ofstream(folder / "long.scr", std::ios::binary) << text; }
     std::wstring layerName(std::size_t layer) const { return drawing().names.text(drawing().layers.at(layer).name); }
     static std::wstring status() { return View(AfxGetApp()->m_pMainWnd->m_hWnd).text(IDC_STATUS_LINE); }
-    void runAndThrowAway(Script script) {
-        script.then(command(L"QUIT")).then(answerBox(L"Save the changes", IDNO));
-        runWith(script);
-    }
 };
 
 std::string repeated(const std::string& line, int times) {

@@ -44,6 +44,12 @@ void WorkbenchTest::runWith(ui::Script script) {
     });
 }
 
+void WorkbenchTest::runAndThrowAway(ui::Script script) {
+    script.then(command(L"QUIT")).then(answerBox(L"Save the changes", IDNO));
+    runWith(std::move(script));
+    EXPECT_EQ(window->m_hWnd, nullptr);
+}
+
 ui::Script WorkbenchTest::command(const std::wstring& line) {
     ui::Script script;
     script.waitUntil("the command line takes typing",
@@ -74,9 +80,18 @@ ui::Script WorkbenchTest::answerBox(const std::wstring& text, int button) {
     return script;
 }
 
+workbench::DrawingView& WorkbenchTest::shown() const {
+    return *static_cast<workbench::DrawingView*>(
+        CWnd::FromHandlePermanent(GetDlgItem(window->m_hWnd, IDC_DRAWING_VIEW)));
+}
+
 void WorkbenchTest::writeSample(const char* name) {
     zdr::Drawing drawing = session().drawing();
     handmade::addLine(drawing, 0, 5000);
+    writeDrawing(name, drawing);
+}
+
+void WorkbenchTest::writeDrawing(const char* name, const zdr::Drawing& drawing) const {
     zdr::FileStamp stamp;
     std::wstring reason;
     EXPECT_EQ(zdr::writeDrawingFile(path(name), drawing, reason, stamp), Vorn::eOk) << ui::narrow(reason);

@@ -16,6 +16,8 @@ class WorkbenchTest : public testing::Test {
 
     /// Runs the message loop of the main window; the script ends it by closing the window.
     void runWith(ui::Script script);
+    /// The same; the script leaves changes, which are thrown away.
+    void runAndThrowAway(ui::Script script);
     /// Steps that type a line into the command line and wait until it has run.
     static ui::Script command(const std::wstring& line);
     /// A step that waits until the history shows the text.
@@ -25,8 +27,11 @@ class WorkbenchTest : public testing::Test {
 
     workbench::Session& session() { return window->session(); }
     std::wstring path(const char* name) const { return (folder / name).wstring(); }
+    /// What shows the drawing.
+    workbench::DrawingView& shown() const;
     /// Writes a drawing of two layers, a sheet and a viewport.
     void writeSample(const char* name);
+    void writeDrawing(const char* name, const zdr::Drawing& drawing) const;
 
     std::filesystem::path folder;
     std::unique_ptr<workbench::MainWindow> window;

@@ -6,8 +6,6 @@
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
-
 namespace fs = std::filesystem;
 using testing::Contains;
 using ui::Script;

@@ -6,7 +6,6 @@
 #include "WorkbenchIds.h"
 
 #include "engine/DatabaseAccess.h"
-#include "files/DrawingFile.h"
 
 #include <algorithm>
 #include <map>
@@ -37,24 +36,12 @@ class DrawingViewTest : public WorkbenchTest {
         const std::uint8_t flags = zdr::kLayerPlot | (on ? zdr::kLayerOn : 0);
         const std::size_t layer = handmade::addLayer(drawing, L"Red", {flags, 0xC2FF0000, linetype, 13});
         handmade::addLine(drawing, layer, 1000);
-        zdr::Viewport& first = drawing.layouts.at(0).viewports.at(0);
-        first.corner = {20, 20};
-        first.width = 100;
-        first.height = 50;
-        first.viewCenter = {500, 0};
-        first.scale = 0.05;
-        zdr::Viewport second = first;
-        second.handle = drawing.nextHandle++;
-        second.number = static_cast<std::int16_t>(first.number + 1);
-        second.corner = {20, 100};
+        zdr::Viewport& second = handmade::addSecondViewport(drawing);
         second.frozen = std::vector<bool>(layer + 1, false);
         second.frozen[layer] = true;
         number = second.number;
-        drawing.layouts[0].viewports.push_back(second);
         layout = drawing.layouts[0].name;
-        zdr::FileStamp stamp;
-        std::wstring reason;
-        ASSERT_EQ(zdr::writeDrawingFile(path("red.zdr"), drawing, reason, stamp), Vorn::eOk) << ui::narrow(reason);
+        writeDrawing("red.zdr", drawing);
     }
     Script open() { return command(L"OPEN " + path("red.zdr")).then(said(L"Opened ")); }
     Script expectRed(std::string what, std::function<bool(long)> enough) {
@@ -76,11 +63,6 @@ class DrawingViewTest : public WorkbenchTest {
             return std::nullopt;
         });
         return script;
-    }
-
-    workbench::DrawingView& shown() const {
-        return *static_cast<workbench::DrawingView*>(
-            CWnd::FromHandlePermanent(GetDlgItem(window->m_hWnd, IDC_DRAWING_VIEW)));
     }
 
     int number = 0;

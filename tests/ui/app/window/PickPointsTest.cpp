@@ -197,3 +197,16 @@ TEST_F(PickPointsTest, AnotherCommandOrTabEndsIt) {
         .then(command(L"QUIT"));
     runWith(script);
 }
+
+TEST_F(PickPointsTest, EscDuringADragLetsTheMouseGo) {
+    Script script;
+    script.then(open())
+        .then(start(L"ZOOM WINDOW"))
+        .then(press(kFirst))
+        .waitUntil("the view has the mouse", [this](const View&) { return GetCapture() == shown().m_hWnd; })
+        .press(VK_ESCAPE)
+        .waitUntil("the mouse is let go", [](const View&) { return !GetCapture(); })
+        .then(release(kSecond))
+        .then(command(L"QUIT"));
+    runWith(script);
+}

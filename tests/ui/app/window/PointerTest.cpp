@@ -7,8 +7,6 @@
 #include "WorkbenchFixture.h"
 #include "WorkbenchIds.h"
 
-#include "files/DrawingFile.h"
-
 #include <algorithm>
 #include <fstream>
 
@@ -23,28 +21,12 @@ class PointerTest : public WorkbenchTest {
     PointerTest() {
         zdr::Drawing drawing = session().drawing();
         handmade::addLine(drawing, 0, 1000);
-        zdr::Viewport& first = drawing.layouts.at(0).viewports.at(0);
-        first.corner = {20, 20};
-        first.width = 100;
-        first.height = 50;
-        first.viewCenter = {500, 0};
-        first.scale = 0.05;
-        zdr::Viewport second = first;
-        second.handle = drawing.nextHandle++;
-        second.number = 3;
-        second.corner = {20, 100};
-        drawing.layouts[0].viewports.push_back(second);
-        zdr::FileStamp stamp;
-        std::wstring reason;
-        EXPECT_EQ(zdr::writeDrawingFile(path("plan.zdr"), drawing, reason, stamp), Vorn::eOk) << ui::narrow(reason);
+        handmade::addSecondViewport(drawing);
+        writeDrawing("plan.zdr", drawing);
     }
     Script open() { return command(L"OPEN " + path("plan.zdr")).then(said(L"Opened ")); }
     Script openSheet() { return open().then(command(L"LAYOUT Layout1")).then(said(L"is shown.")); }
 
-    workbench::DrawingView& shown() const {
-        return *static_cast<workbench::DrawingView*>(
-            CWnd::FromHandlePermanent(GetDlgItem(window->m_hWnd, IDC_DRAWING_VIEW)));
-    }
     /// The point of the screen on which a point of the space on view lies.
     POINT pixelOf(zdr::Point point) const {
         const zdr::Point pixel = shown().view().toScreen(point);
@@ -195,10 +177,10 @@ TEST_F(PointerTest, TheStatusLineTellsNoPlaceWhileThePointerIsOverAnotherPane) {
 }
 
 TEST_F(PointerTest, AViewportShowsItsNumberWhileThePointerIsOverIt) {
-    const auto signIs = [this](const std::string& where, COLORREF color, zdr::Point corner) {
+    const auto signIs = [this](const std::string& where, zdr::Point corner) {
         Script script;
         script.waitUntil("a number " + where,
-                         [this, color, corner](const View& view) { return isSignAt(view, color, pixelOf(corner)); });
+                         [this, corner](const View& view) { return isSignAt(view, kSign, pixelOf(corner)); });
         return script;
     };
     const auto noSign = [](const std::string& when) {
@@ -211,17 +193,17 @@ TEST_F(PointerTest, AViewportShowsItsNumberWhileThePointerIsOverIt) {
         .pointAway()
         .then(noSign("while the pointer is elsewhere"))
         .then(pointAt({60, 50}))
-        .then(signIs("in the one below the pointer", kSign, {20, 70}))
+        .then(signIs("in the one below the pointer", {20, 70}))
         .then(pointAt({60, 120}))
-        .then(signIs("in the other", kSign, {20, 150}))
+        .then(signIs("in the other", {20, 150}))
         .then(command(L"VPORT 3"))
         .then(noSign("in the color of the others"))
         .then(command(L"VPORT none"))
-        .then(signIs("as before", kSign, {20, 150}))
+        .then(signIs("as before", {20, 150}))
         .then(pointAt({200, 200}))
         .then(noSign("beside the viewports"))
         .then(pointAt({60, 50}))
-        .then(signIs("in the first again", kSign, {20, 70}))
+        .then(signIs("in the first again", {20, 70}))
         .pointAway()
         .then(noSign("when the pointer has left"))
         .then(command(L"QUIT"));

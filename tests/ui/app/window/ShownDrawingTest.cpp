@@ -2,8 +2,6 @@
 
 #include "HandmadeDrawing.h"
 
-#include "files/DrawingFile.h"
-
 using ui::Script;
 using ui::View;
 using workbench::ViewTransform;
@@ -13,14 +11,7 @@ ShownDrawingTest::ShownDrawingTest() {
     const std::uint8_t flags = zdr::kLayerPlot | zdr::kLayerOn;
     handmade::addLine(drawing, handmade::addLayer(drawing, L"Red", {flags, 0xC2FF0000, L"Continuous", 13}), 1000);
     handmade::addLayer(drawing, L"Empty");
-    zdr::FileStamp stamp;
-    std::wstring reason;
-    EXPECT_EQ(zdr::writeDrawingFile(path("line.zdr"), drawing, reason, stamp), Vorn::eOk) << ui::narrow(reason);
-}
-
-workbench::DrawingView& ShownDrawingTest::shown() const {
-    return *static_cast<workbench::DrawingView*>(
-        CWnd::FromHandlePermanent(GetDlgItem(window->m_hWnd, IDC_DRAWING_VIEW)));
+    writeDrawing("line.zdr", drawing);
 }
 
 Script ShownDrawingTest::note(ViewTransform& place) {

@@ -10,7 +10,6 @@ class ShownDrawingTest : public WorkbenchTest {
     ShownDrawingTest();
 
     ui::Script open() { return command(L"OPEN " + path("line.zdr")).then(said(L"Opened ")); }
-    workbench::DrawingView& shown() const;
     const workbench::ViewTransform& view() const { return shown().view(); }
     /// A step that keeps what is on view in `place`.
     ui::Script note(workbench::ViewTransform& place);

@@ -76,10 +76,6 @@ class TabsTest : public WorkbenchTest {
         });
         return script;
     }
-    void runAndThrowAway(Script script) {
-        script.then(command(L"QUIT")).then(answerBox(L"Save the changes", IDNO));
-        runWith(script);
-    }
 };
 
 } // namespace

@@ -45,11 +45,19 @@ TEST_F(InquiryCommandsTest, ReferencesTellsOfAFileThatIsGoneAndOfTheOneThatIsBac
     run(L"SAVE");
     std::filesystem::rename(folder / "site.zdr", folder / "elsewhere.zdr");
     run(L"OPEN " + path("house.zdr"));
-    EXPECT_EQ(run(L"REFERENCES"), L"site: missing, site.zdr\n1 reference, 1 missing: RELOAD reads a drawing once its "
-                                  L"file is where the path leads.\n");
+    EXPECT_EQ(run(L"REFERENCES"), L"site: missing, site.zdr\n1 reference, 1 missing: RELOAD looks again.\n");
     std::filesystem::rename(folder / "elsewhere.zdr", folder / "site.zdr");
     run(L"RELOAD site");
     EXPECT_THAT(run(L"REFERENCES"), StartsWith(L"site: loaded"));
     run(L"UNLOAD site");
     EXPECT_THAT(run(L"REFERENCES"), EndsWith(L"1 reference.\n"));
+}
+
+// Who wrote a drawing chose the paths in it.
+TEST_F(InquiryCommandsTest, ReferencesShowsAPathInOneLine) {
+    zdr::Drawing plan = drawing();
+    plan.references.push_back({L"site", L"a\nb: loaded.zdr", {}, 1, 0, nullptr});
+    session.rebuild(plan);
+    EXPECT_THAT(run(L"REFERENCES"), StartsWith(L"site: missing, a\xFFFD"
+                                               L"b: loaded.zdr\n1 reference, "));
 }

@@ -213,7 +213,7 @@ TEST_F(OutsideReferencesTest, OutsideListsAndForgetsTheAnswers) {
     EXPECT_EQ(run(L"OUTSIDE FORGET *"), L"No answer is kept for \"*\": OUTSIDE LIST names the folders.\n");
     EXPECT_FALSE(done);
     window.answers = {{L"\\\\server\\plans", true}, {L"\\\\server\\our sites", false}, {L"\\\\evil\\trap", false}};
-    EXPECT_EQ(run(L"OUTSIDE LIST"), L"\\\\server\\plans - looked into\n\\\\server\\our sites - left alone\n"
+    EXPECT_EQ(run(L"OUTSIDE LIST"), L"\\\\server\\plans - looked into\n\"\\\\server\\our sites\" - left alone\n"
                                     L"\\\\evil\\trap - left alone\n");
     EXPECT_EQ(run(L"OUTSIDE FORGET \"\\\\SERVER\\our sites\""), L"1 answer is forgotten: you are asked again.\n");
     EXPECT_THAT(texts(window.answers), ElementsAre(L"look into \\\\server\\plans", L"leave \\\\evil\\trap"));

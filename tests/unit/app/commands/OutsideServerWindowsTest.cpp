@@ -53,7 +53,7 @@ class OutsideServerTest : public CommandFixture {
         window.saveAnswer = workbench::SaveAnswer::Discard;
         run(L"NEW");
     }
-    bool isShown() const { return drawing().references.at(0).drawing != nullptr; }
+    bool isShown(std::size_t reference = 0) const { return drawing().references.at(reference).drawing != nullptr; }
 
     Server server;
 };
@@ -92,5 +92,6 @@ TEST_F(OutsideServerTest, DrawingsOnItShowEachOtherWithoutAQuestion) {
     run(L"OPEN " + std::wstring(kShared) + L"house.zdr");
     ASSERT_EQ(drawing().references.size(), 2u);
     EXPECT_TRUE(isShown());
+    EXPECT_TRUE(isShown(1));
     EXPECT_THAT(window.questions, IsEmpty());
 }

@@ -130,7 +130,9 @@ TEST_F(ReferenceCommandsTest, ReloadKeepsWhatIsShownWhenTheFileIsGone) {
 
 TEST_F(ReferenceCommandsTest, UnloadLeavesTheLayersUnresolved) {
     run(L"ATTACH " + path("site.zdr"));
+    const int told = window.changed;
     EXPECT_THAT(run(L"UNLOAD site"), StartsWith(L"\"site\" is left out until RELOAD."));
+    EXPECT_EQ(window.changed, told + 1);
     EXPECT_EQ(drawing().references.at(0).drawing, nullptr);
     EXPECT_TRUE(hasLayer(L"site!Trees"));
     EXPECT_FALSE(hasState(L"site!All"));

@@ -86,6 +86,7 @@ TEST_F(TypedPathsTest, OfScriptsAreLookedForInBothFolders) {
     writeBytes("plans/here.scr", "MODEL\n");
     writeBytes("started/here.scr", "REGEN\n");
     writeBytes("started/there.scr", "REGEN\n");
+    std::filesystem::create_directory(folder / "plans/there.scr"); // no file
     EXPECT_EQ(run(L"SCRIPT here.scr"), L"Running " + full("plans/here.scr") + L".\n");
     EXPECT_THAT(window.scriptLines, testing::ElementsAre(L"MODEL"));
     EXPECT_EQ(run(L"SCRIPT --keep-going there.scr"), L"Running " + full("started/there.scr") + L".\n");

@@ -37,6 +37,10 @@ TEST_F(ViewportZoomTest, IsAChangeThatUndoTakesBackAndTheFileKeeps) {
     EXPECT_EQ(viewport(0).viewCenter, (zdr::Point{7, 8}));
     EXPECT_EQ(window.changed, told + 1);
     EXPECT_TRUE(session.isModified());
+    run(L"U");
+    EXPECT_EQ(viewport(0).viewCenter, center);
+    run(L"REDO");
+    EXPECT_EQ(viewport(0).viewCenter, (zdr::Point{7, 8}));
     run(L"SAVE");
     run(L"OPEN " + path("plan.zdr"));
     EXPECT_EQ(viewport(0).scale, 3);
@@ -45,7 +49,6 @@ TEST_F(ViewportZoomTest, IsAChangeThatUndoTakesBackAndTheFileKeeps) {
     EXPECT_EQ(viewport(0).scale, 3);
     EXPECT_EQ(viewport(0).viewCenter, (zdr::Point{7, 8}));
     EXPECT_FALSE(session.isModified());
-    EXPECT_NE(center, viewport(0).viewCenter);
 }
 
 TEST_F(ViewportZoomTest, TurnsOfTheWheelOneAfterTheOtherAreOneStep) {

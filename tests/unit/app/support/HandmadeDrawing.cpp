@@ -42,4 +42,20 @@ void addLine(zdr::Drawing& drawing, std::size_t layer, double length) {
     drawing.entities.push_back(std::move(entity));
 }
 
+zdr::Viewport& addSecondViewport(zdr::Drawing& drawing) {
+    std::vector<zdr::Viewport>& viewports = drawing.layouts.at(0).viewports;
+    zdr::Viewport& first = viewports.at(0);
+    first.corner = {20, 20};
+    first.width = 100;
+    first.height = 50;
+    first.viewCenter = {500, 0};
+    first.scale = 0.05;
+    zdr::Viewport second = first;
+    second.handle = drawing.nextHandle++;
+    second.number = static_cast<std::int16_t>(first.number + 1);
+    second.corner = {20, 100};
+    viewports.push_back(std::move(second));
+    return viewports.back();
+}
+
 } // namespace handmade

@@ -18,5 +18,8 @@ zdr::Drawing emptyDrawing();
 std::size_t addLayer(zdr::Drawing& drawing, const wchar_t* name, const LayerValues& values = {});
 /// Appends a horizontal line of that length from the origin.
 void addLine(zdr::Drawing& drawing, std::size_t layer, double length = 100);
+/// Puts the viewport of the first sheet from (20, 20) to (120, 70), over the middle of a line of 1000, and answers a
+/// new one beside it with the next number, from (20, 100) to (120, 150), which shows the same.
+zdr::Viewport& addSecondViewport(zdr::Drawing& drawing);
 
 } // namespace handmade

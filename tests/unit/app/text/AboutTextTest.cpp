@@ -26,17 +26,22 @@ namespace {
 struct Source {
     const char* package;
     const char* copyright;
+    const wchar_t* license; ///< that, as About says it
 };
 const std::map<std::wstring, Source> kSources{
-    {L"FlatBuffers", {"libflatbuffers-dev", "License: Apache-2.0\n"}},
+    {L"FlatBuffers", {"libflatbuffers-dev", "License: Apache-2.0\n", L"Apache License 2.0"}},
     {L"libstdc++ and libgcc",
-     {"gcc-mingw-w64-x86-64-posix-runtime", "GNU General Public License (v3 or later) with version 3.1 of the GCC\n"
-                                            "Runtime Library Exception"}},
+     {"gcc-mingw-w64-x86-64-posix-runtime",
+      "GNU General Public License (v3 or later) with version 3.1 of the GCC\n"
+      "Runtime Library Exception",
+      L"GNU General Public License 3 or later with the GCC Runtime Library Exception 3.1"}},
     {L"mingw-w64 runtime",
-     {"mingw-w64-x86-64-dev", "Files: *\nCopyright: 2009-2016 the mingw-w64 project\nLicense: ZPL-2.1\n"}},
+     {"mingw-w64-x86-64-dev", "Files: *\nCopyright: 2009-2016 the mingw-w64 project\nLicense: ZPL-2.1\n",
+      L"Zope Public License 2.1, parts under others"}},
     {L"winpthreads",
      {"mingw-w64-x86-64-dev",
-      "Files: mingw-w64-libraries/winpthreads/*\nCopyright: 2011-2016 mingw-w64 project\nLicense: expat\n"}},
+      "Files: mingw-w64-libraries/winpthreads/*\nCopyright: 2011-2016 mingw-w64 project\nLicense: expat\n",
+      L"MIT License, parts under the BSD License"}},
 };
 
 std::string contentOf(const std::string& path) {
@@ -53,6 +58,7 @@ TEST(AboutText, TheLicensesAreTheOnesThatThePackagesTellOf) {
     for (const workbench::Library& library : workbench::libraries()) {
         const auto source = kSources.find(library.name);
         ASSERT_NE(source, kSources.end()) << testing::PrintToString(std::wstring(library.name));
+        EXPECT_STREQ(library.license, source->second.license);
         const std::string path = std::string("/usr/share/doc/") + source->second.package + "/copyright";
         EXPECT_THAT(contentOf(path), HasSubstr(source->second.copyright)) << path;
     }

@@ -31,6 +31,8 @@ TEST(StartOptions, BecomeLinesAndAScriptCountsFromTheFolderOfTheStart) {
     EXPECT_THAT(startLines(parseStartOptions({L"--keep-going", L"--script", L"a b.scr"})),
                 ElementsAre(L"SCRIPT --keep-going \"" + script + L"\""));
     EXPECT_THAT(startLines(parseStartOptions({L"--script", script})), ElementsAre(L"SCRIPT \"" + script + L"\""));
+    EXPECT_THAT(startLines(parseStartOptions({L"--script", L"\\\\server\\share\\x.scr"})),
+                ElementsAre(L"SCRIPT \"\\\\server\\share\\x.scr\""));
     EXPECT_THAT(startLines({}), ElementsAre());
 }
 
