@@ -301,6 +301,19 @@ TEST_F(Undo, HasNoStepOfAGroupThatLeavesTheDrawingAsItWas) {
     EXPECT_EQ(values(L"Walls").color, 7u) << "the step before it is the one that is undone";
 }
 
+TEST_F(Undo, HasNoStepOfAGroupThatPutsEachSettingBack) {
+    const std::uint64_t before = engine::contentNumber(m_database);
+    const double scale = drawing().linetypeScale;
+    step([&] {
+        engine::setCurrentLayer(m_database, layer(L"Doors"));
+        engine::setLinetypeScale(m_database, scale + 1);
+        engine::setCurrentLayer(m_database, layer(L"Base"));
+        engine::setLinetypeScale(m_database, scale);
+    });
+    EXPECT_FALSE(engine::canUndo(m_database));
+    EXPECT_EQ(engine::contentNumber(m_database), before);
+}
+
 TEST_F(Undo, KeepsWhatCanBeDoneAgainOverAGroupThatLeavesTheDrawingAsItWas) {
     step([this] { setColor(L"Walls", 3); });
     EXPECT_TRUE(engine::undo(m_database));

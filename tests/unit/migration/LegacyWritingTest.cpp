@@ -9,6 +9,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::StartsWith;
 
 class LegacyWriting : public LegacyTest {
   protected:
@@ -139,6 +140,16 @@ TEST_F(LegacyWriting, ReadsTheFlagsInTheFormatsOrder) {
                 flags.emplace_back(each);
     EXPECT_THAT(flags, ElementsAre("record.isDependent", "record.isResolved", "record.isFrozen", "record.VPDFLT",
                                    "record.isLocked"));
+}
+
+TEST_F(LegacyWriting, DeletesItsIteratorBeforeItReleasesTheLastChain) {
+    setData(L"Doors", nodesOf(L"SITE"));
+    instruments::clearTrace();
+    EXPECT_TRUE(write(L"PLAN"));
+    const std::vector<std::string> calls = instruments::trace();
+    ASSERT_GE(calls.size(), 3u);
+    EXPECT_THAT(std::vector<std::string>(calls.end() - 3, calls.end()),
+                ElementsAre(StartsWith("iterator.delete"), StartsWith("kelutRelRb"), StartsWith("close")));
 }
 
 TEST_F(LegacyWriting, StopsWhenThereIsNoNode) {

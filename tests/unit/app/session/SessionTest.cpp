@@ -295,6 +295,28 @@ TEST_F(SessionTest, AsksBeforeUnsavedChangesGo) {
     EXPECT_EQ(window.quits, 1);
 }
 
+TEST_F(SessionTest, StaysWhereItsChangesCantBeSavedFirst) {
+    run(L"TURNOFF");
+    window.saveAnswer = SaveAnswer::Save;
+    run(L"QUIT");
+    EXPECT_EQ(window.quits, 0) << "no name was chosen";
+    window.chosenFile = zdr::widePath(folder / "missing" / "a.zdr");
+    run(L"QUIT");
+    EXPECT_EQ(window.quits, 0) << "the folder isn't there";
+    window.chosenFile = path("a.zdr");
+    zdr::setProgressShower(&kCancelling);
+    run(L"QUIT");
+    zdr::setProgressShower(nullptr);
+    EXPECT_EQ(window.quits, 0) << "writing was cancelled";
+    writeBytes("a.zdr", "someone else's");
+    run(L"QUIT");
+    EXPECT_EQ(window.quits, 0) << "the file is not to be written over";
+    EXPECT_TRUE(session.isModified());
+    window.overwrite = true;
+    run(L"QUIT");
+    EXPECT_EQ(window.quits, 1);
+}
+
 TEST_F(SessionTest, AsksBeforeItWritesOverAFileThatSomeoneElseHasChanged) {
     run(L"SAVEAS " + path("a.zdr"));
     writeBytes("a.zdr", "changed by someone else");
