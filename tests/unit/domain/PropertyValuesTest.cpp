@@ -113,6 +113,7 @@ TEST(LineWeightOfAVariable, TakesAllThreeNumericKinds) {
     EXPECT_EQ(lineWeightOf(realNode(kVariableReal, 25.9)), 25);
     EXPECT_EQ(lineWeightOf(realNode(kVariableReal, -2.9)), -2);
     EXPECT_EQ(lineWeightOf(realNode(kVariableReal, 2147483647.5)), 2147483647);
+    EXPECT_EQ(lineWeightOf(realNode(kVariableReal, -2147483648.5)), -2147483647 - 1);
     ResultBuffer shortNode = nodeOf(kVariableInt16);
     shortNode.value.int16 = -3;
     EXPECT_EQ(lineWeightOf(shortNode), -3);
@@ -126,6 +127,8 @@ TEST(LineWeightOfAVariable, IsMinusOneForOtherKinds) {
     EXPECT_EQ(lineWeightOf(nodeOf(kVariableString)), -1);
     EXPECT_EQ(lineWeightOf(nodeOf(0)), -1);
     EXPECT_EQ(lineWeightOf(realNode(kVariableReal, 1e300)), -1) << "no int holds it";
+    EXPECT_EQ(lineWeightOf(realNode(kVariableReal, 2147483648.0)), -1) << "nor this";
+    EXPECT_EQ(lineWeightOf(realNode(kVariableReal, -2147483649.0)), -1) << "nor this";
     EXPECT_EQ(lineWeightOf(realNode(kVariableReal, std::numeric_limits<double>::quiet_NaN())), -1);
 }
 
