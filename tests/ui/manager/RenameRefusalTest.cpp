@@ -64,6 +64,18 @@ class RenameRefusal : public RenameTest {
     }
 
     std::wstring m_taken;
+    /// Of the box of a rename: what it gets of the messages that a text to be corrected is shown by.
+    static LRESULT CALLBACK noteShowing(HWND box, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                        DWORD_PTR noted) {
+        auto& lines = *reinterpret_cast<std::vector<std::string>*>(noted);
+        if (message == WM_SETFOCUS)
+            lines.emplace_back("focus");
+        if (message == EM_SETSEL)
+            lines.push_back("select " + std::to_string(wParam) + " " + std::to_string(lParam));
+        if (message == EM_SCROLLCARET)
+            lines.emplace_back("show the caret");
+        return DefSubclassProc(box, message, wParam, lParam);
+    }
     static constexpr int kButtons[] = {IDC_LSTATE_RES_NEW,     IDC_LSTATE_RES_RENAME, IDC_LSTATE_RES_DELETE,
                                        IDC_LSTATE_RES_EDIT,    IDC_LSTATE_RES_IMPORT, IDC_LSTATE_RES_EXPORT,
                                        IDC_LSTATE_RES_RESTORE, IDC_LSTATE_RES_CLOSE};
@@ -83,6 +95,24 @@ TEST_F(RenameRefusal, OfUnsupportedCharactersShowsTheHostsDialog) {
 TEST_F(RenameRefusal, OfANameThatIsTooLongShowsTheHostsDialog) {
     expectRefusal(L"long", failing("validateNameCharacters", Vorn::eNameTooLong), answer(kLengthRefused),
                   joined({callsOfCheck("long", Vorn::eNameTooLong), {callOfDialog("ShowInvalidNameTooLongDialog")}}));
+}
+
+TEST_F(RenameRefusal, OfANameThatCannotBeUsedSelectsItInTheBoxThatCloses) {
+    std::vector<std::string> shown;
+    manage(Script()
+               .then(typeName(L"a?b"))
+               .look("the box is watched",
+                     [&](const View& view) {
+                         const auto box =
+                             reinterpret_cast<HWND>(SendMessageW(view.control(kList), LVM_GETEDITCONTROL, 0, 0));
+                         SetWindowSubclass(box, noteShowing, 1, reinterpret_cast<DWORD_PTR>(&shown));
+                     })
+               .press(VK_RETURN)
+               .then(answer(kCharactersRefused))
+               .then(boxHolds(L"One"))
+               .press(VK_ESCAPE)
+               .then(expectOver(kOldNames)));
+    EXPECT_THAT(shown, ElementsAre("focus", "select 0 -1", "show the caret"));
 }
 
 TEST_F(RenameRefusal, WithoutAReasonOfTheHostIsSilent) {

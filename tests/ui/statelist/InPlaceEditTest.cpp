@@ -41,6 +41,8 @@ class WatchedBox : public CInPlaceEdit {
     std::vector<UINT> passedOn;
     /// The style that its window was asked for. Wine draws the border itself, and takes it out of the window's style.
     DWORD askedStyle = 0;
+    /// The font that it was given last was to be drawn at once.
+    bool fontDrawn = false;
 
   protected:
     BOOL PreCreateWindow(CREATESTRUCT& window) override {
@@ -50,6 +52,8 @@ class WatchedBox : public CInPlaceEdit {
     }
     LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
         passedOn.push_back(message);
+        if (message == WM_SETFONT)
+            fontDrawn = lParam != 0;
         return CInPlaceEdit::DefWindowProc(message, wParam, lParam);
     }
 };
@@ -110,7 +114,7 @@ TEST_F(InPlaceEdit, IsMadeHiddenAndEmptyWithABorderAndForSeveralLines) {
     EXPECT_EQ(::GetFocus(), parent.m_hWnd);
 }
 
-TEST_F(InPlaceEdit, TakesTheFontOfItsParent) {
+TEST_F(InPlaceEdit, TakesTheFontOfItsParentAndDrawsIt) {
     class ParentWithFont : public CWnd {
       public:
         HFONT font = ::CreateFontW(17, 0, 0, 0, 400, TRUE, 0, 0, 0, 0, 0, 0, 0, L"Tahoma");
@@ -123,9 +127,10 @@ TEST_F(InPlaceEdit, TakesTheFontOfItsParent) {
     };
     ParentWithFont other;
     ASSERT_TRUE(other.CreateEx(0, AfxRegisterWndClass(0), L"", WS_POPUP, CRect(0, 0, 10, 10), nullptr, 0));
-    CInPlaceEdit inOther;
+    WatchedBox inOther;
     ASSERT_TRUE(inOther.Create(&other));
     EXPECT_EQ(inOther.SendMessage(WM_GETFONT), reinterpret_cast<LRESULT>(other.font));
+    EXPECT_TRUE(inOther.fontDrawn);
     other.DestroyWindow();
 }
 

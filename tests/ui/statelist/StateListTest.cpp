@@ -172,6 +172,14 @@ TEST_F(StateList, DropsSelectionAndFocusWithEveryFill) {
     EXPECT_EQ(m_list.GetNextItem(-1, LVNI_FOCUSED), -1);
 }
 
+TEST_F(StateList, EndsARenameWithEveryFill) {
+    m_list.m_labelEditActive = 1;
+    m_list.m_labelEditRetry = 1;
+    m_list.PopulateStates(m_database, true, true);
+    EXPECT_EQ(m_list.m_labelEditActive, 0);
+    EXPECT_EQ(m_list.m_labelEditRetry, 0) << "there is no row to open again";
+}
+
 TEST_F(StateList, IsEmptyWithoutADatabase) {
     m_list.PopulateStates(m_database, true, true);
     EXPECT_FALSE(m_list.PopulateStates(nullptr, true, true));
