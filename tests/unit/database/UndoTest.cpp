@@ -320,6 +320,8 @@ TEST_F(Undo, KeepsWhatCanBeDoneAgainOverAGroupThatLeavesTheDrawingAsItWas) {
     step([this] {
         setColor(L"Walls", 4);
         EXPECT_FALSE(engine::canRedo(m_database));
+        engine::setCurrentLayer(m_database, layer(L"Doors"));
+        engine::setCurrentLayer(m_database, layer(L"Base"));
         setColor(L"Walls", 7);
     });
     EXPECT_TRUE(engine::redo(m_database));

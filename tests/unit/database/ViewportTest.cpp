@@ -20,6 +20,20 @@ class Viewports : public EngineTest {
     }
 };
 
+TEST(NewDrawing, HasASheetWithAViewportThatLeavesAMarginAllAround) {
+    const zdr::Drawing drawing = engine::makeNewDrawing();
+    ASSERT_EQ(drawing.layouts.size(), 1u);
+    const zdr::Layout& sheet = drawing.layouts[0];
+    ASSERT_EQ(sheet.viewports.size(), 1u);
+    const zdr::Viewport& viewport = sheet.viewports[0];
+    EXPECT_EQ(viewport.number, 2) << "the sheet itself is 1";
+    const double margin = viewport.corner.x;
+    EXPECT_GT(margin, 0);
+    EXPECT_EQ(viewport.corner.y, margin);
+    EXPECT_EQ(margin + viewport.width + margin, sheet.paperWidth);
+    EXPECT_EQ(margin + viewport.height + margin, sheet.paperHeight);
+}
+
 TEST_F(Viewports, ShowTheLayersOwnValuesWithoutOverrides) {
     EXPECT_EQ(engine::shownColumns(m_database, &viewport()).colors.values().data(),
               drawing().columns.colors.values().data());
