@@ -66,6 +66,14 @@ class DialogWithoutIcon : public CLayerStatesDeleteDlg {
     }
 };
 
+/// Keeps whether the system was asked to place the focus. Wine does so unasked.
+class DialogWithFocus : public CLayerStatesDeleteDlg {
+  public:
+    DialogWithFocus() : CLayerStatesDeleteDlg(nullptr) {}
+    BOOL OnInitDialog() override { return m_asksForFocus = CLayerStatesDeleteDlg::OnInitDialog(); }
+    BOOL m_asksForFocus = FALSE;
+};
+
 class DeleteDialog : public ui::HostTest {
   protected:
     void SetUp() override {
@@ -151,6 +159,12 @@ TEST_F(DeleteDialog, HasDeleteAsItsDefaultButtonAndFirstStop) {
         EXPECT_EQ(SendMessageW(view.window(), DM_GETDEFID, 0, 0), MAKELONG(IDC_LSTATE_DEL_THIS, DC_HASDEFID));
     });
     EXPECT_EQ(ask(script.press(VK_RETURN)), deletesThis);
+}
+
+TEST_F(DeleteDialog, LetsTheSystemPlaceTheFocus) {
+    DialogWithFocus dialog;
+    EXPECT_EQ(run(dialog, Script().press(VK_ESCAPE)), cancels);
+    EXPECT_TRUE(dialog.m_asksForFocus);
 }
 
 TEST_F(DeleteDialog, IsWalkedThroughByTabInTheOrderOfItsButtons) {

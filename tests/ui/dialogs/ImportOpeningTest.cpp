@@ -1,5 +1,6 @@
 // What the import selection shows when it opens, and what it asks of the host for that.
 
+#include "CResourceScope.h"
 #include "ImportDialogTest.h"
 
 #include <commctrl.h>
@@ -120,6 +121,23 @@ TEST_F(ImportOpening, AsksTheHostInThisOrder) {
                  kLayout})));
         EXPECT_THAT(instruments::ledger(), IsEmpty()) << "the other drawing is gone";
     });
+}
+
+/// Keeps whether the system was asked to place the focus. Wine does so unasked.
+class DialogWithFocus : public CLayerStatesImportDlg {
+  public:
+    explicit DialogWithFocus(const std::wstring& path) : CLayerStatesImportDlg(nullptr, path.c_str()) {}
+    BOOL m_asksForFocus = FALSE;
+
+  protected:
+    BOOL OnInitDialog() override { return m_asksForFocus = CLayerStatesImportDlg::OnInitDialog(); }
+};
+
+TEST_F(ImportOpening, LetsTheSystemPlaceTheFocus) {
+    const CResourceScope scope;
+    DialogWithFocus dialog(file(L"missing.zdr"));
+    ui::perform(untilInFront().press(VK_ESCAPE), [&dialog] { dialog.DoModal(); });
+    EXPECT_TRUE(dialog.m_asksForFocus);
 }
 
 TEST_F(ImportOpening, AFileThatCannotBeReadGivesAnEmptyList) {
