@@ -18,6 +18,13 @@ using ui::View;
 class PresetDialog : public CLayerStatesSaveDlg {
   public:
     explicit PresetDialog(const wchar_t* name) : CLayerStatesSaveDlg(nullptr, false) { m_stateName = name; }
+    BOOL OnInitDialog() override {
+        const BOOL answer = CLayerStatesSaveDlg::OnInitDialog();
+        m_nameHasFocus = ::IsChild(GetDlgItem(IDC_LSTATE_SAVE_NAME)->m_hWnd, ::GetFocus());
+        return answer;
+    }
+    /// After the dialog's own set-up, where Wine hasn't yet given the focus to the first control by itself.
+    BOOL m_nameHasFocus = FALSE;
 };
 
 class SavePreset : public SaveDialogTest {
@@ -45,6 +52,13 @@ class SavePreset : public SaveDialogTest {
         return joined({opening("[\"Plan\", \"Bare\"]"), stateManager(), description});
     }
 };
+
+TEST_F(SavePreset, HasTheFocusBeforeTheSystemWouldPlaceIt) {
+    const CResourceScope scope;
+    PresetDialog dialog(L"Plan");
+    ui::perform(Script().press(VK_ESCAPE), [&dialog] { dialog.DoModal(); });
+    EXPECT_TRUE(dialog.m_nameHasFocus);
+}
 
 TEST_F(SavePreset, IsSelectedInTheListAndItsDescriptionShown) {
     saveUnder(L"plan",
