@@ -56,6 +56,35 @@ Calls callsOfTaken(const std::string& id, const std::string& name) {
 const Calls step = {"iterator.step(true, true)"};
 const Calls end = {"iterator.done() = true", "iterator.delete()"};
 
+/// What each dialog of this thread answers as it opens: whether the system is to place the focus.
+class OpeningAnswers {
+  public:
+    OpeningAnswers() { s_answers.clear(); }
+    ~OpeningAnswers() { UnhookWindowsHookEx(m_hook); }
+    OpeningAnswers(const OpeningAnswers&) = delete;
+    OpeningAnswers& operator=(const OpeningAnswers&) = delete;
+    const std::vector<LRESULT>& get() const { return s_answers; }
+
+  private:
+    static LRESULT CALLBACK note(int code, WPARAM wParam, LPARAM lParam) {
+        const auto& done = *reinterpret_cast<const CWPRETSTRUCT*>(lParam);
+        if (code == HC_ACTION && done.message == WM_INITDIALOG)
+            s_answers.push_back(done.lResult);
+        return CallNextHookEx(nullptr, code, wParam, lParam);
+    }
+    static inline std::vector<LRESULT> s_answers;
+    HHOOK m_hook = SetWindowsHookExW(WH_CALLWNDPROCRET, note, nullptr, GetCurrentThreadId());
+};
+
+TEST_F(AddLayersOpening, LetsTheSystemPlaceTheFocusAsTheDialogsBelowItDo) {
+    open(grown());
+    const OpeningAnswers answers;
+    EXPECT_TRUE(look([&answers](const View&) {
+        // Wine places it unasked.
+        EXPECT_THAT(answers.get(), ElementsAre(TRUE, TRUE, TRUE)) << "the manager, the edit dialog and this one";
+    }));
+}
+
 TEST_F(AddLayersOpening, AsksTheHostForTheseStepsInThisOrder) {
     open(TestDrawing().layer(L"Walls").state(L"Plan", MaskColor).layer(L"Attic"));
     describe(L"Attic", L"under the roof");
