@@ -1,0 +1,65 @@
+// What the edit dialog and the one that adds layers have in memory, once they are closed.
+
+#include "AddLayersTest.h"
+#include "ImportTable.h"
+
+#include <new>
+#include <set>
+#include <string_view>
+
+namespace {
+
+using testing::IsEmpty;
+using ui::Script;
+
+/// The objects that the module makes and deletes while this lives, records of layers among them.
+class ModuleObjects {
+  public:
+    ModuleObjects() {
+        forEachImport(GetModuleHandleW(L"KelLayerApps.xmod"), [this](const char* name, void** entry) {
+            if (std::string_view(name) == "_Znwy")
+                stand(entry, reinterpret_cast<void*>(&make));
+            else if (std::string_view(name).starts_with("_ZdlPv"))
+                stand(entry, reinterpret_cast<void*>(&drop));
+        });
+    }
+    ~ModuleObjects() {
+        for (const auto& [entry, before] : m_before)
+            writeImport(entry, before);
+    }
+    ModuleObjects(const ModuleObjects&) = delete;
+    ModuleObjects& operator=(const ModuleObjects&) = delete;
+    int made() const { return s_made; }
+    const std::set<void*>& living() const { return s_living; }
+
+  private:
+    void stand(void** entry, void* replacement) {
+        m_before.emplace_back(entry, *entry);
+        writeImport(entry, replacement);
+    }
+    static void* make(std::size_t size) {
+        void* const object = ::operator new(size);
+        s_living.insert(object);
+        ++s_made;
+        return object;
+    }
+    static void drop(void* object) {
+        s_living.erase(object);
+        ::operator delete(object);
+    }
+    static inline std::set<void*> s_living;
+    static inline int s_made = 0;
+    std::vector<std::pair<void**, void*>> m_before;
+};
+
+class AddLayersMemory : public AddLayersTest {};
+
+TEST_F(AddLayersMemory, HoldsNoRecordOfALayerOnceTheDialogsAreClosed) {
+    open(grown());
+    const ModuleObjects objects;
+    EXPECT_TRUE(add(Script().clickCellOf(grid, L"Yard").click(IDOK)));
+    EXPECT_GE(objects.made(), 2 + 3 + 1) << "records: of the state, on offer, and added";
+    EXPECT_THAT(objects.living(), IsEmpty());
+}
+
+} // namespace
