@@ -2,6 +2,7 @@
 // Only natively, where the inside of the engine can be reached.
 
 #include "EngineTest.h"
+#include "FailingAllocation.h"
 #include "engine/DatabaseImp.h"
 #include "WholeDrawing.h"
 
@@ -70,6 +71,17 @@ TEST_F(EditorTest, AStateIsFoundUnderTheNameThatWasWritten) {
     imp().editState(0)->name = L"Sketch";
     EXPECT_TRUE(states().hasLayerState(L"Sketch"));
     EXPECT_FALSE(states().hasLayerState(L"Plan"));
+}
+
+TEST_F(EditorTest, StatesAreEnteredInTheIndexOnlyOnceUntilTheyChange) {
+    const auto bytesToFind = [this] {
+        const std::size_t before = allocatedBytes();
+        EXPECT_NE(imp().findState(L"Plan"), zdr::kNone);
+        return allocatedBytes() - before;
+    };
+    use(zdr::Drawing(drawing()));
+    EXPECT_GT(bytesToFind(), 0u) << "the index of the drawing that has come";
+    EXPECT_EQ(bytesToFind(), 0u);
 }
 
 TEST_F(EditorTest, TheChangeIsCountedAtTheEnd) {
