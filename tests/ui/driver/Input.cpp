@@ -128,6 +128,12 @@ void bringPointerAway() {
         Sleep(5);
 }
 
+void holdPointer() {
+    Batch batch;
+    batch.move(g_target);
+    batch.send();
+}
+
 void click(int times, unsigned held) {
     waitOutDoubleClick(g_target);
     Batch batch;

@@ -19,6 +19,10 @@ bool pointerRestsAt(POINT point);
 constexpr POINT emptyCorner = {1270, 1014};
 /// Moves the pointer there, and answers once it is there.
 void bringPointerAway();
+/// Says again that the pointer is where it was last brought. On a busy system the X server may report the place before
+/// once more, a quarter of a second late, and nothing after it; where the system knows the right place, nothing
+/// happens.
+void holdPointer();
 /// Presses and releases the left button `times` times where the pointer rests; two make a double click. Waits first,
 /// where needed, so that a click isn't taken for the second half of an earlier double click.
 void click(int times = 1, unsigned held = holdNothing);

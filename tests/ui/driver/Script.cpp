@@ -364,6 +364,7 @@ Script& Script::waitForTip(std::wstring text, Where where) {
     return step(
         "wait for the tip \"" + narrow(text) + "\"",
         [text = std::move(text)](const View&) -> Obstacle {
+            holdPointer();
             const std::wstring shown = shownTip();
             if (shown != text)
                 return "the tip that is shown says \"" + narrow(shown) + "\"";
