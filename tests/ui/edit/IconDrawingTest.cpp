@@ -1,12 +1,30 @@
 // The images of the grid: the marks of the rows, and those of the properties that are on or off.
 
 #include "DrawingTest.h"
+#include "ImportFaults.h"
 
 namespace {
 
+using testing::Each;
 using testing::ElementsAre;
 using ui::Script;
 using ui::View;
+
+/// Gives windows another ground while it lives.
+class WindowColor {
+  public:
+    explicit WindowColor(COLORREF color) { set(color); }
+    ~WindowColor() { set(m_before); }
+    WindowColor(const WindowColor&) = delete;
+    WindowColor& operator=(const WindowColor&) = delete;
+
+  private:
+    static void set(COLORREF color) {
+        const INT element = COLOR_WINDOW;
+        SetSysColors(1, &element, &color);
+    }
+    COLORREF m_before = GetSysColor(COLOR_WINDOW);
+};
 
 class IconDrawing : public GridDrawing {
   protected:
@@ -73,6 +91,45 @@ TEST_F(IconDrawing, AColumnNarrowerThanAnImageShowsNothing) {
             setWidth(view, column, 0);
         }
     }));
+}
+
+TEST_F(IconDrawing, LiesOverTheGroundThatWindowsHaveNow) {
+    EXPECT_TRUE(lookAt(flags(), [](const View& view) {
+        const WindowColor mint(RGB(210, 240, 220));
+        EXPECT_THAT(images(view, L"Base"), ElementsAre(26, 9, 6, 8, -1, -1, -1, -1, 35, 13));
+    }));
+}
+
+TEST_F(IconDrawing, IsDrawnFromTheListOfImagesWhenThereIsNoMemoryForPaintedOnes) {
+    open(flags());
+    const ImportFaults faults({L"KelLayerApps.xmod"});
+    ImportFaults::begin("CreateCompatibleDC", 1);
+    EXPECT_TRUE(edit(L"Look", Script()
+                                  .look("the images",
+                                        [](const View& view) {
+                                            EXPECT_TRUE(ImportFaults::struck());
+                                            EXPECT_THAT(images(view, L"Base"),
+                                                        ElementsAre(26, 9, 6, 8, -1, -1, -1, -1, 35, 13));
+                                        })
+                                  .press(VK_ESCAPE)));
+}
+
+TEST_F(IconDrawing, LeavesItsPlaceEmptyWhenThereIsNoMemoryForTheImages) {
+    open(flags());
+    const ImportFaults faults({L"KelLayerApps.xmod"});
+    ImportFaults::begin("ImageList_Create", 1);
+    EXPECT_TRUE(edit(L"Look", Script()
+                                  .look("the row",
+                                        [](const View& view) {
+                                            EXPECT_TRUE(ImportFaults::struck());
+                                            EXPECT_THAT(images(view, L"Base"), Each(-1));
+                                            RECT name = cellRect(view, L"Base", 0);
+                                            name.left += px(16);
+                                            name.top += px(2);
+                                            name.right -= px(2);
+                                            EXPECT_EQ(pixels(view, name), text(view, name, L"  Base"));
+                                        })
+                                  .press(VK_ESCAPE)));
 }
 
 } // namespace
