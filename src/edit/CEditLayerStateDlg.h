@@ -81,6 +81,7 @@ class CEditLayerStateDlg : public CKelUiDialog {
     void insertColumns();
     void setHeadingImages();
     void setButtonIcon(int button, UINT icon);
+    /// Null for a row that the grid doesn't have.
     CLayerRcd* recordOf(int row) const;
 
     // Selection and clicks.

@@ -124,10 +124,8 @@ void CEditLayerStateDlg::OnGridClick(NMHDR* header, LRESULT* result) {
 }
 
 void CEditLayerStateDlg::editCell(int row, int column) {
-    CLayerRcd* record = recordOf(row);
-    if (!record)
-        return;
-    switch (cellEditOf(*record, column, *m_database)) {
+    CLayerRcd& record = *recordOf(row);
+    switch (cellEditOf(record, column, *m_database)) {
     case CellEdit::none:
         return;
     case CellEdit::refuseFreeze:
@@ -141,7 +139,7 @@ void CEditLayerStateDlg::editCell(int row, int column) {
     case CellEdit::pickLineWeight:
         return pickLineWeight(row);
     case CellEdit::pickPlotStyle:
-        return pickPlotStyle(*record);
+        return pickPlotStyle(record);
     }
 }
 
@@ -150,13 +148,10 @@ void CEditLayerStateDlg::refuse(UINT textId) {
 }
 
 template <class Change> void CEditLayerStateDlg::changeRows(int first, Change change) {
-    const auto changeRow = [&](int row) {
-        if (CLayerRcd* record = recordOf(row))
-            change(row, *record);
-    };
-    changeRow(first);
+    change(first, *recordOf(first));
     for (const int row : m_selectedRows)
-        changeRow(row);
+        if (CLayerRcd* record = recordOf(row)) // rows may have been removed since the press
+            change(row, *record);
     m_layerGrid.tellFocusedRowChanged();
 }
 
@@ -228,16 +223,16 @@ void CEditLayerStateDlg::OnGridDoubleClick(NMHDR*, LRESULT* result) {
     *result = 0;
     const int column = columnOfMessage();
     const int row = firstSelectedRow();
-    CLayerRcd* record = row >= 0 && column == nameGridColumn ? recordOf(row) : nullptr;
-    if (!record)
+    if (row < 0 || column != nameGridColumn)
         return;
-    switch (currentLayerChange(*record)) {
+    CLayerRcd& record = *recordOf(row);
+    switch (currentLayerChange(record)) {
     case CurrentLayerChange::refusedFrozen:
         return refuse(IDS_LSTATE_FROZEN_NOT_CURRENT);
     case CurrentLayerChange::refusedDependent:
         return refuse(IDS_LSTATE_DEPENDENT_NOT_CURRENT);
     case CurrentLayerChange::allowed:
-        makeCurrent(m_layers, *record);
+        makeCurrent(m_layers, record);
         m_layerGrid.Invalidate();
         m_layerGrid.tellFocusedRowChanged();
     }

@@ -47,8 +47,7 @@ void CEditLayerStateDlg::OnRemoveLayers() {
     deselectAllRows(m_layerGrid);
     // From the last one up: a list moves all rows behind the one that it gives up.
     for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
-        if (CLayerRcd* record = recordOf(*row))
-            record->markRemoved();
+        recordOf(*row)->markRemoved();
         if (!m_layerGrid.DeleteItem(*row))
             return;
     }

@@ -92,10 +92,9 @@ bool CEditLayerStateDlg::cellTipText(CPoint screen, CString& text) {
     m_layerGrid.GetItemAtPoint(screen, row, column);
     if (row < 0 || column < 0)
         return false;
-    const CLayerRcd* record = recordOf(row);
-    if (!record || !isCutOff(m_columnWidths, column, m_layerGrid.GetColumnWidth(column)))
+    if (!isCutOff(m_columnWidths, column, m_layerGrid.GetColumnWidth(column)))
         return false;
-    text = cellText(*record, column, loadResourceString(IDS_LSTATE_COLOR_STYLE));
+    text = cellText(*recordOf(row), column, loadResourceString(IDS_LSTATE_COLOR_STYLE));
     return true;
 }
 

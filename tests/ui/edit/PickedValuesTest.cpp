@@ -103,6 +103,23 @@ TEST_F(Picking, ALineweightGoesToAllRowsAndIntoNoText) {
             })));
 }
 
+TEST_F(Picking, APlotStyleLeavesOutRowsThatAreRemovedBeforeTheRelease) {
+    openDrawing();
+    run(Script()
+            .then(select({0, 7, 9}))
+            .pressCell(grid, 0, plotStyleGridColumn)
+            .pressMnemonicOf(IDC_REMOVE_LAYERS)
+            .waitUntil("three rows are gone", [](const View& view) { return view.rowCount(grid) == kRows - 3; })
+            .press('A', ui::holdControl)
+            .then(look("another style", [this] { record(0).m_plotStyleName = L"Fine"; }))
+            .releaseOverCell(grid, 0, plotStyleGridColumn)
+            .then(pickTheNext())
+            .then(look("the one that is left", [this] {
+                EXPECT_EQ(record(0).m_plotStyleName, L"Normal");
+                EXPECT_THAT(markedRows(), ElementsAre(0));
+            })));
+}
+
 TEST_F(Picking, APlotStyleGoesToAllRowsWithItsNameAndId) {
     openDrawing();
     run(Script()

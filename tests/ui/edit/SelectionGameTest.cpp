@@ -203,4 +203,21 @@ TEST_F(SelectionGame, AClickBelowAllRowsChangesNothing) {
     })));
 }
 
+TEST_F(SelectionGame, RowsThatAreRemovedBeforeTheReleaseAreLeftOut) {
+    open(tenRows());
+    run(Script()
+            .then(select({0, 7, 9}))
+            .pressCell(grid, 0, kLock)
+            .pressMnemonicOf(IDC_REMOVE_LAYERS)
+            .waitUntil("three rows are gone", [](const View& view) { return view.rowCount(grid) == 7; })
+            .press('A', holdControl)
+            .then(look("the rows of the press",
+                       [this] { EXPECT_THAT(dialog().m_selectedRows, testing::ElementsAre(0, 7, 9)); }))
+            .releaseOverCell(grid, 0, kLock)
+            .then(look("the one that is left", [this] {
+                EXPECT_THAT(rowsWith(&CLayerRcd::m_isLocked), testing::ElementsAre(0));
+                EXPECT_THAT(markedRows(), testing::ElementsAre(0));
+            })));
+}
+
 } // namespace
