@@ -47,6 +47,12 @@ class RowTracking : public ListTest {
         told.uNewState = newState;
         return m_list.GetParent()->SendMessage(WM_NOTIFY, IDC_TEST_LIST, reinterpret_cast<LPARAM>(&told));
     }
+    /// The platform tells that it opens a name's box; the answer is whether that is refused.
+    LRESULT beginLabelEdit() {
+        NMLVDISPINFOW told = {};
+        told.hdr = {m_list.m_hWnd, IDC_TEST_LIST, static_cast<UINT>(LVN_BEGINLABELEDITW)};
+        return m_list.GetParent()->SendMessage(WM_NOTIFY, IDC_TEST_LIST, reinterpret_cast<LPARAM>(&told));
+    }
 };
 
 /// Makes the left button's state word what a test wants, for as long as it lives.
@@ -67,6 +73,22 @@ class LeftButtonState {
 };
 
 } // namespace
+
+TEST_F(RowTracking, ABoxThatOpensWithoutAFocusedRowBeginsNoRename) {
+    lookAt(fourStates(), [this] {
+        select(1);
+        m_list.SetItemState(-1, 0, LVIS_FOCUSED);
+        const int tracked = m_list.m_trackedRow;
+        EXPECT_EQ(beginLabelEdit(), 0);
+        EXPECT_EQ(m_list.m_labelEditActive, 0);
+        EXPECT_EQ(m_list.m_trackedRow, tracked);
+        EXPECT_THAT(instruments::trace(), IsEmpty());
+        m_list.SetItemState(1, LVIS_FOCUSED, LVIS_FOCUSED);
+        EXPECT_EQ(beginLabelEdit(), 0);
+        EXPECT_EQ(m_list.m_labelEditActive, 1);
+        EXPECT_EQ(m_list.m_trackedRow, 1);
+    });
+}
 
 TEST_F(RowTracking, TracksASelectedRowOnlyWhenTheLeftButtonsWholeStateIsZero) {
     constexpr BYTE kToggled = 0x01;
