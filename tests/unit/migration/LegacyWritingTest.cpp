@@ -83,6 +83,16 @@ TEST_F(LegacyWriting, MarksNothingForAViewportThatIsNotOnOrNotCurrent) {
     EXPECT_EQ(data(L"Walls").size(), without) << "the current one isn't on";
 }
 
+TEST_F(LegacyWriting, MarksNothingForAViewportThatCannotBeOpened) {
+    engine::setFrozenInViewport(m_database, viewport().handle, layer(L"Walls"), true);
+    engine::setFrozenInViewport(m_database, viewport().handle, layer(L"Doors"), true);
+    // The names are read from three layers; then the linetype of each layer is opened, and after it the viewport.
+    instruments::failCall("openObject", 7);
+    EXPECT_TRUE(writeInViewport(0));
+    EXPECT_EQ(data(L"Walls").size(), 8u);
+    EXPECT_EQ(data(L"Doors").size(), 9u);
+}
+
 TEST_F(LegacyWriting, TellsThatTheMarkOfAViewportCannotBeWritten) {
     engine::setFrozenInViewport(m_database, viewport().handle, layer(L"Base"), true);
     instruments::failCall("kelutNewRb", 7);
@@ -97,6 +107,13 @@ TEST_F(LegacyWriting, TellsThatALinetypeCannotBeOpened) {
     instruments::clearTrace();
     EXPECT_FALSE(list.applyToLayers(CQSETList::OpWrite, L"PLAN"));
     EXPECT_THAT(instruments::trace(), testing::Contains(testing::HasSubstr("Unable to retrieve linetype.")));
+}
+
+TEST_F(LegacyWriting, WritesAnEmptyNameForALinetypeThatTellsNone) {
+    instruments::failCall("record.getName", 1);
+    EXPECT_TRUE(write(L"PLAN"));
+    EXPECT_EQ(data(L"Base").at(3), "1000 ");
+    EXPECT_EQ(data(L"Walls").at(3), "1000 Continuous");
 }
 
 TEST_F(LegacyWriting, AppendsToWhatIsThere) {
@@ -164,6 +181,17 @@ TEST_F(LegacyWriting, RenamesTheMarkersOfThatNameToNone) {
     EXPECT_TRUE(rename(L"plan"));
     LegacyNodes expected = nodesOf(L"");
     EXPECT_EQ(data(L"Walls"), lines(expected + nodesOf(L"SITE") + LegacyNodes{text(L"{plan")}));
+}
+
+TEST_F(LegacyWriting, StopsARenameAtTheFirstLayerThatDoesNotTakeItsData) {
+    for (const wchar_t* each : {L"Base", L"Walls", L"Doors"})
+        setData(each, nodesOf(L"PLAN"));
+    CQSETList list(&m_database);
+    instruments::failCall("setExtendedData", 2);
+    EXPECT_FALSE(list.applyToLayers(CQSETList::OpRename, L"PLAN"));
+    EXPECT_EQ(data(L"Base"), lines(nodesOf(L"")));
+    EXPECT_EQ(data(L"Walls"), lines(nodesOf(L"PLAN")));
+    EXPECT_EQ(data(L"Doors"), lines(nodesOf(L"PLAN")));
 }
 
 struct WritingFailure {
