@@ -22,10 +22,9 @@ class CellEdit : public ListTest {
     }
     /// Opens the editor over the description of "Beta", and counts the calls from then on.
     Script openEditor() {
-        return openCell(1, descriptionColumn).then(look("the editor is open", [this] {
-            ASSERT_TRUE(m_list.isEditorShown());
-            instruments::clearTrace();
-        }));
+        return openCell(1, descriptionColumn)
+            .waitUntil("the editor is open", [this](const View&) { return m_list.isEditorShown(); })
+            .then(look("from here", [] { instruments::clearTrace(); }));
     }
     /// From here on the host refuses every description for "Beta", which is gone from the drawing.
     Script beginRefusing() {
