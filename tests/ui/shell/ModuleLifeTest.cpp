@@ -178,6 +178,29 @@ TEST_F(ModuleLife, SurvivesTheFailureOfEachHostCallOfALoad) {
     }
 }
 
+namespace {
+
+/// One of the three things can't be had that lead to the host's commands: the command stack, the host's classes, and
+/// the stack's class among them.
+class WayToCommands : public ModuleLife, public testing::WithParamInterface<int> {};
+
+INSTANTIATE_TEST_SUITE_P(EachStep, WayToCommands, testing::Values(1, 2, 3));
+
+} // namespace
+
+TEST_P(WayToCommands, ThatIsBarredLeavesTheServiceAloneAndIsTriedAgainByTheNextLoad) {
+    constexpr int kLinkers = 1; // the first one is asked for the linker
+    instruments::failCall("at", kLinkers + GetParam());
+    ASSERT_EQ(send(kelrtLoadMessage), 0);
+    EXPECT_TRUE(instruments::faultStruck());
+    instruments::clearFaults();
+    EXPECT_TRUE(serviceIsThere());
+    EXPECT_EQ(commandCount(), 0u);
+    ASSERT_EQ(send(kelrtUnloadMessage), 0);
+    ASSERT_EQ(send(kelrtLoadMessage), 0);
+    EXPECT_EQ(commandCount(), 1u);
+}
+
 TEST_F(ModuleLife, FreesItsResourcesWhicheverHostCallOfAnUnloadFails) {
     bool struck = true;
     for (int nth = 1; struck; ++nth) {
