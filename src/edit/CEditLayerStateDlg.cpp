@@ -117,8 +117,6 @@ void CEditLayerStateDlg::setButtonIcon(int button, UINT icon) {
     const CResourceScope scope;
     const auto image = static_cast<HICON>(::LoadImageW(AfxGetResourceHandle(), MAKEINTRESOURCEW(icon), IMAGE_ICON,
                                                        scaled(kIconSide), scaled(kIconSide), LR_SHARED));
-    if (!image)
-        return;
     SendDlgItemMessage(button, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(image));
     ::DestroyIcon(image); // at once, on purpose: the button can go on with it, since the icon is a shared one
 }

@@ -48,8 +48,7 @@ void CEditLayerStateDlg::OnRemoveLayers() {
     // From the last one up: a list moves all rows behind the one that it gives up.
     for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
         recordOf(*row)->markRemoved();
-        if (!m_layerGrid.DeleteItem(*row))
-            return;
+        m_layerGrid.DeleteItem(*row);
     }
     // The focus stays with its row, or goes to the next one that is left.
     const int left = m_layerGrid.GetItemCount();

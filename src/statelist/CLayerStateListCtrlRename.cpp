@@ -68,10 +68,11 @@ void CLayerStateListCtrl::OnEndLabelEdit(NMHDR* header, LRESULT* result) {
     CString name = item.pszText;
     name.Trim();
     *result = 0;
-    const int renamed = [&] {
+    int renamed = 0;
+    {
         const FlagForLife checking(m_checkingName);
-        return CheckRename(name);
-    }();
+        renamed = CheckRename(name);
+    }
     if (!renamed) {
         // The box is still closing. The dialog opens it again with its next message.
         m_labelEditRetry = 1;

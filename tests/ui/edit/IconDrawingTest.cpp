@@ -132,4 +132,28 @@ TEST_F(IconDrawing, LeavesItsPlaceEmptyWhenThereIsNoMemoryForTheImages) {
                                   .press(VK_ESCAPE)));
 }
 
+TEST_F(IconDrawing, OfAButtonIsMissingAloneWhenThereIsNoMemoryForIt) {
+    open(flags());
+    const ImportFaults faults({L"KelLayerApps.xmod"});
+    const auto hasIcon = [](const View& view, int button) {
+        return SendMessageW(view.control(button), BM_GETIMAGE, IMAGE_ICON, 0) != 0;
+    };
+    EXPECT_TRUE(manage(Script()
+                           .clickCellOf(IDC_LSTATE_RES_LIST, L"Look")
+                           .look("no memory", [](const View&) { ImportFaults::begin("LoadImageW", 1); })
+                           .click(IDC_LSTATE_RES_EDIT)
+                           .waitForControl(grid)
+                           .look("the icons",
+                                 [hasIcon](const View& view) {
+                                     EXPECT_TRUE(ImportFaults::struck());
+                                     EXPECT_FALSE(hasIcon(view, IDC_REMOVE_LAYERS));
+                                     EXPECT_TRUE(hasIcon(view, IDC_ADD_LAYERS));
+                                 })
+                           .clickCellOf(grid, L"New")
+                           .click(IDC_REMOVE_LAYERS)
+                           .waitUntil("the row is gone", [](const View& view) { return view.rowOf(grid, L"New") < 0; })
+                           .press(VK_ESCAPE)
+                           .click(IDC_LSTATE_RES_CLOSE)));
+}
+
 } // namespace

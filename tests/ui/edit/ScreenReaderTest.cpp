@@ -251,6 +251,23 @@ TEST_F(ScreenReader, IsToldOfALackOfMemoryAndHearsAllTheNextTime) {
              .press(VK_ESCAPE));
 }
 
+TEST_F(ScreenReader, HearsWhatTheSystemSaysWhenThereIsNoMemoryForTheGridsObject) {
+    open(house());
+    edit(Script()
+             .look("the first row",
+                   [](const View& view) {
+                       const ImportFaults faults({L"KelLayerApps.xmod"});
+                       ImportFaults::begin("CreateStdAccessibleObject", 1);
+                       const auto object = asked(view.control(grid));
+                       EXPECT_TRUE(ImportFaults::struck());
+                       ASSERT_TRUE(object);
+                       const auto ofSystem = standard(view.control(grid));
+                       for (const Question question : {&IAccessible::get_accName, &IAccessible::get_accDescription})
+                           EXPECT_EQ(say(*object, question, child(1)), say(*ofSystem, question, child(1)));
+                   })
+             .press(VK_ESCAPE));
+}
+
 TEST_F(ScreenReader, IsToldThatTheGridIsGoneAndHoldsItsObjectAlone) {
     open(house());
     Holder<IAccessible> object;

@@ -12,6 +12,7 @@
 
 #include <commctrl.h>
 #include <commdlg.h>
+#include <oleacc.h>
 #include <uxtheme.h>
 #include <winhttp.h>
 #include <xmllite.h>
@@ -182,6 +183,7 @@ std::vector<Function>& table() {
         FUNCTION(GetMonitorInfoW, FALSE, ERROR_INVALID_MONITOR_HANDLE),
         FUNCTION(TrackMouseEvent, FALSE, ERROR_INVALID_WINDOW_HANDLE),
         FUNCTION(MessageBoxW, 0, ERROR_NOT_ENOUGH_MEMORY),
+        FUNCTION(CreateStdAccessibleObject, E_OUTOFMEMORY, 0),
         FUNCTION(MessageBeep, FALSE, ERROR_ACCESS_DENIED),
         FUNCTION(SetWindowSubclass, FALSE, ERROR_NOT_ENOUGH_MEMORY),
         import<__LINE__>("TaskDialogIndirect", &taskDialogReal, E_OUTOFMEMORY, 0),
