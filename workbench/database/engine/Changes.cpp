@@ -264,8 +264,6 @@ void ExtendedDataChange::exchange(zdr::Drawing& drawing, ObjectDirectory&) {
         return zdr::equalFolded(data.application, application);
     });
     if (found == behind) {
-        if (values.empty())
-            return;
         zdr::ExtendedData fresh{object, application, {}};
         const auto place = behind - all.begin();
         zdr::makeRoom(all, 1);
