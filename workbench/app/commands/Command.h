@@ -13,9 +13,10 @@ class Session;
 enum class Offer {
     Nothing,
     Commands,
-    Drawings,
-    Scripts, ///< files of any kind, and the switch that may stand before one
-    Files,   ///< of any kind, from the folder in which the program was started
+    Drawings,        ///< that are there to be read
+    DrawingsToWrite, ///< beside the open one
+    Scripts,         ///< files of any kind, and the switch that may stand before one
+    Files,           ///< of any kind, from the folder in which the program was started
     Modules,
     Layouts,
     Viewports,

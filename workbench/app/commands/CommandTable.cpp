@@ -18,7 +18,7 @@ constexpr Command kCommands[] = {
     {L"NEW", nullptr, L"", L"Starts a new drawing.", kNone, Offer::Nothing, commands::newDrawing, nullptr},
     {L"OPEN", nullptr, L"[path]", L"Opens a drawing; without a path, asks for one.", kText, Offer::Drawings, commands::open, nullptr},
     {L"SAVE", L"QSAVE", L"", L"Saves the drawing.", kNone, Offer::Nothing, commands::save, nullptr},
-    {L"SAVEAS", nullptr, L"[path]", L"Saves the drawing under another name; without a path, asks for one.", kText, Offer::Drawings, commands::saveAs, nullptr},
+    {L"SAVEAS", nullptr, L"[path]", L"Saves the drawing under another name; without a path, asks for one.", kText, Offer::DrawingsToWrite, commands::saveAs, nullptr},
     {L"UNDO", L"U", L"[number]", L"Takes back the last change, or as many as the number says.", {0, 1}, Offer::Nothing, commands::undo, nullptr},
     {L"REDO", nullptr, L"[number]", L"Makes the change again that was taken back last, or as many as the number says.", {0, 1}, Offer::Nothing, commands::redo, nullptr},
     {L"LAYER", L"LA", L"option ...", L"Makes layers and changes them.", kText, Offer::Nothing, nullptr, commands::layerOptions},

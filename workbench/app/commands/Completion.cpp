@@ -67,13 +67,17 @@ Names viewportNames(const zdr::Drawing& drawing, const wchar_t* word) {
 }
 
 /// The entries of the folder that a path begins with, spelled as the path spells it. A path that isn't whole counts as
-/// placesOf() says.
-Names paths(const std::wstring& typed, const std::wstring& drawing, bool drawingsOnly) {
+/// placesOf() says; what is to be written goes to the first of these places.
+Names paths(const std::wstring& typed, const std::wstring& drawing, Offer offer) {
+    const bool drawingsOnly = offer == Offer::Drawings || offer == Offer::DrawingsToWrite;
     const std::size_t separator = typed.find_last_of(L"\\/");
     const std::wstring folder = separator == std::wstring::npos ? std::wstring() : typed.substr(0, separator + 1);
     const wchar_t slash = separator == std::wstring::npos ? L'\\' : typed[separator];
+    std::vector<std::wstring> places = placesOf(folder.empty() ? L"." : folder, drawing);
+    if (offer == Offer::DrawingsToWrite)
+        places.resize(1);
     Names names;
-    for (const std::wstring& place : placesOf(folder.empty() ? L"." : folder, drawing)) {
+    for (const std::wstring& place : places) {
         std::error_code error;
         fs::directory_iterator entry(zdr::systemPath(place), error);
         for (; !error && entry != fs::directory_iterator() && names.size() < kMostPaths; entry.increment(error)) {
@@ -89,7 +93,7 @@ Names paths(const std::wstring& typed, const std::wstring& drawing, bool drawing
 }
 
 Names scripts(const std::wstring& typed, const std::wstring& drawing) {
-    Names names = paths(typed, drawing, false);
+    Names names = paths(typed, drawing, Offer::Scripts);
     names.emplace_back(kKeepGoing);
     return names;
 }
@@ -102,11 +106,12 @@ Names offered(const Session& session, Offer offer, const std::wstring& typed) {
     case Offer::Commands:
         return commandNames();
     case Offer::Drawings:
-        return paths(typed, session.path(), true);
+    case Offer::DrawingsToWrite:
+        return paths(typed, session.path(), offer);
     case Offer::Scripts:
         return scripts(typed, session.path());
     case Offer::Files:
-        return paths(typed, {}, false);
+        return paths(typed, {}, offer);
     case Offer::Modules:
         return moduleNames(session.window().loadedModules());
     case Offer::Layouts:
@@ -147,7 +152,7 @@ Names candidatesFor(const Session& session, const Words& before, const std::wstr
         return {};
     if (!command->options) {
         if (command->first == Offer::Scripts && before.size() == 2 && sameName(before[1], kKeepGoing))
-            return paths(typed, session.path(), false);
+            return paths(typed, session.path(), Offer::Scripts);
         return before.size() == 1 ? offered(session, command->first, typed) : Names();
     }
     if (before.size() == 1)

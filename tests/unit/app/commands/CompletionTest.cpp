@@ -124,6 +124,18 @@ TEST_F(CompletionTest, CompletesPathsFromTheDrawingsFolderAndThatOfTheStart) {
     EXPECT_EQ(tab(L"MODULE LOAD li"), L"MODULE LOAD li") << "modules have nothing to do with the drawing";
 }
 
+TEST_F(CompletionTest, OffersForWhatIsSavedOnlyWhatStandsWhereItIsSaved) {
+    const StartFolder started(folder / "started");
+    writeBytes("started/hall.zdr", "");
+    EXPECT_EQ(tab(L"SAVEAS ha"), L"SAVEAS hall.zdr ") << "a drawing that was never saved goes there";
+    run(L"SAVEAS \"" + path("house.zdr") + L"\"");
+    EXPECT_EQ(tab(L"SAVEAS ha"), L"SAVEAS ha");
+    EXPECT_EQ(tab(L"OPEN ha"), L"OPEN hall.zdr ");
+    tab(L"SAVEAS ");
+    EXPECT_THAT(candidates, ElementsAre(L"house.zdr", L"started\\"));
+    EXPECT_EQ(tab(L"SAVEAS started\\h"), L"SAVEAS started\\hall.zdr ");
+}
+
 TEST_F(CompletionTest, HasNothingForWordsThatMeanNothing) {
     EXPECT_EQ(tab(L"UNDO a"), L"UNDO a");
     EXPECT_EQ(tab(L"LAYER nonsense w"), L"LAYER nonsense w");
