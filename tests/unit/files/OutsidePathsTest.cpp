@@ -231,9 +231,29 @@ TEST(OutsidePaths, APathOfAReferenceCountsFromItsDrawing) {
             << zdr::toUtf8(row.drawing) << ", " << zdr::toUtf8(row.path);
 }
 
-TEST(OutsidePaths, ATypedPathOfAServerIsFull) {
-    for (const wchar_t* path : {L"\\\\server\\share\\x.zdr", L"//server/share/x.zdr", L"\\\\?\\C:\\x.zdr"})
-        EXPECT_EQ(zdr::fullPath(path), path);
+TEST(OutsidePaths, ATypedPathOfAServerIsFullAndHasOneSpelling) {
+    for (const wchar_t* path :
+         {L"\\\\server\\share\\x.zdr", L"//server/share/x.zdr", L"/\\server\\share/x.zdr", L"//server//share/./x.zdr",
+          L"\\\\server\\share\\plans\\..\\x.zdr", L"//server/share/../../x.zdr"})
+        EXPECT_EQ(zdr::fullPath(path), L"\\\\server\\share\\x.zdr") << zdr::toUtf8(path);
+    EXPECT_EQ(zdr::fullPath(L"//server/share/plans/"), L"\\\\server\\share\\plans\\");
+    EXPECT_EQ(zdr::fullPath(L"//server/share/plans/.."), L"\\\\server\\share");
+    EXPECT_EQ(zdr::fullPath(L"//"), L"\\\\");
     const std::filesystem::path here = std::filesystem::current_path();
     EXPECT_EQ(zdr::fullPath(L"plans/../x.zdr"), zdr::widePath(here / "x.zdr"));
+}
+
+TEST(OutsidePaths, WhatOnlyTheSystemCanResolveStaysAsItWasTyped) {
+    for (const wchar_t* path :
+         {L"\\\\?\\C:\\x.zdr", L"//?/C:/plans/../x.zdr", L"\\\\.\\pipe\\x", L"\\??\\UNC\\server\\x.zdr"})
+        EXPECT_EQ(zdr::fullPath(path), path);
+}
+
+TEST(OutsidePaths, ArePathsOfOneFileInAnySpelling) {
+    using zdr::isSamePath;
+    EXPECT_TRUE(isSamePath(L"C:\\plans\\a.zdr", L"c:/PLANS/A.zdr"));
+    EXPECT_TRUE(isSamePath(L"\\\\server\\b\u00FCro\\a.zdr", L"//SERVER/B\u00DCRO/a.zdr"));
+    EXPECT_FALSE(isSamePath(L"C:\\a.zdr", L"C:\\a.zd"));
+    EXPECT_FALSE(isSamePath(L"C:\\a.zdr", L"D:\\a.zdr"));
+    EXPECT_FALSE(isSamePath(L"", L"a.zdr"));
 }

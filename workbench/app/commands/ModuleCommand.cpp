@@ -4,6 +4,8 @@
 #include "ModuleNames.h"
 #include "Session.h"
 
+#include "files/OutsidePaths.h"
+
 #include <algorithm>
 
 namespace workbench {
@@ -21,7 +23,8 @@ std::vector<std::wstring> moduleNames(const std::vector<std::wstring>& paths) {
 std::wstring findModule(const std::vector<std::wstring>& paths, const std::wstring& typed) {
     const auto bears = [&typed](const std::wstring& path) {
         const std::wstring name = moduleName(path);
-        return sameName(path, typed) || sameName(name, typed) || sameName(name.substr(0, name.rfind(L'.')), typed);
+        return zdr::isSamePath(path, typed) || sameName(name, typed) ||
+               sameName(name.substr(0, name.rfind(L'.')), typed);
     };
     const auto found = std::find_if(paths.rbegin(), paths.rend(), bears);
     return found == paths.rend() ? std::wstring() : *found;

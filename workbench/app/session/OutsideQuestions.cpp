@@ -2,6 +2,7 @@
 
 #include "CommandText.h"
 
+#include "files/OutsidePaths.h"
 #include "files/ShownText.h"
 
 #include <algorithm>
@@ -29,7 +30,7 @@ std::wstring questionAbout(const zdr::OutsideReference& reference) {
 std::wstring OutsideQuestions::whyNot(const zdr::OutsideReference& reference) {
     const std::vector<FolderAnswer> answers = m_window.keptAnswers();
     const auto kept = std::ranges::find_if(
-        answers, [&](const FolderAnswer& answer) { return sameName(answer.folder, reference.folder); });
+        answers, [&](const FolderAnswer& answer) { return zdr::isSamePath(answer.folder, reference.folder); });
     if (kept != answers.end())
         return kept->mayLook ? L"" : kLeftAlone;
     if (!m_window.isAttended())

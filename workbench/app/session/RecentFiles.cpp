@@ -1,6 +1,6 @@
 #include "RecentFiles.h"
 
-#include "CommandText.h"
+#include "files/OutsidePaths.h"
 
 #include <algorithm>
 
@@ -47,7 +47,7 @@ std::wstring withoutMiddle(const std::wstring& text, std::size_t most) {
 RecentFiles::RecentFiles(const std::vector<std::wstring>& kept) {
     for (const std::wstring& path : kept) {
         const bool isKnown =
-            std::ranges::any_of(m_paths, [&](const std::wstring& known) { return sameName(known, path); });
+            std::ranges::any_of(m_paths, [&](const std::wstring& known) { return zdr::isSamePath(known, path); });
         if (m_paths.size() < kMost && !isKnown && isPath(path))
             m_paths.push_back(path);
     }
@@ -62,7 +62,7 @@ void RecentFiles::add(const std::wstring& path) {
 }
 
 bool RecentFiles::remove(const std::wstring& path) {
-    return std::erase_if(m_paths, [&](const std::wstring& known) { return sameName(known, path); }) > 0;
+    return std::erase_if(m_paths, [&](const std::wstring& known) { return zdr::isSamePath(known, path); }) > 0;
 }
 
 std::wstring shortenedPath(const std::wstring& path, std::size_t most) {

@@ -9,6 +9,7 @@
 
 #include "engine/DatabaseAccess.h"
 #include "files/DrawingFile.h"
+#include "files/OutsidePaths.h"
 #include "files/TextCoding.h"
 #include "values/ReservedWords.h"
 
@@ -217,7 +218,7 @@ bool Session::write(const std::wstring& path, zdr::FileStamp stamp) {
         fail(advised(reason, L"choose another name or folder by SAVEAS"));
         return false;
     }
-    const bool isElsewhere = path != m_path;
+    const bool isElsewhere = !zdr::isSamePath(path, m_path);
     m_path = path;
     m_stamp = stamp;
     m_savedContent = engine::contentNumber(database());
@@ -245,7 +246,7 @@ bool Session::saveAs(const std::wstring& path) {
         fail(problem);
         return false;
     }
-    return write(full, full == m_path ? m_stamp : zdr::FileStamp{});
+    return write(full, zdr::isSamePath(full, m_path) ? m_stamp : zdr::FileStamp{});
 }
 
 bool Session::mayClose() {

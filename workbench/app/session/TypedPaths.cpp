@@ -51,7 +51,7 @@ std::vector<std::wstring> placesOf(const std::wstring& path, const std::wstring&
     if (!drawing.empty())
         places.push_back(zdr::fullPath(zdr::referencePath(drawing, path)));
     const std::wstring started = zdr::fullPath(path);
-    if (std::ranges::find(places, started) == places.end())
+    if (places.empty() || !zdr::isSamePath(places.front(), started))
         places.push_back(started);
     return places;
 }

@@ -56,10 +56,8 @@ std::vector<std::wstring_view> namesIn(std::wstring_view text) {
     return names;
 }
 
-/// The folder of a file of these names, of which the first `fixed` ones can't be left by `..`.
-std::wstring folderOf(std::wstring_view beginning, std::vector<std::wstring_view> names, std::size_t fixed) {
-    if (!names.empty())
-        names.pop_back();
+/// The path of these names, of which the first `fixed` ones can't be left by `..`.
+std::wstring joined(std::wstring_view beginning, const std::vector<std::wstring_view>& names, std::size_t fixed) {
     std::vector<std::wstring_view> kept;
     for (const std::wstring_view name : names) {
         if (kept.size() < fixed || (name != L"." && name != L".."))
@@ -67,16 +65,26 @@ std::wstring folderOf(std::wstring_view beginning, std::vector<std::wstring_view
         else if (name == L".." && kept.size() > fixed)
             kept.pop_back();
     }
-    std::wstring folder(beginning);
+    std::wstring path(beginning);
     for (const std::wstring_view name : kept)
-        folder.append(folder.empty() || folder.ends_with(L'\\') ? L"" : L"\\").append(name);
-    return folder;
+        path.append(path.empty() || path.ends_with(L'\\') ? L"" : L"\\").append(name);
+    return path;
 }
+
+/// The folder of a file of these names.
+std::wstring folderOf(std::wstring_view beginning, std::vector<std::wstring_view> names, std::size_t fixed) {
+    if (!names.empty())
+        names.pop_back();
+    return joined(beginning, names, fixed);
+}
+
+// How many names of a server's path `..` can't leave: its own, and that of the folder which it shares.
+constexpr std::size_t kFixedOnServer = 2;
 
 /// @param names the server's, its folder's and so on
 PathPlace placeOnServer(const std::vector<std::wstring_view>& names) {
     return {PathPlace::Kind::Outside, std::wstring(names.empty() ? std::wstring_view() : names[0]),
-            folderOf(kServer, names, 2)};
+            folderOf(kServer, names, kFixedOnServer)};
 }
 
 /// Whether only the system knows where it leads, if not back into the network.
@@ -171,28 +179,36 @@ bool areOnOneComputer(const PathPlace& one, const PathPlace& other) {
 std::wstring referencePath(const std::wstring& drawing, const std::wstring& path) {
     const std::wstring text = withBackslashes(path);
     const std::wstring_view folder = folderIn(drawing);
-    const auto joined = [](std::wstring_view beginning, std::wstring_view end) {
+    const auto appended = [](std::wstring_view beginning, std::wstring_view end) {
         return widePath(systemPath(std::wstring(beginning).append(end)));
     };
     if (isAddress(text) || text.starts_with(kServer) || text.starts_with(kSystemsOwn))
-        return joined({}, path);
+        return appended({}, path);
     if (isDrive(text)) {
         const bool isFromFolder = !text.substr(2).starts_with(L'\\') && isDrive(drawing) &&
                                   foldCharacter(drawing[0]) == foldCharacter(text[0]);
-        return isFromFolder ? joined(folder, path.substr(2)) : joined({}, path);
+        return isFromFolder ? appended(folder, path.substr(2)) : appended({}, path);
     }
-    return joined(text.starts_with(L'\\') ? rootIn(drawing) : folder, path);
+    return appended(text.starts_with(L'\\') ? rootIn(drawing) : folder, path);
 }
 
 std::wstring fullPath(const std::wstring& path) {
     const std::wstring text = withBackslashes(path);
-    // The library takes the server's name for a folder of the current drive.
-    if (text.starts_with(kServer) || text.starts_with(kSystemsOwn))
+    if (isDevice(text))
         return path;
+    // The library takes the server's name for a folder of the current drive.
+    if (text.starts_with(kServer)) {
+        const std::wstring full = joined(kServer, namesIn(text), kFixedOnServer);
+        return text.ends_with(L'\\') && !full.ends_with(L'\\') ? full + L'\\' : full;
+    }
     std::error_code error;
     const std::filesystem::path typed = systemPath(path);
     const std::filesystem::path full = std::filesystem::absolute(typed, error);
     return widePath(error ? typed : full.lexically_normal());
+}
+
+bool isSamePath(std::wstring_view one, std::wstring_view other) {
+    return equalFolded(withBackslashes(one), withBackslashes(other));
 }
 
 } // namespace zdr

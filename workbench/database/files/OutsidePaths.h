@@ -34,7 +34,10 @@ KELDB_API bool areOnOneComputer(const PathPlace& one, const PathPlace& other);
 /// one that begins with a single separator from the top of the drawing's drive or server folder.
 KELDB_API std::wstring referencePath(const std::wstring& drawing, const std::wstring& path);
 
-/// A path that a person has typed, in full. One of a server is full already.
+/// A path that a person has typed, in full and in one spelling. What only the system can resolve stays as it is.
 KELDB_API std::wstring fullPath(const std::wstring& path);
+
+/// Whether two full paths lead to one file or folder, whichever separators and whichever case they are written in.
+KELDB_API bool isSamePath(std::wstring_view one, std::wstring_view other);
 
 } // namespace zdr

@@ -34,7 +34,8 @@ TEST_F(ModuleCommandTest, RefusesAPathThatNoModuleCanHave) {
 }
 
 TEST_F(ModuleCommandTest, UnloadsByNameEndingOrPath) {
-    for (const wchar_t* name : {L"treluibase", L"TrelUiBase.XMOD", L"c:\\bench\\treluibase.xmod"}) {
+    for (const wchar_t* name :
+         {L"treluibase", L"TrelUiBase.XMOD", L"c:\\bench\\treluibase.xmod", L"C:/bench/TrelUiBase.xmod"}) {
         window.modules = {L"C:\\bench\\TrelUiBase.xmod"};
         EXPECT_EQ(run(L"MODULE UNLOAD " + std::wstring(name)), L"TrelUiBase.xmod is unloaded.\n");
         EXPECT_TRUE(window.modules.empty());

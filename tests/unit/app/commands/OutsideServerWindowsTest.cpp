@@ -62,10 +62,23 @@ class OutsideServerTest : public CommandFixture {
 
 TEST_F(OutsideServerTest, ADrawingOnItIsSavedAndOpened) {
     EXPECT_EQ(session.path(), L"");
-    EXPECT_EQ(run(L"OPEN //zdr-server/plans/sites/site"), L"Opened //zdr-server/plans/sites/site.zdr.\n");
+    EXPECT_EQ(run(L"OPEN //zdr-server/plans/sites/site"), L"Opened \\\\zdr-server\\plans\\sites\\site.zdr.\n");
     EXPECT_EQ(session.name(), L"site.zdr");
     EXPECT_THAT(window.failures, IsEmpty());
     EXPECT_THAT(window.questions, IsEmpty());
+}
+
+TEST_F(OutsideServerTest, ADrawingOnItIsSavedOverInAnotherSpellingWithoutAQuestion) {
+    run(L"OPEN //zdr-server/plans/sites/site");
+    run(L"SAVEAS " + std::wstring(kShared) + L"sites\\site.zdr");
+    EXPECT_TRUE(done);
+    run(L"SAVEAS //ZDR-SERVER/plans/SITES/site.zdr");
+    EXPECT_TRUE(done);
+    EXPECT_THAT(window.questions, IsEmpty());
+    run(L"SAVEAS //zdr-server/plans/house");
+    run(L"SAVEAS //zdr-server/plans/sites/site");
+    EXPECT_FALSE(done);
+    EXPECT_THAT(window.questions, SizeIs(1)) << "another file stands there";
 }
 
 TEST_F(OutsideServerTest, AReferenceToItIsShownAfterYes) {

@@ -33,6 +33,13 @@ TEST(RecentFiles, TheTenthIsForgotten) {
     EXPECT_EQ(files.paths().back(), L"C:\\2.zdr");
 }
 
+TEST(RecentFiles, OneFileInTwoSpellingsIsListedOnce) {
+    RecentFiles files(std::vector<std::wstring>{L"//server/plans/a.zdr", L"\\\\server\\plans\\A.zdr"});
+    EXPECT_THAT(files.paths(), ElementsAre(L"//server/plans/a.zdr"));
+    files.add(L"\\\\SERVER\\plans\\a.zdr");
+    EXPECT_THAT(files.paths(), ElementsAre(L"\\\\SERVER\\plans\\a.zdr"));
+}
+
 TEST(RecentFiles, OneIsTakenOffWithoutRegardToCase) {
     RecentFiles files(std::vector<std::wstring>{L"C:\\a.zdr", L"C:\\b.zdr"});
     EXPECT_TRUE(files.remove(L"c:\\B.zdr"));
