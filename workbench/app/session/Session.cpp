@@ -107,11 +107,12 @@ void Session::replaceDrawing(zdr::Drawing drawing, std::wstring path, const zdr:
     m_savedContent = engine::contentNumber(this->database());
 }
 
-/// Marks the file for other programs, tells when one of them has it open, and has it remembered as used.
+/// Marks the file for other programs, tells when one of them has it open, and has it remembered as used by the person.
 void Session::markOpen() {
     m_mark = {}; // first, since this drawing's own mark isn't another program's
     m_mark = zdr::OpenMark(m_path);
-    m_window.fileOpened(m_path);
+    if (m_window.isAttended())
+        m_window.fileOpened(m_path);
     if (m_mark.isOthers())
         m_window.print(L"Another program has " + quotation(name()) +
                        L" open too: whoever saves it later is asked before the other's changes go.\n");
@@ -152,7 +153,7 @@ std::optional<Session::ReadDrawing> Session::readDrawing(const SoughtFile& file)
         fail(advised(file.completed(reason), L"check its name and folder"));
     else
         fail(advised(reason, L"choose another one"));
-    if (status == Vorn::eFileNotFound)
+    if (status == Vorn::eFileNotFound && m_window.isAttended())
         m_window.fileMissing(file.path);
     return std::nullopt;
 }

@@ -79,9 +79,9 @@ class SessionWindow {
     virtual bool pickPoints(PickedFor purpose) = 0;
     /// Shows a text about the program until the user closes it.
     virtual void showAbout(const std::wstring& text) = 0;
-    /// Called when the drawing has been read from a file or saved under another name.
+    /// Called when somebody who waits for it has opened the drawing's file, or saved it under another name.
     virtual void fileOpened(const std::wstring& path) = 0;
-    /// Called when a drawing was to be opened whose file isn't there.
+    /// Called when they wanted to open a drawing whose file isn't there.
     virtual void fileMissing(const std::wstring& path) = 0;
     /// Runs these lines before all others that wait. False, and nothing is run, when scripts run each other too deep.
     virtual bool runScript(Script script) = 0;

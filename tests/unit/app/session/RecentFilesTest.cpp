@@ -117,3 +117,19 @@ TEST_F(UsedFilesTest, AFileThatIsntThereIsToldAsMissingAndOneThatCantBeReadIsnt)
     EXPECT_THAT(window.failures, SizeIs(2));
     EXPECT_THAT(window.opened, IsEmpty());
 }
+
+TEST_F(UsedFilesTest, ScriptsUseNoFilesForThePerson) {
+    writeDrawing("plan.zdr", drawing());
+    window.attended = false;
+    run(L"OPEN " + path("plan.zdr"));
+    EXPECT_TRUE(done);
+    run(L"SAVEAS " + path("other.zdr"));
+    EXPECT_TRUE(done);
+    run(L"OPEN " + path("nowhere.zdr"));
+    EXPECT_FALSE(done);
+    EXPECT_THAT(window.opened, IsEmpty());
+    EXPECT_THAT(window.missing, IsEmpty());
+    window.attended = true;
+    run(L"OPEN " + path("plan.zdr"));
+    EXPECT_THAT(window.opened, ElementsAre(path("plan.zdr")));
+}
