@@ -31,14 +31,17 @@ StatusFacts statusOf(const zdr::Drawing& drawing, const std::optional<PointerPla
     facts.layer = drawing.names.text(drawing.layers[drawing.currentLayer].name);
     facts.layerColor = drawing.namedColors.packed(drawing.columns.colors[drawing.currentLayer]);
     facts.space = spaceOf(drawing);
-    if (pointer)
-        facts.pointer = placeText(pointer->point);
-    const bool onPaper = pointer ? pointer->onPaper : drawing.activeLayout && !drawing.currentViewport;
-    facts.unit = onPaper ? kPaperUnit : kModelUnit;
     facts.references = countText(references);
     facts.isReferenceMissing = isAnyMissing(references);
     facts.message = message;
+    movePointer(facts, drawing, pointer);
     return facts;
+}
+
+void movePointer(StatusFacts& facts, const zdr::Drawing& drawing, const std::optional<PointerPlace>& pointer) {
+    facts.pointer = pointer ? placeText(pointer->point) : std::wstring();
+    const bool onPaper = pointer ? pointer->onPaper : drawing.activeLayout && !drawing.currentViewport;
+    facts.unit = onPaper ? kPaperUnit : kModelUnit;
 }
 
 std::wstring lastLine(const std::wstring& text) {

@@ -27,6 +27,8 @@ struct StatusFacts {
 /// @param pointer none while the pointer isn't over the drawing
 StatusFacts statusOf(const zdr::Drawing& drawing, const std::optional<PointerPlace>& pointer,
                      const std::wstring& message);
+/// Changes only what a move of the pointer changes; the drawing is asked for what is on view, and for no more.
+void movePointer(StatusFacts& facts, const zdr::Drawing& drawing, const std::optional<PointerPlace>& pointer);
 
 /// The last line of a text that isn't blank, without blanks at its end; empty when there is none.
 std::wstring lastLine(const std::wstring& text);

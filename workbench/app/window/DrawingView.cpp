@@ -65,12 +65,18 @@ void DrawingView::drawingReplaced() {
 void DrawingView::regenerate() {
     m_upToDate = false;
     Invalidate(FALSE);
-    followPointer();
+    moveNumberSign();
+}
+
+void DrawingView::viewMoved() {
+    regenerate();
+    if (m_pointerMoved)
+        m_pointerMoved();
 }
 
 void DrawingView::show(const ViewTransform& next, bool byHand) {
     spaceView().show(next, byHand);
-    regenerate();
+    viewMoved();
 }
 
 void DrawingView::zoomExtents() {
@@ -95,7 +101,7 @@ bool DrawingView::zoomTo(const Rect& rect) {
 
 bool DrawingView::zoomPrevious() {
     const bool done = spaceView().showPrevious();
-    regenerate();
+    viewMoved();
     return done;
 }
 
@@ -193,7 +199,7 @@ void DrawingView::OnSize(UINT type, int width, int height) {
     else
         m_views.clear();
     m_size = {width, height};
-    regenerate();
+    viewMoved();
 }
 
 BOOL DrawingView::OnMouseWheel(UINT, short delta, CPoint screen) {
@@ -239,12 +245,16 @@ std::optional<PointerPlace> DrawingView::pointer() {
 }
 
 void DrawingView::followPointer() {
+    moveNumberSign();
+    if (m_pointerMoved)
+        m_pointerMoved();
+}
+
+void DrawingView::moveNumberSign() {
     const std::optional<NumberSign> former = std::exchange(m_sign, numberSign());
     for (const auto& sign : {former, m_sign})
         if (sign)
             InvalidateRect(sign->rect, FALSE);
-    if (m_pointerMoved)
-        m_pointerMoved();
 }
 
 std::optional<DrawingView::NumberSign> DrawingView::numberSign() {

@@ -40,7 +40,8 @@ class DrawingView : public CWnd {
 
     /// To be called when another drawing is to be shown: each of its spaces is zoomed to its extents at first.
     void drawingReplaced();
-    /// The picture is out of date and is made anew at the next painting.
+    /// The drawing is another than the picture, which is made anew at the next painting. That the pointer is at another
+    /// place now isn't told.
     void regenerate();
     /// Shows all of the space on view.
     void zoomExtents();
@@ -97,7 +98,9 @@ class DrawingView : public CWnd {
     void render(CDC& dc, const CRect& client);
     void drawBand(CDC& dc);
     Point planePoint(CPoint pixel);
+    void viewMoved();
     void followPointer();
+    void moveNumberSign();
     std::optional<NumberSign> numberSign();
     void paintNumberSign(CDC& dc);
 

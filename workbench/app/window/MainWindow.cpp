@@ -172,8 +172,10 @@ int MainWindow::OnCreate(LPCREATESTRUCT create) {
             m_session->showInViewport(viewport, shown.center, shown.scale);
     });
     m_view.onPointerMoved([this] {
-        if (m_session && !m_gathers)
-            refreshStatus();
+        if (!m_session || m_gathers)
+            return;
+        movePointer(m_facts, m_session->drawing(), m_view.pointer());
+        m_status.show(m_facts);
     });
     m_status.onReferencesChosen([this] { run(L"REFERENCES"); });
     m_tabs.onChosen([this](std::size_t tab) { chooseTab(tab); });
@@ -373,7 +375,8 @@ void MainWindow::refreshTabs() {
 }
 
 void MainWindow::refreshStatus() {
-    m_status.show(statusOf(m_session->drawing(), m_view.pointer(), m_message));
+    m_facts = statusOf(m_session->drawing(), m_view.pointer(), m_facts.message);
+    m_status.show(m_facts);
 }
 
 } // namespace workbench

@@ -109,6 +109,7 @@ class MainWindow : public CWnd, private SessionWindow, private runtime::DisplayO
     bool runKey(const MSG& message);
     void arrange();
     void say();
+    void showGathered();
     void refresh();
     void refreshTitle();
     void refreshTabs();
@@ -120,12 +121,12 @@ class MainWindow : public CWnd, private SessionWindow, private runtime::DisplayO
     SpaceTabs m_tabs;
     CommandPane m_command;
     StatusLine m_status;
-    std::wstring m_message; // the last line printed
+    StatusFacts m_facts; // as the drawing was told to be last; the message is the last line printed
     LineQueue m_waiting;
     RecentFilesMenu m_recentFiles;
     runtime::ModuleLoader m_modules; // behind the session, since modules may use its drawing to their end
     bool m_running = false;          // a command is under way, perhaps with a dialog
-    bool m_gathers = false;          // lines of a script are run: what they say and change is shown a little later
+    bool m_gathers = false;          // lines are run: what they say and change is shown behind them
     std::wstring m_unsaid;           // what they have said
 };
 

@@ -12,10 +12,10 @@ namespace workbench {
 
 void MainWindow::print(const std::wstring& text) {
     if (const std::wstring line = lastLine(text); !line.empty())
-        m_message = line;
+        m_facts.message = line;
     echo(text);
-    if (m_session && !m_gathers)
-        refreshStatus();
+    if (!m_gathers)
+        m_status.show(m_facts);
 }
 
 void MainWindow::echo(const std::wstring& text) {

@@ -25,10 +25,14 @@ void MainWindow::run(const std::wstring& line) {
     const bool waits = !m_waiting.isEmpty();
     const std::wstring first = m_waiting.whatGoesFirst();
     m_waiting.append(line);
-    if (waits)
+    if (waits) {
         tell(first + L", then " + quotation(line) + L".");
-    else
-        runNextLine();
+        return;
+    }
+    m_gathers = true;
+    runNextLine();
+    showGathered();
+    startTimer();
 }
 
 void MainWindow::runNextLine() {
@@ -41,8 +45,6 @@ void MainWindow::runNextLine() {
         return;
     if (const std::wstring told = m_waiting.end(done); !told.empty())
         print(told);
-    refresh();
-    startTimer();
 }
 
 void MainWindow::runLater(std::vector<std::wstring> lines, bool keepsGoing) {
@@ -56,7 +58,7 @@ void MainWindow::typeLater(const std::wstring& line) {
 }
 
 void MainWindow::startTimer() {
-    if (!m_gathers && !m_waiting.isEmpty())
+    if (!m_waiting.isEmpty())
         SetTimer(kLineTimer, 0, nullptr);
 }
 
@@ -94,19 +96,21 @@ void MainWindow::OnTimer(UINT_PTR timer) {
     m_gathers = true;
     while (m_hWnd && !m_waiting.isEmpty() && ::GetTickCount64() - start < kLineTime)
         runNextLine();
-    m_gathers = false;
-    if (!m_hWnd)
-        return;
-    say();
-    refresh();
-    if (m_waiting.isEmpty())
+    showGathered();
+    if (m_hWnd && m_waiting.isEmpty())
         KillTimer(kLineTimer);
 }
 
 void MainWindow::OnEnable(BOOL enable) {
     CWnd::OnEnable(enable);
     // A dialog opens over this window, which has to show how things stand.
+    showGathered();
+}
+
+void MainWindow::showGathered() {
     m_gathers = false;
+    if (!m_hWnd)
+        return;
     say();
     refresh();
 }

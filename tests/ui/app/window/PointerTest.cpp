@@ -7,6 +7,8 @@
 #include "WorkbenchFixture.h"
 #include "WorkbenchIds.h"
 
+#include "engine/DatabaseAccess.h"
+
 #include <algorithm>
 #include <fstream>
 
@@ -133,6 +135,34 @@ TEST_F(PointerTest, TheStatusLineTellsThePlaceInModelSpaceAndFollowsPointerAndVi
         .then(tellsPlace("beside the drawing", [] { return std::wstring(L"mm"); }))
         .then(command(L"QUIT"));
     runWith(script);
+}
+
+// The drawing changes without anybody telling the window, so that what it asks the drawing for is to be seen.
+TEST_F(PointerTest, AMoveOfThePointerChangesThePlaceInTheStatusLineAndNothingElse) {
+    const auto place = [this] { return workbench::placeText(pointed()) + L" mm"; };
+    const auto tellsLayer = [](const std::wstring& name) {
+        Script script;
+        script.waitUntil("the layer " + ui::narrow(name), [name](const View& view) {
+            return view.text(IDC_STATUS_LINE).starts_with(name + L" | Model | ");
+        });
+        return script;
+    };
+    Script script;
+    script.then(open())
+        .then(command(L"LAYER NEW Walls"))
+        .then(said(L"1 layer is made."))
+        .look("the current layer",
+              [this](const View&) {
+                  KelDbDatabase& database = session().database();
+                  ASSERT_EQ(engine::setCurrentLayer(database, engine::layerIndex(database, L"Walls")), Vorn::eOk);
+              })
+        .then(pointAt({250, 10}))
+        .then(tellsPlace("in the drawing", place))
+        .then(tellsLayer(L"Base"))
+        .then(command(L"UNITS"))
+        .then(tellsLayer(L"Walls"))
+        .then(tellsPlace("as before", place));
+    runAndThrowAway(script);
 }
 
 TEST_F(PointerTest, OnASheetThePlaceIsThatOfThePaperAndInTheCurrentViewportThatOfModelSpace) {

@@ -58,6 +58,33 @@ class StatusLineTest : public WorkbenchTest {
     }
 };
 
+/// How often a window is given a text. One at a time.
+class TextCount {
+  public:
+    explicit TextCount(HWND window) : m_window(window) {
+        set = 0;
+        s_former = reinterpret_cast<WNDPROC>(
+            SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&TextCount::procedure)));
+    }
+    ~TextCount() {
+        if (IsWindow(m_window))
+            SetWindowLongPtrW(m_window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(s_former));
+    }
+    TextCount(const TextCount&) = delete;
+    TextCount& operator=(const TextCount&) = delete;
+
+    inline static int set = 0;
+
+  private:
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        set += message == WM_SETTEXT ? 1 : 0;
+        return CallWindowProcW(s_former, window, message, wParam, lParam);
+    }
+
+    HWND m_window;
+    inline static WNDPROC s_former = nullptr;
+};
+
 } // namespace
 
 TEST_F(StatusLineTest, CountsTheReferencesAndWarnsWhenOneIsMissing) {
@@ -132,6 +159,21 @@ TEST_F(StatusLineTest, TheMenuListsTheReferences) {
     script.pressAlt(L'o').press('R').then(said(L"Command: REFERENCES\r\nNo drawing is attached: ATTACH attaches one."));
     script.then(command(L"QUIT"));
     runWith(script);
+}
+
+TEST_F(StatusLineTest, ChangesOnceForALineThatChangesTheDrawingAndAnswers) {
+    const TextCount count(line().m_hWnd);
+    Script script;
+    script.then(open())
+        .then(command(L"LAYER NEW Walls"))
+        .then(said(L"1 layer is made."))
+        .look("count from here", [&](const View&) { TextCount::set = 0; })
+        .then(command(L"LAYER SET Walls"))
+        .then(said(L"Command: LAYER SET Walls\r\n"))
+        .waitUntil("the status line tells the layer",
+                   [](const View& view) { return view.text(IDC_STATUS_LINE).starts_with(L"Walls | "); })
+        .look("the count", [&](const View&) { EXPECT_EQ(TextCount::set, 1); });
+    runAndThrowAway(script);
 }
 
 TEST_F(StatusLineTest, InTheNarrowestWindowTheCountStaysWholeAndTheNamesAreToBeSeen) {

@@ -43,6 +43,22 @@ TEST(StatusFacts, TellThePlaceOfThePointerWithItsUnit) {
               L"Walls | Model | 1.5000, -2.0000 mm on paper | Done.");
 }
 
+TEST(StatusFacts, OfAMovedPointerAreNewInThePlaceAlone) {
+    zdr::Drawing drawing = handmade::emptyDrawing();
+    handmade::addLayer(drawing, L"Walls");
+    drawing.layouts.push_back({L"A3", 420, 297, {}, {}});
+    workbench::StatusFacts facts = statusOf(drawing, PointerPlace{{1, 2}, false}, L"Done.");
+    drawing.currentLayer = handmade::addLayer(drawing, L"Doors", {zdr::kLayerOn, 3});
+    drawing.references.resize(1);
+    drawing.activeLayout = 0;
+    movePointer(facts, drawing, PointerPlace{{3, 4}, true});
+    EXPECT_EQ(facts.text(), L"Walls | Model | 3.0000, 4.0000 mm on paper | Done.");
+    EXPECT_EQ(facts.layerColor, 7u);
+    movePointer(facts, drawing, {});
+    EXPECT_EQ(facts.place(), L"mm on paper");
+    EXPECT_EQ(facts.pointer, L"");
+}
+
 TEST(StatusFacts, TellTheUnitOfTheSpaceOnViewWhileThePointerIsElsewhere) {
     zdr::Drawing drawing = handmade::emptyDrawing();
     handmade::addLayer(drawing, L"Walls");
