@@ -96,15 +96,64 @@ RECT boxOf(const View& view, COLORREF color) {
     return box;
 }
 
-/// Whether a sign with the number of a viewport stands in the drawing, with this place as its upper left corner.
-bool isSignAt(const View& view, COLORREF color, POINT corner) {
-    POINT found{boxOf(view, color).left, boxOf(view, color).top};
-    ClientToScreen(view.control(IDC_DRAWING_VIEW), &found);
-    return boxOf(view, color).right - boxOf(view, color).left > 40 && std::abs(found.x - corner.x) <= 1 &&
-           std::abs(found.y - corner.y) <= 1;
+struct Sign {
+    CSize size;
+    std::vector<COLORREF> pixels; ///< row by row
+};
+
+/// What a sign with this text looks like.
+Sign signOf(HWND window, const std::wstring& text, COLORREF color) {
+    workbench::WindowLook look;
+    look.update(static_cast<int>(GetDpiForWindow(window)));
+    CClientDC screen(CWnd::FromHandle(window));
+    CDC dc;
+    dc.CreateCompatibleDC(&screen);
+    dc.SelectObject(&look.font());
+    const CSize letters = dc.GetTextExtent(text.c_str(), static_cast<int>(text.size()));
+    Sign sign{{letters.cx + 2 * look.px(4), letters.cy + 2 * look.px(4)}, {}};
+    CBitmap bitmap;
+    bitmap.CreateCompatibleBitmap(&screen, sign.size.cx, sign.size.cy);
+    const int saved = dc.SaveDC();
+    dc.SelectObject(&bitmap);
+    CRect rect(CPoint(0, 0), sign.size);
+    dc.FillSolidRect(rect, color);
+    dc.SetBkMode(TRANSPARENT);
+    dc.SetTextColor(workbench::colors::kPaper);
+    dc.DrawText(text.c_str(), -1, rect, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOCLIP);
+    for (int y = 0; y < sign.size.cy; ++y)
+        for (int x = 0; x < sign.size.cx; ++x)
+            sign.pixels.push_back(dc.GetPixel(x, y));
+    dc.RestoreDC(saved);
+    return sign;
+}
+
+/// Whether a sign with this text stands in the drawing, with this place as its upper left corner to the pixel next to
+/// it.
+bool isSignAt(const View& view, const std::wstring& text, COLORREF color, POINT corner) {
+    const HWND window = view.control(IDC_DRAWING_VIEW);
+    const Sign sign = signOf(window, text, color);
+    const RECT rect = view.rect(IDC_DRAWING_VIEW);
+    const LONG width = rect.right - rect.left;
+    const std::vector<COLORREF> pixels = view.pixels(IDC_DRAWING_VIEW);
+    ScreenToClient(window, &corner);
+    const auto standsAt = [&](LONG left, LONG top) {
+        for (LONG y = 0; y < sign.size.cy; ++y) {
+            const auto* row = &sign.pixels[static_cast<std::size_t>(y * sign.size.cx)];
+            if (!std::equal(row, row + sign.size.cx, &pixels[static_cast<std::size_t>((top + y) * width + left)]))
+                return false;
+        }
+        return true;
+    };
+    for (LONG x = corner.x - 1; x <= corner.x + 1; ++x)
+        for (LONG y = corner.y - 1; y <= corner.y + 1; ++y)
+            if (x >= 0 && y >= 0 && x + sign.size.cx <= width && y + sign.size.cy <= rect.bottom - rect.top &&
+                standsAt(x, y))
+                return true;
+    return false;
 }
 
 constexpr COLORREF kSign = workbench::colors::kBarTextDim;
+constexpr COLORREF kCurrentSign = workbench::colors::kAccent;
 
 } // namespace
 
@@ -207,10 +256,10 @@ TEST_F(PointerTest, TheStatusLineTellsNoPlaceWhileThePointerIsOverAnotherPane) {
 }
 
 TEST_F(PointerTest, AViewportShowsItsNumberWhileThePointerIsOverIt) {
-    const auto signIs = [this](const std::string& where, zdr::Point corner) {
+    const auto signIs = [this](const std::wstring& text, zdr::Point corner, COLORREF color = kSign) {
         Script script;
-        script.waitUntil("a number " + where,
-                         [this, corner](const View& view) { return isSignAt(view, kSign, pixelOf(corner)); });
+        script.waitUntil("the sign " + ui::narrow(text),
+                         [=, this](const View& view) { return isSignAt(view, text, color, pixelOf(corner)); });
         return script;
     };
     const auto noSign = [](const std::string& when) {
@@ -223,17 +272,18 @@ TEST_F(PointerTest, AViewportShowsItsNumberWhileThePointerIsOverIt) {
         .pointAway()
         .then(noSign("while the pointer is elsewhere"))
         .then(pointAt({60, 50}))
-        .then(signIs("in the one below the pointer", {20, 70}))
+        .then(signIs(L"Viewport 2", {20, 70}))
         .then(pointAt({60, 120}))
-        .then(signIs("in the other", {20, 150}))
+        .then(signIs(L"Viewport 3", {20, 150}))
         .then(command(L"VPORT 3"))
         .then(noSign("in the color of the others"))
+        .then(signIs(L"Viewport 3", {20, 150}, kCurrentSign))
         .then(command(L"VPORT none"))
-        .then(signIs("as before", {20, 150}))
+        .then(signIs(L"Viewport 3", {20, 150}))
         .then(pointAt({200, 200}))
         .then(noSign("beside the viewports"))
         .then(pointAt({60, 50}))
-        .then(signIs("in the first again", {20, 70}))
+        .then(signIs(L"Viewport 2", {20, 70}))
         .pointAway()
         .then(noSign("when the pointer has left"))
         .then(command(L"QUIT"));
