@@ -1,6 +1,6 @@
 #include "KeptAnswers.h"
 
-#include <windows.h>
+#include "persistence/RegistryKey.h"
 
 namespace workbench {
 
@@ -10,33 +10,13 @@ namespace {
 constexpr const wchar_t* kKey = L"Software\\KelWorkbench\\OutsideFolders";
 constexpr DWORD kLongestName = 16383;
 
-/// The key, open while this lives.
-class Key {
-  public:
-    Key() {
-        if (RegOpenKeyExW(HKEY_CURRENT_USER, kKey, 0, KEY_QUERY_VALUE, &m_key) != ERROR_SUCCESS)
-            m_key = nullptr;
-    }
-    ~Key() {
-        if (m_key)
-            RegCloseKey(m_key);
-    }
-    Key(const Key&) = delete;
-    Key& operator=(const Key&) = delete;
-
-    HKEY get() const { return m_key; }
-
-  private:
-    HKEY m_key = nullptr;
-};
-
 } // namespace
 
 std::vector<FolderAnswer> keptAnswers() {
     std::vector<FolderAnswer> answers;
-    const Key key;
+    framework::RegistryKey key;
     std::wstring name(kLongestName + 1, L'\0');
-    LSTATUS status = key.get() ? ERROR_SUCCESS : ERROR_NO_MORE_ITEMS;
+    LSTATUS status = key.openForReading(kKey) ? ERROR_SUCCESS : ERROR_NO_MORE_ITEMS;
     for (DWORD index = 0; status == ERROR_SUCCESS || status == ERROR_MORE_DATA; ++index) {
         DWORD length = kLongestName + 1, type = REG_NONE, value = 0, size = sizeof value;
         status = RegEnumValueW(key.get(), index, name.data(), &length, nullptr, &type, reinterpret_cast<BYTE*>(&value),

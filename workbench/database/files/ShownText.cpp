@@ -31,11 +31,6 @@ bool isUnshowable(wchar_t character) {
 
 } // namespace
 
-bool isControl(wchar_t character) {
-    const auto code = static_cast<unsigned>(character);
-    return code < 0x20 || (code >= 0x7F && code < 0xA0);
-}
-
 std::wstring shownText(std::wstring_view text) {
     std::wstring shown(text.substr(0, kLongestShown));
     if (shown.size() < text.size()) {

@@ -2,6 +2,7 @@
 
 #include "instruments/HostCalls.h"
 #include "KelEditor.h"
+#include "files/ShownText.h"
 #include "files/TextCoding.h"
 #include "model/CaseFolding.h"
 
@@ -13,11 +14,6 @@ using instruments::HostCall;
 namespace engine {
 namespace {
 
-bool isControl(wchar_t character) {
-    const auto code = static_cast<std::uint32_t>(character);
-    return code < 0x20 || (code >= 0x7F && code < 0xA0);
-}
-
 // A table, because every name of a file is looked at.
 constexpr std::array<bool, 0x80> kNotInExtendedNames = [] {
     std::array<bool, 0x80> table{};
@@ -27,7 +23,7 @@ constexpr std::array<bool, 0x80> kNotInExtendedNames = [] {
 }();
 
 bool allowedInExtendedName(wchar_t character, bool allowVerticalBar) {
-    if (isControl(character))
+    if (zdr::isControl(character))
         return false;
     if (character == L'|')
         return allowVerticalBar;
@@ -106,7 +102,7 @@ std::wstring mendedQualifiedName(std::wstring_view name) {
 }
 
 Vorn::ErrorStatus checkColorName(std::wstring_view name) {
-    if (std::ranges::any_of(name, isControl))
+    if (std::ranges::any_of(name, zdr::isControl))
         return Vorn::eInvalidInput;
     return zdr::lengthInUnits(name) > kMaxNameLength ? Vorn::eNameTooLong : Vorn::eOk;
 }
