@@ -33,6 +33,11 @@ Handles viewportsNamed(const zdr::Layout& layout, const std::wstring& name) {
     return found;
 }
 
+/// Whether the words end in "IN ...".
+bool isPlaced(const Words& words) {
+    return words.size() >= 2 && sameName(words[words.size() - 2], L"in");
+}
+
 /// None when there are no such viewports; the user has been told why then.
 std::optional<Target> targetOf(Session& session, const Words& words) {
     const zdr::Drawing& drawing = session.drawing();
@@ -41,7 +46,7 @@ std::optional<Target> targetOf(Session& session, const Words& words) {
         return std::nullopt;
     }
     const std::span<const std::wstring> all(words);
-    if (words.size() >= 2 && sameName(words[words.size() - 2], L"in")) {
+    if (isPlaced(words)) {
         Target target{all.first(words.size() - 2),
                       viewportsNamed(drawing.layouts[*drawing.activeLayout], words.back())};
         if (!target.viewports.empty())
@@ -132,9 +137,8 @@ void reset(Session& session, const Words& words) {
 
 /// Changes nothing, so without IN it means all viewports.
 void list(Session& session, const Words& words) {
-    const bool isPlaced = words.size() >= 2 && sameName(words[words.size() - 2], L"in");
     Words placed = words;
-    if (!isPlaced)
+    if (!isPlaced(words))
         placed.insert(placed.end(), {L"IN", L"ALL"});
     const auto active = session.drawing().activeLayout;
     if (active && viewportsNamed(session.drawing().layouts[*active], L"all").empty()) {

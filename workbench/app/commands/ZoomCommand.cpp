@@ -8,7 +8,6 @@
 #include "Session.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace workbench::commands {
 

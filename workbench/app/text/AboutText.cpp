@@ -20,11 +20,10 @@ std::span<const Library> libraries() {
 }
 
 std::wstring aboutText() {
-    std::wstring text = L"Kel "
-                        L"Workbench"
-                        L" " WORKBENCH_VERSION L"\n\nOpens, shows and saves drawings, changes their layers, and runs "
-                        L"the commands of modules.\n\n"
-                        L"It is built with these libraries of others:\n";
+    std::wstring text =
+        L"Kel Workbench " WORKBENCH_VERSION L"\n\nOpens, shows and saves drawings, changes their layers, and runs "
+        L"the commands of modules.\n\n"
+        L"It is built with these libraries of others:\n";
     for (const Library& library : kLibraries)
         text += std::wstring(L"\x2022 ") + library.name + L": " + library.license + L"\n";
     return text;

@@ -8,19 +8,12 @@ namespace workbench {
 namespace {
 
 constexpr UINT kSeparator = ID_MENU_RECENT_FIRST + RecentFiles::kMost;
-
-/// Where the item stands in the menu; -1 when it has none of that id.
-int placeOf(HMENU menu, UINT item) {
-    for (int place = ::GetMenuItemCount(menu); place-- > 0;)
-        if (::GetMenuItemID(menu, place) == item)
-            return place;
-    return -1;
-}
+constexpr UINT kNotThere = static_cast<UINT>(-1);
 
 } // namespace
 
 void RecentFilesMenu::fill(HMENU menu) {
-    if (placeOf(menu, ID_MENU_QUIT) < 0)
+    if (::GetMenuState(menu, ID_MENU_QUIT, MF_BYCOMMAND) == kNotThere)
         return;
     for (UINT item = ID_MENU_RECENT_FIRST; item <= kSeparator; ++item)
         ::DeleteMenu(menu, item, MF_BYCOMMAND);

@@ -40,6 +40,11 @@ void StatusLine::show(const StatusFacts& facts) {
     Invalidate(FALSE);
 }
 
+/// Where the field of the layer's name begins: behind the swatch, but for a part of its padding.
+int StatusLine::nameStart() const {
+    return m_look.px(kPadding) + m_look.px(kSwatch) - m_look.px(2);
+}
+
 StatusSpans StatusLine::spans() {
     CRect client;
     GetClientRect(client);
@@ -55,8 +60,7 @@ StatusSpans StatusLine::spansIn(CDC& dc, int line) const {
     const int padding = 2 * m_look.px(kPadding);
     StatusWidths widths;
     if (!m_facts.layer.empty()) {
-        const int swatch = m_look.px(kPadding) + m_look.px(kSwatch) - m_look.px(2);
-        widths.layer = swatch + widthOf(dc, m_facts.layer) + padding;
+        widths.layer = nameStart() + widthOf(dc, m_facts.layer) + padding;
         widths.space = widthOf(dc, m_facts.space) + padding;
     }
     const std::wstring longPlace = placeText(kLongPlace) + L" " + m_facts.unit;
@@ -88,7 +92,7 @@ void StatusLine::drawNames(CDC& dc, const StatusSpans& spans) const {
     const CRect swatch(CPoint(m_look.px(kPadding), (height() - side) / 2), CSize(side, side));
     dc.FillSolidRect(swatch, rgbOf(m_facts.layerColor, RGB(255, 255, 255), paletteRgb));
     dc.Draw3dRect(swatch, colors::kBarTextDim, colors::kBarTextDim);
-    drawText(dc, {swatch.right - m_look.px(2), spans.layer.right}, m_facts.layer, colors::kBarText, DT_LEFT);
+    drawText(dc, {nameStart(), spans.layer.right}, m_facts.layer, colors::kBarText, DT_LEFT);
     drawSeparator(dc, spans.layer.right);
     drawText(dc, spans.space, m_facts.space, colors::kBarText, DT_LEFT);
     drawSeparator(dc, spans.space.right);

@@ -32,6 +32,7 @@ class StatusLine : public CWnd {
     afx_msg BOOL OnSetCursor(CWnd* window, UINT hit, UINT message);
 
   private:
+    int nameStart() const;
     StatusSpans spansIn(CDC& dc, int line) const;
     void draw(CDC& dc, const CRect& client) const;
     void drawText(CDC& dc, const StatusSpan& span, const std::wstring& text, COLORREF color, UINT side) const;
