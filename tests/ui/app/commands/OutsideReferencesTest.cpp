@@ -56,34 +56,22 @@ class OutsideReferencesTest : public WorkbenchTest {
     }
 };
 
-Script key(WORD code) {
-    Script script;
-    script.press(code);
-    return script;
-}
-
-Script button(int id) {
-    Script script;
-    script.click(id);
-    return script;
-}
-
 } // namespace
 
 TEST_F(OutsideReferencesTest, YesShowsTheReferenceAndIsKept) {
-    openAndAnswer(button(IDYES));
+    openAndAnswer(Script().click(IDYES));
     EXPECT_TRUE(isShown());
     expectKept({{siteFolder(), true}});
 }
 
 TEST_F(OutsideReferencesTest, NoIsWhatEnterAnswersAndIsKept) {
-    openAndAnswer(key(VK_RETURN));
+    openAndAnswer(Script().press(VK_RETURN));
     EXPECT_FALSE(isShown());
     expectKept({{siteFolder(), false}});
 }
 
 TEST_F(OutsideReferencesTest, EscLeavesItOutAndKeepsNothing) {
-    openAndAnswer(key(VK_ESCAPE));
+    openAndAnswer(Script().press(VK_ESCAPE));
     EXPECT_FALSE(isShown());
     expectKept({});
 }
@@ -92,7 +80,7 @@ TEST_F(OutsideReferencesTest, AKeptAnswerIsNotAskedForUntilItIsForgotten) {
     Script script;
     script.then(openHouse())
         .then(question())
-        .then(button(IDNO))
+        .click(IDNO)
         .then(said(kLeftOut))
         .then(command(L"NEW"))
         .then(openHouse())
@@ -103,7 +91,7 @@ TEST_F(OutsideReferencesTest, AKeptAnswerIsNotAskedForUntilItIsForgotten) {
         .then(said(L"1 answer is forgotten"))
         .then(openHouse())
         .then(question())
-        .then(button(IDYES))
+        .click(IDYES)
         .then(
             said(L"1 answer is forgotten: you are asked again.\r\nCommand: OPEN " + path("house.zdr") + L"\r\nOpened "))
         .then(command(L"QUIT"));
@@ -135,7 +123,7 @@ TEST_F(OutsideReferencesTest, TheLinesOfTheProgramsStartAreAskedNothing) {
 TEST_F(OutsideReferencesTest, ADrawingThatTheProgramIsStartedWithIsAskedAbout) {
     window->typeLater(L"OPEN " + path("house.zdr"));
     Script script;
-    script.then(question()).then(button(IDYES)).then(said(L"Opened ")).then(command(L"QUIT"));
+    script.then(question()).click(IDYES).then(said(L"Opened ")).then(command(L"QUIT"));
     runWith(script);
     EXPECT_TRUE(isShown());
 }
@@ -154,7 +142,7 @@ TEST_F(OutsideReferencesTest, WhatIsNoAnswerInTheRegistryIsAskedAboutAgain) {
     keep(4, REG_BINARY, much.data(), static_cast<DWORD>(much.size()));
     keep(5, REG_DWORD, "\1", 1);
     expectKept({});
-    openAndAnswer(button(IDYES));
+    openAndAnswer(Script().click(IDYES));
     expectKept({{siteFolder(), true}});
 }
 

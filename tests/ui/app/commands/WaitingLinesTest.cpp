@@ -1,6 +1,7 @@
 // Lines and clicks that come while a script runs, or while what was typed before still waits: they are told what goes
 // first, and come in their turn.
 
+#include "LinesOfScripts.h"
 #include "SystemRegistry.h"
 #include "WorkbenchFixture.h"
 #include "WorkbenchIds.h"
@@ -25,20 +26,6 @@ std::string repeated(const std::string& line, int times) {
     for (int i = 0; i < times; ++i)
         lines += line + '\n';
     return lines;
-}
-
-constexpr ULONGLONG kLongEnough = 25; // milliseconds; the window runs lines for less before it looks at input
-
-/// Takes so much time, for as long as `goesOn`, that the window looks at input afterwards.
-template <class GoesOn> void takeTimeWhile(GoesOn goesOn) {
-    const ULONGLONG start = GetTickCount64();
-    while (goesOn() && GetTickCount64() - start < kLongEnough) {
-    }
-}
-
-/// As a line of a script: lets input in, so that it is dealt with before a script of many such lines ends.
-void letInputIn() {
-    takeTimeWhile([] { return HIWORD(GetQueueStatus(QS_INPUT)) != 0; });
 }
 
 std::wstring g_statusInScript;

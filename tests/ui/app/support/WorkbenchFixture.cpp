@@ -68,6 +68,13 @@ ui::Script WorkbenchTest::said(const std::wstring& text) {
     return script;
 }
 
+ui::Script WorkbenchTest::titleIs(const std::wstring& drawing) {
+    ui::Script script;
+    script.waitUntil("the title names " + ui::narrow(drawing),
+                     [drawing](const ui::View& view) { return view.title() == drawing + L" - Kel Workbench"; });
+    return script;
+}
+
 ui::Script WorkbenchTest::answerBox(const std::wstring& text, int button) {
     ui::Script script;
     script.waitUntil("a message box with \"" + ui::narrow(text) + "\"", [text](const ui::View& view) {

@@ -22,6 +22,8 @@ class WorkbenchTest : public testing::Test {
     static ui::Script command(const std::wstring& line);
     /// A step that waits until the history shows the text.
     static ui::Script said(const std::wstring& text);
+    /// A step that waits until the title names the drawing so: "plan.zdr", or "plan.zdr*" with changes.
+    static ui::Script titleIs(const std::wstring& drawing);
     /// Steps that answer the message box with that text by the button of that id.
     static ui::Script answerBox(const std::wstring& text, int button);
 

@@ -71,20 +71,14 @@ TEST_F(LookingTest, SavingLeavesAloneWhatIsOnViewInModelSpaceAndOnASheet) {
 }
 
 TEST_F(LookingTest, LookingElsewhereTakesNoStepOfUndoAndLeavesWhatCanBeDoneAgain) {
-    const auto titleIs = [](const std::wstring& title) {
-        Script script;
-        script.waitUntil("the title is " + ui::narrow(title),
-                         [title](const View& view) { return view.title() == title; });
-        return script;
-    };
     Script script;
-    script.then(open()).then(command(L"LAYER NEW Walls")).then(titleIs(L"plan.zdr* - Kel Workbench"));
+    script.then(open()).then(command(L"LAYER NEW Walls")).then(titleIs(L"plan.zdr*"));
     script.press(VK_NEXT, ui::holdControl)
         .waitUntil("the sheet", [this](const View&) { return session().drawing().activeLayout == 0u; })
         .then(command(L"VPORT 2"))
         .then(said(L"Viewport 2 is current."))
         .then(command(L"U"))
-        .then(titleIs(L"plan.zdr - Kel Workbench"))
+        .then(titleIs(L"plan.zdr"))
         .look("the layer is taken back and nothing else",
               [this](const View&) {
                   EXPECT_EQ(session().drawing().layers.size(), 1u);
@@ -95,12 +89,12 @@ TEST_F(LookingTest, LookingElsewhereTakesNoStepOfUndoAndLeavesWhatCanBeDoneAgain
         .then(said(L"The paper of the layout is current."));
     script.press(VK_PRIOR, ui::holdControl)
         .waitUntil("the model tab", [this](const View&) { return !session().drawing().activeLayout; })
-        .then(titleIs(L"plan.zdr - Kel Workbench"))
+        .then(titleIs(L"plan.zdr"))
         .then(command(L"REDO"))
-        .then(titleIs(L"plan.zdr* - Kel Workbench"))
+        .then(titleIs(L"plan.zdr*"))
         .look("the layer is there again", [this](const View&) { EXPECT_EQ(session().drawing().layers.size(), 2u); })
         .then(command(L"U"))
-        .then(titleIs(L"plan.zdr - Kel Workbench"))
+        .then(titleIs(L"plan.zdr"))
         .then(command(L"QUIT"));
     runWith(script);
     EXPECT_EQ(window->m_hWnd, nullptr) << "nothing was asked";

@@ -2,6 +2,7 @@
 // viewport below it, and its wheel zooms in the current viewport.
 
 #include "HandmadeDrawing.h"
+#include "LinesOfScripts.h"
 #include "SystemRegistry.h"
 #include "UnitsText.h"
 #include "WorkbenchFixture.h"
@@ -70,12 +71,6 @@ class PointerTest : public WorkbenchTest {
             ui::turnWheel(steps * WHEEL_DELTA);
             return std::nullopt;
         });
-        return script;
-    }
-    static Script titleIs(const std::wstring& title) {
-        Script script;
-        script.waitUntil("the title is " + ui::narrow(title),
-                         [title](const View& view) { return view.title() == title + L" - Kel Workbench"; });
         return script;
     }
 };
@@ -368,12 +363,7 @@ TEST_F(PointerTest, TheWheelZoomsTheSheetWhereNoCurrentViewportIs) {
 // take so long that it is dealt with before the end.
 TEST_F(PointerTest, AViewportStaysAsTheScriptHasMadeItWhileAScriptRuns) {
     runtime::commandStack().addCommand(L"TEST", L"TURN", L"TURN", 0, [] { ui::turnWheel(WHEEL_DELTA); });
-    runtime::commandStack().addCommand(L"TEST", L"N", L"N", 0, [] {
-        constexpr ULONGLONG kLongEnough = 25; // milliseconds; the window runs lines for less
-        const ULONGLONG start = GetTickCount64();
-        while (HIWORD(GetQueueStatus(QS_INPUT)) && GetTickCount64() - start < kLongEnough) {
-        }
-    });
+    runtime::commandStack().addCommand(L"TEST", L"N", L"N", 0, letInputIn);
     std::ofstream lines(folder / "long.scr", std::ios::binary);
     lines << "TURN\n";
     for (int i = 0; i < 1000; ++i)

@@ -1,6 +1,7 @@
 // What a viewport shows is a change of the drawing: it stands on the paper. Turning the wheel on is no step of its own.
 
 #include "CommandFixture.h"
+#include "HandmadeDrawing.h"
 
 #include "engine/DatabaseAccess.h"
 
@@ -10,10 +11,7 @@ class ViewportZoomTest : public CommandFixture {
   protected:
     ViewportZoomTest() {
         zdr::Drawing two = drawing();
-        zdr::Viewport second = two.layouts[0].viewports[0];
-        second.handle = two.nextHandle++;
-        second.number = 3;
-        two.layouts[0].viewports.push_back(second);
+        handmade::addSecondViewport(two);
         session.rebuild(two);
         run(L"SAVEAS " + path("plan.zdr"));
         before = viewport(0).scale;
