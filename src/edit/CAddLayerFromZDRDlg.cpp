@@ -117,7 +117,8 @@ void CAddLayerFromZDRDlg::OnOK() {
     SaveColumnSizes(&m_layerGrid);
     m_selectedIds.setLogicalLength(0);
     for (int row = -1; (row = m_layerGrid.GetNextItem(row, LVNI_SELECTED)) >= 0;)
-        m_selectedIds.append(reinterpret_cast<const CLayerRcd*>(m_layerGrid.GetItemData(row))->m_layerId);
+        if (const auto* record = reinterpret_cast<const CLayerRcd*>(m_layerGrid.GetItemData(row)))
+            m_selectedIds.append(record->m_layerId);
     CKelUiDialog::OnOK();
 }
 

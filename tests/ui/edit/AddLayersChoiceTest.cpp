@@ -52,6 +52,23 @@ TEST_F(AddLayersChoice, OfSeveralRowsAddsThemInTheOrderInWhichTheyStand) {
                                                 callsOfAdded("#4", "Attic", "color 2")})));
 }
 
+TEST_F(AddLayersChoice, PassesOverARowWithoutARecord) {
+    open(grown());
+    add(Script()
+            .clickCellOf(grid, L"Attic")
+            .look("that row to hold no record any more",
+                  [](const View& view) {
+                      LVITEMW item = {};
+                      item.mask = LVIF_PARAM;
+                      item.iItem = view.selectedRows(grid).front();
+                      EXPECT_TRUE(SendMessageW(GetDlgItem(view.window(), grid), LVM_SETITEMW, 0,
+                                               reinterpret_cast<LPARAM>(&item)));
+                  })
+            .clickCellOf(grid, L"Cellar", ui::holdControl)
+            .click(IDOK),
+        [](const View& view) { EXPECT_THAT(rows(view), ElementsAre(L"Cellar", L"Walls", L"Base")); });
+}
+
 TEST_F(AddLayersChoice, ShowsTheLiveValuesOfWhatWasAdded) {
     open(grown());
     engine::LayerValues yard = engine::layerValues(database(), 3);
