@@ -2,10 +2,8 @@
 #pragma once
 
 #include "Stub.h"
-#include "model/SeededHash.h"
 
 #include <deque>
-#include <unordered_map>
 #include <vector>
 
 namespace engine {
@@ -54,11 +52,12 @@ class ObjectDirectory {
     using List = std::vector<KelDbStub*>;
     /// The stubs that are in the drawing, or were in it and may come back by undo.
     struct Content {
-        std::unordered_map<zdr::Handle, KelDbStub*, zdr::HandleHash> byHandle;
+        std::vector<std::pair<zdr::Handle, KelDbStub*>> byHandle; ///< in the order of handles
         List layers, linetypes, plotStyles, states;
     };
     List& list(ObjectKind kind);
-    KelDbStub* make(Content& content, zdr::Handle handle, ObjectKind kind, std::size_t index);
+    KelDbStub* make(zdr::Handle handle, ObjectKind kind, std::size_t index);
+    KelDbStub* enter(zdr::Handle handle, ObjectKind kind, std::size_t index);
     void insert(List& list, std::size_t index, zdr::Handle handle, ObjectKind kind);
     static void remove(List& list, std::size_t index);
 
