@@ -5,26 +5,30 @@
 
 namespace engine {
 
-template <class Style>
-void DatabaseImp::appendStyles(std::vector<Style>& list, std::vector<Style> more, ObjectKind kind, const Parts& parts) {
+template <class Object>
+void DatabaseImp::appendAll(std::vector<Object>& list, std::vector<Object> more, ObjectKind kind, const Parts& parts) {
     if (more.empty())
         return;
     zdr::makeRoom(list, more.size());
     m_objects.expect(kind, m_drawing.nextHandle, more.size());
     const Writing writing(m_lookups, parts); // nothing fails from here on
-    for (Style& style : more) {
-        style.handle = newHandle();
-        m_objects.append(kind, style.handle);
-        list.push_back(std::move(style));
+    for (Object& object : more) {
+        object.handle = newHandle();
+        m_objects.append(kind, object.handle);
+        list.push_back(std::move(object));
     }
 }
 
 void DatabaseImp::appendLinetypes(std::vector<zdr::Linetype> linetypes) {
-    appendStyles(m_drawing.linetypes, std::move(linetypes), ObjectKind::Linetype, {.linetypes = true});
+    appendAll(m_drawing.linetypes, std::move(linetypes), ObjectKind::Linetype, {.linetypes = true});
 }
 
 void DatabaseImp::appendPlotStyles(std::vector<zdr::PlotStyle> styles) {
-    appendStyles(m_drawing.plotStyles, std::move(styles), ObjectKind::PlotStyle, {.plotStyles = true});
+    appendAll(m_drawing.plotStyles, std::move(styles), ObjectKind::PlotStyle, {.plotStyles = true});
+}
+
+void DatabaseImp::appendStates(std::vector<zdr::LayerState> states) {
+    appendAll(m_drawing.states, std::move(states), ObjectKind::State, {.states = true});
 }
 
 void DatabaseImp::appendLayers(std::vector<WholeLayer> layers) {

@@ -100,9 +100,9 @@ void DatabaseImp::setActiveSpace(std::optional<std::size_t> layout, std::optiona
     m_drawing.currentViewport = viewport;
 }
 
-std::size_t DatabaseImp::insertState(zdr::LayerState&& state, std::optional<std::size_t> position) {
-    std::size_t index = position.value_or(m_drawing.states.size());
-    while (!position && index > 0 && m_drawing.states[index - 1].reference != zdr::kNone)
+std::size_t DatabaseImp::insertState(zdr::LayerState&& state) {
+    std::size_t index = m_drawing.states.size();
+    while (index > 0 && m_drawing.states[index - 1].reference != zdr::kNone)
         --index;
     putInState(index, std::move(state));
     m_lookups.stateInserted(index);

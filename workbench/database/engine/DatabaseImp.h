@@ -64,8 +64,8 @@ class DatabaseImp : public KelDbImpDatabase {
     void setCurrentLayer(std::size_t index);
     void setLastRestored(std::optional<std::wstring> name);
     void setLinetypeScale(double scale);
-    /// Puts a state in after the drawing's own ones, or at `position`, gives it a handle, and answers its place.
-    std::size_t insertState(zdr::LayerState&& state, std::optional<std::size_t> position = std::nullopt);
+    /// Puts a state in after the drawing's own ones, gives it a handle, and answers its place.
+    std::size_t insertState(zdr::LayerState&& state);
     /// Puts a state with a handle of its own in the place of another one, whose name it bears in whatever spelling.
     void replaceState(std::size_t index, zdr::LayerState&& state);
     void removeState(std::size_t index);
@@ -99,10 +99,11 @@ class DatabaseImp : public KelDbImpDatabase {
     void setActiveSpace(std::optional<std::size_t> layout, std::optional<zdr::Handle> viewport);
 
     // What attaching a reference changes; not undone.
-    /// Append to a table; each layer or style gets a handle.
+    /// Append to a table, or to all states; each layer, style or state gets a handle.
     void appendLinetypes(std::vector<zdr::Linetype> linetypes);
     void appendPlotStyles(std::vector<zdr::PlotStyle> styles);
     void appendLayers(std::vector<WholeLayer> layers);
+    void appendStates(std::vector<zdr::LayerState> states);
     /// Takes out the layers at all marked places. Nothing may be drawn on them, and none may be current.
     void removeLayers(const std::vector<bool>& gone);
     void removeStates(const std::vector<bool>& gone);
@@ -131,8 +132,8 @@ class DatabaseImp : public KelDbImpDatabase {
         m_history.perform(std::forward<Side>(change), m_drawing, m_objects);
     }
     bool carry(const std::optional<Parts>& parts, std::uint64_t (UndoHistory::*way)(zdr::Drawing&, ObjectDirectory&));
-    template <class Style>
-    void appendStyles(std::vector<Style>& list, std::vector<Style> more, ObjectKind kind, const Parts& parts);
+    template <class Object>
+    void appendAll(std::vector<Object>& list, std::vector<Object> more, ObjectKind kind, const Parts& parts);
     std::shared_ptr<zdr::LayerSet> layerSet() const;
     /// Leaves the index of states as it is.
     void putInState(std::size_t index, zdr::LayerState&& state);

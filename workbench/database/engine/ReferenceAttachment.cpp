@@ -52,8 +52,10 @@ class Attachment {
         dropLayersThatAreGone();
         m_database.appendLayers(std::move(m_fresh));
         enterMissingStyles();
+        m_freshStates.reserve(m_from.states.size());
         for (const zdr::LayerState& state : m_from.states)
             enterState(state);
+        m_database.appendStates(std::move(m_freshStates));
         enterMendedNames();
     }
 
@@ -168,7 +170,7 @@ class Attachment {
         state.columns.plotStyles = styles(state.columns.plotStyles);
         state.currentLayer = prefixed(state.currentLayer);
         state.reference = m_reference;
-        m_database.insertState(std::move(state), m_database.drawing().states.size());
+        m_freshStates.push_back(std::move(state));
     }
 
     // The drawing may have kept as its last restored state one that its reference's file calls otherwise.
@@ -191,6 +193,7 @@ class Attachment {
     std::vector<WholeLayer> m_fresh;         // layers that the drawing doesn't know yet
     std::vector<zdr::Linetype> m_freshLinetypes;
     std::vector<zdr::PlotStyle> m_freshPlotStyles;
+    std::vector<zdr::LayerState> m_freshStates;
     std::unordered_map<const zdr::LayerSet*, std::shared_ptr<const zdr::LayerSet>> m_sets; // the drawing's
     ColumnTranslation<zdr::NameId> m_styleColumns;
     ColumnTranslation<zdr::ColorId> m_colorColumns;
