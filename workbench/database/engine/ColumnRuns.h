@@ -8,8 +8,7 @@
 
 namespace engine {
 
-/// Row by row, for a scattered mapping: whether the columns agree in `bits` of each value. The drawing must have all
-/// layers of the state.
+/// Row by row, for a scattered mapping: whether the columns agree in `bits` of each value that both have.
 template <class T>
 bool rowsEqual(const T* state, const T* drawing, const LayerMapping& mapping, T bits = static_cast<T>(~T{0})) {
     constexpr std::size_t kBlock = 512;
@@ -17,8 +16,13 @@ bool rowsEqual(const T* state, const T* drawing, const LayerMapping& mapping, T 
     for (std::size_t begin = 0; begin < mapping.rows.size(); begin += kBlock) {
         const std::size_t end = std::min(begin + kBlock, mapping.rows.size());
         unsigned difference = 0;
-        for (std::size_t i = begin; i < end; ++i)
-            difference |= static_cast<unsigned>((state[i] ^ drawing[rows[i]]) & bits);
+        if (mapping.missing == 0)
+            for (std::size_t i = begin; i < end; ++i)
+                difference |= static_cast<unsigned>((state[i] ^ drawing[rows[i]]) & bits);
+        else
+            for (std::size_t i = begin; i < end; ++i)
+                if (rows[i] != LayerMapping::kAbsent)
+                    difference |= static_cast<unsigned>((state[i] ^ drawing[rows[i]]) & bits);
         if (difference)
             return false;
     }
@@ -40,6 +44,7 @@ void writeRows(T* drawing, const T* state, const LayerMapping& mapping, const Wr
                 write(drawing[rows[i]], state[i]);
 }
 
+/// Whether the columns agree in each value that both have.
 template <class T>
 bool runsEqual(const zdr::Column<T>& state, const zdr::Column<T>& drawing, const LayerMapping& mapping) {
     const T* const left = state.values().data();
@@ -77,6 +82,18 @@ inline bool bitsEqual(const std::uint8_t* left, const std::uint8_t* right, std::
     return true;
 }
 
+/// Whether the columns agree in `bits` of each value that both have.
+inline bool bitsMatch(const zdr::Column<std::uint8_t>& state, const zdr::Column<std::uint8_t>& drawing,
+                      const LayerMapping& mapping, std::uint8_t bits) {
+    const std::uint8_t* const left = state.values().data();
+    const std::uint8_t* const right = drawing.values().data();
+    if (mapping.isScattered())
+        return rowsEqual(left, right, mapping, bits);
+    return std::ranges::all_of(mapping.runs, [&](const LayerMapping::Run& run) {
+        return bitsEqual(left + run.state, right + run.drawing, run.count, bits);
+    });
+}
+
 /// The drawing's values with the state's in their places, where the runs follow each other in both: each value is
 /// written once.
 template <class T>
@@ -100,7 +117,7 @@ template <class T> void copyRuns(zdr::Column<T>& drawing, const zdr::Column<T>& 
         drawing = state;
         return;
     }
-    if (mapping.missing == 0 && runsEqual(state, drawing, mapping))
+    if (runsEqual(state, drawing, mapping))
         return;
     const T* const from = state.values().data();
     if (mapping.isScattered())
@@ -112,9 +129,11 @@ template <class T> void copyRuns(zdr::Column<T>& drawing, const zdr::Column<T>& 
             std::memcpy(to + run.drawing, from + run.state, run.count * sizeof(T));
 }
 
-/// Copies `bits` of each byte and leaves the others.
+/// Copies `bits` of each byte and leaves the others. A column that has them already stays as it is.
 inline void copyBits(zdr::Column<std::uint8_t>& drawing, const zdr::Column<std::uint8_t>& state,
                      const LayerMapping& mapping, std::uint8_t bits) {
+    if (bitsMatch(state, drawing, mapping, bits))
+        return;
     const auto copy = [bits](std::uint8_t& to, std::uint8_t from) {
         to = static_cast<std::uint8_t>((to & ~bits) | (from & bits));
     };

@@ -13,13 +13,7 @@ bool flagsMatch(const zdr::Column<std::uint8_t>& state, const zdr::Column<std::u
                 const LayerMapping& mapping, std::uint32_t mask) {
     const std::uint32_t viewportBit = mask & MaskViewportFrozen ? zdr::kLayerViewportFrozen : 0;
     const auto bits = static_cast<std::uint8_t>((mask & kFlagBits) | viewportBit);
-    if (bits == 0)
-        return true;
-    if (mapping.isScattered())
-        return rowsEqual(state.values().data(), shown.values().data(), mapping, bits);
-    return std::ranges::all_of(mapping.runs, [&](const LayerMapping::Run& run) {
-        return bitsEqual(state.values().data() + run.state, shown.values().data() + run.drawing, run.count, bits);
-    });
+    return bits == 0 || bitsMatch(state, shown, mapping, bits);
 }
 
 bool compare(const DatabaseImp& database, const zdr::LayerState& state, const zdr::Viewport* viewport) {
