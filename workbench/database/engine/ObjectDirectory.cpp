@@ -38,9 +38,9 @@ void ObjectDirectory::fill(const zdr::Drawing& drawing) {
         drawing.layers.size() + drawing.linetypes.size() + drawing.plotStyles.size() + drawing.states.size();
     for (const zdr::Layout& layout : drawing.layouts)
         count += layout.viewports.size();
-    const auto kFixed = {ObjectKind::StateDictionary, ObjectKind::PlotStyleDictionary, ObjectKind::LinetypeTable,
-                         ObjectKind::LayerTable};
-    fresh.byHandle.reserve(count + kFixed.size());
+    constexpr ObjectKind kFixed[] = {ObjectKind::StateDictionary, ObjectKind::PlotStyleDictionary,
+                                     ObjectKind::LinetypeTable, ObjectKind::LayerTable};
+    fresh.byHandle.reserve(count + std::size(kFixed));
     const auto add = [&](zdr::Handle handle, ObjectKind kind, std::size_t index) {
         return fresh.byHandle.emplace_back(handle, make(handle, kind, index)).second;
     };
