@@ -30,15 +30,17 @@ bool rowsEqual(const T* state, const T* drawing, const LayerMapping& mapping, T 
 }
 
 /// Row by row, for a scattered mapping: calls `write` with each value of the drawing that the state has, and the
-/// state's.
+/// state's. Unrolled: the loops that GCC makes of them at -O3 by itself take a quarter longer.
 template <class T, class Write>
 void writeRows(T* drawing, const T* state, const LayerMapping& mapping, const Write& write) {
     const std::uint32_t* const rows = mapping.rows.data();
     const std::size_t count = mapping.rows.size();
     if (mapping.missing == 0)
+#pragma GCC unroll 4
         for (std::size_t i = 0; i < count; ++i)
             write(drawing[rows[i]], state[i]);
     else
+#pragma GCC unroll 4
         for (std::size_t i = 0; i < count; ++i)
             if (rows[i] != LayerMapping::kAbsent)
                 write(drawing[rows[i]], state[i]);
