@@ -8,11 +8,14 @@ namespace {
 
 constexpr std::size_t kLayersPerRun = 32;
 
-void listRows(LayerMapping& mapping, std::size_t stateCount) {
+void listRows(LayerMapping& mapping, std::size_t stateCount, std::size_t drawingCount) {
     mapping.rows.assign(stateCount, LayerMapping::kAbsent);
+    mapping.sources.assign(drawingCount, LayerMapping::kAbsent);
     for (const LayerMapping::Run& run : mapping.runs)
-        for (std::size_t i = 0; i < run.count; ++i)
+        for (std::size_t i = 0; i < run.count; ++i) {
             mapping.rows[run.state + i] = static_cast<std::uint32_t>(run.drawing + i);
+            mapping.sources[run.drawing + i] = static_cast<std::uint32_t>(run.state + i);
+        }
 }
 
 } // namespace
@@ -35,7 +38,7 @@ LayerMapping mapLayers(const zdr::LayerSet& stateLayers, const NameIdIndex& draw
     }
     mapping.whole = mapping.missing == 0 && mapping.held == drawingCount && mapping.runs.size() <= 1;
     if (mapping.runs.size() > 1 && mapping.runs.size() * kLayersPerRun > mapping.held)
-        listRows(mapping, stateLayers.names.size());
+        listRows(mapping, stateLayers.names.size(), drawingCount);
     return mapping;
 }
 

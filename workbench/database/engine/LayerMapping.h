@@ -19,9 +19,9 @@ struct LayerMapping {
     std::size_t missing = 0; ///< layers of the state that the drawing lacks
     bool whole = false;      ///< the state holds just the drawing's layers, in its order
     std::size_t held = 0;    ///< layers of the drawing that the state holds
-    /// For each layer of the state its index in the drawing, kAbsent for one that the drawing lacks. Filled only when
-    /// the two orders have so little in common that runs don't pay.
-    std::vector<std::uint32_t> rows;
+    /// For each layer of the state its index in the drawing, and for each of the drawing its row in the state; kAbsent
+    /// for one that the other lacks. Filled only when the two orders have so little in common that runs don't pay.
+    std::vector<std::uint32_t> rows, sources;
     static constexpr std::uint32_t kAbsent = ~std::uint32_t{0};
     bool isScattered() const { return !rows.empty(); }
 };
