@@ -120,6 +120,20 @@ TEST_P(RestoreOrder, WritesEachLayerItsOwnValuesAndLeavesTheOthers) {
     EXPECT_EQ(allValues(), expected);
 }
 
+TEST_P(RestoreOrder, SeesThatOneLayersColourIsTheNextOne) {
+    constexpr std::size_t changed = 120;
+    const Places places = arranged();
+    useState(places, [this](std::size_t place) {
+        engine::LayerValues values = engine::layerValues(m_database, place == kGone ? 0 : place);
+        values.color ^= place == changed ? 1 : 0;
+        return values;
+    });
+    std::vector<engine::LayerValues> expected = allValues();
+    expected[changed].color ^= std::ranges::count(places, changed) == 1 ? 1 : 0;
+    ASSERT_EQ(restore(L"Plan"), Vorn::eOk);
+    EXPECT_EQ(allValues(), expected);
+}
+
 TEST_P(RestoreOrder, CopiesNoColumnThatHasTheValuesAlready) {
     const Places places = arranged();
     useState(places, [this](std::size_t place) {
