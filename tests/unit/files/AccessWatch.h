@@ -4,8 +4,9 @@
 #include <memory>
 #include <string>
 
-/// One at a time. On Windows it is a named pipe, which every access connects to. Elsewhere this program's own
-/// functions of the names by which files are asked for stand before the system's, and write their paths down.
+/// One at a time. On Windows it is a named pipe, which everything that opens the path connects to; under Wine, what
+/// only asks for its attributes doesn't. Elsewhere this program's own functions of the names by which files are asked
+/// for stand before the system's, and write their paths down.
 class AccessWatch {
   public:
     AccessWatch();
