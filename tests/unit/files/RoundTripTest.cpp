@@ -35,6 +35,19 @@ TEST(RoundTrip, everythingADrawingHoldsSurvives) {
     EXPECT_EQ(difference(throughBytes(drawing), drawing), "");
 }
 
+TEST(RoundTrip, aLayerOfANestedReferenceMayHaveThirtyTwoFullPartsInItsName) {
+    Drawing drawing = sampleDrawing();
+    const std::wstring part(255, L'p');
+    drawing.references[0].name = part;
+    std::wstring name = part;
+    for (int i = 1; i < 32; ++i)
+        name += L"!" + part;
+    drawing.layers[3].name = drawing.names.intern(name);
+    const Drawing read = throughBytes(drawing);
+    ASSERT_EQ(read.layers.size(), 4u);
+    EXPECT_EQ(read.names.text(read.layers[3].name), name);
+}
+
 TEST(RoundTrip, aFileHoldsTheSameAsMemory) {
     const TemporaryFolder folder;
     const std::wstring path = folder.file(L"Wohnh\x00E4user.zdr");
