@@ -207,6 +207,7 @@ TEST(OutsidePaths, APathOfAReferenceCountsFromItsDrawing) {
         {L"C:/plans/a.zdr", L"sub/b.zdr", L"C:\\plans\\sub\\b.zdr"},
         {L"C:\\plans\\a.zdr", L"\\b.zdr", L"C:\\b.zdr"},
         {L"C:\\plans\\a.zdr", L"D:\\b.zdr", L"D:\\b.zdr"},
+        {L"C:\\plans\\a.zdr", L"C:\\b.zdr", L"C:\\b.zdr"},
         {L"C:\\plans\\a.zdr", L"c:b.zdr", L"C:\\plans\\b.zdr"},
         {L"C:\\plans\\a.zdr", L"D:b.zdr", L"D:b.zdr"},
         {L"C:a.zdr", L"b.zdr", L"C:b.zdr"},
