@@ -133,7 +133,14 @@ void clickControl(DrivenProgram& program, HWND dialog, int control) {
 void typeInto(DrivenProgram& program, HWND control, const std::wstring& text) {
     program.waitUntil("what is to be typed into has the keyboard", [control] { return hasKeyboard(control); });
     ui::typeText(text);
-    program.waitUntil("this and no more was typed: " + narrow(text), [&] { return windowText(control) == text; });
+    std::wstring shown;
+    const bool came = comesTrue([&] {
+        shown = windowText(control);
+        return shown == text || program.hasEnded();
+    });
+    if (!came || shown != text)
+        throw Disappointment("typed \"" + narrow(text) + "\", but there stands \"" + narrow(shown) + "\"" +
+                             (came ? ", and the program has ended" : ""));
 }
 
 std::wstring windowText(HWND window) {

@@ -199,8 +199,13 @@ bool pressCharacter(wchar_t character, unsigned held) {
 
 void typeText(std::wstring_view text) {
     for (const wchar_t character : text) {
-        if (pressCharacter(character))
+        const SHORT found = VkKeyScanW(character);
+        if (found != -1 && HIBYTE(found) == 0) {
+            pressKey(LOBYTE(found));
             continue;
+        }
+        // Not with Shift: when a window comes up under the pointer, the X server tells which keys are down; it knows
+        // nothing of ours, and so Wine lets go of Shift before the letter (one capital in 200 on a busy system).
         Batch batch;
         batch.unicode(character, true);
         batch.unicode(character, false);

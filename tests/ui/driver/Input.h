@@ -41,7 +41,7 @@ void pressKey(WORD key, unsigned held = holdNothing);
 /// Presses the keys that make a character on the keyboard in use, with more keys held: Alt and '<', for example.
 /// False when that keyboard has no such character.
 bool pressCharacter(wchar_t character, unsigned held = holdNothing);
-/// Types a text. Characters that the keyboard lacks come as an input method would bring them.
+/// Types a text. What takes more than one key, or none of this keyboard, comes as an input method would bring it.
 void typeText(std::wstring_view text);
 
 /// The middle of a rectangle.
