@@ -1,8 +1,9 @@
 // Drives as the system lists them. The tests give a free letter to something else for a while.
 #include "files/OutsidePaths.h"
+#include "files/References.h"
 #include "files/SystemFile.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <windows.h>
 
@@ -22,7 +23,8 @@ class Drive {
     Drive(const Drive&) = delete;
     Drive& operator=(const Drive&) = delete;
 
-    std::wstring path() const { return std::wstring(m_name) + L"\\x.zdr"; }
+    std::wstring name() const { return m_name; }
+    std::wstring path() const { return name() + L"\\x.zdr"; }
 
   private:
     wchar_t m_name[3] = L"Y:";
@@ -61,4 +63,15 @@ TEST(OutsideDrives, AFreeLetterIsHere) {
     }
     EXPECT_EQ(zdr::driveTarget(path[0]), L"");
     EXPECT_EQ(kindOf(path), Kind::ThisComputer);
+}
+
+TEST(OutsideDrives, ADrawingInTheOwnFolderOfADriveIsFoundToReferToItself) {
+    const Drive drive(L"\\\\server\\share", 0);
+    zdr::Drawing drawing;
+    drawing.references.push_back({.name = L"again", .path = drive.name() + L".\\x.zdr"});
+    std::vector<zdr::ReferenceProblem> problems;
+    zdr::resolveReferences(drawing, drive.name() + L"x.zdr", problems);
+    ASSERT_EQ(problems.size(), 1u);
+    EXPECT_EQ(problems[0].reason,
+              L"The file \"" + drive.name() + L".\\x.zdr\" isn't shown here, because it refers to itself.");
 }
