@@ -87,9 +87,8 @@ class KELDB_API OpenMark {
 /// The facts of a file; none when there isn't one.
 std::optional<FileFacts> fileFacts(const std::wstring& path);
 
-/// What the system has written down for the letter of a drive; empty for one that is free, and
-/// the system's own beginning alone when it doesn't tell. This is looked up on this
-/// computer, wherever the drive leads.
+/// What the system has written down for the letter of a drive; empty for one that is free, and the system's own
+/// beginning alone when it doesn't tell. This is looked up on this computer, wherever the drive leads.
 KELDB_API std::wstring driveTarget(wchar_t letter);
 
 /// Now, by the clock of FileFacts::modified.
