@@ -187,6 +187,15 @@ TEST_F(Undo, TakesBackTheLinetypeScale) {
     });
 }
 
+TEST_F(Undo, HasNothingToTakeBackOfALinetypeScaleThatIsRefused) {
+    const double before = drawing().linetypeScale;
+    for (const double scale : {0.0, -1.0, 1e300}) {
+        EXPECT_EQ(engine::setLinetypeScale(m_database, scale), Vorn::eInvalidInput);
+        EXPECT_EQ(drawing().linetypeScale, before);
+    }
+    EXPECT_FALSE(engine::canUndo(m_database));
+}
+
 TEST_F(Undo, IdsOfWhatComesBackAreGoodAgain) {
     states().saveLayerState(L"Plan", 1);
     const KelDbObjectId doors = layerId(L"Doors");

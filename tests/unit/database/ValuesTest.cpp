@@ -263,6 +263,7 @@ TEST(Status, EveryNamedOneHasATextOfItsOwn) {
                                eFileCutOff,
                                eNewerVersion,
                                eFileWriteFailed,
+                               eOutOfMemory,
                                eFileChangedOnDisk,
                                eCancelled,
                                eDependentRecord,

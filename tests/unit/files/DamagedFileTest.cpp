@@ -95,6 +95,8 @@ std::vector<Damage> indexDamages() {
          "override 2 of viewport 1 of layout 1 refers to the style name with the index 17"},
         {"theActiveLayout", [](FilePatch& f) { f.set(&f.root(), file::Drawing::VT_ACTIVE_LAYOUT, std::int32_t{2}); },
          "current viewport"},
+        {"aNegativeLayout", [](FilePatch& f) { f.set(&f.root(), file::Drawing::VT_ACTIVE_LAYOUT, std::int32_t{-2}); },
+         "the active tab refers to the layout with the index 4294967294"},
         {"theCurrentViewport",
          [](FilePatch& f) { f.set(&f.root(), file::Drawing::VT_CURRENT_VIEWPORT, std::uint64_t{9}); },
          "the current viewport isn't one of the active layout"},
@@ -157,6 +159,20 @@ std::vector<Damage> otherDamages() {
         {"aCircleThatClaimsToBeText",
          [](FilePatch& f) { f.set(entity(f, 3), file::Entity::VT_GEOMETRY_TYPE, std::uint8_t{5}); },
          "aren't within its"},
+        {"aPatternThatIsNotAligned",
+         [](FilePatch& f) {
+             const file::Linetype* dashed = f.root().linetypes()->Get(1);
+             // The lower half of the first number becomes the number of those behind it.
+             f.setElement(dashed->pattern(), 0, std::uint32_t{1});
+             f.lead(dashed, file::Linetype::VT_PATTERN, dashed->pattern()->Data());
+         },
+         "linetype 2 has values at an address that isn't aligned"},
+        {"layerSetsLongerThanTheFile", [](FilePatch& f) { f.setCount(f.root().layer_sets(), 0x10000000); },
+         "aren't within its"},
+        {"aLayerSetOutsideTheFile",
+         [](FilePatch& f) { f.setElement(f.root().layer_sets(), 0, std::uint32_t{0x70000000}); }, "aren't within its"},
+        {"namesOfALayerSetLongerThanTheFile",
+         [](FilePatch& f) { f.setCount(f.root().layer_sets()->Get(0)->names(), 0x10000000); }, "aren't within its"},
         {"aLengthThatIsShorter", [](FilePatch& f) { f.set(&f.root(), file::Drawing::VT_LENGTH, 17u); },
          "instead of 17 bytes"},
         {"aFirstTableThatIsNotThere", [](FilePatch& f) { std::memset(f.bytes().data(), 0x7F, 4); },

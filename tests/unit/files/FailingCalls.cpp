@@ -10,24 +10,31 @@
 namespace {
 
 struct Failing {
-    int error;
-    int count;
+    std::function<std::optional<int>()> error;
+    int count = 0;
 };
 std::map<std::string, Failing> g_failing;
 
-template <class... Arguments> int answer(const char* function, long number, Arguments... arguments) {
+template <class... Arguments> long answer(const char* function, long number, Arguments... arguments) {
     const auto failing = g_failing.find(function);
     if (failing == g_failing.end())
-        return static_cast<int>(syscall(number, arguments...));
+        return syscall(number, arguments...);
     ++failing->second.count;
-    errno = failing->second.error;
+    const std::optional<int> error = failing->second.error();
+    if (!error)
+        return syscall(number, arguments...);
+    errno = *error;
     return errno ? -1 : 0;
 }
 
 } // namespace
 
-FailingCalls::FailingCalls(const std::string& function, int error) : m_function(function) {
-    g_failing[function] = {error, 0};
+FailingCalls::FailingCalls(const std::string& function, int error)
+    : FailingCalls(function, [error] { return error; }) {}
+
+FailingCalls::FailingCalls(const std::string& function, std::function<std::optional<int>()> error)
+    : m_function(function) {
+    g_failing[function] = {std::move(error)};
 }
 
 FailingCalls::~FailingCalls() {
@@ -41,25 +48,31 @@ int FailingCalls::count() const {
 extern "C" {
 
 int fchmod(int file, mode_t mode) noexcept {
-    return answer("fchmod", SYS_fchmod, file, mode);
+    return static_cast<int>(answer("fchmod", SYS_fchmod, file, mode));
 }
 int fchown(int file, uid_t owner, gid_t group) noexcept {
-    return answer("fchown", SYS_fchown, file, owner, group);
+    return static_cast<int>(answer("fchown", SYS_fchown, file, owner, group));
 }
 int fstat(int file, struct stat* facts) noexcept {
-    return answer("fstat", SYS_fstat, file, facts);
+    return static_cast<int>(answer("fstat", SYS_fstat, file, facts));
 }
 int fsync(int file) {
-    return answer("fsync", SYS_fsync, file);
+    return static_cast<int>(answer("fsync", SYS_fsync, file));
 }
 int fremovexattr(int file, const char* name) noexcept {
-    return answer("fremovexattr", SYS_fremovexattr, file, name);
+    return static_cast<int>(answer("fremovexattr", SYS_fremovexattr, file, name));
 }
 int fsetxattr(int file, const char* name, const void* value, size_t size, int flags) noexcept {
-    return answer("fsetxattr", SYS_fsetxattr, file, name, value, size, flags);
+    return static_cast<int>(answer("fsetxattr", SYS_fsetxattr, file, name, value, size, flags));
 }
 int unlink(const char* path) noexcept {
-    return answer("unlink", SYS_unlink, path);
+    return static_cast<int>(answer("unlink", SYS_unlink, path));
+}
+ssize_t read(int file, void* bytes, size_t size) {
+    return answer("read", SYS_read, file, bytes, size);
+}
+ssize_t write(int file, const void* bytes, size_t size) {
+    return answer("write", SYS_write, file, bytes, size);
 }
 ssize_t listxattr(const char* path, char* list, size_t size) noexcept {
     return answer("listxattr", SYS_listxattr, path, list, size);

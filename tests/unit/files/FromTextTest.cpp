@@ -36,6 +36,21 @@ TEST_F(FromText, theDrawingHoldsWhatTheTextSays) {
     EXPECT_EQ(drawing.activeLayout, std::nullopt);
 }
 
+TEST_F(FromText, whatTheTextLeavesOutIsEmpty) {
+    ASSERT_EQ(drawing.layouts.size(), 2u);
+    EXPECT_TRUE(drawing.layouts[0].viewports.empty());
+    EXPECT_TRUE(drawing.layouts[0].entities.empty());
+    ASSERT_EQ(drawing.layouts[1].viewports.size(), 1u);
+    EXPECT_TRUE(drawing.layouts[1].viewports[0].frozen.empty());
+    EXPECT_TRUE(drawing.layouts[1].viewports[0].overrides.empty());
+    ASSERT_EQ(drawing.extendedData.size(), 1u);
+    EXPECT_TRUE(drawing.extendedData[0].values.empty());
+    ASSERT_EQ(drawing.namedColors.size(), 1u);
+    const KelCmColor color = drawing.namedColors.color(kFirstNamedColor);
+    EXPECT_STREQ(color.colorName(), L"");
+    EXPECT_STREQ(color.bookName(), L"House Paints");
+}
+
 TEST_F(FromText, everyObjectIsGivenAHandleOfItsOwn) {
     std::set<Handle> handles{0};
     for (const Linetype& linetype : drawing.linetypes)

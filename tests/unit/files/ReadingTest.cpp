@@ -146,6 +146,14 @@ TEST(Reading, aNewerVersionIsRefusedBeforeAnythingElseOfItIsRead) {
     EXPECT_THAT(reason, HasSubstr("newer version of this program: its format is 5"));
 }
 
+TEST(Reading, aFormatWithoutANumberIsDamaged) {
+    FilePatch file(namedColorsDrawing());
+    file.set(&file.root(), file::Drawing::VT_VERSION, 0u);
+    std::string reason;
+    EXPECT_EQ(refusedBytes(file.bytes(), reason), Vorn::eFileCutOff);
+    EXPECT_THAT(reason, HasSubstr("is damaged: its format has the number 0"));
+}
+
 TEST(Reading, theStampTellsWhatTheFileWas) {
     const TemporaryFolder folder;
     const std::vector<std::byte> bytes = FilePatch(plainDrawing()).bytes();

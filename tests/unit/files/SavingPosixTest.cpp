@@ -1,4 +1,5 @@
-// What saving does about links and open files on POSIX systems, and reading about pipes.
+// What saving does about links and open files on POSIX systems, and reading about pipes; and both when the system stops
+// them on the way.
 #include "DrawingDifference.h"
 #include "FailingCalls.h"
 #include "SampleDrawing.h"
@@ -9,7 +10,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <sys/stat.h>
+#include <utility>
 
 using namespace zdr;
 using testing::HasSubstr;
@@ -76,4 +79,86 @@ TEST(SavingOnPosix, aPipeIsRefusedWithoutWaitingForIt) {
     std::wstring reason;
     EXPECT_EQ(readDrawingFile(path, drawing, reason), Vorn::eFileUnreadable);
     EXPECT_THAT(toUtf8(reason), HasSubstr("it isn't a file"));
+}
+
+namespace {
+
+/// A drawing in a file, to be read while calls fail.
+class ReadingOnPosix : public testing::Test {
+  protected:
+    void SetUp() override {
+        FileStamp stamp;
+        ASSERT_EQ(writeDrawingFile(path, sampleDrawing(), reason, stamp), Vorn::eOk);
+    }
+    void appendTo() const { std::ofstream(systemPath(path), std::ios::app) << "more"; }
+
+    const TemporaryFolder folder;
+    const std::wstring path = folder.file(L"drawing.zdr");
+    Drawing drawing;
+    std::wstring reason;
+};
+
+/// An error at the first call only.
+std::function<std::optional<int>()> once(int error) {
+    return [error, left = 1]() mutable { return left-- > 0 ? std::optional(error) : std::nullopt; };
+}
+
+} // namespace
+
+TEST_F(ReadingOnPosix, goesOnWhereASignalHasInterruptedIt) {
+    const FailingCalls failing("read", once(EINTR));
+    EXPECT_EQ(readDrawingFile(path, drawing, reason), Vorn::eOk) << toUtf8(reason);
+    EXPECT_EQ(difference(drawing, sampleDrawing()), "");
+    EXPECT_GT(failing.count(), 1);
+}
+
+TEST_F(ReadingOnPosix, tellsWhatTheDiskSays) {
+    for (const char* function : {"read", "fstat"}) {
+        const FailingCalls failing(function, [calls = 0]() mutable { // the first fstat() is that of opening the file
+            return ++calls == 2 ? std::optional(EIO) : std::nullopt;
+        });
+        EXPECT_EQ(readDrawingFile(path, drawing, reason), Vorn::eFileUnreadable);
+        EXPECT_THAT(toUtf8(reason), HasSubstr("can't be read: \"Input/output error\""));
+    }
+}
+
+TEST_F(ReadingOnPosix, refusesAFileThatIsWrittenMeanwhile) {
+    bool written = false;
+    const FailingCalls watched("read", [&]() -> std::optional<int> {
+        if (!std::exchange(written, true))
+            appendTo();
+        return std::nullopt;
+    });
+    EXPECT_EQ(readDrawingFile(path, drawing, reason), Vorn::eFileUnreadable);
+    EXPECT_THAT(toUtf8(reason), HasSubstr("it is being written by another program"));
+    EXPECT_TRUE(written);
+}
+
+TEST_F(ReadingOnPosix, refusesAFileThatIsCutMeanwhile) {
+    const FailingCalls cut("read", [&]() -> std::optional<int> {
+        std::filesystem::resize_file(systemPath(path), 10);
+        return std::nullopt;
+    });
+    EXPECT_EQ(readDrawingFile(path, drawing, reason), Vorn::eFileUnreadable);
+    EXPECT_THAT(toUtf8(reason), HasSubstr("it is being written by another program"));
+}
+
+TEST(SavingOnPosix, goesOnWhereASignalHasInterruptedIt) {
+    const TemporaryFolder folder;
+    const std::wstring path = folder.file(L"drawing.zdr");
+    std::wstring reason;
+    FileStamp stamp;
+    {
+        const FailingCalls failing("write", once(EINTR));
+        ASSERT_EQ(writeDrawingFile(path, sampleDrawing(), reason, stamp), Vorn::eOk) << toUtf8(reason);
+        EXPECT_GT(failing.count(), 1);
+    }
+    Drawing drawing;
+    ASSERT_EQ(readDrawingFile(path, drawing, reason), Vorn::eOk) << toUtf8(reason);
+    EXPECT_EQ(difference(drawing, sampleDrawing()), "");
+}
+
+TEST(PathsOnPosix, aNameThatIsNotUtf8IsShownByteByByte) {
+    EXPECT_EQ(widePath("plans/\xC3\x9F.zdr"), L"plans/\x00DF.zdr");
+    EXPECT_EQ(widePath("plans/\xDF.zdr"), L"plans/\x00DF.zdr");
 }

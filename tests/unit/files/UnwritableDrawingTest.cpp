@@ -47,6 +47,26 @@ std::vector<Fault> faults() {
          "has the handle 5, which is the handle of linetype 2"},
         {"noHandle", [](Drawing& d) { d.layers[1].handle = 0; }, "layer 2 (\"A-WALL\") has no handle"},
         {"aHandleStillToBeGiven", [](Drawing& d) { d.nextHandle = 9; }, "the next handle to give is 9"},
+        {"aLayerWithoutName", [](Drawing& d) { d.layers[1].name = 1000; },
+         "layer 2 refers to the name with the index 1000"},
+        {"aCurrentLayerOfAStateWithoutName", [](Drawing& d) { d.states[1].currentLayer = 1000; },
+         "layer state 2 (\"Gro\xC3\x9F\") refers to the name with the index 1000"},
+        {"anEntityWithALinetypeWithoutName", [](Drawing& d) { d.entities[1].linetype = 1000; },
+         "entity 2 refers to the style name with the index 1000"},
+        {"anEntityWithALineweightThatIsNone", [](Drawing& d) { d.entities[1].lineWeight = -7; },
+         "entity 2 has the lineweight -7, which isn't one"},
+        {"aViewportThatFreezesALayerTooMany", [](Drawing& d) { d.layouts[0].viewports[0].frozen.resize(5); },
+         "viewport 1 of layout 1 (\"A3\") refers to the layer with the index 4, but there are only 4"},
+        {"aNumberBelowItsSixteenBits",
+         [](Drawing& d) {
+             d.extendedData[0].values = {{1070, -32769}};
+         },
+         "value 1 of extended data 1 (\"KELLAYERS\") has the number -32769, which needs more than its 16 bits"},
+        {"aNumberAboveItsSixteenBits",
+         [](Drawing& d) {
+             d.extendedData[0].values = {{1070, 32768}};
+         },
+         "value 1 of extended data 1 (\"KELLAYERS\") has the number 32768, which needs more than its 16 bits"},
         {"aLayerOfNoReference", [](Drawing& d) { d.layers[1].reference = 7; },
          "layer 2 (\"A-WALL\") refers to the reference with the index 7, but there are only 2"},
         {"anOwnLayerNamedAsOneOfAReference", [](Drawing& d) { d.layers[1].name = d.names.intern(L"grid!x"); },

@@ -14,8 +14,6 @@ Point pointFrom(const file::Point& point) {
 Polyline polylineFrom(const file::Polyline& source, const Place& place, ReadContext& context) {
     Polyline polyline;
     polyline.closed = source.closed();
-    if (!source.points())
-        return polyline;
     context.claim(source.points()->size() * sizeof(file::Point));
     const auto* points = reinterpret_cast<const flatbuffers::Vector<file::Point>*>(source.points());
     for (const file::Point& point : alignedValues(*points, place))

@@ -76,16 +76,17 @@ std::uint64_t claimedLayerNames(std::span<const std::byte> bytes, const std::uin
     flatbuffers::Verifier verifier(start, bytes.size(), limits(bytes.size()));
     const auto& drawing = *file::GetDrawing(start);
     const auto* root = reinterpret_cast<const flatbuffers::Table*>(&drawing);
-    if (!root->VerifyOffset(verifier, file::Drawing::VT_LAYER_SETS) || !verifier.VerifyVector(drawing.layer_sets()))
+    if (!root->VerifyOffsetRequired(verifier, file::Drawing::VT_LAYER_SETS) ||
+        !verifier.VerifyVector(drawing.layer_sets()))
         return 0;
     std::uint64_t names = 0;
-    for (flatbuffers::uoffset_t i = 0; drawing.layer_sets() && i < drawing.layer_sets()->size(); ++i) {
+    for (flatbuffers::uoffset_t i = 0; i < drawing.layer_sets()->size(); ++i) {
         const file::LayerSet* set = drawing.layer_sets()->Get(i);
         const auto* table = reinterpret_cast<const flatbuffers::Table*>(set);
-        if (!table->VerifyTableStart(verifier) || !table->VerifyOffset(verifier, file::LayerSet::VT_NAMES) ||
+        if (!table->VerifyTableStart(verifier) || !table->VerifyOffsetRequired(verifier, file::LayerSet::VT_NAMES) ||
             !verifier.VerifyVector(set->names()))
             return 0;
-        names += set->names() ? set->names()->size() : 0;
+        names += set->names()->size();
         verifier.EndTable();
     }
     return names;

@@ -3,6 +3,7 @@
 #include "CommandFixture.h"
 
 #include <cstdlib>
+#include <windows.h>
 
 using testing::IsEmpty;
 using testing::SizeIs;
@@ -39,6 +40,25 @@ class Server {
     fs::path m_server;
 };
 
+/// A folder on it whose files have longer paths than the system takes without its own beginning. The library can't list
+/// it, so it goes on its own.
+class LongFolder {
+  public:
+    LongFolder() { EXPECT_TRUE(CreateDirectoryW(m_path.c_str(), nullptr)) << GetLastError(); }
+    ~LongFolder() {
+        DeleteFileW((m_path + L"\\site.zdr").c_str());
+        EXPECT_TRUE(RemoveDirectoryW(m_path.c_str())) << GetLastError();
+    }
+    LongFolder(const LongFolder&) = delete;
+    LongFolder& operator=(const LongFolder&) = delete;
+
+    std::wstring site() const { return kShared + m_name + L"\\site.zdr"; }
+
+  private:
+    std::wstring m_name = std::wstring(240, L'l');
+    std::wstring m_path = L"\\\\?\\UNC\\zdr-server\\plans\\" + m_name;
+};
+
 class OutsideServerTest : public CommandFixture {
   protected:
     void SetUp() override {
@@ -66,6 +86,16 @@ TEST_F(OutsideServerTest, ADrawingOnItIsSavedAndOpened) {
     EXPECT_EQ(session.name(), L"site.zdr");
     EXPECT_THAT(window.failures, IsEmpty());
     EXPECT_THAT(window.questions, IsEmpty());
+}
+
+TEST_F(OutsideServerTest, ADrawingWithALongPathOnItIsSavedAndOpened) {
+    const LongFolder folder;
+    run(L"SAVEAS " + folder.site());
+    EXPECT_TRUE(done);
+    run(L"NEW");
+    EXPECT_EQ(run(L"OPEN " + folder.site()), L"Opened " + folder.site() + L".\n");
+    EXPECT_THAT(window.failures, IsEmpty());
+    run(L"NEW"); // so that the file is open no more
 }
 
 TEST_F(OutsideServerTest, ADrawingOnItIsSavedOverInAnotherSpellingWithoutAQuestion) {
