@@ -194,6 +194,35 @@ TEST_P(ChangeSweep, CanBeUndoneAndDoneAgainWhicheverAllocationFails) {
     }
 }
 
+// Whether a group has put a state back as it was is found out at its end, which needs memory of its own.
+TEST(GroupEndSweep, AGroupThatPutsAStateBackEndsWhicheverAllocationFails) {
+    const zdr::Drawing before = preparedDrawing();
+    bool struck = true;
+    int failures = 0;
+    for (int nth = 1; struck; ++nth) {
+        KelDbDatabase database(false, false);
+        engine::replaceDrawing(database, before);
+        DatabaseImp& imp = engine::impOf(database);
+        const std::wstring name = before.states[0].name;
+        engine::beginUndoGroup(database);
+        engine::renameState(imp, 0, L"Other");
+        engine::renameState(imp, 0, name);
+        {
+            const FailingAllocation failing(nth);
+            engine::endUndoGroup(database);
+            struck = failing.hasStruck();
+        }
+        EXPECT_EQ(engine::canUndo(database), struck) << "what could not be looked at stays a step";
+        ASSERT_THAT(wholenessProblems(database), IsEmpty()) << "allocation " << nth;
+        EXPECT_EQ(engine::setLinetypeScale(database, 2), Vorn::eOk);
+        while (engine::undo(database)) {
+        }
+        ASSERT_EQ(difference(engine::drawingOf(database), before), "") << "allocation " << nth;
+        failures += struck;
+    }
+    EXPECT_GT(failures, 0);
+}
+
 INSTANTIATE_TEST_SUITE_P(All, ChangeSweep, testing::ValuesIn(kChanges), [](const auto& test) {
     std::string name = test.param.name;
     std::ranges::replace(name, ' ', '_');

@@ -199,6 +199,12 @@ TEST_F(StateEditing, TheDictionaryIsMadeOnRequest) {
     EXPECT_EQ(states().layerStatesDictionaryId(false), dictionaryId());
 }
 
+TEST_F(StateEditing, TheDictionaryIsThereUnaskedWhereTheDrawingHasAStateOfItsOwn) {
+    const KelDbObjectId there = states().layerStatesDictionaryId(false);
+    EXPECT_FALSE(there.isNull());
+    EXPECT_EQ(there, dictionaryId());
+}
+
 TEST_F(StateEditing, TheDictionaryLeadsFromNamesToRecords) {
     KelDbObjectPointer<KelDbDictionary> dictionary(dictionaryId(), KelDb::kForRead);
     KelDbObjectId id;
