@@ -140,6 +140,13 @@ TEST_F(ReadingOnPosix, refusesAFileThatEndsBeforeItsSize) {
     EXPECT_THAT(toUtf8(reason), HasSubstr("it is being written by another program"));
 }
 
+TEST_F(ReadingOnPosix, refusesAFileThatIsLargerThanADrawingCanBe) {
+    // A file with a hole, which takes no room on the disk.
+    std::filesystem::resize_file(systemPath(path), std::uintmax_t{1} << 31);
+    EXPECT_EQ(readDrawingFile(path, drawing, reason), Vorn::eFileCutOff);
+    EXPECT_THAT(toUtf8(reason), HasSubstr("is larger than a drawing file can be"));
+}
+
 TEST(SavingOnPosix, goesOnWhereASignalHasInterruptedIt) {
     const TemporaryFolder folder;
     const std::wstring path = folder.file(L"drawing.zdr");
