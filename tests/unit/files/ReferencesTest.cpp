@@ -181,6 +181,50 @@ TEST_F(References, anUnloadedOneMakesAFileOfTheFourthVersion) {
     EXPECT_EQ(FilePatch(drawing).root().version(), 4u);
 }
 
+TEST_F(References, aThousandAreShownAndNotOneMore) {
+    write(L"grid.zdr", {});
+    for (const std::size_t count : {1000u, 1001u}) {
+        Drawing drawing = plainDrawing();
+        for (std::size_t i = 0; i < count; ++i)
+            drawing.references.push_back({L"r" + std::to_wstring(i), L"grid.zdr", {}, 1, 0, nullptr});
+        std::wstring reason;
+        FileStamp stamp;
+        ASSERT_EQ(writeDrawingFile(m_folder.file(L"main.zdr"), drawing, reason, stamp, Overwrite::Always), Vorn::eOk);
+        const Drawing main = open(L"main.zdr");
+        EXPECT_NE(main.references[999].drawing, nullptr);
+        ASSERT_EQ(m_problems.size(), count - 1000);
+    }
+    EXPECT_EQ(m_problems[0].name, L"r1000");
+}
+
+TEST_F(References, whatADrawingShowsCountsAgainWhereverItIsShown) {
+    write(L"grid.zdr", {});
+    write(L"plan.zdr", {L"grid.zdr"});
+    Drawing drawing = plainDrawing();
+    for (int i = 0; i < 501; ++i)
+        drawing.references.push_back({L"r" + std::to_wstring(i), L"plan.zdr", {}, 1, 0, nullptr});
+    std::wstring reason;
+    FileStamp stamp;
+    ASSERT_EQ(writeDrawingFile(m_folder.file(L"main.zdr"), drawing, reason, stamp, Overwrite::Always), Vorn::eOk);
+    const Drawing main = open(L"main.zdr");
+    EXPECT_NE(main.references[499].drawing, nullptr);
+    ASSERT_EQ(m_problems.size(), 1u);
+    EXPECT_EQ(m_problems[0].name, L"r500");
+}
+
+TEST_F(References, theyNestTwoHundredAndFiftySixDeepAndNotDeeper) {
+    constexpr int kDeepest = 256;
+    const auto file = [](int i) { return L"c" + std::to_wstring(i) + L".zdr"; };
+    for (int i = 0; i <= kDeepest; ++i)
+        write(file(i), {file(i + 1)});
+    write(file(kDeepest + 1), {});
+    open(file(1));
+    EXPECT_TRUE(m_problems.empty());
+    open(file(0));
+    ASSERT_EQ(m_problems.size(), 1u);
+    EXPECT_TRUE(m_problems[0].name.ends_with(L"!c256!c257")) << toUtf8(m_problems[0].name);
+}
+
 // Few files, each of them read once, but shown very often.
 TEST_F(References, drawingsThatShowTheNextOneTwiceComeToAnEnd) {
     constexpr int length = 30;

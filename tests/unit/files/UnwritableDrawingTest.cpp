@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <functional>
 
 using namespace zdr;
@@ -78,6 +79,16 @@ std::vector<Fault> faults() {
         {"aLayerOfAReferenceThatIsTooLong",
          [](Drawing& d) { d.layers[3].name = d.names.intern(L"plan!" + std::wstring(8188, L'x')); },
          "has a name of 8193 characters; names have at most 8192"},
+        {"twoLinetypesOfOneName", [](Drawing& d) { d.linetypes[1].name = d.linetypes[0].name; },
+         "linetype 2 (\"Continuous\") has the name of linetype 1"},
+        {"twoPlotStylesOfOneName", [](Drawing& d) { d.plotStyles[1].name = d.plotStyles[0].name; },
+         "has the name of plot style 1"},
+        {"aViewportAtNoPlace", [](Drawing& d) { d.layouts[0].viewports[0].corner.y = std::nan(""); },
+         "viewport 1 of layout 1 (\"A3\") has a coordinate or size that isn't a number"},
+        {"aViewportThatShowsNoPlace", [](Drawing& d) { d.layouts[0].viewports[0].viewCenter.x = std::nan(""); },
+         "viewport 1 of layout 1 (\"A3\") has a coordinate or size that isn't a number"},
+        {"dataOfAnApplicationWithoutName", [](Drawing& d) { d.extendedData[0].application.clear(); },
+         "extended data 1 has no name"},
         {"aLinetypeWithASlash", [](Drawing& d) { d.linetypes[1].name = d.names.intern(L"a/b"); },
          "linetype 2 has a character in its name that isn't allowed there"},
         {"aLinetypeThatIsTooLong", [](Drawing& d) { d.linetypes[1].name = d.names.intern(std::wstring(256, L'x')); },
