@@ -17,14 +17,17 @@ namespace {
 class References : public testing::Test {
   protected:
     /// Writes a drawing that refers to others; names are those of the files without ".zdr".
-    void write(const std::wstring& file, const std::vector<std::wstring>& paths) {
-        Drawing drawing = plainDrawing();
-        for (const std::wstring& path : paths)
-            drawing.references.push_back({systemPath(path).stem().wstring(), path, {}, 1, 0, nullptr});
+    void writeDrawing(const std::wstring& file, const Drawing& drawing) {
         std::wstring reason;
         FileStamp stamp;
         ASSERT_EQ(writeDrawingFile(m_folder.file(file), drawing, reason, stamp, Overwrite::Always), Vorn::eOk)
             << toUtf8(reason);
+    }
+    void write(const std::wstring& file, const std::vector<std::wstring>& paths) {
+        Drawing drawing = plainDrawing();
+        for (const std::wstring& path : paths)
+            drawing.references.push_back({systemPath(path).stem().wstring(), path, {}, 1, 0, nullptr});
+        writeDrawing(file, drawing);
     }
     Drawing open(const std::wstring& file) {
         Drawing drawing;
@@ -187,9 +190,7 @@ TEST_F(References, aThousandAreShownAndNotOneMore) {
         Drawing drawing = plainDrawing();
         for (std::size_t i = 0; i < count; ++i)
             drawing.references.push_back({L"r" + std::to_wstring(i), L"grid.zdr", {}, 1, 0, nullptr});
-        std::wstring reason;
-        FileStamp stamp;
-        ASSERT_EQ(writeDrawingFile(m_folder.file(L"main.zdr"), drawing, reason, stamp, Overwrite::Always), Vorn::eOk);
+        writeDrawing(L"main.zdr", drawing);
         const Drawing main = open(L"main.zdr");
         EXPECT_NE(main.references[999].drawing, nullptr);
         ASSERT_EQ(m_problems.size(), count - 1000);
@@ -204,9 +205,7 @@ TEST_F(References, whatADrawingShowsCountsAgainWhereverItIsShown) {
     drawing.references.push_back({L"one", L"grid.zdr", {}, 1, 0, nullptr});
     for (int i = 0; i < 500; ++i) // two each, so that one has room for half of it
         drawing.references.push_back({L"r" + std::to_wstring(i), L"plan.zdr", {}, 1, 0, nullptr});
-    std::wstring reason;
-    FileStamp stamp;
-    ASSERT_EQ(writeDrawingFile(m_folder.file(L"main.zdr"), drawing, reason, stamp, Overwrite::Always), Vorn::eOk);
+    writeDrawing(L"main.zdr", drawing);
     const Drawing main = open(L"main.zdr");
     EXPECT_NE(main.references[499].drawing, nullptr);
     ASSERT_EQ(m_problems.size(), 1u);
@@ -234,11 +233,7 @@ TEST_F(References, drawingsThatShowTheNextOneTwiceComeToAnEnd) {
         const std::wstring next = L"t" + std::to_wstring(i + 1) + L".zdr";
         drawing.references.push_back({L"left", next, {}, 1, 0, nullptr});
         drawing.references.push_back({L"right", next, {}, 1, 0, nullptr});
-        std::wstring reason;
-        FileStamp stamp;
-        ASSERT_EQ(writeDrawingFile(m_folder.file(L"t" + std::to_wstring(i) + L".zdr"), drawing, reason, stamp,
-                                   Overwrite::Always),
-                  Vorn::eOk);
+        writeDrawing(L"t" + std::to_wstring(i) + L".zdr", drawing);
     }
     write(L"t" + std::to_wstring(length) + L".zdr", {});
     open(L"t0.zdr");
