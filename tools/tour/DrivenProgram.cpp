@@ -134,13 +134,12 @@ void typeInto(DrivenProgram& program, HWND control, const std::wstring& text) {
     program.waitUntil("what is to be typed into has the keyboard", [control] { return hasKeyboard(control); });
     ui::typeText(text);
     std::wstring shown;
-    const bool came = comesTrue([&] {
-        shown = windowText(control);
-        return shown == text || program.hasEnded();
-    });
-    if (!came || shown != text)
-        throw Disappointment("typed \"" + narrow(text) + "\", but there stands \"" + narrow(shown) + "\"" +
-                             (came ? ", and the program has ended" : ""));
+    try {
+        program.waitUntil("this and no more was typed: " + narrow(text),
+                          [&] { return (shown = windowText(control)) == text; });
+    } catch (const Disappointment& disappointment) {
+        throw Disappointment(disappointment.what() + ("; there stands: " + narrow(shown)));
+    }
 }
 
 std::wstring windowText(HWND window) {

@@ -20,6 +20,8 @@ using ui::View;
 class ModuleObjects {
   public:
     ModuleObjects() {
+        s_living.clear();
+        s_made = s_recordsLeft = 0;
         forEachImport(GetModuleHandleW(L"KelLayerApps.xmod"), [this](const char* name, void** entry) {
             if (std::string_view(name) == "_Znwy")
                 stand(entry, reinterpret_cast<void*>(&make));

@@ -13,7 +13,7 @@ class FocusDrawing : public GridDrawing {
   protected:
     /// The outermost pixels of the grid, all round.
     static std::vector<COLORREF> border(const View& view) {
-        const HWND window = GetDlgItem(view.window(), grid);
+        const HWND window = view.control(grid);
         RECT place{};
         GetWindowRect(window, &place);
         const int right = place.right - place.left - 1, bottom = place.bottom - place.top - 1;
@@ -28,17 +28,14 @@ class FocusDrawing : public GridDrawing {
         ReleaseDC(window, dc);
         return colors;
     }
-    static Script borderIsHighlighted() {
-        return Script().waitUntil("the whole border to be highlighted", [](const View& view) {
-            return std::ranges::all_of(border(view),
-                                       [](COLORREF color) { return color == GetSysColor(COLOR_HIGHLIGHT); });
-        });
-    }
-    static Script borderIsPlain() {
-        return Script().waitUntil("nothing of the border to be highlighted", [](const View& view) {
-            return std::ranges::none_of(border(view),
-                                        [](COLORREF color) { return color == GetSysColor(COLOR_HIGHLIGHT); });
-        });
+    /// All of the border, or nothing of it.
+    static Script borderIs(bool highlighted) {
+        return Script().waitUntil(highlighted ? "the whole border to be highlighted" : "no border to be highlighted",
+                                  [highlighted](const View& view) {
+                                      return std::ranges::all_of(border(view), [highlighted](COLORREF color) {
+                                          return (color == GetSysColor(COLOR_HIGHLIGHT)) == highlighted;
+                                      });
+                                  });
     }
 };
 
@@ -49,11 +46,11 @@ TEST_F(FocusDrawing, HighlightsTheBorderOfTheGridThatHasTheKeyboard) {
         for (int i = 0; i < layers; ++i)
             names.push_back(L"Layer" + std::to_wstring(i));
         open(drawing(names));
-        EXPECT_TRUE(edit(L"Look", borderIsHighlighted()
+        EXPECT_TRUE(edit(L"Look", borderIs(true)
                                       .press(VK_TAB)
-                                      .then(borderIsPlain())
+                                      .then(borderIs(false))
                                       .press(VK_TAB, ui::holdShift)
-                                      .then(borderIsHighlighted())
+                                      .then(borderIs(true))
                                       .press(VK_ESCAPE)));
     }
 }

@@ -197,13 +197,13 @@ TEST_P(ChangeSweep, CanBeUndoneAndDoneAgainWhicheverAllocationFails) {
 // Whether a group has put a state back as it was is found out at its end, which needs memory of its own.
 TEST(GroupEndSweep, AGroupThatPutsAStateBackEndsWhicheverAllocationFails) {
     const zdr::Drawing before = preparedDrawing();
+    const std::wstring name = before.states[0].name;
     bool struck = true;
     int failures = 0;
     for (int nth = 1; struck; ++nth) {
         KelDbDatabase database(false, false);
         engine::replaceDrawing(database, before);
         DatabaseImp& imp = engine::impOf(database);
-        const std::wstring name = before.states[0].name;
         engine::beginUndoGroup(database);
         engine::renameState(imp, 0, L"Other");
         engine::renameState(imp, 0, name);

@@ -193,9 +193,22 @@ TEST_F(SavingKeeps, nothingWhereTheFileSystemKnowsNoAttributes) {
     EXPECT_EQ(removing.count(), 1);
 }
 
+TEST_F(SavingKeeps, attributesThatBecomeMoreWhileTheyAreAskedFor) {
+    if (!setAttribute("user.note", "kept"))
+        GTEST_SKIP() << "no attributes here";
+    // Each time their length is asked for first, and then they are.
+    const FailingCalls failing("listxattr", failingAt(2, ERANGE));
+    ASSERT_EQ(save(), Vorn::eOk) << m_reason;
+    EXPECT_EQ(attribute("user.note"), "kept");
+    EXPECT_EQ(failing.count(), 4);
+}
+
 TEST_F(SavingKeeps, orRefusesWhatCantBeAsked) {
-    const FailingCalls failing("listxattr", EIO);
-    expectRefusal("asking for its attributes failed, because of \"Input/output error\"");
+    for (const int nth : {1, 2}) {
+        const FailingCalls failing("listxattr", failingAt(nth, EIO));
+        expectRefusal("asking for its attributes failed, because of \"Input/output error\"");
+        EXPECT_EQ(failing.count(), nth);
+    }
 }
 
 TEST_F(SavingKeeps, orRefusesAFileThatCantBeAskedForWhatItHas) {

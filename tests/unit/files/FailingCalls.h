@@ -22,3 +22,6 @@ class FailingCalls {
   private:
     std::string m_function;
 };
+
+/// An error at the nth call alone, from 1.
+std::function<std::optional<int>()> failingAt(int nth, int error);

@@ -3,7 +3,7 @@
 #include "files/References.h"
 #include "files/SystemFile.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <windows.h>
 

@@ -16,13 +16,13 @@ namespace {
 
 class References : public testing::Test {
   protected:
-    /// Writes a drawing that refers to others; names are those of the files without ".zdr".
     void writeDrawing(const std::wstring& file, const Drawing& drawing) {
         std::wstring reason;
         FileStamp stamp;
         ASSERT_EQ(writeDrawingFile(m_folder.file(file), drawing, reason, stamp, Overwrite::Always), Vorn::eOk)
             << toUtf8(reason);
     }
+    /// Writes a drawing that refers to others; names are those of the files without ".zdr".
     void write(const std::wstring& file, const std::vector<std::wstring>& paths) {
         Drawing drawing = plainDrawing();
         for (const std::wstring& path : paths)

@@ -48,6 +48,12 @@ TEST(RoundTrip, aLayerOfANestedReferenceMayHaveThirtyTwoFullPartsInItsName) {
     EXPECT_EQ(read.names.text(read.layers[3].name), name);
 }
 
+TEST(RoundTrip, theHighestHandleToGiveSurvives) {
+    Drawing drawing = sampleDrawing();
+    drawing.nextHandle = Handle{1} << 62;
+    EXPECT_EQ(throughBytes(drawing).nextHandle, drawing.nextHandle);
+}
+
 TEST(RoundTrip, aFileHoldsTheSameAsMemory) {
     const TemporaryFolder folder;
     const std::wstring path = folder.file(L"Wohnh\x00E4user.zdr");

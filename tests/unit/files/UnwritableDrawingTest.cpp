@@ -48,6 +48,8 @@ std::vector<Fault> faults() {
          "has the handle 5, which is the handle of linetype 2"},
         {"noHandle", [](Drawing& d) { d.layers[1].handle = 0; }, "layer 2 (\"A-WALL\") has no handle"},
         {"aHandleStillToBeGiven", [](Drawing& d) { d.nextHandle = 9; }, "the next handle to give is 9"},
+        {"aHandleThatIsTooHigh", [](Drawing& d) { d.nextHandle = (Handle{1} << 62) + 1; },
+         "the next handle to give is 4611686018427387905, and there are none so high"},
         {"aLayerWithoutName", [](Drawing& d) { d.layers[1].name = 1000; },
          "layer 2 refers to the name with the index 1000"},
         {"aCurrentLayerOfAStateWithoutName", [](Drawing& d) { d.states[1].currentLayer = 1000; },

@@ -3,6 +3,7 @@
 #include "CommandFixture.h"
 
 #include <cstdlib>
+
 #include <windows.h>
 
 using testing::IsEmpty;
