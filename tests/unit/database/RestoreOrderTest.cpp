@@ -121,17 +121,21 @@ TEST_P(RestoreOrder, WritesEachLayerItsOwnValuesAndLeavesTheOthers) {
 }
 
 TEST_P(RestoreOrder, SeesThatOneLayersColourIsTheNextOne) {
-    constexpr std::size_t changed = 120;
     const Places places = arranged();
-    useState(places, [this](std::size_t place) {
-        engine::LayerValues values = engine::layerValues(m_database, place == kGone ? 0 : place);
-        values.color ^= place == changed ? 1 : 0;
-        return values;
-    });
-    std::vector<engine::LayerValues> expected = allValues();
-    expected[changed].color ^= std::ranges::count(places, changed) == 1 ? 1 : 0;
-    ASSERT_EQ(restore(L"Plan"), Vorn::eOk);
-    EXPECT_EQ(allValues(), expected);
+    const zdr::Drawing before = drawing();
+    for (const std::size_t changed : {std::size_t{0}, std::size_t{120}, kCount - 1}) {
+        SCOPED_TRACE(changed);
+        use(zdr::Drawing(before));
+        useState(places, [&](std::size_t place) {
+            engine::LayerValues values = engine::layerValues(m_database, place == kGone ? 0 : place);
+            values.color ^= place == changed ? 1 : 0;
+            return values;
+        });
+        std::vector<engine::LayerValues> expected = allValues();
+        expected[changed].color ^= std::ranges::count(places, changed) == 1 ? 1 : 0;
+        ASSERT_EQ(restore(L"Plan"), Vorn::eOk);
+        EXPECT_EQ(allValues(), expected);
+    }
 }
 
 TEST_P(RestoreOrder, CopiesNoColumnThatHasTheValuesAlready) {
